@@ -1,0 +1,83 @@
+// What all stand-ins share: one journal of the calls that the module makes to its neighbours, one plan of the calls
+// that are to fail, one account of what the module must give back, and the accusations of a stand-in that saw its
+// contract broken. Everything lives in BenchControl.dll, so there is one of each in a process. Safe from any thread.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#ifdef BENCH_CONTROL_BUILD
+#define BENCH_CONTROL_API __declspec(dllexport)
+#else
+#define BENCH_CONTROL_API __declspec(dllimport)
+#endif
+
+namespace bench {
+
+// One call of the module to a neighbour, an object on the stack of the stand-in's function. It takes its place in the
+// journal when it is built, asks the failure plan whether it is to fail, and writes "name arguments" or, once a result
+// is known, "name arguments -> result" when it ends. Line breaks inside are written as "\n".
+class BENCH_CONTROL_API Call {
+ public:
+    Call(const char* name, const std::string& arguments);
+    ~Call();
+    Call(const Call&) = delete;
+    Call& operator=(const Call&) = delete;
+
+    // The plan wants this call to fail; the stand-in does nothing of the call's work then.
+    bool fails() const;
+    // The code to fail with: the plan's, or `usual` when the plan names none.
+    long failureCode(long usual) const;
+
+    void result(const std::string& text);
+    void result(long code);
+
+ private:
+    bool fails_ = false;
+    bool hasCode_ = false;
+    long code_ = 0;
+    size_t line_ = 0;
+    bool quiet_ = false;
+};
+
+// Calls made on this thread while a Quiet lives are a stand-in's own: they are neither written nor planned to fail.
+class BENCH_CONTROL_API Quiet {
+ public:
+    Quiet();
+    ~Quiet();
+    Quiet(const Quiet&) = delete;
+    Quiet& operator=(const Quiet&) = delete;
+};
+
+// Journal: one line a call, in the order in which the calls began.
+BENCH_CONTROL_API std::vector<std::string> Journal();
+BENCH_CONTROL_API void ClearJournal();
+// A line that is no call: a marker of the host or of a test ("-- command SorvSIL"). It is not counted as a call.
+BENCH_CONTROL_API void Note(const std::string& text);
+
+// Failure plan. `ordinal` counts from 1: the n-th call since the plan was last cleared, of all names or of one name.
+BENCH_CONTROL_API void FailCall(int ordinal);
+BENCH_CONTROL_API void FailCall(const char* name, int ordinal);
+BENCH_CONTROL_API void FailCall(const char* name, int ordinal, long code);
+BENCH_CONTROL_API void ClearFailures();
+// Calls counted since the plan was last cleared, so that a test can run once for every call of a good run.
+BENCH_CONTROL_API int CallCount();
+
+// Balance: what the module owes. `kind` is a plain noun ("open object", "resbuf chain"), `name` tells which one.
+BENCH_CONTROL_API void Owe(const std::string& kind, const std::string& name);
+// Gives one back; false, and an accusation, when nothing of that kind and name was owed.
+BENCH_CONTROL_API bool Settle(const std::string& kind, const std::string& name);
+// What is owed now, one text each ("open object 2A7", or "open object 2A7 (3 times)"), in order of kind and name.
+BENCH_CONTROL_API std::vector<std::string> BenchBalance();
+BENCH_CONTROL_API void ClearBalance();
+
+// A full sentence about a broken contract ("acutRelRb was called on a chain that was already released."). Every run
+// and every test case ends with a look at them.
+BENCH_CONTROL_API void Accuse(const std::string& sentence);
+BENCH_CONTROL_API std::vector<std::string> Accusations();
+BENCH_CONTROL_API void ClearAccusations();
+
+// Journal, failure plan, balance and accusations as at the start of the process.
+BENCH_CONTROL_API void ResetBench();
+
+}  // namespace bench

@@ -1,0 +1,28 @@
+# TinyXML comes as Debian's source package (bench) or from vcpkg (autocad); GoogleTest and cpp-httplib serve the bench only.
+set(SORVIK_THIRD_PARTY ${CMAKE_SOURCE_DIR}/build/third-party CACHE PATH "Sources that tools/setup has fetched")
+
+if(SORVIK_BENCH)
+  set(tinyxml_dir ${SORVIK_THIRD_PARTY}/tinyxml/source)
+  add_library(tinyxml STATIC
+    ${tinyxml_dir}/tinyxml.cpp ${tinyxml_dir}/tinyxmlparser.cpp ${tinyxml_dir}/tinyxmlerror.cpp)
+  target_include_directories(tinyxml SYSTEM PUBLIC ${tinyxml_dir})
+  target_compile_definitions(tinyxml PUBLIC TIXML_USE_STL)
+
+  add_library(cpp_httplib INTERFACE)
+  target_include_directories(cpp_httplib SYSTEM INTERFACE ${SORVIK_THIRD_PARTY}/cpp-httplib/source)
+  target_link_libraries(cpp_httplib INTERFACE ws2_32 crypt32)
+
+  set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
+  set(BUILD_SHARED_LIBS OFF)
+  add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+else()
+  find_package(tinyxml CONFIG QUIET)
+  if(NOT TARGET tinyxml)
+    find_path(TINYXML_INCLUDE_DIR tinyxml.h REQUIRED)
+    find_library(TINYXML_LIBRARY tinyxml REQUIRED)
+    add_library(tinyxml UNKNOWN IMPORTED)
+    set_target_properties(tinyxml PROPERTIES
+      IMPORTED_LOCATION ${TINYXML_LIBRARY} INTERFACE_INCLUDE_DIRECTORIES ${TINYXML_INCLUDE_DIR}
+      INTERFACE_COMPILE_DEFINITIONS TIXML_USE_STL)
+  endif()
+endif()

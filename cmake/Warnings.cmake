@@ -1,0 +1,8 @@
+# Warnings for our own code; third-party sources are left alone.
+add_library(sorvik_warnings INTERFACE)
+if(MSVC)
+  target_compile_options(sorvik_warnings INTERFACE /W4 /permissive- /utf-8)
+else()
+  target_compile_options(sorvik_warnings INTERFACE -Wall -Wextra -Wpedantic -Werror)
+endif()
+target_compile_definitions(sorvik_warnings INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00)
