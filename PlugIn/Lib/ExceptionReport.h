@@ -1,0 +1,6 @@
+// The end of an operation that works with exceptions: prints the exception in flight on the command line as
+// "\n<display name>: <message> <source>(<line>):<function> <text of the exception>\n". Call it only from inside a
+// catch-all handler. It swallows the exception and returns; nothing goes to the debug log.
+#pragma once
+
+void ReportException(const char* message, const char* source, int line, const char* function);

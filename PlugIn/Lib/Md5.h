@@ -1,0 +1,17 @@
+// MD5 message digest as RFC 1321 defines it: initialise a context, feed it data in pieces of any length, take the
+// digest. Data may be null only with length 0. Nothing here fails.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+struct MD5Context {
+    uint32_t state[4];
+    uint32_t bitCount[2];  // low word first
+    uint8_t buffer[64];
+};
+
+void MD5Init(MD5Context* context);
+void MD5Update(MD5Context* context, const void* data, size_t length);
+// Writes the digest and clears the context.
+void MD5Final(uint8_t digest[16], MD5Context* context);

@@ -1,0 +1,150 @@
+#include "Md5Driver.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <ctime>
+#include <string>
+#include <vector>
+
+#include "FormatText.h"
+#include "Handles.h"
+#include "Md5.h"
+
+namespace {
+
+constexpr size_t kReadSize = 1024;
+
+StdioFile OpenForDigest(const char* path) {
+    if (!path) path = "";
+    StdioFile file(std::fopen(path, "rb"));
+    if (!file) std::printf("%s can't be opened\n", path);
+    return file;
+}
+
+void DigestStream(uint8_t digest[16], std::FILE* file, size_t readSize) {
+    MD5Context context;
+    MD5Init(&context);
+    uint8_t buffer[kReadSize];
+    while (const size_t length = std::fread(buffer, 1, readSize, file))
+        MD5Update(&context, buffer, length);
+    MD5Final(digest, &context);
+}
+
+long SizeOf(std::FILE* file) {
+    std::fseek(file, 0, SEEK_END);
+    const long size = std::ftell(file);
+    std::fseek(file, 0, SEEK_SET);
+    return size;
+}
+
+// Offsets inside the file; the skip length becomes what fits behind the last of them.
+std::vector<long> ClampRegions(const long* offsets, int offsetCount, long size, long& skipLength) {
+    std::vector<long> clamped;
+    if (offsets && offsetCount > 0) clamped.assign(offsets, offsets + offsetCount);
+    for (long& offset : clamped) {
+        offset = std::clamp(offset, 0L, size);
+        skipLength = std::min(skipLength, size - offset);
+    }
+    return clamped;
+}
+
+void DigestAround(uint8_t digest[16], std::FILE* file, const std::vector<long>& offsets, long skipLength) {
+    MD5Context context;
+    MD5Init(&context);
+    uint8_t buffer[kReadSize];
+    size_t next = 0;
+    long position = 0;
+    for (;;) {
+        size_t wanted = kReadSize;
+        const bool meetsRegion = next < offsets.size() && offsets[next] - position <= static_cast<long>(kReadSize);
+        // A region that begins before the position overlaps its predecessor: it is left out from here on.
+        if (meetsRegion) wanted = static_cast<size_t>(std::max(offsets[next] - position, 0L));
+        const size_t length = std::fread(buffer, 1, wanted, file);
+        MD5Update(&context, buffer, length);
+        position += static_cast<long>(length);
+        if (length < wanted) break;
+        if (meetsRegion) {
+            std::fseek(file, skipLength, SEEK_CUR);
+            position += skipLength;
+            ++next;
+        }
+    }
+    MD5Final(digest, &context);
+}
+
+}  // namespace
+
+int MD5Driver::MD5HexDigest(char* output, size_t outputSize, const void* data, size_t length) {
+    if (!output || outputSize < 33 || !data) return -1;
+    output[0] = '\0';
+    uint8_t digest[16];
+    MDBuffer(digest, data, length);
+    const std::string text = HexText(digest, sizeof digest);
+    std::memcpy(output, text.c_str(), text.size() + 1);
+    return 0;
+}
+
+void MD5Driver::MDBuffer(uint8_t digest[16], const void* data, size_t length) {
+    MD5Context context;
+    MD5Init(&context);
+    MD5Update(&context, data, length);
+    MD5Final(digest, &context);
+}
+
+void MD5Driver::MDString(uint8_t digest[16], const char* text) {
+    MDBuffer(digest, text, text ? std::strlen(text) : 0);
+}
+
+void MD5Driver::MDFile(uint8_t digest[16], const char* path) {
+    if (const StdioFile file = OpenForDigest(path)) DigestStream(digest, file.get(), kReadSize);
+}
+
+void MD5Driver::MDFileSkipping(uint8_t digest[16], const char* path, const long* offsets, int offsetCount,
+                               long skipLength) {
+    const StdioFile file = OpenForDigest(path);
+    if (!file) return;
+    const long size = SizeOf(file.get());
+    if (skipLength > size) return;
+    if (skipLength <= 0) {
+        DigestStream(digest, file.get(), kReadSize);
+        return;
+    }
+    const std::vector<long> regions = ClampRegions(offsets, offsetCount, size, skipLength);
+    DigestAround(digest, file.get(), regions, skipLength);
+}
+
+void MD5Driver::MDFilter(uint8_t digest[16]) {
+    DigestStream(digest, stdin, 16);
+}
+
+// Lower case here, upper case in MD5HexDigest: both are relied on.
+void MD5Driver::MDPrint(const uint8_t digest[16]) {
+    for (int i = 0; i < 16; ++i)
+        std::printf("%02x", digest[i]);
+}
+
+#ifndef NDEBUG
+void MD5Driver::MDTimeTrial() {
+    constexpr int kBlockSize = 1000;
+    constexpr int kBlockCount = 1000;
+    std::printf("MD5 time trial. Digesting %d %d-byte blocks ...", kBlockCount, kBlockSize);
+    uint8_t block[kBlockSize];
+    for (int i = 0; i < kBlockSize; ++i)
+        block[i] = static_cast<uint8_t>(i & 0xFF);
+
+    MD5Context context;
+    uint8_t digest[16];
+    const long long start = _time64(nullptr);
+    MD5Init(&context);
+    for (int i = 0; i < kBlockCount; ++i)
+        MD5Update(&context, block, kBlockSize);
+    MD5Final(digest, &context);
+    const long seconds = static_cast<long>(_time64(nullptr) - start);
+
+    std::printf(" done\nDigest = ");
+    MDPrint(digest);
+    std::printf("\nTime = %ld seconds\n", seconds);
+    std::printf("Speed = %ld bytes/second\n", static_cast<long>(kBlockSize) * kBlockCount / seconds);
+}
+#endif

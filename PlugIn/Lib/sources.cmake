@@ -1,0 +1,13 @@
+set(SORVIK_LIB_SOURCES
+  Lib/Base64.cpp
+  Lib/CommandLine.cpp
+  Lib/DebugLog.cpp
+  Lib/Diagnostics.cpp
+  Lib/ErrorText.cpp
+  Lib/ExceptionReport.cpp
+  Lib/FormatText.cpp
+  Lib/Md5.cpp
+  Lib/Md5Driver.cpp
+  Lib/Text.cpp
+  Lib/WindowMessageNames.cpp
+  Lib/WindowMessageText.cpp)

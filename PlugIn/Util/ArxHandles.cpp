@@ -1,0 +1,38 @@
+#include <windows.h>
+
+#include "ArxHandles.h"
+
+#include <acedads.h>
+#include <dbapserv.h>
+
+#include "KLUtils.h"
+
+AcDbDatabase* WorkingDatabase() {
+    const AcDbHostApplicationServices* services = acdbHostApplicationServices();
+    return services ? services->workingDatabase() : nullptr;
+}
+
+SelectionSet::~SelectionSet() {
+    if (taken_) acedSSFree(name_);
+}
+
+ScopedTransaction::ScopedTransaction(AcDbTransactionManager* manager) : manager_(manager) {
+    started_ = manager_ && manager_->startTransaction();
+}
+
+ScopedTransaction::~ScopedTransaction() {
+    if (!started_) return;
+    if (abortOnEnd_) {
+        manager_->abortTransaction();
+    } else {
+        manager_->endTransaction();
+    }
+}
+
+SystemVariableGuard::SystemVariableGuard(const wchar_t* name, short value) : name_(name) {
+    changed_ = KLUtils::GetSysVarShort(name_, saved_) && KLUtils::SetSysVarShort(name_, value);
+}
+
+SystemVariableGuard::~SystemVariableGuard() {
+    if (changed_) KLUtils::SetSysVarShort(name_, saved_);
+}

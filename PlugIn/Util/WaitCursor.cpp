@@ -1,0 +1,25 @@
+#include "WaitCursor.h"
+
+namespace KLUtils {
+
+WaitCursor::WaitCursor(const wchar_t* cursorName, bool show) : cursor_(LoadCursorW(nullptr, cursorName)) {
+    if (show) Show();
+}
+
+WaitCursor::~WaitCursor() {
+    Hide();
+}
+
+void WaitCursor::Show() {
+    if (!cursor_ || active_) return;
+    replaced_ = SetCursor(cursor_.get());
+    active_ = true;
+}
+
+void WaitCursor::Hide() {
+    if (!active_) return;
+    SetCursor(replaced_);
+    active_ = false;
+}
+
+}  // namespace KLUtils

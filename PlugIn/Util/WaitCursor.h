@@ -1,0 +1,32 @@
+// A system cursor shown for the length of a scope; the cursor that it replaced comes back when it is hidden or ends.
+// When the cursor cannot be loaded, showing does nothing. Main thread only.
+#pragma once
+
+#include <windows.h>
+
+#include "Lib/Handles.h"
+
+namespace KLUtils {
+
+class WaitCursor {
+ public:
+    explicit WaitCursor(const wchar_t* cursorName = MAKEINTRESOURCEW(32514), bool show = true);
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+    ~WaitCursor();
+
+    void Show();
+    void Hide();
+
+ private:
+    struct CursorKind {
+        using Handle = HCURSOR;
+        static constexpr Handle None() noexcept { return nullptr; }
+        static void Close(Handle cursor) noexcept { DestroyCursor(cursor); }
+    };
+    Owner<CursorKind> cursor_;
+    HCURSOR replaced_ = nullptr;
+    bool active_ = false;
+};
+
+}  // namespace KLUtils

@@ -1,0 +1,37 @@
+// Text that only grows, for the XML commands to the Klimora server, with printf-style appending and XML escaping.
+// Arguments of formats are what printf takes: numbers and pointers to narrow texts.
+#pragma once
+
+#include <string>
+#include <type_traits>
+
+class XmlTextBuilder {
+ public:
+    // A null text or format adds nothing.
+    void Append(const char* text);
+    void Append(const std::string& text) { Append(text.c_str()); }
+    void AppendFormat(const char* format, ...);
+    // Two upper-case hexadecimal digits a byte, high nibble first.
+    void AppendHex(const void* bytes, size_t count);
+
+    const std::string& Text() const { return text_; }
+
+    // The five characters & < > " ' become their entities after a formatting pass. A value alone is its own format, so
+    // "%%" in it gives "%" (FormatOwnText). A null format gives an empty text.
+    static std::string Escape(const char* value);
+    static std::string Escape(const std::string& value) { return Escape(value.c_str()); }
+    template <class First, class... Others>
+    static std::string Escape(const char* format, First first, Others... others) {
+        static_assert(IsPrintfArgument<First>() && (IsPrintfArgument<Others>() && ...), "printf takes no objects");
+        return EscapeFormat(format, first, others...);
+    }
+
+ private:
+    template <class Argument>
+    static constexpr bool IsPrintfArgument() {
+        return std::is_arithmetic_v<Argument> || std::is_pointer_v<Argument> || std::is_enum_v<Argument>;
+    }
+    static std::string EscapeFormat(const char* format, ...);
+
+    std::string text_;
+};

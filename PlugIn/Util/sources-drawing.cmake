@@ -1,0 +1,12 @@
+set(SORVIK_DRAWING_SOURCES
+  Util/ArxHandles.cpp
+  Util/Download.cpp
+  Util/FileTree.cpp
+  Util/KLUtils.cpp
+  Util/KLUtils_Text.cpp
+  Util/KLUtils_Ucs.cpp
+  Util/WaitCursor.cpp
+  Util/XData.cpp
+  Util/XDataByHandle.cpp
+  Util/XmlElements.cpp
+  Util/XmlTextBuilder.cpp)
