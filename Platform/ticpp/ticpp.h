@@ -151,9 +151,9 @@ class Document : public Node {
  public:
     Document() : Document(std::string()) {}
     explicit Document(const std::string& documentName)
-        : document_(new TiXmlDocument(documentName)), pool_own_(new detail::Pool) {
+        : document_(new TiXmlDocument(documentName)), elements_(new detail::Pool) {
         node_ = document_.get();
-        pool_ = pool_own_.get();
+        pool_ = elements_.get();
     }
 
     // Reads a file; one that cannot be read or parsed throws.
@@ -191,7 +191,7 @@ class Document : public Node {
     }
 
     std::unique_ptr<TiXmlDocument> document_;
-    std::unique_ptr<detail::Pool> pool_own_;
+    std::unique_ptr<detail::Pool> elements_;
 };
 
 // Walks the child elements of a parent, of one name or of any:

@@ -1,0 +1,10 @@
+// Classes whose objects live in the host's heap, whoever makes or deletes them.
+#pragma once
+
+#include <stddef.h>
+
+class AcHeapOperators {
+ public:
+    static void* operator new(size_t size);
+    static void operator delete(void* p);
+};

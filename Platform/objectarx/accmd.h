@@ -1,0 +1,34 @@
+// The command stack. Names are copied by the host; a group comes into being with its first command, and a second
+// command of the same name in a group is refused. The stack calls the function; nothing may leave it as an exception.
+// acedRegCmds is a macro that looks the stack up at each use.
+#pragma once
+
+#include "acadstrc.h"
+#include "accmd-defs.h"
+#include "rxdict.h"
+#include "rxresource.h"
+
+#define ACRX_COMMAND_DOCK ACRX_T("ACAD_REGISTERED_COMMANDS")
+#define ACRX_MAX_CMDNAME_LEN 64
+
+class AcEdCommand;
+class AcEdUIContext;
+
+typedef void (*AcRxFunctionPtr)();
+
+class AcEdCommandStack : public AcRxObject {
+ public:
+    ACRX_DECLARE_MEMBERS(AcEdCommandStack)
+    // fcode -1: FunctionAddr is called.
+    virtual Acad::ErrorStatus addCommand(const ACHAR* cmdGroupName, const ACHAR* cmdGlobalName,
+                                         const ACHAR* cmdLocalName, Adesk::Int32 commandFlags,
+                                         AcRxFunctionPtr FunctionAddr, AcEdUIContext* UIContext = NULL, int fcode = -1,
+                                         const AcRxResourceInstance& resourceInstance = AcRxResourceInstance::empty(),
+                                         AcEdCommand** cmdPtrRet = NULL) = 0;
+    virtual AcEdCommand* lookupGlobalCmd(const ACHAR* cmdName) = 0;
+    virtual Acad::ErrorStatus removeCmd(const ACHAR* cmdGroupName, const ACHAR* cmdGlobalName) = 0;
+    // eKeyNotFound when there is no such group.
+    virtual Acad::ErrorStatus removeGroup(const ACHAR* groupName) = 0;
+};
+
+#define acedRegCmds AcEdCommandStack::cast(acrxSysRegistry()->at(ACRX_COMMAND_DOCK))

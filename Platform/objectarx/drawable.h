@@ -1,0 +1,13 @@
+// Base of everything that can be drawn.
+#pragma once
+
+#include "rxobject.h"
+
+class AcGiDrawable : public AcRxObject {
+ public:
+    ACRX_DECLARE_MEMBERS(AcGiDrawable)
+    virtual ~AcGiDrawable();
+
+ protected:
+    AcGiDrawable();
+};

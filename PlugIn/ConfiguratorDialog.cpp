@@ -1,0 +1,99 @@
+#include "ConfiguratorDialog.h"
+
+#include "KL_Conn.h"
+#include "Lib/DisplayName.h"
+#include "ModuleNames.h"
+#include "Resources/Resource.h"
+#include "Util/DlgFunc.h"
+#include "Util/KLUtils.h"
+#include "Util/ModuleVersion.h"
+#include "Util/XmlElements.h"
+
+namespace {
+
+constexpr int kUserCodeSize = 11;  // ten characters and the terminator
+
+void SetIcon(HWND dialog, WPARAM kind, int resource, int width, int height) {
+    const HINSTANCE module = GetModuleHandleA(kModuleFileName);
+    const HANDLE icon = LoadImageA(module, MAKEINTRESOURCEA(resource), IMAGE_ICON, GetSystemMetrics(width),
+                                   GetSystemMetrics(height), LR_SHARED);
+    SendMessageA(dialog, WM_SETICON, kind, reinterpret_cast<LPARAM>(icon));
+}
+
+void Open(HWND dialog, KlConn& session) {
+    SetWindowLongPtrA(dialog, DWLP_USER, reinterpret_cast<LONG_PTR>(&session));
+    const KLUtils::WaitCursor waitCursor;
+    SetIcon(dialog, ICON_SMALL, IDI_SORVIK_SMALL, SM_CXSMICON, SM_CYSMICON);
+    SetIcon(dialog, ICON_BIG, IDI_SORVIK_LARGE, SM_CXICON, SM_CYICON);
+    CenterWindowOnParent(dialog);
+    SetFocus(GetDlgItem(dialog, IDOK));
+    SetDlgItemTextA(dialog, IDC_USER_CODE, session.ProposeUserCode(kSilencerClass, "").c_str());
+}
+
+// True when the dialog may close: the device has its code then.
+bool TakeUserCode(HWND dialog, KlConn& session) {
+    char code[kUserCodeSize] = "";
+    GetDlgItemTextA(dialog, IDC_USER_CODE, code, kUserCodeSize);
+    const std::string caption = ProductTitle();
+    if (!*code) {
+        MessageBoxA(dialog, "User code can not be empty", caption.c_str(), MB_OK | MB_ICONERROR);
+        return false;
+    }
+    ticpp::Element* device = session.CurrentDevice();
+    GetOrAddChildElement(device, "UserCode")->SetText(code);
+    if (session.IsUserCodeInUse(kSilencerClass, code) &&
+        MessageBoxA(dialog, "User code is already in use.\nDo you want to replace existing product?", caption.c_str(),
+                    MB_YESNO | MB_ICONWARNING) != IDYES) {
+        return false;
+    }
+    device->SetAttribute("UserCode", code);
+    return true;
+}
+
+bool OnCommand(HWND dialog, WORD control) {
+    KlConn& session = *reinterpret_cast<KlConn*>(GetWindowLongPtrA(dialog, DWLP_USER));
+    switch (control) {
+        case IDOK:
+            if (TakeUserCode(dialog, session)) EndDialog(dialog, IDOK);
+            return true;
+        case IDCANCEL:
+            EndDialog(dialog, IDCANCEL);
+            return true;
+        default:
+            return false;
+    }
+}
+
+INT_PTR CALLBACK UserCodeProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    try {
+        switch (message) {
+            case WM_INITDIALOG:
+                Open(dialog, *reinterpret_cast<KlConn*>(lParam));
+                return FALSE;  // the focus is set
+            case WM_COMMAND:
+                return OnCommand(dialog, LOWORD(wParam));
+            case WM_CLOSE:
+                PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+                return TRUE;
+            default:
+                return FALSE;
+        }
+    } catch (...) {
+        // Nothing may leave a dialog procedure: the dialog is given up as by Cancel.
+        EndDialog(dialog, IDCANCEL);
+        return TRUE;
+    }
+}
+
+}  // namespace
+
+std::string ProductTitle() {
+    return kDisplayName + (" " + ModuleFileVersion(kModuleFileName));
+}
+
+int ShowUserCodeDialog(HWND owner, KlConn& session) {
+    const HINSTANCE module = GetModuleHandleA(kModuleFileName);
+    const INT_PTR closedWith =
+        DialogBoxParamA(module, "SORVIK_WEB", owner, UserCodeProcedure, reinterpret_cast<LPARAM>(&session));
+    return closedWith == IDOK ? 0 : -1;
+}

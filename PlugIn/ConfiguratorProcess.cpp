@@ -1,0 +1,152 @@
+#include <windows.h>
+
+#include "KL_Conn.h"
+
+#include <cstdlib>
+
+#include "acedads.h"
+
+#include "Lib/CommandLine.h"
+#include "Lib/DisplayName.h"
+#include "Lib/FormatText.h"
+#include "ModuleNames.h"
+#include "Resources/Resource.h"
+#include "Util/KLUtils.h"
+
+namespace {
+
+constexpr char kConfiguratorAddress[] = SORVIK_WEB_SERVER "/klimora";
+constexpr char kResultAddress[] = SORVIK_WEB_SERVER "/klimora/export/";
+
+struct RequestKey {
+    const char* attribute;
+    const char* key;
+};
+
+constexpr RequestKey kRequestKeys[] = {
+    {"diameter_mm", "&diameter="},
+    {"width_mm", "&width="},
+    {"height_mm", "&height="},
+    {"airflow_ls", "&airflow="},
+};
+
+bool IsGiven(const char* text) {
+    return text && *text;
+}
+
+INT_PTR CALLBACK WaitingWindowProcedure(HWND, UINT, WPARAM, LPARAM) {
+    return FALSE;
+}
+
+// While it lives the user cannot use AutoCAD: the main window is disabled and a waiting window has the foreground. At
+// its end the main window is enabled before the waiting one goes, so that Windows does not activate another program.
+class ModalState {
+ public:
+    explicit ModalState(HINSTANCE module) : mainWindow_(adsw_acadMainWnd()), focus_(GetFocus()) {
+        EnableWindow(mainWindow_, FALSE);
+        waiting_ =
+            CreateDialogParamA(module, MAKEINTRESOURCEA(IDD_CONFIGURATOR_WAIT), nullptr, WaitingWindowProcedure, 0);
+        const LONG_PTR style = GetWindowLongPtrA(waiting_, GWL_EXSTYLE);
+        SetWindowLongPtrA(waiting_, GWL_EXSTYLE, (style | WS_EX_TOOLWINDOW) & ~static_cast<LONG_PTR>(WS_EX_APPWINDOW));
+        ShowWindow(waiting_, SW_SHOW);
+        SetForegroundWindow(waiting_);
+    }
+    ~ModalState() {
+        EnableWindow(mainWindow_, TRUE);
+        DestroyWindow(waiting_);
+        SetForegroundWindow(mainWindow_);
+        SetFocus(focus_);
+    }
+    ModalState(const ModalState&) = delete;
+    ModalState& operator=(const ModalState&) = delete;
+
+ private:
+    HWND mainWindow_;
+    HWND focus_;
+    HWND waiting_ = nullptr;
+};
+
+// Dispatches every pending message; false when the thread was told to quit, which is then still to be seen by AutoCAD.
+bool PumpMessages() {
+    MSG message;
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) {
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return false;
+        }
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+    return true;
+}
+
+std::string BesideModule(HMODULE module, const char* fileName) {
+    char path[MAX_PATH] = "";
+    char drive[_MAX_DRIVE] = "";
+    char folder[_MAX_DIR] = "";
+    GetModuleFileNameA(module, path, MAX_PATH);
+    _splitpath(path, drive, folder, nullptr, nullptr);
+    return FormatString("%s%s%s", drive, folder, fileName);
+}
+
+}  // namespace
+
+std::string KlConn::ConfiguratorAddress() const {
+    const ticpp::Element* duct = document_.FirstChildElement()->FirstChildElement("duct");
+    std::string address = kConfiguratorAddress + ("?action=ljudprog&klsid=" + sessionId_);
+    for (const RequestKey& request : kRequestKeys) {
+        if (duct->HasAttribute(request.attribute)) address += request.key + duct->GetAttribute(request.attribute);
+    }
+    return address;
+}
+
+std::string KlConn::ResultAddress() const {
+    return kResultAddress + sessionId_ + ".xml";
+}
+
+int KlConn::LaunchConfigurator(const char* program, const char* commandName, const char* address, const char* title) {
+    if (!IsGiven(program) || !IsGiven(commandName) || !IsGiven(address) || !IsGiven(title)) return -1;
+    const KLUtils::WaitCursor waitCursor;
+    configurator_ = nullptr;
+    const HMODULE module = GetModuleHandleA(kModuleFileName);
+    if (!module) throw "ARX is not loaded.";
+    const std::string path = BesideModule(module, program);
+    // The program takes its words as they stand; a quote mark inside the address is not escaped.
+    std::string commandLine = std::string("run /") + commandName + " \"" + address + "\" \"" + title + "\"";
+
+    PROCESS_INFORMATION process = {};
+    bool ended = false;
+    {
+        const ModalState modal(module);
+        STARTUPINFOA startup = {};
+        startup.cb = sizeof startup;
+        if (!CreateProcessA(path.c_str(), commandLine.data(), nullptr, nullptr, FALSE, CREATE_DEFAULT_ERROR_MODE,
+                            nullptr, nullptr, &startup, &process)) {
+            PrintCommandLine("\n%s: Can not execute %s.\n", kDisplayName, path.c_str());
+            return -1;
+        }
+        configurator_ = process.hProcess;
+        ended = WaitForConfigurator();
+    }
+    const KernelHandle thread(process.hThread);
+    // AutoCAD is quitting: the session's end terminates the program.
+    if (!ended) return -1;
+    const KernelHandle ownedProcess(process.hProcess);
+    DWORD exitCode = 0;
+    GetExitCodeProcess(process.hProcess, &exitCode);
+    SetNoProjectFileAccessCheck(false);
+    // The other way round than usual: the program tells an exported product by a code other than 0.
+    return exitCode == 0 ? -1 : 0;
+}
+
+// True when the program has ended. AutoCAD's own timers wake the wait up.
+bool KlConn::WaitForConfigurator() {
+    for (;;) {
+        WaitMessage();
+        if (WaitForSingleObject(configurator_, 0) == WAIT_OBJECT_0) {
+            configurator_ = nullptr;
+            return true;
+        }
+        if (!PumpMessages()) return false;
+    }
+}

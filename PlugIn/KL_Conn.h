@@ -1,0 +1,99 @@
+// One run of the command SorvSIL: the connection to Klimora, the session document, the working folder, the configurator
+// process and the usage statistics. Made on the command handler's stack and gone with it; its end terminates a running
+// configurator, leaves COM, deletes a temporary working folder and closes the statistics. Results are 0 or negative;
+// failures are told on the command line or in a message box where they happen. AutoCAD's main thread only.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "KlimoraPluginsStatisticsWrapper.h"
+#include "ticpp.h"
+
+#include "Lib/Diagnostics.h"
+#include "Util/KLComUtils.h"
+
+namespace session_detail {
+// From the first moment of a session on every report goes to the debug log and none opens a message box.
+struct ReportLevels {
+    ReportLevels() { SetReportLevels(0x1081, 0x1081, 0x3080, 0x0080); }
+};
+}  // namespace session_detail
+
+class KlConn : private session_detail::ReportLevels, public KLComUtils {
+ public:
+    KlConn();
+    ~KlConn() override;
+
+    // Connects, checks server and project, and makes session identifier, working folder and document root.
+    virtual int Initialize();
+    virtual void Shutdown();
+
+    // ---- Duct selection (KL_Conn_DuctSelection.cpp) ----------------------------------------------------------------
+    // Lets the user pick a duct and writes its size (mm) and design airflow (l/s) into the document's `duct` element.
+    // -1 when nothing was picked.
+    int SelectDuct();
+
+    // ---- Configurator (ConfiguratorProcess.cpp) --------------------------------------------------------------------
+    // Address of the configurator, preset with the session document's duct. Throws when there is no duct.
+    std::string ConfiguratorAddress() const;
+    std::string ResultAddress() const;
+    // Runs a program of the module's folder as a modal configurator: 0 when it exported a product, else -1.
+    int LaunchConfigurator(const char* program, const char* commandName, const char* address, const char* title);
+
+    // ---- Result (KL_Conn.cpp) ---------------------------------------------------------------------------------------
+    // Fetches (null address: takes what is there) and reads the result; its root replaces the document's, its `device`
+    // becomes current. -1 no file or no device, -2 not XML, -5 declined after a warning, -6 error from the server.
+    int GetResultsFromConfigurator(const char* address);
+
+    // ---- Silencers of the project (KL_Conn_Devices.cpp) -------------------------------------------------------------
+    std::string ProposeUserCode(const std::string& className, const std::string& suffix);
+    bool IsUserCodeInUse(const std::string& className, const std::string& code);
+    int ExportExistingDevices(ticpp::Element* parent, const char* commandName);
+    int ExportDuctworkSystems(ticpp::Element* parent);
+
+    // ---- Product record (KL_Conn_DevicesData.cpp) -------------------------------------------------------------------
+    // Downloads the database files, builds a record for every device of the document and writes the record's keys onto
+    // the current device.
+    int AddDeviceFromXMLToDatabase(const std::string& commandName);
+
+    // ---- Installation (KL_Conn.cpp) ---------------------------------------------------------------------------------
+    // Adds the current device to the project, queues Klimora's insert command and records the usage event.
+    int InstallSilencer();
+
+    ticpp::Element* Root() { return document_.FirstChildElement(); }
+    // Null until a result was read.
+    ticpp::Element* CurrentDevice() const { return currentDevice_; }
+    const std::string& SessionId() const { return sessionId_; }
+    std::string WorkingFolder() const { return workingFolder_; }
+
+ private:
+    void MakeSessionId();
+    void MakeWorkingFolder();
+    std::string FilePath(const char* name) const { return std::string(workingFolder_) + "/" + name; }
+    bool UsesLocalData(const std::string& resultFile) const;
+    int FetchResult(const char* address, const std::string& resultFile);
+    int TakeDevice(ticpp::Element* resultRoot);
+    int QueueInsertCommand();
+    void RecordInsertion(const std::string& className, const std::string& productFamilyKey);
+
+    void WriteKeys(const std::string& classSymbol, const std::string& productKey);
+    bool WaitForConfigurator();
+    std::vector<std::string> UserCodes(const std::string& className);
+    bool TakeDuct(std::string part, int& result);
+    int ExportRecords(ticpp::Element* parent, const char* listName, const char* elementName, const std::string& path,
+                      const std::vector<std::string>& names);
+
+    ticpp::Document document_;
+    ticpp::Element* currentDevice_ = nullptr;
+    long serial_ = 20100801;
+    char workingFolder_[300] = "";
+    std::string sessionId_;
+    HANDLE configurator_ = nullptr;
+    char dataFolder_[300] = "";
+    KlimoraPluginsStatisticsWrapper statistics_;
+    bool oleInitialized_ = false;
+    bool statisticsClosed_ = false;
+};

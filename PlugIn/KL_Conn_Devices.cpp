@@ -1,0 +1,69 @@
+#include <windows.h>
+
+#include "KL_Conn.h"
+
+#include <cstring>
+#include <set>
+
+#include "ModuleNames.h"
+
+namespace {
+
+std::string PartsOfClass(const std::string& className) {
+    return "/Project/KPDClass[" + className + "]/Part";
+}
+
+}  // namespace
+
+std::vector<std::string> KlConn::UserCodes(const std::string& className) {
+    const std::string parts = PartsOfClass(className);
+    const int count = GetPartAttOrDefault("", "Count(" + parts + ")", 0);
+    std::vector<std::string> codes;
+    for (int i = 0; i < count; ++i)
+        codes.push_back(GetPartAttOrDefault("", parts + "[" + std::to_string(i) + "]/Usercode", std::string()));
+    return codes;
+}
+
+std::string KlConn::ProposeUserCode(const std::string& className, const std::string& suffix) {
+    const std::vector<std::string> codes = UserCodes(className);
+    const std::set<std::string> used(codes.begin(), codes.end());
+    for (int n = 1;; ++n) {
+        const std::string candidate = "SORV" + std::to_string(n) + suffix;
+        if (used.count(candidate) == 0) return candidate;
+    }
+}
+
+bool KlConn::IsUserCodeInUse(const std::string& className, const std::string& code) {
+    for (const std::string& used : UserCodes(className)) {
+        if (used == code) return true;
+    }
+    return false;
+}
+
+// Every element of the query becomes a child of a new list element, its values the child's attributes.
+int KlConn::ExportRecords(ticpp::Element* parent, const char* listName, const char* elementName,
+                          const std::string& path, const std::vector<std::string>& names) {
+    if (!parent) return -1;
+    std::vector<Record> records;
+    const int result = GetAttributes("", path, names, records);
+    ticpp::Element list(listName);
+    for (const Record& record : records) {
+        ticpp::Element element(elementName);
+        for (const auto& [name, value] : record)
+            element.SetAttribute(name, value);
+        list.InsertEndChild(element);
+    }
+    parent->InsertEndChild(list);
+    return result;
+}
+
+int KlConn::ExportExistingDevices(ticpp::Element* parent, const char* commandName) {
+    if (!commandName || std::strcmp(commandName, kSilencerCommand) != 0) return -1;
+    return ExportRecords(parent, "SilencerDevices", "SilencerDevice", PartsOfClass(kSilencerClass),
+                         {"ProductKey", "ProductCode", "UserCode"});
+}
+
+int KlConn::ExportDuctworkSystems(ticpp::Element* parent) {
+    return ExportRecords(parent, "DuctworkSystems", "System", "/Project/Ductwork/System",
+                         {"ID", "Name", "Type/ID", "UserCode"});
+}

@@ -1,0 +1,57 @@
+#include <windows.h>
+
+#include "KL_Conn_SorvSilencer.h"
+
+#include "acdocman.h"
+#include "acedads.h"
+#include "actrans.h"
+
+#include "ConfiguratorDialog.h"
+#include "KL_Conn.h"
+#include "Lib/DisplayName.h"
+#include "Lib/ExceptionReport.h"
+#include "ModuleNames.h"
+#include "Util/ArxHandles.h"
+
+namespace {
+
+constexpr char kSource[] = "PlugIn/KL_Conn_SorvSilencer";
+constexpr char kConfiguratorProgram[] = "CAD_Connection_UI_x64.exe";
+
+AcDbTransactionManager* CurrentTransactionManager() {
+    AcApDocManager* documents = acDocManager;
+    AcApDocument* document = documents ? documents->curDocument() : nullptr;
+    return document ? document->transactionManager() : nullptr;
+}
+
+bool FetchResult(KlConn& session) {
+    if (session.GetResultsFromConfigurator(session.ResultAddress().c_str()) >= 0) return true;
+    MessageBoxA(adsw_acadMainWnd(), "No product exported.\n", kDisplayName, MB_OK | MB_ICONERROR);
+    return false;
+}
+
+bool ChooseSilencer(KlConn& session) {
+    if (session.Initialize() < 0) return false;
+    if (session.SelectDuct() < 0) return false;
+    if (session.ExportExistingDevices(session.Root(), kSilencerCommand) < 0) return false;
+    const std::string address = session.ConfiguratorAddress();
+    if (session.LaunchConfigurator(kConfiguratorProgram, kSilencerCommand, address.c_str(), ProductTitle().c_str()) < 0)
+        return false;
+    if (!FetchResult(session)) return false;
+    return ShowUserCodeDialog(adsw_acadMainWnd(), session) == 0;
+}
+
+}  // namespace
+
+void SorvSilencer() {
+    try {
+        ScopedTransaction transaction(CurrentTransactionManager());
+        KlConn session;
+        if (!ChooseSilencer(session)) return;
+        if (session.AddDeviceFromXMLToDatabase(kSilencerCommand) < 0) return;
+        if (session.InstallSilencer() < 0) return;
+        transaction.SetAbortOnEnd(false);
+    } catch (...) {
+        ReportException("SorvSilencer", kSource, 246, "SorvSilencer");
+    }
+}

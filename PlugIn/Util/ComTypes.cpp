@@ -1,0 +1,22 @@
+#include "Util/ComTypes.h"
+
+#include <cstring>
+#include <string_view>
+
+#include "Lib/Text.h"
+
+// The server expects the terminating zero inside the counted length, so one character more than the text is allocated.
+BStr::BStr(const char* text) {
+    if (!text) return;
+    const size_t length = std::strlen(text) + 1;
+    reset(SysAllocStringLen(nullptr, static_cast<UINT>(length)));
+    if (!get()) return;
+    std::memset(get(), 0, length * sizeof(OLECHAR));
+    MultiByteToWideChar(CP_ACP, 0, text, -1, get(), static_cast<int>(length));
+}
+
+std::string BStr::ToNarrow() const {
+    if (!get()) return std::string();
+    const std::wstring_view text(get(), SysStringLen(get()));
+    return Narrow(text.substr(0, text.find(L'\0')));
+}

@@ -1,0 +1,46 @@
+// Owners of what COM hands out. They never leave the COM layer.
+#pragma once
+
+#include <windows.h>
+#include <oleauto.h>
+
+#include <string>
+
+#include "Lib/Handles.h"
+
+template <class Interface>
+struct InterfaceKind {
+    using Handle = Interface*;
+    static Handle None() noexcept { return nullptr; }
+    static void Close(Handle pointer) noexcept { pointer->Release(); }
+};
+
+// One counted reference to an interface.
+template <class Interface>
+class InterfacePtr : public Owner<InterfaceKind<Interface>> {
+ public:
+    // Queries `object` for `iid`; false, and null here, when it has no such interface.
+    bool QueryFrom(IUnknown* object, REFIID iid) {
+        void* found = nullptr;
+        const bool has = SUCCEEDED(object->QueryInterface(iid, &found));
+        this->reset(has ? static_cast<Interface*>(found) : nullptr);
+        return has;
+    }
+    Interface* operator->() const noexcept { return this->get(); }
+};
+
+struct BStrKind {
+    using Handle = BSTR;
+    static Handle None() noexcept { return nullptr; }
+    static void Close(Handle text) noexcept { SysFreeString(text); }
+};
+
+// A BSTR of a call: made from a narrow text (null gives none), or empty to receive one through put().
+class BStr : public Owner<BStrKind> {
+ public:
+    BStr() = default;
+    explicit BStr(const char* text);
+
+    // The text in the ANSI code page, up to its first zero; empty for none.
+    std::string ToNarrow() const;
+};

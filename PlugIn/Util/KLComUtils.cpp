@@ -1,0 +1,275 @@
+#include <windows.h>
+
+#include "Util/KLComUtils.h"
+
+#include <algorithm>
+#include <new>
+#include <sstream>
+
+#include "dbhandle.h"
+
+#include "Lib/ExceptionReport.h"
+#include "Lib/Handles.h"
+#include "Util/XmlTextBuilder.h"
+
+namespace {
+
+constexpr char kSource[] = "PlugIn/Util/KLComUtils";
+constexpr int kChunkSize = 10240;
+
+constexpr int kBadArgument = -4;
+constexpr int kFileNotOpened = -6;
+constexpr int kNoMemory = -7;
+constexpr int kShortRead = -8;
+
+template <class Value>
+std::string ToText(const Value& value) {
+    std::ostringstream stream;
+    stream << value;
+    if (!stream) throw "Could not convert value to text";
+    return stream.str();
+}
+
+struct Triple {
+    double values[3] = {};
+};
+
+// A short text leaves the rest at 0.
+Triple ParseTriple(const std::string& text) {
+    Triple triple;
+    std::istringstream stream(text);
+    for (double& value : triple.values) {
+        double number = 0;
+        if (!(stream >> number)) break;
+        value = number;
+    }
+    return triple;
+}
+
+}  // namespace
+
+KLComUtils::KLComUtils() = default;
+
+KLComUtils::~KLComUtils() {
+    KLComUtils::Disconnect();
+}
+
+int KLComUtils::Connect() {
+    try {
+        server_ = std::make_unique<KlimComSrvHandle>();
+        return 0;
+    } catch (...) {
+        return -1;
+    }
+}
+
+int KLComUtils::Disconnect() {
+    server_.reset();
+    return 0;
+}
+
+void KLComUtils::SetTrace(bool keep, bool failures, bool all) {
+    if (server_) Server()->setTrace({keep, failures, all});
+}
+
+void KLComUtils::GetTrace(bool* keep, bool* failures, bool* all) const {
+    if (!server_) return;
+    const TraceSwitches switches = Server()->getTrace();
+    *keep = switches.keep;
+    *failures = switches.failures;
+    *all = switches.all;
+}
+
+std::string KLComUtils::GetLastError() const {
+    if (!server_) return std::string();
+    const std::string trace = Server()->lastTrace();
+    return trace.empty() ? ServerErrorText() : trace;
+}
+
+// ---- Attributes
+// ------------------------------------------------------------------------------------------------------
+
+int KLComUtils::SetPartAtt(const std::string& part, const std::string& attribute, int value, bool required) {
+    return SetPartAtt(part, attribute, ToText(value), required);
+}
+
+int KLComUtils::SetPartAtt(const std::string& part, const std::string& attribute, const std::string& value,
+                           bool required) {
+    const int result = server_ ? Server()->setPartAtt(part.c_str(), attribute.c_str(), value.c_str()) : -1;
+    if (result != 0 && required) throw "KLComUtils::SetPartAtt";
+    return result;
+}
+
+int KLComUtils::ReadText(const std::string& part, const std::string& attribute, std::string& value) {
+    return server_ ? Server()->getPartAtt(part.c_str(), attribute.c_str(), value) : -1;
+}
+
+int KLComUtils::GetPartAtt(const std::string& part, const std::string& attribute, std::string& value, bool required) {
+    value.clear();
+    const int result = ReadText(part, attribute, value);
+    if (result == 0) return 0;
+    value.clear();
+    if (required) throw "KLComUtils::GetPartAtt";
+    return result;
+}
+
+std::string KLComUtils::GetPartAtt(const std::string& part, const std::string& attribute, bool required) {
+    std::string value;
+    GetPartAtt(part, attribute, value, required);
+    return value;
+}
+
+double KLComUtils::GetPartAttReal(const std::string& part, const std::string& attribute, bool required) {
+    std::string text;
+    if (GetPartAtt(part, attribute, text, required) != 0) return 0;
+    double value = 0;
+    std::istringstream stream(text);
+    if (stream >> value) return value;
+    // The blank after the opening quote mark belongs to the message.
+    if (required) throw "Could not convert \" " + text + "\" to target type";
+    return 0;
+}
+
+AcGePoint3d KLComUtils::GetPartAttPoint(const std::string& part, const std::string& attribute, bool required) {
+    const Triple triple = ParseTriple(GetPartAtt(part, attribute, required));
+    return AcGePoint3d(triple.values[0], triple.values[1], triple.values[2]);
+}
+
+AcGeVector3d KLComUtils::GetPartAttVector(const std::string& part, const std::string& attribute, bool required) {
+    const Triple triple = ParseTriple(GetPartAtt(part, attribute, required));
+    return AcGeVector3d(triple.values[0], triple.values[1], triple.values[2]);
+}
+
+std::string KLComUtils::GetPartAttOrDefault(const std::string& part, const std::string& attribute,
+                                            const std::string& defaultValue) {
+    std::string value;
+    return ReadText(part, attribute, value) == 0 ? value : defaultValue;
+}
+
+int KLComUtils::GetPartAttOrDefault(const std::string& part, const std::string& attribute, int defaultValue) {
+    std::string text;
+    if (ReadText(part, attribute, text) != 0) return defaultValue;
+    int value = 0;
+    std::istringstream stream(text);
+    return stream >> value ? value : defaultValue;
+}
+
+bool KLComUtils::IsPartTypeID(const std::string& part, int id) {
+    return GetPartAttOrDefault(part, "/Part/Type/ID", -1) == id;
+}
+
+bool KLComUtils::IsPartTypeDefine(const std::string& part, const std::string& define) {
+    return GetPartAtt(part, "/Part/Type/Define", false) == define;
+}
+
+// ---- Records
+// -----------------------------------------------------------------------------------------------------------
+
+std::string ReplaceAll(const std::string& text, const std::string& search, const std::string& replacement) {
+    if (search.empty()) return text;
+    std::string result;
+    size_t from = 0;
+    for (size_t at = text.find(search); at != std::string::npos; at = text.find(search, from)) {
+        result.append(text, from, at - from).append(replacement);
+        from = at + search.size();
+    }
+    return result.append(text, from, std::string::npos);
+}
+
+int KLComUtils::GetAttributes(const std::string& /*part*/, const std::string& path,
+                              const std::vector<std::string>& names, std::vector<Record>& records) {
+    try {
+        if (path.find('/') == std::string::npos) throw "Can't find '/' in a parent path " + path;
+        const int count = GetPartAttOrDefault("", "Count(" + path + ")", 0);
+        for (int i = 0; i < count; ++i) {
+            const std::string element = path + "[" + std::to_string(i) + "]/";
+            Record record;
+            for (const std::string& name : names)
+                record[ReplaceAll(name, "/", "_")] = GetPartAtt("", element + name, true);
+            records.push_back(std::move(record));
+        }
+        return 0;
+    } catch (...) {
+        ReportException("Failed to get attributes.", kSource, 280, "KLComUtils::GetAttributes");
+        return -1;
+    }
+}
+
+// ---- Binary variables
+// ------------------------------------------------------------------------------------------------
+
+int KLComUtils::BinVariableSetData(int variable, const void* data, int size) {
+    if (!server_) return -1;
+    if (!data || size < 1) return kBadArgument;
+    if (Server()->setBinVariableSize(variable, size) != 0) throw "";  // the caller's report gives the words
+    const char* bytes = static_cast<const char*>(data);
+    for (int offset = 0; offset < size; offset += kChunkSize) {
+        XmlTextBuilder hex;
+        hex.AppendHex(bytes + offset, static_cast<size_t>(std::min(kChunkSize, size - offset)));
+        const int result = Server()->setBinVariableData(variable, offset, hex.Text().c_str());
+        if (result != 0) return result;
+    }
+    return 0;
+}
+
+int KLComUtils::BinVariableSetData(int variable, const char* fileName) {
+    int result = kBadArgument;
+    try {
+        if (!fileName || !*fileName) return result;
+        result = kFileNotOpened;
+        const StdioFile file(std::fopen(fileName, "rb"));
+        if (!file) throw std::string("Can't open file ") + fileName;
+        std::fseek(file.get(), 0, SEEK_END);
+        const long size = std::ftell(file.get());
+        std::fseek(file.get(), 0, SEEK_SET);
+        result = kShortRead;
+        if (size < 0) throw std::string("Can't read data from file ") + fileName;
+        result = kNoMemory;
+        const std::unique_ptr<char[]> data(new (std::nothrow) char[static_cast<size_t>(size) + 1]);
+        if (!data) throw std::string("Can't allocate memory to load file ") + fileName;
+        result = kShortRead;
+        if (std::fread(data.get(), 1, static_cast<size_t>(size), file.get()) != static_cast<size_t>(size))
+            throw std::string("Can't read data from file ") + fileName;
+        data[size] = '\0';
+        result = -1;
+        result = BinVariableSetData(variable, data.get(), static_cast<int>(size));
+    } catch (...) {
+        ReportException("Failed to set bin variable data.", kSource, 221, "KLComUtils::BinVariableSetData");
+    }
+    return result;
+}
+
+int KLComUtils::BinVariableFree(int variable) {
+    return server_ ? Server()->freeBinVariable(variable) : -1;
+}
+
+// ---- Handles
+// ---------------------------------------------------------------------------------------------------------
+
+std::string KLComUtils::GetPartHandle(AcDbObjectId entity) {
+    wchar_t wide[32] = L"";
+    if (!entity.handle().getIntoAsciiBuffer(wide)) return std::string();
+    std::string text;
+    for (const wchar_t* digit = wide; *digit; ++digit)
+        text += static_cast<char>(*digit);
+    return text;
+}
+
+bool KLComUtils::IsValidPartHandle(const std::string& part) {
+    return !part.empty() && part != "0";
+}
+
+// ---- Trace switches
+// ------------------------------------------------------------------------------------------------------
+
+TraceSwitchGuard::TraceSwitchGuard(KLComUtils& utils) : utils_(utils) {
+    utils_.GetTrace(&keep_, &failures_, &all_);
+}
+
+TraceSwitchGuard::TraceSwitchGuard(KLComUtils& utils, bool keep, bool failures, bool all) : TraceSwitchGuard(utils) {
+    utils_.SetTrace(keep, failures, all);
+}
+
+TraceSwitchGuard::~TraceSwitchGuard() {
+    utils_.SetTrace(keep_, failures_, all_);
+}

@@ -1,0 +1,138 @@
+// The module's one entry to Klimora data: owns the server connection and offers typed access to part attributes,
+// records of repeated elements, binary variables, and operations on the project and on parts. A part is named by its
+// handle text (the AutoCAD handle of its entity), the drawing and the project by an empty text; attribute paths go to
+// the server unchanged. Unless said otherwise results are 0 for success, -1 when not connected or failed, or the
+// server's own code. "Required" reads and writes throw their message as a text; optional ones give the failure value.
+// Main thread only.
+#pragma once
+
+#include <windows.h>
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "dbid.h"
+#include "gemat3d.h"
+#include "gepnt3d.h"
+#include "gevec3d.h"
+
+#include "Util/KlimComSrvHandle.h"
+
+class KLComUtils {
+ public:
+    using Record = std::map<std::string, std::string>;
+
+    KLComUtils();
+    virtual ~KLComUtils();
+    KLComUtils(const KLComUtils&) = delete;
+    KLComUtils& operator=(const KLComUtils&) = delete;
+
+    // -1 when the server cannot be had; why is the caller's to say.
+    virtual int Connect();
+    virtual int Disconnect();
+    bool IsConnected() const { return server_ != nullptr; }
+
+    void SetTrace(bool keep, bool failures, bool all);
+    // Without a connection the flags stay as they are.
+    void GetTrace(bool* keep, bool* failures, bool* all) const;
+    // The last trace line, or else the server's last error text; empty when not connected.
+    std::string GetLastError() const;
+
+    // ---- Attributes of parts -------------------------------------------------------------------------------------
+    int SetPartAtt(const std::string& part, const std::string& attribute, int value, bool required);
+    int SetPartAtt(const std::string& part, const std::string& attribute, const std::string& value, bool required);
+
+    // Text forms. The one with an output leaves an empty text when it fails.
+    std::string GetPartAtt(const std::string& part, const std::string& attribute, bool required);
+    int GetPartAtt(const std::string& part, const std::string& attribute, std::string& value, bool required);
+    // Reals are read as required ones or with a default: an optional read that fails gives 0.
+    double GetPartAttReal(const std::string& part, const std::string& attribute, bool required);
+    // Three numbers separated by white space; missing ones are 0. An optional read that fails gives the origin.
+    AcGePoint3d GetPartAttPoint(const std::string& part, const std::string& attribute, bool required);
+    AcGeVector3d GetPartAttVector(const std::string& part, const std::string& attribute, bool required);
+    // Never throw.
+    std::string GetPartAttOrDefault(const std::string& part, const std::string& attribute,
+                                    const std::string& defaultValue);
+    int GetPartAttOrDefault(const std::string& part, const std::string& attribute, int defaultValue);
+
+    // One record for every element at `path` ("/Project/…/Part"), with the named attributes under their names ("/" in a
+    // name becomes "_"). Appended to `records`; those before a failure stay. `part` is accepted and not used: these
+    // reads name the project.
+    int GetAttributes(const std::string& part, const std::string& path, const std::vector<std::string>& names,
+                      std::vector<Record>& records);
+
+    // Copies memory (at least 1 byte) or a file into a binary variable of the server. -4 bad argument, -6 file cannot
+    // be opened, -7 no memory, -8 short read, or the server's code for the chunk that failed.
+    int BinVariableSetData(int variable, const void* data, int size);
+    int BinVariableSetData(int variable, const char* fileName);
+    int BinVariableFree(int variable);
+
+    // The AutoCAD handle of an entity as text, at most 31 characters.
+    static std::string GetPartHandle(AcDbObjectId entity);
+    // Not empty and not "0".
+    static bool IsValidPartHandle(const std::string& part);
+
+    bool IsPartTypeID(const std::string& part, int id);
+    bool IsPartTypeDefine(const std::string& part, const std::string& define);
+
+    // ---- Parts ---------------------------------------------------------------------------------------------------
+    void GetTwoConnectedParts(const std::string& part, std::string& first, std::string& second, bool validOnly);
+    void GetAllConnectedParts(const std::string& part, std::vector<std::string>& parts, bool validOnly);
+    // `list`: handles, separated as the server expects them; null is no work.
+    int EraseParts(const char* list);
+    int GetPackageList(const std::string& part, std::vector<std::string>& members);
+    int SetPackageList(const std::string& part, const std::vector<std::string>& members);
+    std::string GetPackageMainPart(const std::string& part);
+    // Where the entity stands: the block transform of a block reference, else position, direction and normal of the
+    // Klimora part, else the identity.
+    AcGeMatrix3d GetTransformationMatrix(AcDbObjectId entity);
+
+    // ---- Project -------------------------------------------------------------------------------------------------
+    // True when the server is new enough and a project is open; otherwise the user was told on the command line and in
+    // a message box.
+    bool CheckKlimoraProject(int requiredVersion);
+    // Switches the server's check of project file access on or off; older servers have none.
+    void SetNoProjectFileAccessCheck(bool check);
+    // Adds a product to the project, from a database file, from memory (`binarySize` bytes), or both. Negative on
+    // failure, which was reported; a positive code of the server is passed on as it is.
+    int AddDeviceToKlimoraProject(const char* kpdFileName, const void* binaryData, int binarySize,
+                                  const std::string& kpdClassName, const std::string& userCode,
+                                  const std::string& productFamilyKey, const char* productKey, const char* extraXml);
+    // "EWAPART_…" of a product class; empty, and reported, for an unknown one.
+    static std::string GetTypeDefineByKPDClassName(const std::string& kpdClassName);
+
+ protected:
+    // Null while not connected.
+    KlimComSrvImpl* Server() const { return server_ ? server_->operator->() : nullptr; }
+    int ServerVersion() const { return server_ ? static_cast<int>((*server_)->getVersion()) : 0; }
+    std::string ServerErrorText() const { return server_ ? (*server_)->getLastErrorText() : std::string(); }
+
+ private:
+    int ReadText(const std::string& part, const std::string& attribute, std::string& value);
+    int CountConnections(const std::string& part);
+    // BinVariableSetData without exceptions.
+    bool StoreInBinVariable(int variable, const void* data, int size);
+
+    std::unique_ptr<KlimComSrvHandle> server_;
+};
+
+// Keeps the three trace switches as they are now and puts them back at its end. The second form also sets new values.
+class TraceSwitchGuard {
+ public:
+    explicit TraceSwitchGuard(KLComUtils& utils);
+    TraceSwitchGuard(KLComUtils& utils, bool keep, bool failures, bool all);
+    ~TraceSwitchGuard();
+    TraceSwitchGuard(const TraceSwitchGuard&) = delete;
+    TraceSwitchGuard& operator=(const TraceSwitchGuard&) = delete;
+
+ private:
+    KLComUtils& utils_;
+    bool keep_ = false;
+    bool failures_ = true;
+    bool all_ = false;
+};
+
+// `text` with every occurrence of `search` replaced, from left to right; an empty `search` changes nothing.
+std::string ReplaceAll(const std::string& text, const std::string& search, const std::string& replacement);

@@ -1,0 +1,127 @@
+#include <windows.h>
+
+#include "Util/KLComUtils.h"
+
+#include "acdb.h"
+#include "dbents.h"
+#include "dbmain.h"
+
+#include "Lib/ExceptionReport.h"
+#include "Util/ArxHandles.h"
+#include "Util/KLUtils_Text.h"
+#include "Util/XmlTextBuilder.h"
+
+namespace {
+
+constexpr char kSource[] = "PlugIn/Util/KLComUtils_Part";
+constexpr char kPackagePath[] = "/Part/Package/PartList";
+
+std::string ConnectedToPath(int connection) {
+    return "/Part/Connection[" + std::to_string(connection) + "]/ConnectedTo";
+}
+
+}  // namespace
+
+int KLComUtils::CountConnections(const std::string& part) {
+    return static_cast<int>(GetPartAttReal(part, "Count(/Part/Connection)", true));
+}
+
+void KLComUtils::GetTwoConnectedParts(const std::string& part, std::string& first, std::string& second,
+                                      bool validOnly) {
+    first.clear();
+    second.clear();
+    std::string* const results[] = {&first, &second};
+    const char* const messages[] = {"Can't get connection 0 ", "Can't get connection 1 "};
+    try {
+        const int count = CountConnections(part);
+        for (int i = 0; i < 2 && i < count; ++i) {
+            if (GetPartAtt(part, ConnectedToPath(i), *results[i], false) != 0) throw messages[i];
+        }
+        for (std::string* result : results) {
+            if (validOnly && !IsValidPartHandle(*result)) result->clear();
+        }
+    } catch (...) {
+        ReportException("GetConnectedParts : Failed to get parts connected to segment.", kSource, 49,
+                        "KLComUtils::GetTwoConnectedParts");
+    }
+}
+
+void KLComUtils::GetAllConnectedParts(const std::string& part, std::vector<std::string>& parts, bool validOnly) {
+    try {
+        const int count = CountConnections(part);
+        for (int i = 0; i < count; ++i) {
+            std::string connected = GetPartAtt(part, ConnectedToPath(i), true);
+            if (!validOnly || IsValidPartHandle(connected)) parts.push_back(std::move(connected));
+        }
+    } catch (...) {
+        ReportException("Failed to get connected parts", kSource, 66, "KLComUtils::GetAllConnectedParts");
+    }
+}
+
+int KLComUtils::EraseParts(const char* list) {
+    if (!list) return 0;
+    try {
+        XmlTextBuilder command;
+        command.Append("<ErasePart>");
+        command.Append("<PartList>");
+        command.Append(list);
+        command.Append("</PartList>");
+        command.Append("</ErasePart>");
+        if (!server_ || Server()->erasePart(command.Text().c_str()) != 0) throw "";
+        return 0;
+    } catch (...) {
+        ReportException("Failed to erase parts", kSource, 105, "KLComUtils::EraseParts");
+        return -1;
+    }
+}
+
+int KLComUtils::GetPackageList(const std::string& part, std::vector<std::string>& members) {
+    try {
+        for (std::string& member : KLUtils::Split(GetPartAtt(part, kPackagePath, true), " "))
+            members.push_back(std::move(member));
+        return 0;
+    } catch (...) {
+        ReportException("Can't get Klimora product package", kSource, 124, "KLComUtils::GetPackageList");
+        return -1;
+    }
+}
+
+int KLComUtils::SetPackageList(const std::string& part, const std::vector<std::string>& members) {
+    if (members.empty()) return 0;
+    try {
+        std::string list;
+        for (const std::string& member : members)
+            list += (list.empty() ? "" : " ") + member;
+        SetPartAtt(part, kPackagePath, list, true);
+        return 0;
+    } catch (...) {
+        ReportException("Can't set Klimora product package", kSource, 137, "KLComUtils::SetPackageList");
+        return -1;
+    }
+}
+
+std::string KLComUtils::GetPackageMainPart(const std::string& part) {
+    const TraceSwitchGuard silent(*this, false, false, false);
+    return GetPartAttOrDefault(part, "/part/package/mainpart", std::string());
+}
+
+AcGeMatrix3d KLComUtils::GetTransformationMatrix(AcDbObjectId entity) {
+    AcGeMatrix3d matrix;
+    matrix.setToIdentity();
+    try {
+        OpenObject<AcDbEntity> opened;
+        if (opened.Open(entity, AcDb::kForRead) != Acad::eOk) throw "Can't open object for reading";
+        if (const AcDbBlockReference* reference = AcDbBlockReference::cast(opened.get()))
+            return reference->blockTransform();
+        opened.reset();
+        const std::string part = GetPartHandle(entity);
+        if (!IsValidPartHandle(part) || !server_) return matrix;
+        const AcGePoint3d position = GetPartAttPoint(part, "/Part/Position/WCS", true);
+        const AcGeVector3d direction = GetPartAttVector(part, "/Part/Direction/WCS", true);
+        const AcGeVector3d normal = GetPartAttVector(part, "/Part/Normal/WCS", true);
+        matrix.setCoordSystem(position, direction, normal.crossProduct(direction), normal);
+    } catch (...) {
+        ReportException("Failed to get transformation matrix", kSource, 166, "KLComUtils::GetTransformationMatrix");
+    }
+    return matrix;
+}

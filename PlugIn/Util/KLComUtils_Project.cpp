@@ -1,0 +1,118 @@
+#include <windows.h>
+
+#include "Util/KLComUtils.h"
+
+#include "acedads.h"
+
+#include "Lib/CommandLine.h"
+#include "Lib/DisplayName.h"
+#include "Lib/ExceptionReport.h"
+#include "Lib/FormatText.h"
+#include "Util/XmlTextBuilder.h"
+
+namespace {
+
+constexpr char kSource[] = "PlugIn/Util/KLComUtils_Project";
+constexpr int kFileAccessSwitchVersion = 20090300;
+constexpr int kProductVariable = 1;
+
+struct TypeDefine {
+    const char* kpdClassName;
+    const char* define;
+};
+
+constexpr TypeDefine kTypeDefines[] = {
+    {"hZoneValveType", "EWAPART_ZONEVALVE"},  //
+    {"hStopValveType", "EWAPART_STOPVALVE"},  //
+    {"dSupplyType", "EWAPART_SUPPLY"},        //
+    {"dExtractType", "EWAPART_EXTRACT"},      //
+    {"dOutdoorType", "EWAPART_OUTDOOR"},      //
+    {"dExhaustType", "EWAPART_EXHAUST"},      //
+    {"dSilencerType", "EWAPART_SILENCER"},
+};
+
+}  // namespace
+
+bool KLComUtils::CheckKlimoraProject(int requiredVersion) {
+    if (!server_) return false;
+    std::string message;
+    if (ServerVersion() < requiredVersion)
+        message = FormatString("Klimora version %d or newer is required.", requiredVersion);
+    else if (GetPartAtt("", "/dwg/kpjfilename", false).empty())
+        message = "Klimora project is not open. Please, open Klimora project.";
+    if (message.empty()) return true;
+    PrintCommandLine("\n%s: %s\n", kDisplayName, message.c_str());
+    MessageBoxA(adsw_acadMainWnd(), message.c_str(), kDisplayName, MB_TASKMODAL | MB_ICONEXCLAMATION | MB_OK);
+    return false;
+}
+
+void KLComUtils::SetNoProjectFileAccessCheck(bool check) {
+    if (!server_ || ServerVersion() < kFileAccessSwitchVersion) return;
+    // The attribute says "no check", so the flag goes in inverted.
+    SetPartAtt("", "/dwg/flag/noPrjFileAccessCheck", check ? 0 : 1, false);
+}
+
+namespace {
+
+void AppendElement(XmlTextBuilder& command, const char* format, const std::string& value) {
+    command.AppendFormat(format, XmlTextBuilder::Escape(value).c_str());
+}
+
+}  // namespace
+
+bool KLComUtils::StoreInBinVariable(int variable, const void* data, int size) {
+    try {
+        return BinVariableSetData(variable, data, size) == 0;
+    } catch (...) {
+        return false;
+    }
+}
+
+int KLComUtils::AddDeviceToKlimoraProject(const char* kpdFileName, const void* binaryData, int binarySize,
+                                          const std::string& kpdClassName, const std::string& userCode,
+                                          const std::string& productFamilyKey, const char* productKey,
+                                          const char* extraXml) {
+    int result = -1;
+    if (!server_) return result;
+    try {
+        const bool hasBinary = binaryData && binarySize >= 1;
+        if (hasBinary && !StoreInBinVariable(kProductVariable, binaryData, binarySize))
+            throw "Can't set data to binary variable " + ServerErrorText();
+
+        XmlTextBuilder command;
+        command.Append("<ManageProductData>");
+        command.Append("<Function><Name>Add</Name></Function>");
+        if (kpdFileName) AppendElement(command, "<KPD><Filename>%s</Filename></KPD>", kpdFileName);
+        if (hasBinary) command.AppendFormat("<KPD><binvar>%d</binvar></KPD>", kProductVariable);
+        AppendElement(command, "<KPDClass><Name>%s</Name></KPDClass>", kpdClassName);
+        AppendElement(command, "<Usercode>%s</Usercode>", userCode);
+        AppendElement(command, "<Productfamilykey>%s</Productfamilykey>", productFamilyKey);
+        if (productKey) AppendElement(command, "<Productkey>%s</Productkey>", productKey);
+        if (extraXml) command.Append(extraXml);
+        command.Append("</ManageProductData>");
+        result = Server()->manageProductData(command.Text().c_str());
+
+        // The server's words about the product, before the variable's release can change them.
+        const std::string productError = result < 0 ? ServerErrorText() : std::string();
+        if (hasBinary && BinVariableFree(kProductVariable) != 0)
+            throw "Can't free binary variable " + ServerErrorText();
+        if (result < 0) throw "Can not add device to Klimora project " + productError;
+    } catch (...) {
+        ReportException("Failed to add device to Klimora project.", kSource, 115,
+                        "KLComUtils::AddDeviceToKlimoraProject");
+    }
+    return result;
+}
+
+std::string KLComUtils::GetTypeDefineByKPDClassName(const std::string& kpdClassName) {
+    try {
+        for (const TypeDefine& entry : kTypeDefines) {
+            if (kpdClassName == entry.kpdClassName) return entry.define;
+        }
+        throw "Unknown kpd class for valve " + kpdClassName;
+    } catch (...) {
+        ReportException("Failed to get type define by KPD class name", kSource, 152,
+                        "KLComUtils::GetTypeDefineByKPDClassName");
+        return std::string();
+    }
+}
