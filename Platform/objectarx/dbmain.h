@@ -76,7 +76,6 @@ class AcDbObject : public AcGiDrawable, public AcHeapOperators {
 
     Acad::ErrorStatus upgradeOpen();
     Acad::ErrorStatus downgradeOpen();
-    Acad::ErrorStatus cancel();
     Acad::ErrorStatus close();
     Acad::ErrorStatus erase(Adesk::Boolean erasing = true);
 

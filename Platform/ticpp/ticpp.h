@@ -43,9 +43,16 @@ class Node {
 
     // First child element of any name, or of one name.
     Element* FirstChildElement(bool throwIfNoChildren = true) const;
+    // The forms that take a literal are there because a literal would become the bool sooner than a string.
     Element* FirstChildElement(const std::string& value, bool throwIfNoChildren = true) const;
+    Element* FirstChildElement(const char* value, bool throwIfNoChildren = true) const {
+        return FirstChildElement(std::string(value), throwIfNoChildren);
+    }
     Element* NextSiblingElement(bool throwIfNoSiblings = true) const;
     Element* NextSiblingElement(const std::string& value, bool throwIfNoSiblings = true) const;
+    Element* NextSiblingElement(const char* value, bool throwIfNoSiblings = true) const {
+        return NextSiblingElement(std::string(value), throwIfNoSiblings);
+    }
 
     // A copy of `addThis` becomes the last child; the copy is given back.
     Element* InsertEndChild(const Element& addThis);
