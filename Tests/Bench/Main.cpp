@@ -1,0 +1,13 @@
+// Tests of the stand-ins themselves. Each suite starts and stops what it needs; the process brings COM for all of them.
+#include <windows.h>
+#include <ole2.h>
+
+#include <gmock/gmock.h>
+
+int main(int argc, char** argv) {
+    OleInitialize(nullptr);
+    testing::InitGoogleMock(&argc, argv);
+    const int failed = RUN_ALL_TESTS();
+    OleUninitialize();
+    return failed;
+}
