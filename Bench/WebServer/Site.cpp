@@ -1,0 +1,121 @@
+#include "Site.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+#include "Figures.h"
+#include "ResultDocument.h"
+
+namespace bench {
+namespace {
+
+const char kProductsPath[] = "/klimora";
+const char kChoosePath[] = "/klimora/choose";
+const char kExportPath[] = "/klimora/export/";
+const char kExportEnding[] = ".xml";
+
+bool StartsWith(const std::string& text, const std::string& beginning) {
+    return text.compare(0, beginning.size(), beginning) == 0;
+}
+
+double Number(const std::string& text) {
+    return std::strtod(text.c_str(), nullptr);
+}
+
+Answer File(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) return Page(500, "The file " + path + " cannot be read.");
+    Answer answer;
+    answer.type = "application/octet-stream";
+    answer.body.assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+    return answer;
+}
+
+std::vector<std::string> SplitAtCommas(const std::string& text) {
+    std::vector<std::string> parts;
+    for (size_t start = 0; start <= text.size();) {
+        size_t end = text.find(',', start);
+        if (end == std::string::npos) end = text.size();
+        parts.push_back(text.substr(start, end - start));
+        start = end + 1;
+    }
+    return parts;
+}
+
+}  // namespace
+
+Answer Page(int status, const std::string& text) {
+    return {status, "text/html",
+            "<html><head><title>" + std::to_string(status) + "</title></head><body><p>" + text + "<br></body></html>\n",
+            ""};
+}
+
+Site::Site(Catalogue catalogue, std::string server) : catalogue_(std::move(catalogue)), server_(std::move(server)) {}
+
+Answer Site::Handle(const std::string& method, const RequestTarget& target) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (const auto fixed = fixed_.find(target.path); fixed != fixed_.end())
+        return {200, "text/plain", fixed->second, ""};
+    if (method == "POST")
+        return target.path == kChoosePath ? Choose(target) : Page(404, "Nothing takes a choice here.");
+    if (target.path == kProductsPath) return Products(target);
+    if (target.path == catalogue_.dictionary.path) return File(catalogue_.dictionary.file);
+    if (target.path == catalogue_.database.path) return File(catalogue_.database.file);
+    if (StartsWith(target.path, kExportPath)) return Result(target.path.substr(sizeof kExportPath - 1));
+    return Page(404, "There is no such page.");
+}
+
+Answer Site::Products(const RequestTarget& target) {
+    if (target.Value("action") != "ljudprog") return Page(400, "The action is not known.");
+    if (!IsSessionIdentifier(target.Value("klsid"))) return Page(400, "The session identifier is not valid.");
+    const Duct duct{Number(target.Value("diameter")), Number(target.Value("width")), Number(target.Value("height")),
+                    Number(target.Value("airflow"))};
+    return {200, "text/xml; charset=utf-8", ProductsPage(catalogue_, duct), ""};
+}
+
+Answer Site::Choose(const RequestTarget& target) {
+    const std::string session = target.Value("klsid");
+    if (!IsSessionIdentifier(session)) return Page(400, "The session identifier is not valid.");
+    const std::vector<std::string> products = SplitAtCommas(target.Value("product"));
+    for (const std::string& product : products)
+        if (!catalogue_.Find(product)) return Page(404, "There is no such product.");
+    choices_[session] = products;
+    return {200, "text/plain", "published\n", ""};
+}
+
+Answer Site::Result(const std::string& fileName) {
+    const size_t ending = sizeof kExportEnding - 1;
+    const bool named = fileName.size() > ending && fileName.substr(fileName.size() - ending) == kExportEnding;
+    const std::string session = named ? fileName.substr(0, fileName.size() - ending) : std::string();
+    if (!IsSessionIdentifier(session)) return Page(400, "The session identifier is not valid.");
+    const auto choice = choices_.find(session);
+    if (choice == choices_.end()) return Page(404, "Nothing has been chosen in this session.");
+    const std::string body =
+        instead_.empty() ? ResultDocument(catalogue_, choice->second, server_, rootTexts_) : instead_;
+    return {200, "text/xml; charset=utf-8", body, ""};
+}
+
+void Site::Serve(const std::string& path, const std::string& body) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    fixed_[path] = body;
+}
+
+void Site::PublishWith(const std::string& elementName, const std::string& text) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    rootTexts_.emplace_back(elementName, text);
+}
+
+void Site::PublishInstead(const std::string& body) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    instead_ = body;
+}
+
+void Site::Reset() {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    fixed_.clear();
+    rootTexts_.clear();
+    instead_.clear();
+}
+
+}  // namespace bench
