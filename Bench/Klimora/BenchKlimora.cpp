@@ -1,0 +1,127 @@
+#include "BenchKlimora.h"
+
+#include "BenchAutoCAD.h"
+#include "BenchControl.h"
+#include "InsertCommand.h"
+#include "InterfaceCount.h"
+#include "PartEntities.h"
+#include "ProjectFile.h"
+#include "Refusal.h"
+#include "Registration.h"
+#include "Server.h"
+#include "ServerObjects.h"
+
+namespace bench {
+namespace klimora {
+namespace {
+
+struct Registered {
+    RunningObject drawing;
+    RunningObject klimora;
+};
+
+Registered& TheRegistered() {
+    static Registered* const instance = new Registered;
+    return *instance;
+}
+
+// Entities of parts that the next project does not have go; those that both have stay.
+void EraseLeftEntities(const ProjectTree& next) {
+    const Quiet quiet;
+    for (const std::string& handle : TheServer().project.Handles())
+        if (!next.FindPart(handle)) EraseEntity(handle);
+}
+
+bool Open(const std::string& xml, std::string& error) {
+    try {
+        ProjectTree project = ReadProject(xml);
+        AddMissingEntities(project);
+        EraseLeftEntities(project);
+        TheServer().project = std::move(project);
+        TheServer().dictionary.clear();
+        return true;
+    } catch (const Refusal& refusal) {
+        error = refusal.what();
+        return false;
+    }
+}
+
+}  // namespace
+
+Server& TheServer() {
+    static Server* const instance = new Server;
+    return *instance;
+}
+
+}  // namespace klimora
+
+using namespace klimora;
+
+void StartKlimora(const KlimoraServer& settings) {
+    StopKlimora();
+    const Quiet quiet;
+    const InterfaceCount::Uncounted uncounted;
+    Server& server = TheServer();
+    server.settings = settings;
+    server.started = true;
+    if (settings.drawingInstalled) RegisterProgId(kDrawingProgId, kDrawingClass);
+    if (settings.klimoraInstalled) RegisterProgId(kKlimoraProgId, kKlimoraClass);
+    if (settings.drawingRunning) TheRegistered().drawing.Register(DrawingObject(), kDrawingClass);
+    if (settings.klimoraRunning) TheRegistered().klimora.Register(KlimoraObject(), kKlimoraClass);
+    AddForeignCommand(kInsertCommand, RunInsertCommand);
+}
+
+void StopKlimora() {
+    const Quiet quiet;
+    const InterfaceCount::Uncounted uncounted;
+    Server& server = TheServer();
+    TheRegistered().drawing.Revoke();
+    TheRegistered().klimora.Revoke();
+    RemoveProgId(kDrawingProgId);
+    RemoveProgId(kKlimoraProgId);
+    if (server.started) RemoveForeignCommand(kInsertCommand);
+    CloseProject();
+    server.variables.Forget();
+    server.lastError.clear();
+    server.started = false;
+}
+
+bool OpenProjectText(const std::string& xml, std::string& error) {
+    return Open(xml, error);
+}
+
+bool OpenProject(const std::string& file, std::string& error) {
+    try {
+        return Open(ReadFile(file), error);
+    } catch (const Refusal& refusal) {
+        error = refusal.what();
+        return false;
+    }
+}
+
+void CloseProject() {
+    TheServer().project = ProjectTree();
+    TheServer().dictionary.clear();
+}
+
+std::string ProjectXml() {
+    return TheServer().project.Xml();
+}
+
+std::string PartAttribute(const std::string& handle, const std::string& path) {
+    try {
+        return TheServer().project.Attribute(handle, path);
+    } catch (const Refusal&) {
+        return {};
+    }
+}
+
+std::vector<std::string> PartHandles() {
+    return TheServer().project.Handles();
+}
+
+std::string BinaryVariable(long number) {
+    return TheServer().variables.Contents(number);
+}
+
+}  // namespace bench

@@ -1,0 +1,76 @@
+#include "BinaryVariables.h"
+
+#include <algorithm>
+
+#include "BenchControl.h"
+#include "Refusal.h"
+
+namespace bench::klimora {
+namespace {
+
+constexpr char kHexDigits[] = "0123456789ABCDEF";
+
+std::string Name(long variable) {
+    return "Binary variable " + std::to_string(variable);
+}
+
+[[noreturn]] void RefuseAndAccuse(const std::string& sentence) {
+    Accuse(sentence);
+    throw Refusal(kBinaryVariable, sentence);
+}
+
+std::string FromHex(long variable, const std::string& text) {
+    if (text.empty() || text.size() % 2 != 0)
+        RefuseAndAccuse(Name(variable) + " was sent an odd number of hexadecimal digits, or none.");
+    if (text.find_first_not_of(kHexDigits) != std::string::npos)
+        RefuseAndAccuse(Name(variable) + " was sent data that are not upper-case hexadecimal digits.");
+    const std::string digits = kHexDigits;
+    std::string bytes;
+    for (size_t i = 0; i < text.size(); i += 2)
+        bytes += static_cast<char>(digits.find(text[i]) * 16 + digits.find(text[i + 1]));
+    return bytes;
+}
+
+}  // namespace
+
+void BinaryVariables::SetSize(long variable, long size) {
+    if (size < 1)
+        throw Refusal(kBinaryVariable, Name(variable) + " cannot have the size " + std::to_string(size) + ".");
+    if (variables_.count(variable) == 0) Owe("binary variable", std::to_string(variable));
+    const size_t bytes = static_cast<size_t>(size);
+    variables_[variable] = {std::string(bytes, '\0'), std::vector<bool>(bytes, false)};
+}
+
+void BinaryVariables::SetData(long variable, long offset, const std::string& hexData) {
+    const auto found = variables_.find(variable);
+    if (found == variables_.end()) RefuseAndAccuse(Name(variable) + " was sent data before its size was set.");
+    const std::string bytes = FromHex(variable, hexData);
+    Variable& target = found->second;
+    if (offset < 0 || static_cast<size_t>(offset) + bytes.size() > target.bytes.size())
+        RefuseAndAccuse(Name(variable) + " was sent data beyond its size of " + std::to_string(target.bytes.size()) +
+                        ".");
+    const size_t start = static_cast<size_t>(offset);
+    target.bytes.replace(start, bytes.size(), bytes);
+    std::fill_n(target.filled.begin() + offset, bytes.size(), true);
+}
+
+void BinaryVariables::Free(long variable) {
+    if (variables_.erase(variable) == 0) throw Refusal(kBinaryVariable, Name(variable) + " was not set.");
+    Settle("binary variable", std::to_string(variable));
+}
+
+const std::string& BinaryVariables::Take(long variable) const {
+    const auto found = variables_.find(variable);
+    if (found == variables_.end()) throw Refusal(kBinaryVariable, Name(variable) + " was not set.");
+    const std::vector<bool>& filled = found->second.filled;
+    if (std::find(filled.begin(), filled.end(), false) != filled.end())
+        RefuseAndAccuse(Name(variable) + " was used before all of its bytes were sent.");
+    return found->second.bytes;
+}
+
+std::string BinaryVariables::Contents(long variable) const {
+    const auto found = variables_.find(variable);
+    return found == variables_.end() ? std::string() : found->second.bytes;
+}
+
+}  // namespace bench::klimora

@@ -1,0 +1,115 @@
+#include "ProjectFile.h"
+
+#include <fstream>
+#include <iterator>
+#include <set>
+
+#include "PartTypes.h"
+#include "Refusal.h"
+#include "Texts.h"
+
+namespace bench::klimora {
+namespace {
+
+[[noreturn]] void RefuseFile(const std::string& reason) {
+    throw Refusal(kBadValue, "Not a Klimora project: " + reason);
+}
+
+void RequirePoint(const TiXmlElement* part, const char* path, const std::string& name) {
+    std::vector<double> point;
+    if (!ReadReals(ValueAt(part, path), 3, point)) RefuseFile(name + " has no point at " + path + ".");
+}
+
+void RequireReal(const TiXmlElement* part, const char* path, const std::string& name) {
+    double value = 0;
+    if (!ReadReal(ValueAt(part, path), value) || value < 0) RefuseFile(name + " has no number at " + path + ".");
+}
+
+void CheckDuct(const TiXmlElement* part, const std::string& name) {
+    const std::string shape = ValueAt(part, "Shape/ID");
+    if (shape == "0") {
+        RequireReal(part, "Diameter", name);
+    } else if (shape == "1") {
+        RequireReal(part, "Width", name);
+        RequireReal(part, "Height", name);
+    } else {
+        RefuseFile(name + " is neither round nor rectangular.");
+    }
+    RequireReal(part, "qv_sizingflow/ls", name);
+    RequireReal(part, "Length", name);
+    if (Matches(part, PathStep{"Connection", -1, ""}).size() != 2) RefuseFile(name + " has not two connections.");
+}
+
+void TakeSystemType(const ProjectTree& project, TiXmlElement* part, const std::string& name) {
+    const std::string id = ValueAt(part, "System/ID");
+    const TiXmlElement* system = project.System(id);
+    if (!system) RefuseFile(name + " belongs to system '" + id + "', which is not listed.");
+    const std::string type = ValueAt(system, "Type/ID");
+    const std::string own = ValueAt(part, "System/Type/ID");
+    if (!own.empty() && own != type) RefuseFile(name + " has another system type than its system.");
+    SetValueAt(part, "System/Type/ID", type);
+}
+
+void CheckPart(const ProjectTree& project, TiXmlElement* part) {
+    const std::string name = "Part " + ProjectTree::Handle(part);
+    if (!IsHandle(ProjectTree::Handle(part))) RefuseFile("a part has no hexadecimal handle.");
+    long type = 0;
+    if (!ReadInteger(ValueAt(part, "Type/ID"), type)) RefuseFile(name + " has no Type/ID.");
+    if (ValueAt(part, "Type/Define").empty()) RefuseFile(name + " has no Type/Define.");
+    for (const char* path : {"Position/WCS", "Direction/WCS", "Normal/WCS"})
+        RequirePoint(part, path, name);
+    if (type == kDuctTypeId) CheckDuct(part, name);
+    TakeSystemType(project, part, name);
+}
+
+bool PointsBack(const TiXmlElement* part, const std::string& handle) {
+    for (const TiXmlElement* connection : Matches(part, PathStep{"Connection", -1, ""}))
+        if (SameName(ValueAt(connection, "ConnectedTo"), handle)) return true;
+    return false;
+}
+
+void CheckConnections(const ProjectTree& project, const TiXmlElement* part) {
+    for (const TiXmlElement* connection : Matches(part, PathStep{"Connection", -1, ""})) {
+        const std::string other = ValueAt(connection, "ConnectedTo");
+        if (other.empty() || other == "0") continue;
+        const TiXmlElement* neighbour = project.FindPart(other);
+        const std::string name = "Part " + ProjectTree::Handle(part) + " is connected to " + other;
+        if (!neighbour) RefuseFile(name + ", which is no part.");
+        if (!PointsBack(neighbour, ProjectTree::Handle(part))) RefuseFile(name + ", which is not connected to it.");
+    }
+}
+
+}  // namespace
+
+ProjectTree ReadProject(const std::string& xml) {
+    TiXmlBase::SetCondenseWhiteSpace(false);
+    auto document = std::make_unique<TiXmlDocument>();
+    document->Parse(xml.c_str(), nullptr, TIXML_ENCODING_UTF8);
+    if (document->Error()) RefuseFile(std::string(document->ErrorDesc()) + ".");
+    const TiXmlElement* root = document->RootElement();
+    if (!root || root->ValueStr() != "KlimoraProject") RefuseFile("the root element is not KlimoraProject.");
+    for (const char* child : {"dwg", "Project", "Parts"})
+        if (!Child(root, child)) RefuseFile(std::string("there is no element ") + child + ".");
+
+    ProjectTree project(std::move(document));
+    if (ValueAt(project.Drawing(), "kpjfilename").empty()) RefuseFile("it has no dwg/kpjfilename.");
+    const std::vector<TiXmlElement*> parts = project.AllParts();
+    if (parts.empty()) RefuseFile("it has no parts.");
+    std::set<std::string> handles;
+    for (TiXmlElement* part : parts) {
+        CheckPart(project, part);
+        if (!handles.insert(ProjectTree::Handle(part)).second)
+            RefuseFile("handle " + ProjectTree::Handle(part) + " is there twice.");
+    }
+    for (const TiXmlElement* part : parts)
+        CheckConnections(project, part);
+    return project;
+}
+
+std::string ReadFile(const std::string& file) {
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream) throw Refusal(kBadValue, "Cannot open " + file + ".");
+    return std::string(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>());
+}
+
+}  // namespace bench::klimora

@@ -1,0 +1,24 @@
+// The one server of the process: what is installed and running, the open project, the binary variables and the text of
+// the last refusal. Used on the thread of the AutoCAD stand-in only.
+#pragma once
+
+#include <string>
+
+#include "BenchKlimora.h"
+#include "BinaryVariables.h"
+#include "ProjectTree.h"
+
+namespace bench::klimora {
+
+struct Server {
+    KlimoraServer settings;
+    bool started = false;
+    ProjectTree project;
+    BinaryVariables variables;
+    std::string lastError;
+    std::string dictionary;  // of the product file added last; serves product data that come without a file
+};
+
+Server& TheServer();
+
+}  // namespace bench::klimora

@@ -1,0 +1,113 @@
+#include "BenchStatistics.h"
+
+#include <windows.h>
+
+#include <string>
+
+#include "BenchControl.h"
+#include "KlimoraPluginsStatisticsWrapper.h"
+#include "PluginStat.h"
+
+namespace {
+
+std::vector<bench::StatisticsEvent>& Events() {
+    static std::vector<bench::StatisticsEvent> events;
+    return events;
+}
+
+std::string Narrow(const wchar_t* text) {
+    if (!text) return {};
+    const int length = WideCharToMultiByte(CP_UTF8, 0, text, -1, nullptr, 0, nullptr, nullptr);
+    std::string result(static_cast<size_t>(length), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, text, -1, result.data(), length, nullptr, nullptr);
+    result.pop_back();
+    return result;
+}
+
+std::vector<std::string> Fields(const PluginStat& record) {
+    return {record.pluginName,      record.pluginVersion,
+            record.vendorName,      record.vendorId,
+            record.productLineName, record.productLineKey,
+            record.product,         record.productFamily,
+            record.cadPlatform,     record.cadPlatformVersion,
+            record.discipline,      record.deviceClass,
+            record.extra,           record.action};
+}
+
+std::string Joined(const std::vector<std::string>& fields) {
+    std::string text;
+    for (size_t i = 0; i < fields.size(); ++i)
+        text += (i > 0 ? "|" : "") + fields[i];
+    return text;
+}
+
+}  // namespace
+
+struct KlimoraPluginsStatisticsWrapper::Implementation {
+    std::string client;
+    std::vector<size_t> kept;  // places in Events() that wait to be sent
+    bool added = false;        // an event was handed over since the last flush, also one that the plan let be lost
+    bool closed = false;
+
+    // Called first by every operation: nothing but the destructor may follow the end of the work.
+    void CheckOpen(const char* operation) const {
+        if (closed) bench::Accuse(std::string("Statistics: ") + operation + " was called after CloseStatistics.");
+    }
+};
+
+KlimoraPluginsStatisticsWrapper::KlimoraPluginsStatisticsWrapper(int channel, const wchar_t* client, const wchar_t* key)
+    : implementation_(new Implementation{Narrow(client), {}, false, false}) {
+    const bench::Call call("KlimoraPluginsStatisticsWrapper::KlimoraPluginsStatisticsWrapper",
+                           std::to_string(channel) + " " + Narrow(client) + " " + Narrow(key));
+    if (implementation_->client.empty()) bench::Accuse("Statistics: the object was made without the client's name.");
+    if (Narrow(key).empty()) bench::Accuse("Statistics: the object was made without the client's key.");
+    bench::Owe("statistics object", implementation_->client);
+}
+
+KlimoraPluginsStatisticsWrapper::~KlimoraPluginsStatisticsWrapper() {
+    const bench::Call call("KlimoraPluginsStatisticsWrapper::~KlimoraPluginsStatisticsWrapper", "");
+    if (!implementation_->closed) bench::Accuse("Statistics: the object was destroyed without CloseStatistics.");
+    bench::Settle("statistics object", implementation_->client);
+    delete implementation_;
+}
+
+void KlimoraPluginsStatisticsWrapper::AddInsertStatistics(const wchar_t* event, PluginStat* record) {
+    const std::vector<std::string> fields = record ? Fields(*record) : std::vector<std::string>();
+    const bench::Call call("KlimoraPluginsStatisticsWrapper::AddInsertStatistics",
+                           Narrow(event) + " " + Joined(fields));
+    implementation_->CheckOpen("AddInsertStatistics");
+    if (Narrow(event).empty()) bench::Accuse("Statistics: AddInsertStatistics was called without an event name.");
+    if (!record) bench::Accuse("Statistics: AddInsertStatistics was called without a record.");
+    implementation_->added = true;
+    if (call.fails()) return;  // a lost event: the library tells nobody
+    implementation_->kept.push_back(Events().size());
+    Events().push_back({Narrow(event), fields, false});
+}
+
+void KlimoraPluginsStatisticsWrapper::FlushStatistics() {
+    const bench::Call call("KlimoraPluginsStatisticsWrapper::FlushStatistics", "");
+    implementation_->CheckOpen("FlushStatistics");
+    if (!implementation_->added) bench::Accuse("Statistics: FlushStatistics was called with no event to send.");
+    implementation_->added = false;
+    if (call.fails()) return;
+    for (size_t place : implementation_->kept)
+        if (place < Events().size()) Events()[place].sent = true;
+    implementation_->kept.clear();
+}
+
+void KlimoraPluginsStatisticsWrapper::CloseStatistics() {
+    const bench::Call call("KlimoraPluginsStatisticsWrapper::CloseStatistics", "");
+    implementation_->CheckOpen("CloseStatistics");
+    implementation_->closed = true;
+}
+
+namespace bench {
+
+std::vector<StatisticsEvent> StatisticsEvents() {
+    return Events();
+}
+void ClearStatisticsEvents() {
+    Events().clear();
+}
+
+}  // namespace bench
