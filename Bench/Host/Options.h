@@ -1,0 +1,31 @@
+// Switches of the bench host, as AutoCAD's own console host has them, with two of our own:
+//   benchcad /i PROJECT /ld MODULE /s SCRIPT [/out FOLDER] [/catalogue FILE]
+//   benchcad /i PROJECT /ld MODULE /interactive [/out FOLDER] [/catalogue FILE]
+// What is left out is taken from the files that lie beside the program.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace bench {
+
+struct HostOptions {
+    std::string project;
+    std::string module;
+    std::string script;
+    std::string catalogue;
+    std::string outputFolder;
+    bool interactive = false;
+    bool help = false;
+};
+
+// `words` without the program's name; `programFolder` without a trailing separator. An empty text on success, otherwise
+// one sentence for the user. Files are not looked at.
+std::string ReadOptions(const std::vector<std::string>& words, const std::string& programFolder, HostOptions& options);
+
+// The first file that is missing, as a sentence; empty when all are there.
+std::string MissingFile(const HostOptions& options);
+
+std::string Usage();
+
+}  // namespace bench

@@ -1,0 +1,16 @@
+// Files that a run leaves, and the console. Texts on the console are UTF-8.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace bench {
+
+// Makes the folder with its parents. An empty text on success, otherwise a sentence.
+std::string MakeFolder(const std::string& folder);
+std::string WriteText(const std::string& file, const std::string& text);
+std::string JoinLines(const std::vector<std::string>& lines);
+
+void Say(const std::string& text);
+
+}  // namespace bench

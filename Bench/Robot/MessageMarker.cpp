@@ -1,0 +1,75 @@
+#include "MessageMarker.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <set>
+
+namespace bench {
+namespace {
+
+constexpr WPARAM kMarker = 0x5B0B07;
+constexpr auto kLookAtWindow = std::chrono::milliseconds(10);
+
+std::mutex markerMutex;
+std::condition_variable markerTaken;
+std::set<LPARAM> markersUnderway;
+LPARAM lastMarker = 0;
+
+// Runs on the thread that owns the window, whenever its loop takes a message.
+LRESULT CALLBACK SeeMessage(int code, WPARAM removed, LPARAM message) {
+    const MSG* taken = reinterpret_cast<const MSG*>(message);
+    if (code >= 0 && removed == PM_REMOVE && taken->message == WM_NULL && taken->wParam == kMarker) {
+        std::lock_guard<std::mutex> lock(markerMutex);
+        markersUnderway.erase(taken->lParam);
+        markerTaken.notify_all();
+    }
+    return CallNextHookEx(nullptr, code, removed, message);
+}
+
+class Hook {
+ public:
+    explicit Hook(DWORD thread) : handle_(SetWindowsHookExW(WH_GETMESSAGE, SeeMessage, nullptr, thread)) {}
+    ~Hook() {
+        if (handle_) UnhookWindowsHookEx(handle_);
+    }
+    Hook(const Hook&) = delete;
+    Hook& operator=(const Hook&) = delete;
+    explicit operator bool() const { return handle_ != nullptr; }
+
+ private:
+    HHOOK handle_;
+};
+
+}  // namespace
+
+LoopState WaitForMessageLoop(HWND window, DWORD milliseconds) {
+    const Hook hook(GetWindowThreadProcessId(window, nullptr));
+    if (!hook) return IsWindowVisible(window) ? LoopState::kBusy : LoopState::kGone;
+
+    std::unique_lock<std::mutex> lock(markerMutex);
+    const LPARAM marker = ++lastMarker;
+    markersUnderway.insert(marker);
+    if (!PostMessageW(window, WM_NULL, kMarker, marker)) {
+        markersUnderway.erase(marker);
+        return IsWindowVisible(window) ? LoopState::kBusy : LoopState::kGone;
+    }
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
+    LoopState state = LoopState::kBusy;
+    while (std::chrono::steady_clock::now() < end) {
+        if (!markersUnderway.count(marker)) {
+            state = LoopState::kRunning;
+            break;
+        }
+        // A marker posted to a window that is destroyed never arrives.
+        if (!IsWindowVisible(window)) {
+            state = LoopState::kGone;
+            break;
+        }
+        markerTaken.wait_for(lock, kLookAtWindow);
+    }
+    markersUnderway.erase(marker);
+    return state;
+}
+
+}  // namespace bench
