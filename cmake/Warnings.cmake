@@ -2,6 +2,7 @@
 add_library(sorvik_warnings INTERFACE)
 if(MSVC)
   target_compile_options(sorvik_warnings INTERFACE /W4 /permissive- /utf-8)
+  target_compile_definitions(sorvik_warnings INTERFACE _CRT_SECURE_NO_WARNINGS)
 else()
   target_compile_options(sorvik_warnings INTERFACE -Wall -Wextra -Wpedantic -Werror)
 endif()
