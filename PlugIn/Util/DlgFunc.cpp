@@ -1,5 +1,12 @@
 #include "Util/DlgFunc.h"
 
+#include <commdlg.h>
+
+#include <string>
+
+#include "ModuleNames.h"
+#include "Util/DlgFunc_Text.h"
+
 namespace {
 
 void MoveTo(HWND window, int x, int y) {
@@ -29,4 +36,22 @@ void CenterWindowOnParent(HWND window) {
     RECT area = {};
     GetWindowRect(parent, &area);
     MoveTo(window, (area.left + area.right) / 2 - size.cx / 2, (area.top + area.bottom) / 2 - size.cy / 2);
+}
+
+int ShowOpenFileDialog(HWND owner, const char* filter, const char* initialFolder, char* file,
+                       const char* defaultExtension, const char* title) {
+    const std::string parts = OpenFileFilter(filter);
+    OPENFILENAMEA request = {};
+    request.lStructSize = sizeof request;
+    request.hwndOwner = owner;
+    request.hInstance = GetModuleHandleA(kModuleFileName);
+    request.lpstrFilter = parts.c_str();
+    request.nFilterIndex = 1;
+    request.lpstrFile = file;
+    request.nMaxFile = MAX_PATH;
+    request.lpstrInitialDir = initialFolder;
+    request.lpstrTitle = title;
+    request.lpstrDefExt = defaultExtension;
+    request.Flags = OFN_HIDEREADONLY | OFN_PATHMUSTEXIST | OFN_FILEMUSTEXIST | OFN_NOREADONLYRETURN;
+    return GetOpenFileNameA(&request);
 }

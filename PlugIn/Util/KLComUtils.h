@@ -18,6 +18,7 @@
 #include "gepnt3d.h"
 #include "gevec3d.h"
 
+#include "Util/KLComUtils_CreateParts.h"
 #include "Util/KlimComSrvHandle.h"
 
 class KLComUtils {
@@ -89,6 +90,40 @@ class KLComUtils {
     // Klimora part, else the identity.
     AcGeMatrix3d GetTransformationMatrix(AcDbObjectId entity);
 
+    // ---- Creating parts (KLComUtils_CreateParts.cpp) -------------------------------------------------------------
+    // Each gives the server's reply, the handle of the new part; an empty text on failure, which was reported.
+    std::string CreateManifold(const PartSystem& system, const PartPlacement& placement, const std::string& shape);
+    // `typeDefine`: GetTypeDefineByKPDClassName. The user code goes to the server unescaped.
+    std::string CreateValve(const PartProduct& product, const std::string& typeDefine, const PartPlacement& placement,
+                            const std::string& connectedPart);
+    std::string CreateDuctDevice(const PartProduct& product, const std::string& typeDefine,
+                                 const PartPlacement& placement, const std::string& connectedPart);
+    std::string CreateRadiator(const PartProduct& product, int systemId, const PartPlacement& placement,
+                               const RadiatorData& radiator, const RadiatorValve& valve);
+    std::string CreateAirTerminalDevice(const PartProduct& product, int systemId, const PartPlacement& placement,
+                                        const AirTerminalData& terminal);
+    std::string CreateConnectionStub(const ConnectionStub& stub);
+    // Each end is a part, or a point.
+    std::string CreatePipe(const std::string& firstPart, const std::string& secondPart, const PipeData& pipe);
+    std::string CreatePipe(const std::string& firstPart, const AcGePoint3d& secondEnd, const PipeData& pipe);
+    std::string CreatePipe(const AcGePoint3d& firstEnd, const std::string& secondPart, const PipeData& pipe);
+    std::string CreatePipe(const AcGePoint3d& firstEnd, const AcGePoint3d& secondEnd, const PipeData& pipe);
+    // Custom objects need server version 2005087. Geometry: a geometry model of `size` bytes, a KModel file or KModel
+    // data with parameters (may be empty), or a block of the drawing. 0, or -1 after the report.
+    int SetGeometryForCustomObject(const std::string& part, const void* data, int size);
+    int SetGeometryForCustomObject(const std::string& part, const std::string& kmodelFileName,
+                                   const std::string& params);
+    int SetGeometryForCustomObject(const std::string& part, const void* data, int size, const std::string& params);
+    int SetGeometryForCustomObject(const std::string& part, const std::string& blockName);
+    int SetLinetypesForCustomObject(const std::string& part, const std::string& layer);
+    // A part that was made keeps its handle when only its line types or geometry failed.
+    std::string CreateCustomObject(const PartPlacement& placement, const CustomObjectData& object);
+    std::string CreateCustomObject(const PartPlacement& placement, const CustomObjectData& object, const void* data,
+                                   int size);
+    // In the place of a block reference, with its block as geometry and on its layer (that of `object` when it has
+    // none). Empty, without a report, when that part is a custom object already. `flag` is accepted and has no effect.
+    std::string CreateCustomObject(const std::string& blockReference, const CustomObjectData& object, bool flag);
+
     // ---- Project -------------------------------------------------------------------------------------------------
     // True when the server is new enough and a project is open; otherwise the user was told on the command line and in
     // a message box.
@@ -114,6 +149,10 @@ class KLComUtils {
     int CountConnections(const std::string& part);
     // BinVariableSetData without exceptions.
     bool StoreInBinVariable(int variable, const void* data, int size);
+    // Creating parts.
+    std::string CreatePipeBetween(const std::string& firstEnd, const std::string& secondEnd, const PipeData& pipe);
+    void SetGeometryFromMemory(const std::string& part, const char* attribute, const void* data, int size);
+    bool IsCustomObject(const std::string& part);
 
     std::unique_ptr<KlimComSrvHandle> server_;
 };

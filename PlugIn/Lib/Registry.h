@@ -1,0 +1,101 @@
+// Values under one key of the Windows registry: a root, a path below it and the access rights with which the key is
+// opened. Nothing stays open between calls. Texts are narrow; a size counts bytes. Results are 0 or one of the codes
+// below; bad arguments and refused creations and deletions of keys are reported as errors as well. Readers with a
+// default write it into the output when the key or the value is not there or cannot be read; when the key cannot be
+// opened the output stays as it was. A null default is no default.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <string>
+
+inline constexpr int kRegistryDone = 0;
+inline constexpr int kRegistryBadArgument = -4002;
+inline constexpr int kRegistryRefused = -4003;  // a create, delete or write, or the query of a size or type
+inline constexpr int kRegistryNotOpened = -4004;
+inline constexpr int kRegistryNoKey = -4005;
+inline constexpr int kRegistryNoValue = -4006;  // or it could not be read
+
+class PRegistry {
+ public:
+    virtual ~PRegistry() = default;
+
+    // HKEY_CLASSES_ROOT, HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE or HKEY_USERS.
+    virtual int SetRootKey(HKEY rootKey) = 0;
+    virtual HKEY GetRootKey() const = 0;
+    virtual int SetAccessMask(uint32_t accessMask) = 0;
+    virtual uint32_t GetAccessMask() const = 0;
+    // The path becomes current when the key could be opened, or with `create` opened or created.
+    virtual int SetKeyPath(const char* keyPath, bool create) = 0;
+    virtual std::string GetKeyPath() const = 0;
+    virtual bool IsKeyPathValid() const = 0;
+
+    // Paths may be null for the current one; for KeyExists an empty path means it as well.
+    virtual bool KeyExists(const char* keyPath) const = 0;
+    virtual int CreateKey(const char* keyPath) = 0;
+    // A key without subkeys. With a null path the current path is empty afterwards.
+    virtual int DeleteKey(const char* keyPath) = 0;
+
+    virtual bool ValueExists(const char* valueName) const = 0;
+    virtual int DeleteValue(const char* valueName) = 0;
+    // The size or the type, or a code.
+    virtual int GetValueSize(const char* valueName) const = 0;
+    virtual int GetValueType(const char* valueName) const = 0;
+    virtual int SetDwordValue(const char* valueName, uint32_t value) = 0;
+    virtual int GetDwordValue(const char* valueName, uint32_t& value, uint32_t defaultValue) const = 0;
+    // Texts are stored without their terminator.
+    virtual int SetStringValue(const char* valueName, const std::string& value) = 0;
+    virtual int SetStringValue(const char* valueName, const char* value) = 0;
+    virtual int GetStringValue(const char* valueName, std::string& value, const char* defaultValue) const = 0;
+    // The text is terminated where the buffer has room; the stored type is not looked at.
+    virtual int GetStringValue(const char* valueName, char* value, int valueSize, const char* defaultValue) const = 0;
+    virtual int SetBinaryValue(const char* valueName, const void* value, int valueSize) = 0;
+    // `valueSize` must be the stored size, and is the default's.
+    virtual int GetBinaryValue(const char* valueName, void* value, int valueSize, const void* defaultValue) const = 0;
+
+    // Everything anew; the result is SetKeyPath's.
+    virtual int Open(HKEY rootKey, const char* keyPath, uint32_t accessMask, bool create) = 0;
+    // HKEY_CURRENT_USER, no path, the right to query values.
+    virtual void Reset() = 0;
+};
+
+class Registry : public PRegistry {
+ public:
+    Registry();
+    ~Registry() override;
+    Registry(const Registry&) = delete;
+    Registry& operator=(const Registry&) = delete;
+
+    int SetRootKey(HKEY rootKey) override;
+    HKEY GetRootKey() const override;
+    int SetAccessMask(uint32_t accessMask) override;
+    uint32_t GetAccessMask() const override;
+    int SetKeyPath(const char* keyPath, bool create) override;
+    std::string GetKeyPath() const override;
+    bool IsKeyPathValid() const override;
+    bool KeyExists(const char* keyPath) const override;
+    int CreateKey(const char* keyPath) override;
+    int DeleteKey(const char* keyPath) override;
+    bool ValueExists(const char* valueName) const override;
+    int DeleteValue(const char* valueName) override;
+    int GetValueSize(const char* valueName) const override;
+    int GetValueType(const char* valueName) const override;
+    int SetDwordValue(const char* valueName, uint32_t value) override;
+    int GetDwordValue(const char* valueName, uint32_t& value, uint32_t defaultValue) const override;
+    int SetStringValue(const char* valueName, const std::string& value) override;
+    int SetStringValue(const char* valueName, const char* value) override;
+    int GetStringValue(const char* valueName, std::string& value, const char* defaultValue) const override;
+    int GetStringValue(const char* valueName, char* value, int valueSize, const char* defaultValue) const override;
+    int SetBinaryValue(const char* valueName, const void* value, int valueSize) override;
+    int GetBinaryValue(const char* valueName, void* value, int valueSize, const void* defaultValue) const override;
+    int Open(HKEY rootKey, const char* keyPath, uint32_t accessMask, bool create) override;
+    void Reset() override;
+
+ private:
+    int Write(const char* valueName, uint32_t type, const void* data, size_t size);
+
+    HKEY rootKey_ = nullptr;
+    std::string keyPath_;
+    uint32_t accessMask_ = 0;
+};

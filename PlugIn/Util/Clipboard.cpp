@@ -1,0 +1,76 @@
+#include "Util/Clipboard.h"
+
+#include <cstring>
+#include <string_view>
+
+#include "Lib/Handles.h"
+#include "Util/ClipboardBlock.h"
+#include "Util/GlobalMemory.h"
+
+namespace {
+
+class OpenedClipboard {
+ public:
+    explicit OpenedClipboard(HWND owner) : open_(OpenClipboard(owner) != FALSE) {}
+    ~OpenedClipboard() {
+        if (open_) CloseClipboard();
+    }
+    OpenedClipboard(const OpenedClipboard&) = delete;
+    OpenedClipboard& operator=(const OpenedClipboard&) = delete;
+    explicit operator bool() const { return open_; }
+
+ private:
+    bool open_;
+};
+
+// 0 when it cannot be registered.
+UINT RegisteredFormat(const char* name) {
+    return name ? RegisterClipboardFormatA(name) : 0;
+}
+
+}  // namespace
+
+int gwclip_has_data(const char* format) {
+    const UINT number = RegisteredFormat(format);
+    return number != 0 && IsClipboardFormatAvailable(number) ? 1 : 0;
+}
+
+int gwclip_copy(HWND owner, const char* format, const char* text, const void* data, int32_t size, bool emptyFirst) {
+    const UINT number = RegisteredFormat(format);
+    if (!number) return -1;
+    const std::string_view given = text ? text : "";
+    HGLOBAL handle = nullptr;
+    void* block = gwGmallocH(static_cast<uint32_t>(ClipboardBlockSize(given, size)), &handle);
+    if (!block) return -2;
+    GlobalMemory owned(handle);
+    ComposeClipboardBlock(block, given, data, size);
+    GlobalUnlock(handle);
+
+    const OpenedClipboard clipboard(owner);
+    if (!clipboard) return -3;
+    if (emptyFirst && !EmptyClipboard()) return -3;
+    // From here on the clipboard owns the block.
+    if (SetClipboardData(number, handle)) owned.release();
+    return 0;
+}
+
+void* gwclip_paste(HWND owner, const char* format, char* text, int32_t textSize, int32_t* dataSize) {
+    const bool textWanted = text && textSize > 0;
+    if (textWanted) *text = '\0';
+    if (dataSize) *dataSize = 0;
+    const UINT number = RegisteredFormat(format);
+    if (!number || !IsClipboardFormatAvailable(number)) return nullptr;
+    const OpenedClipboard clipboard(owner);
+    if (!clipboard) return nullptr;
+    const HGLOBAL handle = GetClipboardData(number);
+    const GlobalLockGuard lock(handle);
+    if (!lock.data()) return nullptr;
+
+    const ClipboardBlockView view = ParseClipboardBlock(lock.data(), GlobalSize(handle));
+    if (textWanted) text[view.text.copy(text, static_cast<size_t>(textSize) - 1)] = '\0';
+    if (dataSize) *dataSize = view.dataSize;
+    if (view.dataSize < 1) return nullptr;
+    void* data = gwGmalloc(static_cast<uint32_t>(view.dataSize), 0);
+    if (data) std::memcpy(data, view.data, static_cast<size_t>(view.dataSize));
+    return data;
+}

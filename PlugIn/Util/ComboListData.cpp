@@ -1,0 +1,48 @@
+#include "Util/ComboListData.h"
+
+#include <cstdint>
+#include <cstring>
+
+#include "Lib/Diagnostics.h"
+#include "Util/GlobalMemory.h"
+
+namespace {
+
+constexpr int32_t kNewListTag = 10010;
+constexpr int32_t kGrowListTag = 10011;
+
+size_t CountItems(const ComboListItem* items) {
+    size_t count = 0;
+    while (items && items[count].value != NULLFLOAT)
+        ++count;
+    return count;
+}
+
+}  // namespace
+
+int InsertComboListDataItem(ComboListData* list, double value, const char* text) {
+    if (!list) {
+        ReportErrorAndBreak("Wrong parameter ComboListData == NULL", "PlugIn/Util/ComboListData", 84,
+                            "InsertComboListDataItem");
+        return -1;
+    }
+    const size_t count = CountItems(*list);
+    const uint32_t bytes = static_cast<uint32_t>((count + 2) * sizeof(ComboListItem));
+    void* const block = *list ? gwGrealloc(*list, bytes, kGrowListTag) : gwGmalloc(bytes, kNewListTag);
+    if (!block) return -1;
+    *list = static_cast<ComboListItem*>(block);
+
+    ComboListItem& item = (*list)[count];
+    item = {};
+    item.value = static_cast<float>(value);
+    std::strncpy(item.text, text && *text ? text : " ", sizeof item.text - 1);
+    (*list)[count + 1] = {};
+    (*list)[count + 1].value = NULLFLOAT;
+    return 0;
+}
+
+void FreeComboListData(ComboListData* list) {
+    if (!list) return;
+    gwGfree(*list);
+    *list = nullptr;
+}

@@ -1,0 +1,94 @@
+// What the operations that create Klimora parts are told, as values with names. Points and vectors are in world
+// coordinates; identifiers of systems and system types and the units of whole-numbered sizes are the server's own.
+// An empty text or an empty optional stands for "not given".
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "gepnt3d.h"
+#include "gevec3d.h"
+
+struct PartPlacement {
+    AcGePoint3d position;
+    AcGeVector3d direction;
+    AcGeVector3d normal;
+};
+
+struct PartSystem {
+    int id = 0;
+    int typeId = 0;
+};
+
+struct PartProduct {
+    std::string kpdClassName;
+    std::string userCode;
+    std::string familyKey;
+    std::string productKey;
+};
+
+struct RadiatorData {
+    int width = 0;
+    int height = 0;
+    double heatingPower = 0;  // W
+    int connectionSize = 0;
+    std::optional<int> filled;
+    int inletId = 0;
+    int outletId = 0;
+};
+
+// The valve of a radiator; there is none unless all three texts are given.
+struct RadiatorValve {
+    std::optional<int> draw;
+    std::string userCode;
+    std::string familyKey;
+    std::string productKey;
+};
+
+struct AirTerminalData {
+    std::string typeDefine;
+    double airFlow = 0;    // l/s
+    int grilleAngle = 0;   // only above 0
+    int collarLength = 0;  // only above 0
+};
+
+struct StubConnection {
+    PartPlacement placement;
+    double widthOrDiameter = 0;
+    double height = 0;  // below 1e-6 the connection is round
+};
+
+using SoundBands = std::array<double, 8>;  // dB, lowest band first
+
+struct ConnectionStub {
+    std::string kind;  // StubKinds.h
+    std::string parentPart;
+    PartSystem system;
+    std::string customPartType;
+    double flow = 0;               // l/s
+    double pressureDrop = 0;       // Pa
+    double curveFlow = 0;          // l/s
+    double curvePressureDrop = 0;  // Pa
+    double heatingPower = 0;       // W
+    std::optional<SoundBands> generation;
+    std::optional<SoundBands> attenuation;
+    std::vector<StubConnection> connections;
+};
+
+struct PipeData {
+    PartSystem system;
+    AcGeVector3d normal;
+    std::string series;
+    double diameter = 0;
+    double bendCoefficient = 0;  // 0: none
+    bool lockSize = false;
+};
+
+struct CustomObjectData {
+    int systemId = 0;
+    std::string customPartType;  // "Special" when empty
+    std::string productCode;     // also the class type, which is "Special" when this is empty
+    std::string layer;
+};

@@ -1,0 +1,191 @@
+// Custom objects: their geometry, their line types and their creation.
+#include <windows.h>
+
+#include "Util/KLComUtils.h"
+
+#include "acdb.h"
+#include "dbents.h"
+#include "dbmain.h"
+#include "dbsymtb.h"
+
+#include "Lib/ExceptionReport.h"
+#include "Lib/Text.h"
+#include "Util/ArxHandles.h"
+#include "Util/KLComUtils_CreatePartsCommands.h"
+
+namespace {
+
+constexpr char kSource[] = "PlugIn/Util/KLComUtils_CreateParts";
+constexpr char kSetGeometry[] = "KLComUtils::SetGeometryForCustomObject";
+constexpr char kCreateCustomObject[] = "KLComUtils::CreateCustomObject";
+constexpr char kNotCreated[] = "Can't create custom object";
+
+constexpr char kCustomDefine[] = "EWAPART_CUSTOM";
+constexpr char kKModelParams[] = "/Part/Geometry/Source[0]/KModel/Params";
+constexpr int kCustomObjectVersion = 2005087;
+constexpr int kGeometryVariable = 1;
+constexpr size_t kLayerLength = 128;
+
+void CheckVersion(int serverVersion) {
+    if (serverVersion < kCustomObjectVersion) throw "Klimora version is too old";
+}
+
+// What a block reference in the drawing tells about the custom object that is to stand in its place.
+struct BlockPlace {
+    std::string layer;
+    PartPlacement placement;
+    AcDbObjectId block;
+};
+
+BlockPlace ReadBlockReference(const std::string& handle) {
+    AcDbDatabase* database = WorkingDatabase();
+    if (!database) throw "Can't get working database.";
+    AcDbObjectId id;
+    const AcDbHandle number(Widen(handle).c_str());
+    if (database->getAcDbObjectId(id, false, number) != Acad::eOk) throw "Can't get block reference object id.";
+    OpenObject<AcDbObject> object;
+    if (object.Open(id, AcDb::kForRead) != Acad::eOk) throw "Can't open block reference object for reading.";
+    const AcDbBlockReference* reference = AcDbBlockReference::cast(object.get());
+    if (!reference) throw "Can't cast to block reference";
+
+    BlockPlace place;
+    const ArxString layer(reference->layer());
+    if (layer) place.layer = Narrow(layer.get()).substr(0, kLayerLength);
+    place.placement.normal = reference->normal();
+    place.placement.position = reference->position();
+    place.placement.direction = AcGeVector3d(1, 0, 0);
+    place.placement.direction.rotateBy(reference->rotation(), place.placement.normal);
+    place.block = reference->blockTableRecord();
+    return place;
+}
+
+std::string ReadBlockName(AcDbObjectId block) {
+    OpenObject<AcDbObject> object;
+    if (object.Open(block, AcDb::kForRead) != Acad::eOk) throw "Can't open block table for reading";
+    const AcDbBlockTableRecord* record = AcDbBlockTableRecord::cast(object.get());
+    if (!record) throw "Can't cast to block table record";
+    ArxString name;
+    if (record->getName(*name.put()) != Acad::eOk) throw "Can't get block name";
+    return Narrow(name.get());
+}
+
+}  // namespace
+
+void KLComUtils::SetGeometryFromMemory(const std::string& part, const char* attribute, const void* data, int size) {
+    struct VariableGuard {
+        KLComUtils& utils;
+        ~VariableGuard() { utils.BinVariableFree(kGeometryVariable); }
+    };
+    if (BinVariableSetData(kGeometryVariable, data, size) != 0) throw "";
+    const VariableGuard guard{*this};
+    SetPartAtt(part, attribute, kGeometryVariable, true);
+}
+
+int KLComUtils::SetGeometryForCustomObject(const std::string& part, const void* data, int size) {
+    try {
+        CheckVersion(ServerVersion());
+        SetGeometryFromMemory(part, "/Part/Geometry/Source[0]/gm_model/binvar", data, size);
+        return 0;
+    } catch (...) {
+        ReportException("Can't set gm_model geometry for custom object", kSource, 481, kSetGeometry);
+        return -1;
+    }
+}
+
+int KLComUtils::SetGeometryForCustomObject(const std::string& part, const std::string& kmodelFileName,
+                                           const std::string& params) {
+    try {
+        CheckVersion(ServerVersion());
+        SetPartAtt(part, "/Part/Geometry/Source[0]/KModel/Filename", kmodelFileName, true);
+        if (!params.empty()) SetPartAtt(part, kKModelParams, params, true);
+        return 0;
+    } catch (...) {
+        ReportException("Can't set kmodel file geometry for custom object", kSource, 511, kSetGeometry);
+        return -1;
+    }
+}
+
+int KLComUtils::SetGeometryForCustomObject(const std::string& part, const void* data, int size,
+                                           const std::string& params) {
+    try {
+        CheckVersion(ServerVersion());
+        SetGeometryFromMemory(part, "/Part/Geometry/Source[0]/KModel/binvar", data, size);
+        if (!params.empty()) SetPartAtt(part, kKModelParams, params, true);
+        return 0;
+    } catch (...) {
+        // The wording is the geometry model's, and stays.
+        ReportException("Can't set gm_model data for custom object", kSource, 553, kSetGeometry);
+        return -1;
+    }
+}
+
+int KLComUtils::SetGeometryForCustomObject(const std::string& part, const std::string& blockName) {
+    try {
+        CheckVersion(ServerVersion());
+        SetPartAtt(part, "/Part/Geometry/Source[0]/Block/Name", blockName, true);
+        return 0;
+    } catch (...) {
+        ReportException("Can't set block geometry for custom object", kSource, 577, kSetGeometry);
+        return -1;
+    }
+}
+
+int KLComUtils::SetLinetypesForCustomObject(const std::string& part, const std::string& layer) {
+    try {
+        CheckVersion(ServerVersion());
+        SetPartAtt(part, "/Part/Geometry/Linetypedef[0]", LinetypeDefinition(layer), true);
+        return 0;
+    } catch (...) {
+        ReportException("Can't set line type definitions to part", kSource, 617,
+                        "KLComUtils::SetLinetypesForCustomObject");
+        return -1;
+    }
+}
+
+std::string KLComUtils::CreateCustomObject(const PartPlacement& placement, const CustomObjectData& object) {
+    try {
+        CheckVersion(ServerVersion());
+        std::string part;
+        if (Server()->createPart(CustomObjectCommand(placement, object).c_str(), part) != 0) throw "";
+        // A part without its line types is a part all the same; their failure was reported.
+        SetLinetypesForCustomObject(part, object.layer);
+        return part;
+    } catch (...) {
+        ReportException(kNotCreated, kSource, 667, kCreateCustomObject);
+        return std::string();
+    }
+}
+
+std::string KLComUtils::CreateCustomObject(const PartPlacement& placement, const CustomObjectData& object,
+                                           const void* data, int size) {
+    try {
+        std::string part = CreateCustomObject(placement, object);
+        if (IsValidPartHandle(part)) SetGeometryForCustomObject(part, data, size);
+        return part;
+    } catch (...) {
+        ReportException(kNotCreated, kSource, 699, kCreateCustomObject);
+        return std::string();
+    }
+}
+
+bool KLComUtils::IsCustomObject(const std::string& part) {
+    const TraceSwitchGuard silent(*this, false, false, false);
+    return IsPartTypeDefine(part, kCustomDefine);
+}
+
+std::string KLComUtils::CreateCustomObject(const std::string& blockReference, const CustomObjectData& object,
+                                           bool /*flag*/) {
+    try {
+        CheckVersion(ServerVersion());
+        if (IsCustomObject(blockReference)) return std::string();
+        const BlockPlace place = ReadBlockReference(blockReference);
+        CustomObjectData onLayer = object;
+        if (!place.layer.empty()) onLayer.layer = place.layer;
+        std::string part = CreateCustomObject(place.placement, onLayer);
+        if (IsValidPartHandle(part)) SetGeometryForCustomObject(part, ReadBlockName(place.block));
+        return part;
+    } catch (...) {
+        ReportException(kNotCreated, kSource, 774, kCreateCustomObject);
+        return std::string();
+    }
+}

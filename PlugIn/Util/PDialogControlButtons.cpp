@@ -1,0 +1,77 @@
+#include "Util/PDialogControlButtons.h"
+
+PDialogControlButton::PDialogControlButton(HWND window, ControlState state, const std::string& tooltip,
+                                           const std::string& textOrImage)
+    : PDialogControl(window, state, tooltip), textOrImage_(textOrImage) {}
+
+int PDialogControlButton::ToDialog() {
+    PDialogControl::ToDialog();
+    if (!LoadImageOfStyle()) SendText(textOrImage_.c_str());
+    return 0;
+}
+
+// Null when the style asks for no image or it could not be loaded.
+HANDLE PDialogControlButton::LoadImageOfStyle() {
+    constexpr LONG_PTR kImageBits = BS_BITMAP | BS_ICON;
+    LONG_PTR bits = GetWindowLongPtrA(window(), GWL_EXSTYLE) & kImageBits;
+    if (!bits) bits = GetWindowLongPtrA(window(), GWL_STYLE) & kImageBits;
+    if (!bits) return nullptr;
+    const UINT type = bits & BS_BITMAP ? IMAGE_BITMAP : IMAGE_ICON;
+    const HANDLE image = image_.Load(textOrImage_, type);
+    Send(BM_SETIMAGE, type, reinterpret_cast<LPARAM>(image));
+    return image;
+}
+
+int PDialogControlButton::FromDialog() {
+    return 0;
+}
+
+PDialogControlCheckBox::PDialogControlCheckBox(HWND window, ControlState state, const std::string& tooltip,
+                                               const std::string& textOrImage, bool* flag)
+    : PDialogControlButton(window, state, tooltip, textOrImage), flag_(flag) {}
+
+int PDialogControlCheckBox::ToDialog() {
+    PDialogControlButton::ToDialog();
+    if (!flag_) return -1;
+    Send(BM_SETCHECK, *flag_ ? BST_CHECKED : BST_UNCHECKED, 0);
+    return 0;
+}
+
+int PDialogControlCheckBox::FromDialog() {
+    if (!flag_) return -1;
+    *flag_ = Send(BM_GETCHECK, 0, 0) == BST_CHECKED;
+    return 0;
+}
+
+PDialogControlRadioButton::PDialogControlRadioButton(HWND window, ControlState state, const std::string& tooltip,
+                                                     const std::string& textOrImage, float* variable, float ownValue)
+    : PDialogControlButton(window, state, tooltip, textOrImage), variable_(variable), ownValue_(ownValue) {}
+
+int PDialogControlRadioButton::ToDialog() {
+    PDialogControlButton::ToDialog();
+    Send(BM_SETCHECK, variable_ && *variable_ == ownValue_ ? BST_CHECKED : BST_UNCHECKED, 0);
+    return 0;
+}
+
+int PDialogControlRadioButton::FromDialog() {
+    if (Send(BM_GETCHECK, 0, 0) == BST_CHECKED && variable_) *variable_ = ownValue_;
+    return 0;
+}
+
+PDialogControlStaticImage::PDialogControlStaticImage(HWND window, ControlState state, const std::string& tooltip,
+                                                     const std::string& image)
+    : PDialogControl(window, state, tooltip), name_(image) {}
+
+int PDialogControlStaticImage::ToDialog() {
+    PDialogControl::ToDialog();
+    // The extended style, not the style where these bits are at home: dialogs mark their pictures there.
+    const LONG_PTR bits = GetWindowLongPtrA(window(), GWL_EXSTYLE);
+    if (!(bits & (SS_BITMAP | SS_ICON))) return 0;
+    const HANDLE image = image_.Load(name_, bits & SS_ICON ? IMAGE_ICON : IMAGE_BITMAP);
+    Send(STM_SETIMAGE, bits & 0x01 ? IMAGE_ICON : IMAGE_BITMAP, reinterpret_cast<LPARAM>(image));
+    return 0;
+}
+
+int PDialogControlStaticImage::FromDialog() {
+    return 0;
+}

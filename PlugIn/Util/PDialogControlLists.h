@@ -1,0 +1,31 @@
+// Binders of combo boxes and list boxes to a value chosen from a list. ToDialog fills the control and consumes the
+// list: the array is freed and its handle emptied, and without a list the result is -1. FromDialog gives the variable
+// the value of the selected item, or leaves it alone when none is selected.
+#pragma once
+
+#include "Util/ComboListData.h"
+#include "Util/PDialogControl.h"
+
+class PDialogControlComboBox : public PDialogControl {
+ public:
+    PDialogControlComboBox(HWND window, ControlState state, const std::string& tooltip, ComboListData* list,
+                           float* selected);
+    int ToDialog() override;
+    int FromDialog() override;
+
+ private:
+    ComboListData* list_;
+    float* selected_;
+};
+
+class PDialogControlListBox : public PDialogControl {
+ public:
+    PDialogControlListBox(HWND window, ControlState state, const std::string& tooltip, ComboListData* list,
+                          float* selected);
+    int ToDialog() override;
+    int FromDialog() override;
+
+ private:
+    ComboListData* list_;
+    float* selected_;
+};

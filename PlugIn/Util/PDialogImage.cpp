@@ -1,0 +1,16 @@
+#include "Util/PDialogImage.h"
+
+#include "ModuleNames.h"
+
+HANDLE PDialogImage::Load(const std::string& name, UINT type) {
+    bitmap_.reset();
+    icon_.reset();
+    const bool isFile = GetFileAttributesA(name.c_str()) != INVALID_FILE_ATTRIBUTES;
+    const HANDLE image = LoadImageA(isFile ? nullptr : GetModuleHandleA(kModuleFileName), name.c_str(), type, 0, 0,
+                                    LR_LOADMAP3DCOLORS | (isFile ? LR_LOADFROMFILE : 0u));
+    if (type == IMAGE_ICON)
+        icon_.reset(static_cast<HICON>(image));
+    else
+        bitmap_.reset(static_cast<HBITMAP>(image));
+    return image;
+}

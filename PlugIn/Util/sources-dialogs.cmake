@@ -1,0 +1,17 @@
+set(SORVIK_DIALOG_SOURCES
+  Util/Clipboard.cpp
+  Util/ClipboardBlock.cpp
+  Util/ComboListData.cpp
+  Util/DlgFunc.cpp
+  Util/DlgFunc_Text.cpp
+  Util/DlgFunc_Version.cpp
+  Util/DrawModel.cpp
+  Util/GlobalMemory.cpp
+  Util/NullMarkers.cpp
+  Util/PDialog.cpp
+  Util/PDialogControl.cpp
+  Util/PDialogControlButtons.cpp
+  Util/PDialogControlLists.cpp
+  Util/PDialogControlTexts.cpp
+  Util/PDialogImage.cpp
+  Util/TextConverter.cpp)

@@ -1,0 +1,81 @@
+#include "Lib/Base64.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+
+namespace {
+
+std::string Encode(const std::string& data) {
+    std::string output((data.size() + 2) / 3 * 4 + 1, '#');
+    const int length = Base64Encode(output.data(), reinterpret_cast<const uint8_t*>(data.data()), data.size());
+    EXPECT_EQ(static_cast<size_t>(length), output.size() - 1);
+    EXPECT_EQ(output.back(), '#');
+    output.pop_back();
+    return output;
+}
+
+std::string Decode(const std::string& text) {
+    std::string output((text.size() + 3) / 4 * 3 + 1, '#');
+    const int length = Base64Decode(reinterpret_cast<uint8_t*>(output.data()), text.c_str());
+    EXPECT_EQ(output.back(), '#');
+    return output.substr(0, static_cast<size_t>(length));
+}
+
+}  // namespace
+
+TEST(Base64, PublishedVectorsBothWays) {
+    const char* const cases[][2] = {{"", ""},
+                                    {"f", "Zg=="},
+                                    {"fo", "Zm8="},
+                                    {"foo", "Zm9v"},
+                                    {"foob", "Zm9vYg=="},
+                                    {"fooba", "Zm9vYmE="},
+                                    {"foobar", "Zm9vYmFy"},
+                                    {"Ma", "TWE="},
+                                    {"\xFB\xFF\xBF", "+/+/"}};
+    for (const auto& one : cases) {
+        EXPECT_EQ(Encode(one[0]), one[1]);
+        EXPECT_EQ(Decode(one[1]), one[0]);
+    }
+}
+
+TEST(Base64, AllBytesSurvive) {
+    std::string bytes;
+    for (int i = 0; i < 256; ++i)
+        bytes += static_cast<char>(i);
+    EXPECT_EQ(Decode(Encode(bytes)), bytes);
+}
+
+TEST(Base64, BadInput) {
+    const struct {
+        const char* text;
+        std::string bytes;
+    } cases[] = {
+        {"=WE=TWE=", "Ma"},   // a group that begins with a pad gives nothing
+        {"T W=TWE=", "Ma"},   // first byte needs both characters
+        {"TW-=TWE=", "MMa"},  // bytes before the stranger stay
+        {"TWE-Zm9v", "Mafoo"},
+        {"TQ==Zm9v", "Mfoo"},  // a pad is no end
+        // The terminator counts as index 64 and is never passed.
+        {"T", std::string("\x4C", 1)},
+        {"TQ", std::string("M\x10", 2)},
+        {"TWE", std::string("Ma\x40", 3)},
+        {"Zm9v=", "foo"},
+        {"Zm9v-", "foo"},
+    };
+    for (const auto& one : cases) {
+        // Something that would decode stands behind the terminator.
+        EXPECT_EQ(Decode(std::string(one.text) + '\0' + "TWFu"), one.bytes) << one.text;
+    }
+}
+
+TEST(Base64, OrphanedBitsAreWarnedOf) {
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(Decode("T===Zm9v"), "foo");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Warning: orphaned bits ignored.\n");
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(Decode("===="), "");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}

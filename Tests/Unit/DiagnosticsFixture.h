@@ -1,0 +1,59 @@
+// Vocabulary of the diagnostics tests: the log starts absent, settings are put back, and the log's lines are read
+// without its stamps. The log lies beside this program's executable.
+#pragma once
+
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <string>
+
+#include "Lib/DebugLog.h"
+#include "Lib/Diagnostics.h"
+#include "TestFiles.h"
+
+class DiagnosticsTest : public testing::Test {
+ protected:
+    DiagnosticsTest() : saved_(*g_diagSettings) { RemoveLogs(); }
+    ~DiagnosticsTest() override {
+        RemoveLogs();
+        *g_diagSettings = saved_;
+    }
+
+    static std::string LogPath() {
+        char path[MAX_PATH] = "";
+        GetModuleFileNameA(nullptr, path, MAX_PATH);
+        const std::string executable = path;
+        return executable.substr(0, executable.rfind('\\')) + "\\pdbg_log.txt";
+    }
+    static std::string FallbackLogPath() {
+        char path[MAX_PATH] = "";
+        GetTempPathA(MAX_PATH, path);
+        return std::string(path) + "\\pdbg_log.txt";
+    }
+    // Closes the log first. What follows the start stamp and precedes the stop stamp, with "\n" line ends.
+    static std::string ClosedLog(const std::string& path) {
+        CloseDebugLog();
+        std::string text = Raw(path);
+        if (text.empty()) return text;
+        text.erase(0, text.find('\n') + 1);
+        return text.substr(0, text.rfind("Stop log "));
+    }
+    static std::string LogLines() { return ClosedLog(LogPath()); }
+    static std::string Raw(const std::string& path) {
+        std::string text = ReadWholeFile(path);
+        for (size_t at; (at = text.find("\r\n")) != std::string::npos;)
+            text.erase(at, 1);
+        return text;
+    }
+
+ private:
+    static void RemoveLogs() {
+        CloseDebugLog();
+        std::remove(LogPath().c_str());
+        std::remove(FallbackLogPath().c_str());
+    }
+
+    const DiagSettings saved_;
+};

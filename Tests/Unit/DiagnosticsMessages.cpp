@@ -1,0 +1,86 @@
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+#include "Lib/ErrorText.h"
+#include "Lib/FormatText.h"
+#include "Lib/WindowMessageNames.h"
+#include "Lib/WindowMessageText.h"
+
+TEST(DiagnosticsMessages, ParametersAreReadPerMessage) {
+    const struct {
+        UINT message;
+        WPARAM wParam;
+        LPARAM lParam;
+        const char* text;
+    } cases[] = {
+        {0x0020, 0x00010203, 0x02000001, "WM_SETCURSOR(hwndCursor, areacode=66051, #msgs=1)"},
+        {0x0006, 0, 0x00010002, "WM_ACTIVATE(WA_INACTIVE, fMinimized=1, hwnd=2)"},
+        {0x0006, 1, 0, "WM_ACTIVATE(WA_ACTIVE, fMinimized=0, hwnd=0)"},
+        {0x0006, 2, 0, "WM_ACTIVATE(WA_CLICKACTIVE, fMinimized=0, hwnd=0)"},
+        {0x0006, 5, 0, "WM_ACTIVATE(?, fMinimized=0, hwnd=0)"},
+        {0x0007, 4000000000u, 0, "WM_SETFOCUS(hwnd=4000000000)"},
+        {0x0008, 0, 0x12AB, "WM_KILLFOCUS(hwndGetsFocus=00000000000012AB)"},
+        {0x0084, 0, 0xFFFF0003, "WM_NCHITTEST(xPos=3, yPos=65535)"},
+        {0x0102, 65, 0x001E0002, "WM_CHAR(nVkey=65, repeat=2, scan=1E, ext=0, alt=0, prevstate=Up, trans=Pressed)"},
+        {0x0102, 65, static_cast<LPARAM>(0xE1050001u),
+         "WM_CHAR(nVkey=65, repeat=1, scan=05, ext=16777216, alt=536870912, prevstate=Down, trans=Released)"},
+        {0x0111, 0x00050007, 0x00090008, "WM_COMMAND(idItem=327687, hwndCtl=8, wNotify=9)"},
+        {0x0002, 1, 1, "WM_DESTROY()"},
+        {0x0010, 1, 1, "WM_CLOSE()"},
+        {0x0082, 1, 1, "WM_NCDESTROY()"},
+        {0x0100, 0x1B, 0x10001, "WM_KEYFIRST(W=001B, L=00010001)"},
+        {0x020A, 0, 0, "WM_MOUSEWHEEL(W=0000, L=00000000)"},
+        {0x0209, 0, 0, "WM_MBUTTONDBLCLK(W=0000, L=00000000)"},
+        {0x0401, 0x12345, 0x1FFFFFFFF, "0x0401(W=12345, L=FFFFFFFF)"},
+        {0xC123, 0, -1, "0xC123(W=0000, L=FFFFFFFF)"},
+    };
+    for (const auto& one : cases)
+        EXPECT_EQ(DescribeWindowMessage(one.message, one.wParam, one.lParam), one.text);
+}
+
+TEST(DiagnosticsMessages, NameTableIsComplete) {
+    size_t rows = 0;
+    std::set<uint32_t> numbers;
+    for (const WindowMessageName* row = kWindowMessageNames; row->name; ++row, ++rows)
+        numbers.insert(row->message);
+    EXPECT_EQ(rows, 208u);
+    // WM_KEYDOWN, WM_IME_KEYLAST, WM_MOUSEMOVE and both WM_MOUSELAST repeat a number.
+    EXPECT_EQ(numbers.size(), 203u);
+    EXPECT_STREQ(kWindowMessageNames[0].name, "WM_NULL");
+    EXPECT_STREQ(kWindowMessageNames[207].name, "WM_USER");
+}
+
+TEST(DiagnosticsMessages, ErrorTextPutsTheNumberLast) {
+    const std::string number = "WinAPI last error = 2 ";
+    const std::string text = ErrorText(ERROR_FILE_NOT_FOUND);
+    ASSERT_GT(text.size(), number.size());
+    EXPECT_EQ(text.substr(text.size() - number.size()), number);
+    EXPECT_EQ(text.find_first_of("\r\n"), std::string::npos);
+    SetLastError(ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(LastErrorText(), text);
+    EXPECT_EQ(ErrorText(0xE0001234), "WinAPI last error = -536866252 ");
+}
+
+TEST(DiagnosticsMessages, FormatStringCutsAtItsLimit) {
+    for (const size_t length : {0u, 255u, 256u, 511u, 512u, 8191u, 8192u}) {
+        const std::string text(length, 'x');
+        EXPECT_EQ(FormatString("%s", text.c_str()), text);
+    }
+    EXPECT_EQ(FormatString("%s%s", std::string(8190, 'x').c_str(), "abc"), std::string(8190, 'x') + "ab");
+    EXPECT_EQ(FormatString(nullptr), "");
+    EXPECT_EQ(FormatString("%d-%5.2f-%c", 7, 1.5, 'z'), "7- 1.50-z");
+}
+
+TEST(DiagnosticsMessages, TextAsItsOwnFormat) {
+    const struct {
+        const char* text;
+        const char* result;
+    } cases[] = {{"", ""},           {nullptr, ""},  {"plain", "plain"}, {"50%%", "50%"}, {"50%", "50%"},
+                 {"%s %n", "%s %n"}, {"%%%%", "%%"}, {"%%%d", "%%d"},    {"% %", "% %"}};
+    for (const auto& one : cases)
+        EXPECT_EQ(FormatOwnText(one.text), one.result);
+}

@@ -1,0 +1,68 @@
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "ImportPatch.h"
+#include "TestFiles.h"
+#include "Util/FileTree.h"
+
+namespace {
+
+// Ends every search with an error that is not "no more files".
+BOOL WINAPI BrokenSearch(HANDLE, WIN32_FIND_DATAA*) {
+    SetLastError(ERROR_ACCESS_DENIED);
+    return FALSE;
+}
+
+void MakeFolder(const std::string& path) {
+    ASSERT_TRUE(CreateDirectoryA(path.c_str(), nullptr)) << path;
+}
+
+}  // namespace
+
+TEST(DownloadFileTree, FolderGoesWithEverythingInIt) {
+    const TestFolder base;
+    const std::string top = base.file("work");
+    MakeFolder(top);
+    MakeFolder(top + "\\empty");
+    MakeFolder(top + "\\deep");
+    MakeFolder(top + "\\deep\\deeper");
+    for (const char* name : {"\\output.xml", "\\deep\\.hidden", "\\deep\\deeper\\read only.kpd"}) {
+        WriteWholeFile(top + name, "content");
+    }
+    SetFileAttributesA((top + "\\deep\\deeper\\read only.kpd").c_str(), FILE_ATTRIBUTE_READONLY);
+    WriteWholeFile(base.file("neighbour"), "stays");
+    EXPECT_NE(DeleteDirectoryTree(top.c_str()), 0);
+    EXPECT_FALSE(Exists(top));
+    EXPECT_TRUE(Exists(base.file("neighbour")));
+}
+
+TEST(DownloadFileTree, WhatCannotBeDeletedKeepsItsFoldersOnly) {
+    const TestFolder base;
+    const std::string top = base.file("work");
+    MakeFolder(top);
+    MakeFolder(top + "\\held");
+    WriteWholeFile(top + "\\held\\file", "x");
+    WriteWholeFile(top + "\\other", "x");
+    const HANDLE held =
+        CreateFileA((top + "\\held\\file").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(held, INVALID_HANDLE_VALUE);
+    EXPECT_EQ(DeleteDirectoryTree(top.c_str()), 0);
+    EXPECT_FALSE(Exists(top + "\\other"));
+    EXPECT_TRUE(Exists(top + "\\held\\file"));
+    CloseHandle(held);
+    EXPECT_NE(DeleteDirectoryTree(top.c_str()), 0);
+}
+
+TEST(DownloadFileTree, NothingIsRemovedWithoutACompleteSearch) {
+    const TestFolder base;
+    EXPECT_EQ(DeleteDirectoryTree(nullptr), 0);
+    EXPECT_EQ(DeleteDirectoryTree(""), 0);
+    EXPECT_EQ(DeleteDirectoryTree(base.file("none").c_str()), 0);
+    EXPECT_EQ(DeleteDirectoryTree((base.path() + "\\" + std::string(300, 'x')).c_str()), 0);
+    const ImportPatch patch("FindNextFileA", BrokenSearch);
+    EXPECT_EQ(DeleteDirectoryTree(base.path().c_str()), 0);
+    EXPECT_TRUE(Exists(base.path()));
+}

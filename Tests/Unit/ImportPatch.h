@@ -1,0 +1,64 @@
+// Puts another function in the place of one that this program imports, for the length of a scope: single calls of
+// Windows or the C runtime can be made to fail, or their arguments be looked at. Every module from which the program
+// imports that name is covered; other modules of the process are not.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <cstring>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+class ImportPatch {
+ public:
+    template <class Function>
+    ImportPatch(const char* name, Function* replacement) {
+        char* const base = reinterpret_cast<char*>(GetModuleHandleW(nullptr));
+        const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
+        const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
+        const auto& directory = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
+        const auto* module = reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress);
+        for (; module->Name; ++module) {
+            const auto* names = reinterpret_cast<const IMAGE_THUNK_DATA*>(base + module->OriginalFirstThunk);
+            auto* slots = reinterpret_cast<IMAGE_THUNK_DATA*>(base + module->FirstThunk);
+            for (size_t i = 0; names[i].u1.AddressOfData; ++i) {
+                if (IMAGE_SNAP_BY_ORDINAL(names[i].u1.Ordinal)) continue;
+                const auto* import = reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(base + names[i].u1.AddressOfData);
+                if (std::strcmp(reinterpret_cast<const char*>(import->Name), name) != 0) continue;
+                slots_.push_back({&slots[i].u1.Function, slots[i].u1.Function});
+            }
+        }
+        // A patch that patches nothing would let a test pass for the wrong reason.
+        if (slots_.empty()) throw std::logic_error(std::string(name) + " is not imported by this program");
+        for (const Slot& slot : slots_)
+            Write(slot.place, reinterpret_cast<ULONGLONG>(replacement));
+    }
+    ~ImportPatch() {
+        for (const Slot& slot : slots_)
+            Write(slot.place, slot.original);
+    }
+    ImportPatch(const ImportPatch&) = delete;
+    ImportPatch& operator=(const ImportPatch&) = delete;
+
+    template <class Function>
+    Function* original() const {
+        return reinterpret_cast<Function*>(slots_.front().original);
+    }
+
+ private:
+    struct Slot {
+        ULONGLONG* place;
+        ULONGLONG original;
+    };
+
+    static void Write(ULONGLONG* place, ULONGLONG value) {
+        DWORD protection = 0;
+        VirtualProtect(place, sizeof *place, PAGE_READWRITE, &protection);
+        *place = value;
+        VirtualProtect(place, sizeof *place, protection, &protection);
+    }
+
+    std::vector<Slot> slots_;
+};

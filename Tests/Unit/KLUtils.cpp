@@ -1,0 +1,274 @@
+#include "DrawingFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <dbents.h>
+#include <dbsymtb.h>
+#include <gemat3d.h>
+
+#include <cmath>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "Util/ArxHandles.h"
+#include "Util/KLUtils.h"
+
+namespace {
+
+constexpr double kPi = 3.14159265358979323846;
+
+std::string AddSilencer(const std::vector<std::pair<std::string, std::string>>& attributes) {
+    return bench::AddBlockReference({"", "SILENCER", "0", {10, 20, 30}, 0, {0, 0, 1}, attributes});
+}
+
+std::vector<std::string> AttributeTexts(const AcDbBlockReference* reference) {
+    std::vector<std::string> texts;
+    const std::unique_ptr<AcDbObjectIterator> attributes(reference->attributeIterator());
+    for (; !attributes->done(); attributes->step()) {
+        OpenObject<AcDbAttribute> attribute;
+        EXPECT_EQ(attribute.Open(attributes->objectId(), AcDb::kForRead), Acad::eOk);
+        texts.push_back(Narrow(attribute->textStringConst()));
+    }
+    return texts;
+}
+
+void ExpectPoint(double x, double y, double z, const double* point) {
+    EXPECT_NEAR(point[0], x, 1e-9);
+    EXPECT_NEAR(point[1], y, 1e-9);
+    EXPECT_NEAR(point[2], z, 1e-9);
+}
+
+class KLUtilsTest : public DrawingTest {
+ protected:
+    // Origin (100, 50, 0), turned by 90 degrees about z.
+    static void TurnUcs() {
+        const double origin[] = {100, 50, 0}, xAxis[] = {0, 1, 0}, yAxis[] = {-1, 0, 0};
+        bench::SetUcs(origin, xAxis, yAxis);
+    }
+};
+
+}  // namespace
+
+TEST_F(KLUtilsTest, UcsMatrixLeadsFromUserToWorld) {
+    TurnUcs();
+    AcGeMatrix3d matrix;
+    EXPECT_TRUE(KLUtils::GetUcsMatrix(matrix));
+    const double expected[4][4] = {{0, -1, 0, 100}, {1, 0, 0, 50}, {0, 0, 1, 0}, {0, 0, 0, 1}};
+    for (int i = 0; i < 16; ++i)
+        EXPECT_NEAR(matrix.entry[i / 4][i % 4], expected[i / 4][i % 4], 1e-12) << i;
+    const AcGeVector3d xDirection = KLUtils::GetUcsXDir();
+    ExpectPoint(0, 1, 0, &xDirection.x);
+}
+
+TEST_F(KLUtilsTest, UcsMatrixIsIdentityWhenAVariableCannotBeRead) {
+    TurnUcs();
+    for (int call = 1; call <= 3; ++call) {
+        bench::ClearFailures();
+        bench::FailCall("acedGetVar", call);
+        AcGeMatrix3d matrix = AcGeMatrix3d::translation(AcGeVector3d(7, 7, 7));
+        EXPECT_FALSE(KLUtils::GetUcsMatrix(matrix)) << call;
+        for (int i = 0; i < 16; ++i)
+            EXPECT_EQ(matrix.entry[i / 4][i % 4], i % 5 == 0 ? 1 : 0) << call;
+    }
+}
+
+TEST_F(KLUtilsTest, PointsAndVectorsConvertBothWays) {
+    TurnUcs();
+    AcGePoint3d point;
+    EXPECT_TRUE(KLUtils::WcsToUcsPoint(AcGePoint3d(100, 60, 5), point));
+    ExpectPoint(10, 0, 5, &point.x);
+    EXPECT_TRUE(KLUtils::UcsToWcsPoint(AcGePoint3d(10, 0, 5), point));
+    ExpectPoint(100, 60, 5, &point.x);
+    AcGeVector3d vector;
+    EXPECT_TRUE(KLUtils::WcsToUcsVector(AcGeVector3d(0, 2, 3), vector));
+    ExpectPoint(2, 0, 3, &vector.x);
+    EXPECT_TRUE(KLUtils::UcsToWcsVector(AcGeVector3d(2, 0, 3), vector));
+    ExpectPoint(0, 2, 3, &vector.x);
+    bench::FailCall("acedTrans", 5);
+    EXPECT_FALSE(KLUtils::UcsToWcsPoint(AcGePoint3d(1, 1, 1), point));
+}
+
+TEST_F(KLUtilsTest, PickGivesTheFirstEntityAndFreesTheSet) {
+    const std::string duct = AddDuct();
+    AcDbObjectId id;
+    bench::QueueAnswer({bench::Answer::kPick, duct});
+    EXPECT_TRUE(KLUtils::PickEntity(L"\nSorvik: Select a duct:", id));
+    EXPECT_EQ(id, IdOf(duct));
+    EXPECT_NE(bench::Transcript().find("Sorvik: Select a duct:"), std::string::npos);
+    for (const auto kind : {bench::Answer::kMiss, bench::Answer::kEnter, bench::Answer::kEscape}) {
+        bench::QueueAnswer({kind, ""});
+        EXPECT_FALSE(KLUtils::PickEntity(L"\nSorvik: Select a duct:", id)) << kind;
+    }
+    for (const char* call : {"acedSSGet", "acedSSName", "acdbGetObjectId"}) {
+        bench::ResetBench();
+        bench::ClearAnswers();
+        bench::QueueAnswer({bench::Answer::kPick, duct});
+        bench::FailCall(call, 1);
+        EXPECT_FALSE(KLUtils::PickEntity(L"\nPick:", id)) << call;
+        EXPECT_EQ(bench::BenchBalance(), std::vector<std::string>()) << call;
+    }
+    bench::ClearAnswers();
+}
+
+TEST_F(KLUtilsTest, EveryAttributeOfTheTagIsUpdated) {
+    const std::string longTag(32, 'L');
+    const std::string handle =
+        AddSilencer({{"CODE", "old"}, {"code", "keep"}, {"CODE", "older"}, {"CODEX", "keep"}, {longTag + "A", "old"}});
+    OpenObject<AcDbBlockReference> reference;
+    ASSERT_EQ(reference.Open(IdOf(handle), AcDb::kForWrite), Acad::eOk);
+    EXPECT_EQ(KLUtils::UpdateAttribute(reference.get(), "CODE", "SORV1"), 0);
+    EXPECT_EQ(KLUtils::UpdateAttribute(reference.get(), (longTag + "B").c_str(), "32"), 0);
+    EXPECT_EQ(AttributeTexts(reference.get()), (std::vector<std::string>{"SORV1", "keep", "SORV1", "keep", "32"}));
+    EXPECT_EQ(Calls("AcDbEntity::recordGraphicsModified").size(), 3u);
+    EXPECT_EQ(KLUtils::UpdateAttribute(nullptr, "CODE", "x"), -1);
+}
+
+TEST_F(KLUtilsTest, FailedAttributeIsReported) {
+    OpenObject<AcDbBlockReference> reference;
+    ASSERT_EQ(reference.Open(IdOf(AddSilencer({{"CODE", "old"}})), AcDb::kForWrite), Acad::eOk);
+    bench::ResetBench();
+    bench::Owe("open object", "the reference, which this test holds");
+    bench::FailCall("acdbOpenObject", 1);
+    EXPECT_EQ(KLUtils::UpdateAttribute(reference.get(), "CODE", "new"), -1);
+    EXPECT_NE(bench::Transcript().find("\nSorvik Klimora Cloud Plugin: Failed to update attribute. "
+                                       "PlugIn/Util/KLUtils(282):KLUtils::UpdateAttribute "),
+              std::string::npos)
+        << bench::Transcript();
+    bench::ClearBalance();
+    reference.release()->close();
+    bench::ResetBench();
+}
+
+TEST_F(KLUtilsTest, MovingTransformsOrThrows) {
+    const std::string handle = AddSilencer({});
+    KLUtils::MoveEntity(IdOf(handle), AcGeVector3d(1, -2, 0.5));
+    OpenObject<AcDbBlockReference> reference;
+    ASSERT_EQ(reference.Open(IdOf(handle), AcDb::kForRead), Acad::eOk);
+    const AcGePoint3d position = reference->position();
+    ExpectPoint(11, 18, 30.5, &position.x);
+    reference.reset();
+
+    bench::AddEntity({"2F0", "EwaDuct", "LOCKED"});
+    bench::LockLayer("LOCKED", true);
+    try {
+        KLUtils::MoveEntity(IdOf("2F0"), AcGeVector3d(1, 0, 0));
+        ADD_FAILURE() << "an entity on a locked layer was moved";
+    } catch (const std::exception& error) {
+        EXPECT_STREQ(error.what(), "failed to move entity because entity could not be opened for write");
+    }
+}
+
+TEST_F(KLUtilsTest, EntitiesAreAppendedToModelSpace) {
+    const std::string before = AddSilencer({});
+    const size_t count = bench::Entities().size();
+    AcDbObjectId block;
+    {
+        OpenObject<AcDbBlockReference> reference;
+        ASSERT_EQ(reference.Open(IdOf(before), AcDb::kForRead), Acad::eOk);
+        block = reference->blockTableRecord();
+    }
+    AcDbObjectId id;
+    OpenObject<AcDbBlockReference> added(new AcDbBlockReference(AcGePoint3d(1, 2, 3), block));
+    ASSERT_EQ(KLUtils::AppendToModelSpace(added.get(), id), Acad::eOk);
+    EXPECT_FALSE(id.isNull());
+    added.reset();
+    EXPECT_EQ(bench::Entities().size(), count + 1);
+
+    bench::CloseDrawing();
+    EXPECT_EQ(KLUtils::AppendToModelSpace(nullptr, id), Acad::eNoDatabase);
+    EXPECT_FALSE(KLUtils::IsTileModeOn());
+    const AcGeVector3d xDirection = KLUtils::GetUcsXDir();
+    ExpectPoint(1, 0, 0, &xDirection.x);
+}
+
+TEST_F(KLUtilsTest, SystemVariables) {
+    EXPECT_TRUE(KLUtils::CmdEchoOff());
+    EXPECT_EQ(bench::SystemVariable("CMDECHO"), "0");
+    EXPECT_TRUE(KLUtils::CmdEchoOn());
+    EXPECT_EQ(bench::SystemVariable("CMDECHO"), "1");
+    {
+        const SystemVariableGuard quiet(L"CMDECHO", 0);
+        EXPECT_EQ(bench::SystemVariable("CMDECHO"), "0");
+    }
+    EXPECT_EQ(bench::SystemVariable("CMDECHO"), "1");
+
+    short value = 77;
+    EXPECT_FALSE(KLUtils::GetSysVarShort(L"NOSUCHVARIABLE", value));
+    EXPECT_EQ(value, 0);
+    EXPECT_FALSE(KLUtils::SetSysVarShort(L"NOSUCHVARIABLE", 1));
+    bench::SetSystemVariable("CVPORT", "3");
+    EXPECT_EQ(KLUtils::GetCurrentViewport(), 3);
+    bench::ClearFailures();
+    bench::FailCall("acedGetVar", 1);
+    EXPECT_EQ(KLUtils::GetCurrentViewport(), 0);
+    EXPECT_TRUE(KLUtils::IsTileModeOn());
+    bench::SetSystemVariable("TILEMODE", "0");
+    EXPECT_FALSE(KLUtils::IsTileModeOn());
+}
+
+TEST_F(KLUtilsTest, HostReleaseMustMatchExactly) {
+    bench::SetProduct("AutoCAD", 24, 1);
+    const KLUtils::HostRelease listed[] = {"24.10", "4.1", "24.1"};
+    EXPECT_TRUE(KLUtils::IsHostReleaseListed(listed, 3));
+    EXPECT_FALSE(KLUtils::IsHostReleaseListed(listed, 2));
+    EXPECT_FALSE(KLUtils::IsHostReleaseListed(listed, 0));
+}
+
+TEST_F(KLUtilsTest, TransformDifferenceGivesOffsetAndAngles) {
+    const AcGeVector3d x(1, 0, 0), y(0, 1, 0), z(0, 0, 1);
+    const AcGeMatrix3d first = AcGeMatrix3d::translation(AcGeVector3d(5, 6, 7)) * AcGeMatrix3d::rotation(0.4, y) *
+                               AcGeMatrix3d::rotation(1.1, x);
+    const double cases[][3] = {{0, 0, 0},      {0.7, 0, 0},  {0, 0.7, 0},     {0, 0, 0.7},
+                               {2.5, -1.2, 3}, {-3, 1.5, 1}, {1, kPi / 2, 0}, {-2, -kPi / 2, 0}};
+    for (const auto& angles : cases) {
+        AcGeMatrix3d second = first * AcGeMatrix3d::rotation(angles[0], z) * AcGeMatrix3d::rotation(angles[1], y) *
+                              AcGeMatrix3d::rotation(angles[2], x);
+        second.setTranslation(AcGeVector3d(6, 4, 10));
+        AcGeVector3d offset;
+        double found[3];
+        KLUtils::GetTransformDifference(first, second, offset, found);
+        ExpectPoint(1, -2, 3, &offset.x);
+        ExpectPoint(angles[0], angles[1], angles[2], found);
+    }
+}
+
+TEST_F(KLUtilsTest, WaitCursorPutsTheOldOneBack) {
+    const HCURSOR before = LoadCursorW(nullptr, IDC_CROSS);
+    SetCursor(before);
+    {
+        KLUtils::WaitCursor cursor;
+        EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_WAIT));
+        cursor.Show();  // shown already: what it replaced stays remembered
+        cursor.Hide();
+        EXPECT_EQ(GetCursor(), before);
+        cursor.Show();
+        EXPECT_NE(GetCursor(), before);
+    }
+    EXPECT_EQ(GetCursor(), before);
+    KLUtils::WaitCursor missing(L"no such cursor");
+    EXPECT_EQ(GetCursor(), before);
+    KLUtils::WaitCursor waiting(IDC_WAIT, false);
+    EXPECT_EQ(GetCursor(), before);
+}
+
+namespace {
+
+void RunTransaction(bool succeed) {
+    ScopedTransaction transaction(acdbTransactionManager);
+    EXPECT_TRUE(transaction.started());
+    if (succeed) transaction.SetAbortOnEnd(false);
+}
+
+}  // namespace
+
+TEST_F(KLUtilsTest, TransactionAbortsUnlessToldOtherwise) {
+    RunTransaction(false);
+    EXPECT_EQ(Calls("AcTransactionManager::abortTransaction").size(), 1u);
+    EXPECT_EQ(Calls("AcTransactionManager::endTransaction").size(), 0u);
+    RunTransaction(true);
+    EXPECT_EQ(Calls("AcTransactionManager::abortTransaction").size(), 1u);
+    EXPECT_EQ(Calls("AcTransactionManager::endTransaction").size(), 1u);
+    const ScopedTransaction none(nullptr);
+    EXPECT_FALSE(none.started());
+}

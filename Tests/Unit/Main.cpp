@@ -1,0 +1,43 @@
+// Test program of the module's units: one AutoCAD stand-in with one drawing for all, and the real module loaded (not
+// started) beside the linked units. A case that leaves an accusation or something owed has failed, whether or not it
+// looked; what it leaves on purpose it takes back itself.
+#include <windows.h>
+
+#include <cstdio>
+
+#include "BenchAutoCAD.h"
+#include "BenchControl.h"
+#include "gtest/gtest.h"
+
+namespace {
+
+class BenchWatch : public testing::EmptyTestEventListener {
+    void OnTestStart(const testing::TestInfo&) override {
+        bench::ResetBench();
+        bench::NewDrawing("Drawing1.dwg");
+        bench::ClearAnswers();
+        bench::ClearTranscript();
+    }
+    void OnTestEnd(const testing::TestInfo&) override {
+        for (const std::string& sentence : bench::Accusations())
+            ADD_FAILURE() << "accusation: " << sentence;
+        for (const std::string& owed : bench::BenchBalance())
+            ADD_FAILURE() << "still owed: " << owed;
+    }
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    if (testing::GTEST_FLAG(list_tests)) return RUN_ALL_TESTS();
+    if (!LoadLibraryA("Sorvik_R24_x64.arx")) {
+        std::fprintf(stderr, "Sorvik_R24_x64.arx cannot be loaded: error %lu\n", GetLastError());
+        return 2;
+    }
+    bench::StartAutoCAD();
+    testing::UnitTest::GetInstance()->listeners().Append(new BenchWatch);
+    const int result = RUN_ALL_TESTS();
+    bench::StopAutoCAD();
+    return result;
+}

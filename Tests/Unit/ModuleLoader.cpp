@@ -1,0 +1,128 @@
+// Start and stop of the module on tables of the test's own: libraries, ARX modules, failures, and the look-ups by name.
+#include <windows.h>
+
+#include "ModuleLoader.h"
+
+#include "BenchAutoCAD.h"
+#include "BenchControl.h"
+#include "Entry.h"
+#include "gtest/gtest.h"
+
+namespace {
+
+std::string Folder() {
+    char folder[MAX_PATH] = "";
+    GetModuleFolder("Sorvik_R24_x64.arx", folder, sizeof folder);
+    return folder;
+}
+
+std::string Upper(std::string text) {
+    CharUpperA(text.data());
+    return text;
+}
+
+std::string Printed() {
+    const std::string text = bench::Transcript();
+    bench::ClearTranscript();
+    return text;
+}
+
+TEST(ModuleFolder, HasNoTrailingBackslashAndFitsOrFails) {
+    const std::string folder = Folder();
+    ASSERT_GT(folder.size(), 2u);
+    EXPECT_NE(folder.back(), '\\');
+    EXPECT_EQ(GetFileAttributesA((folder + "\\Sorvik_R24_x64.arx").c_str()) & FILE_ATTRIBUTE_DIRECTORY, 0u);
+    std::string buffer(folder.size() + 2, 'x');
+    EXPECT_EQ(GetModuleFolder("Sorvik_R24_x64.arx", buffer.data(), folder.size()), -1);
+    EXPECT_EQ(buffer[0], '\0') << "emptied first";
+    EXPECT_EQ(buffer[1], 'x');
+    EXPECT_EQ(GetModuleFolder("Sorvik_R24_x64.arx", buffer.data(), folder.size() + 1), 0);
+    EXPECT_EQ(buffer.c_str(), folder);
+    EXPECT_EQ(buffer.back(), 'x');
+    EXPECT_EQ(GetModuleFolder("no_such_module.dll", buffer.data(), buffer.size()), -1);
+    EXPECT_EQ(buffer[0], '\0');
+}
+
+TEST(ModuleLoader, LibraryIsLoadedByItsUpperCasedPath) {
+    ModuleRecord record = {"Kbase640.dll", nullptr};
+    EXPECT_EQ(LoadModule(record, Folder().c_str()), 0);
+    EXPECT_EQ(record.handle, GetModuleHandleA("Kbase640.dll"));
+    FreeModules(&record, 1);
+    EXPECT_EQ(record.handle, nullptr);
+    EXPECT_EQ(Printed(), "");
+}
+
+TEST(ModuleLoader, MissingLibraryIsTold) {
+    ModuleRecord record = {"Kgeom310.dll", nullptr};
+    EXPECT_EQ(LoadModule(record, Folder().c_str()), -1);
+    EXPECT_EQ(Printed(), "Error: 126 - cannot load dll-module <" + Upper(Folder() + "\\Kgeom310.dll") + ">\n");
+}
+
+TEST(ModuleLoader, ArxModuleGoesThroughAutoCAD) {
+    ModuleRecord record = {"Other.arx", nullptr};
+    SetLastError(5);
+    EXPECT_EQ(LoadModule(record, Folder().c_str()), -2);
+    const std::string path = Upper(Folder() + "\\Other.arx");
+    const std::string printed = Printed();
+    const size_t line = printed.find("Error: ");  // behind AutoCAD's own words
+    ASSERT_NE(line, std::string::npos) << printed;
+    EXPECT_NE(printed.find(" - cannot load arx-module: " + path + "\n", line), std::string::npos) << printed;
+    EXPECT_EQ(bench::Journal().at(0), "acedArxLoad " + path + " -> -5001");
+}
+
+TEST(ModuleLoader, ArxModulesStayLoaded) {
+    // A name with ".ARX" is never freed, whatever its handle; GetModuleHandle does not count, so a release would show.
+    ModuleRecord records[] = {{"KEEP.ARX", GetModuleHandleA("kernel32.dll")}, {"Kbase640.dll", nullptr}};
+    FreeModules(records, 2);
+    EXPECT_EQ(records[0].handle, GetModuleHandleA("kernel32.dll"));
+}
+
+TEST(ModuleLoader, LookUpComparesOverTheGivenName) {
+    const HMODULE one = reinterpret_cast<HMODULE>(1), two = reinterpret_cast<HMODULE>(2);
+    const ModuleRecord records[] = {{"Kgeom310.dll", one}, {"Kgeom400.dll", two}};
+    const struct {
+        const char* name;
+        HMODULE handle;
+    } cases[] = {{"Kgeom310.dll", one}, {"Kgeom400.dll", two},     {"Kgeom", one}, {"Kgeom4", two}, {"", one},
+                 {"kgeom", nullptr},    {"Kgeom310.dll2", nullptr}};
+    for (const auto& c : cases)
+        EXPECT_EQ(FindModuleHandle(records, 2, c.name), c.handle) << c.name;
+    EXPECT_EQ(FindModuleHandle(records, 1, "Kgeom4"), nullptr) << "only the walked records";
+}
+
+TEST(ModuleStart, FailedModuleRefusesTheApplication) {
+    ModuleRecord records[] = {{"Kbase640.dll", nullptr}, {"Kgeom310.dll", nullptr}};
+    int packet = 0;
+    EXPECT_EQ(StartApplication(records, 2, &packet), 3);
+    EXPECT_EQ(Printed(), "Error: 126 - cannot load dll-module <" + Upper(Folder() + "\\Kgeom310.dll") +
+                             ">\nErrors in modules - Application not loaded\nModule not loaded: 1\n");
+    EXPECT_EQ(records[0].handle, nullptr) << "what was loaded is freed";
+    EXPECT_FALSE(bench::CommandExists("SORV_CMDS", "SorvSIL")) << "no command outlives its code";
+    EXPECT_FALSE(bench::ServiceExists("SORV"));
+    for (const std::string& line : bench::Journal())
+        EXPECT_EQ(line.find("acrxUnlockApplication"), std::string::npos);
+}
+
+TEST(ModuleStart, StartAndStopTwice) {
+    char before[MAX_PATH] = "";
+    GetCurrentDirectoryA(MAX_PATH, before);
+    SetCurrentDirectoryA("C:\\");
+    int packet = 0;
+    EXPECT_EQ(StartApplication(g_modules, kWalkedModuleCount, &packet), 0);
+    char after[MAX_PATH] = "";
+    GetCurrentDirectoryA(MAX_PATH, after);
+    EXPECT_STRCASEEQ(after, Folder().c_str());
+    SetCurrentDirectoryA(before);
+    EXPECT_TRUE(bench::CommandExists("SORV_CMDS", "SorvSIL"));
+    EXPECT_EQ(StopApplication(g_modules, kWalkedModuleCount), 0);
+    EXPECT_FALSE(bench::CommandExists("SORV_CMDS", "SorvSIL"));
+    EXPECT_EQ(StopApplication(g_modules, kWalkedModuleCount), 0) << "nothing to take back is no failure";
+    EXPECT_EQ(Printed(), "\nSorvik Klimora Cloud Plugin successfully loaded.\n");
+    // The packet of this test is no application id of AutoCAD's, and was handed to both.
+    EXPECT_EQ(bench::Accusations().size(), 2u);
+    bench::ClearAccusations();
+    EXPECT_STREQ(g_modules[0].name, "Kgeom310.dll");
+    EXPECT_EQ(g_modules[0].handle, nullptr);
+}
+
+}  // namespace

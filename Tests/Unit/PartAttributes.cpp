@@ -1,0 +1,134 @@
+// Typed access to part attributes, records of repeated elements, and the trace switches' guard.
+#include "KlimoraBench.h"
+#include "Util/KLComUtils.h"
+
+namespace {
+
+// A text attribute that every part lets itself be given.
+constexpr char kText[] = "/Part/Geometry/Source[0]/KModel/Params";
+
+class PartAttributes : public KlimoraBench {
+ protected:
+    PartAttributes() {
+        StartServer();
+        OpenSample();
+        utils_.Connect();
+    }
+
+    // What a required operation throws, "(nothing)" when it does not.
+    template <class Work>
+    static std::string Thrown(Work work) {
+        try {
+            work();
+        } catch (const char* text) {
+            return text;
+        } catch (const std::string& text) {
+            return text;
+        }
+        return "(nothing)";
+    }
+
+    KLComUtils utils_;
+};
+
+TEST_F(PartAttributes, WritesReachTheServerAsText) {
+    EXPECT_EQ(utils_.SetPartAtt("2A3", kText, 42, true), 0);
+    EXPECT_EQ(utils_.SetPartAtt("2A3", kText, std::string("A<1>"), true), 0);
+    EXPECT_EQ(Calls("IKlimora200805::setPartAtt "),
+              (std::vector<std::string>{"'2A3' '/Part/Geometry/Source[0]/KModel/Params' '42' -> 0",
+                                        "'2A3' '/Part/Geometry/Source[0]/KModel/Params' 'A<1>' -> 0"}));
+}
+
+TEST_F(PartAttributes, FailedWritesThrowOnlyWhenRequired) {
+    bench::FailCall("IKlimora200805::setPartAtt", 1, 9);
+    EXPECT_EQ(utils_.SetPartAtt("2A3", kText, 1, false), 9);
+    EXPECT_EQ(Thrown([&] { utils_.SetPartAtt("FFFF", kText, 1, true); }), "KLComUtils::SetPartAtt");
+}
+
+TEST_F(PartAttributes, ReadsEachKind) {
+    EXPECT_EQ(utils_.GetPartAtt("2A3", "/part/diameter", true), "250");
+    EXPECT_EQ(utils_.GetPartAttReal("2A3", "/Part/qv_sizingflow/ls", true), 200.0);
+    const AcGePoint3d position = utils_.GetPartAttPoint("2A3", "/Part/Position/WCS", true);
+    EXPECT_TRUE(position.x == 11300 && position.y == 9250 && position.z == 2800);
+    const AcGeVector3d direction = utils_.GetPartAttVector("2A3", "/Part/Direction/WCS", true);
+    EXPECT_TRUE(direction.x == 0 && direction.y == 1 && direction.z == 0);
+    EXPECT_TRUE(utils_.IsPartTypeID("2A3", 68));
+    EXPECT_FALSE(utils_.IsPartTypeID("2AA", 68));
+    EXPECT_TRUE(utils_.IsPartTypeDefine("2A3", "EWAPART_DUCT"));
+    EXPECT_FALSE(utils_.IsPartTypeDefine("2A3", "ewapart_duct"));
+}
+
+TEST_F(PartAttributes, ShortPointLeavesTheRestAtZero) {
+    utils_.SetPartAtt("2A3", kText, std::string("1 2"), true);
+    const AcGePoint3d point = utils_.GetPartAttPoint("2A3", kText, true);
+    EXPECT_TRUE(point.x == 1 && point.y == 2 && point.z == 0);
+}
+
+TEST_F(PartAttributes, FailedReadsThrowOnlyWhenRequired) {
+    utils_.SetPartAtt("2A3", kText, std::string("wide"), true);
+    EXPECT_EQ(Thrown([&] { utils_.GetPartAttReal("2A3", kText, true); }), "Could not convert \" wide\" to target type");
+    EXPECT_EQ(Thrown([&] { utils_.GetPartAttReal("FFFF", "/Part/Length", true); }), "KLComUtils::GetPartAtt");
+    EXPECT_EQ(Thrown([&] { utils_.GetPartAttPoint("FFFF", "/Part/Position/WCS", true); }), "KLComUtils::GetPartAtt");
+    EXPECT_EQ(utils_.GetPartAtt("FFFF", "/Part/Length", false), "");
+    const AcGeVector3d vector = utils_.GetPartAttVector("FFFF", "/Part/Direction/WCS", false);
+    EXPECT_TRUE(vector.x == 0 && vector.y == 0 && vector.z == 0);
+    EXPECT_EQ(utils_.GetPartAttOrDefault("FFFF", "/Part/Length", 7), 7);
+    EXPECT_EQ(utils_.GetPartAttOrDefault("2A3", kText, 7), 7) << "text that is no number";
+    EXPECT_EQ(utils_.GetPartAttOrDefault("FFFF", "/Part/Length", std::string("none")), "none");
+}
+
+TEST_F(PartAttributes, GetLastErrorPrefersTheTraceLine) {
+    std::string value;
+    bench::FailCall("IKlimora200805::getPartAtt", 1, 5);
+    utils_.GetPartAtt("2A3", "/part/width", value, false);
+    EXPECT_EQ(utils_.GetLastError(), "IKlimora200805::getPartAtt was planned to fail.");
+    utils_.SetTrace(true, false, false);
+    utils_.GetPartAtt("2A3", "/part/diameter", value, false);
+    EXPECT_EQ(utils_.GetLastError(), "KlimComSrvImpl::getPartAtt:('2A3', '/part/diameter', '250')=0 ");
+}
+
+TEST_F(PartAttributes, GuardPutsTheSwitchesBack) {
+    bool keep = false, failures = false, all = false;
+    utils_.SetTrace(true, false, true);
+    {
+        const TraceSwitchGuard silent(utils_, false, false, false);
+        utils_.GetTrace(&keep, &failures, &all);
+        EXPECT_FALSE(keep || failures || all);
+        const TraceSwitchGuard inner(utils_);
+        utils_.SetTrace(false, true, false);
+    }
+    utils_.GetTrace(&keep, &failures, &all);
+    EXPECT_TRUE(keep && !failures && all);
+}
+
+TEST_F(PartAttributes, RecordsCarryTheNamedAttributes) {
+    std::vector<KLComUtils::Record> records(1);
+    ASSERT_EQ(utils_.GetAttributes("ignored", "/Project/Ductwork/System", {"Name", "Type/ID"}, records), 0);
+    ASSERT_EQ(records.size(), 6u) << "appended behind what was there";
+    EXPECT_EQ(records[1], (KLComUtils::Record{{"Name", "Supply air"}, {"Type_ID", "0"}}));
+    EXPECT_EQ(records[5].at("Type_ID"), "7");
+    EXPECT_EQ(bench::Journal().size(), 11u) << "one count, and one read an element and name";
+}
+
+TEST_F(PartAttributes, RecordsBeforeAFailureStay) {
+    std::vector<KLComUtils::Record> records;
+    bench::FailCall("IKlimora200805::getPartAtt", 4, 3);
+    EXPECT_EQ(utils_.GetAttributes("", "/Project/Ductwork/System", {"Name", "ID"}, records), -1);
+    EXPECT_EQ(records.size(), 1u);
+    EXPECT_EQ(Printed(),
+              "\nSorvik Klimora Cloud Plugin: Failed to get attributes. PlugIn/Util/KLComUtils(280):"
+              "KLComUtils::GetAttributes KLComUtils::GetPartAtt\n");
+    EXPECT_EQ(utils_.GetAttributes("", "Parts", {"ID"}, records), -1);
+    EXPECT_EQ(Printed(),
+              "\nSorvik Klimora Cloud Plugin: Failed to get attributes. PlugIn/Util/KLComUtils(280):"
+              "KLComUtils::GetAttributes Can't find '/' in a parent path Parts\n");
+}
+
+TEST(ReplaceAll, GoesFromLeftToRight) {
+    EXPECT_EQ(ReplaceAll("Size/Width/mm", "/", "_"), "Size_Width_mm");
+    EXPECT_EQ(ReplaceAll("aaa", "aa", "a"), "aa");
+    EXPECT_EQ(ReplaceAll("abc", "", "x"), "abc");
+    EXPECT_EQ(ReplaceAll("//", "/", "//"), "////");
+}
+
+}  // namespace

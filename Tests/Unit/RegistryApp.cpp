@@ -1,0 +1,115 @@
+// Settings of an application over both stores: the user's value first, the machine's where there is none, and writing
+// for the user alone.
+#include "Lib/RegistryApp.h"
+#include "RegistryFixture.h"
+
+namespace {
+
+class RegistryAppTest : public RegistryTest {
+ protected:
+    RegistryAppTest() : app_(CreateRegistryApp()) {}
+
+    static HKEY User() { return HKEY_CURRENT_USER; }
+    static HKEY Machine() { return HKEY_LOCAL_MACHINE; }
+
+    // What all readers of "v" give together: size, type, number, text, buffer and bytes.
+    std::string ReadAll() {
+        uint32_t number = 0;
+        std::string text;
+        char buffer[5] = "", bytes[5] = "";
+        int results[] = {app_->GetDwordValue("v", number, 0x44444444), app_->GetStringValue("v", text, "DDDD"),
+                         app_->GetStringValue("v", buffer, 4, "DDDD"), app_->GetBinaryValue("v", bytes, 4, "DDDD")};
+        for (const int result : results)
+            EXPECT_EQ(result, results[0]);
+        const std::string numberText(reinterpret_cast<const char*>(&number), 4);
+        EXPECT_EQ(text, numberText);
+        EXPECT_EQ(buffer, text);
+        EXPECT_EQ(bytes, text);
+        return std::to_string(app_->GetValueSize("v")) + " " + std::to_string(app_->GetValueType("v")) + " " +
+               std::to_string(results[0]) + " " + text;
+    }
+
+    std::unique_ptr<PRegistryApp> app_;
+};
+
+TEST_F(RegistryAppTest, OpenMakesTheUsersKeyAloneAndGivesItsResult) {
+    EXPECT_EQ(app_->Open(path.c_str(), false), -4004);
+    EXPECT_FALSE(app_->IsKeyPathValid());
+    Make(Machine(), path);
+    EXPECT_EQ(app_->Open(path.c_str(), false), -4004) << "the machine's success does not count";
+    EXPECT_TRUE(app_->IsKeyPathValid());
+    EXPECT_EQ(app_->GetKeyPath(), path);
+    RegDeleteTreeA(Machine(), path.c_str());
+    EXPECT_EQ(app_->Open(path.c_str(), true), 0);
+    EXPECT_TRUE(IsThere(User(), path));
+    EXPECT_FALSE(IsThere(Machine(), path));
+    EXPECT_TRUE(app_->IsKeyPathValid());
+    EXPECT_EQ(app_->GetKeyPath(), "") << "the machine's path";
+    EXPECT_EQ(LogLines(), "");
+    app_->Close();
+    EXPECT_FALSE(app_->IsKeyPathValid());
+}
+
+TEST_F(RegistryAppTest, PathIsSetInBothStores) {
+    const std::string other = path + "\\Other";
+    Make(Machine(), other);
+    ASSERT_EQ(app_->Open(path.c_str(), true), 0);
+    EXPECT_EQ(app_->SetKeyPath(other.c_str(), false), -4004);
+    EXPECT_EQ(app_->GetKeyPath(), other);
+    EXPECT_EQ(app_->SetKeyPath(other.c_str(), true), 0);
+    EXPECT_TRUE(IsThere(User(), other));
+    EXPECT_EQ(app_->SetKeyPath("", true), -4002);
+    const std::string line = Line("SetKeyPath", "Registry::SetKeyPath _KeyPath == NULL", 134);
+    EXPECT_EQ(LogLines(), line + line) << "one report from each store";
+}
+
+TEST_F(RegistryAppTest, KeysOfEitherStoreExistAndTheUsersAreDeleted) {
+    Make(Machine(), path);
+    ASSERT_EQ(app_->Open(path.c_str(), true), 0);
+    EXPECT_TRUE(app_->UserKeyExists(path.c_str()));
+    EXPECT_EQ(app_->DeleteKey(path.c_str()), 0);
+    EXPECT_FALSE(app_->UserKeyExists(path.c_str()));
+    EXPECT_TRUE(app_->KeyExists(path.c_str()));
+    EXPECT_TRUE(app_->IsKeyPathValid());
+    EXPECT_EQ(app_->DeleteKey(path.c_str()), -4005);
+    EXPECT_TRUE(IsThere(Machine(), path));
+    RegDeleteTreeA(Machine(), path.c_str());
+    EXPECT_FALSE(app_->KeyExists(path.c_str()));
+    EXPECT_FALSE(app_->IsKeyPathValid());
+}
+
+TEST_F(RegistryAppTest, ReadersFallBackToTheMachine) {
+    Make(Machine(), path);
+    ASSERT_EQ(app_->Open(path.c_str(), true), 0);
+    EXPECT_EQ(ReadAll(), "-4006 -4006 -4006 DDDD");
+    EXPECT_FALSE(app_->ValueExists("v"));
+    Put(Machine(), "v", REG_BINARY, "mach");
+    EXPECT_TRUE(app_->ValueExists("v"));
+    EXPECT_EQ(ReadAll(), "4 3 0 mach");
+    Put(User(), "v", REG_DWORD, "user");
+    EXPECT_EQ(ReadAll(), "4 4 0 user");
+    RegDeleteTreeA(User(), path.c_str());
+    EXPECT_EQ(ReadAll(), "4 3 0 mach") << "without the user's key";
+    RegDeleteTreeA(Machine(), path.c_str());
+    EXPECT_EQ(ReadAll(), "-4005 -4005 -4005 DDDD");
+}
+
+TEST_F(RegistryAppTest, WritersWriteForTheUserAlone) {
+    Put(Machine(), "v", REG_BINARY, "mach");
+    ASSERT_EQ(app_->Open(path.c_str(), true), 0);
+    EXPECT_EQ(app_->SetDwordValue("v", 0x72657375), 0);
+    EXPECT_EQ(ReadAll(), "4 4 0 user");
+    EXPECT_EQ(app_->SetStringValue("v", "text"), 0);
+    EXPECT_EQ(Stored(User(), "v").substr(0, 6), "1:text");
+    EXPECT_EQ(app_->SetStringValue("v", std::string("more")), 0);
+    EXPECT_EQ(Stored(User(), "v").substr(0, 6), "1:more");
+    EXPECT_EQ(app_->SetBinaryValue("v", "byte", 4), 0);
+    EXPECT_EQ(Stored(User(), "v"), "3:byte");
+    EXPECT_EQ(Stored(Machine(), "v"), "3:mach");
+    EXPECT_EQ(app_->DeleteValue("v"), 0);
+    EXPECT_EQ(ReadAll(), "4 3 0 mach");
+    EXPECT_EQ(app_->DeleteValue("v"), -4006) << "the machine's value is not the user's to delete";
+    EXPECT_EQ(Stored(Machine(), "v"), "3:mach");
+}
+
+}  // namespace

@@ -1,0 +1,47 @@
+// Files of the unit tests: whole contents in and out, and a folder of their own that goes away with the scope.
+#pragma once
+
+#include <windows.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+inline std::string ReadWholeFile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+}
+
+inline void WriteWholeFile(const std::string& path, const std::string& content) {
+    std::ofstream(path, std::ios::binary | std::ios::trunc) << content;
+}
+
+inline bool Exists(const std::string& path) {
+    return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+class TestFolder {
+ public:
+    TestFolder() {
+        char base[MAX_PATH] = "";
+        GetTempPathA(MAX_PATH, base);
+        static int number = 0;
+        path_ =
+            std::string(base) + "sorvik-unit-" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(++number);
+        CreateDirectoryA(path_.c_str(), nullptr);
+    }
+    ~TestFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    TestFolder(const TestFolder&) = delete;
+    TestFolder& operator=(const TestFolder&) = delete;
+
+    // Without a trailing backslash.
+    const std::string& path() const { return path_; }
+    std::string file(const std::string& name) const { return path_ + "\\" + name; }
+
+ private:
+    std::string path_;
+};

@@ -1,0 +1,79 @@
+// The XML wrapper's throwing rules and ownership, and the helper that gets or adds a child.
+#include "ticpp.h"
+
+#include "Util/XmlElements.h"
+#include "gtest/gtest.h"
+
+namespace {
+
+template <class Work>
+std::string Details(Work work) {
+    try {
+        work();
+    } catch (const ticpp::Exception& exception) {
+        return exception.m_details;
+    }
+    return "(nothing)";
+}
+
+class Xml : public testing::Test {
+ protected:
+    Xml() { document_.Parse("<r><a>1</a><b/><a k='&lt;v'>2</a></r>"); }
+    ticpp::Element& Root() { return *document_.FirstChildElement(); }
+
+    ticpp::Document document_;
+};
+
+TEST_F(Xml, LookUpsThrowUnlessToldNotTo) {
+    EXPECT_EQ(Root().FirstChildElement("a")->GetText(), "1");
+    EXPECT_EQ(Root().FirstChildElement("A", false), nullptr) << "letter case counts";
+    EXPECT_NE(Details([&] { Root().FirstChildElement("A"); }).find("<A>"), std::string::npos);
+    EXPECT_NE(Details([&] { Root().FirstChildElement("b")->GetText(); }).find("<b>"), std::string::npos);
+    EXPECT_EQ(Root().FirstChildElement("b")->GetText(false), "");
+    EXPECT_NE(Details([&] { Root().GetAttribute("k"); }).find("'k'"), std::string::npos);
+}
+
+TEST_F(Xml, SameElementIsTheSamePointer) {
+    ticpp::Element* first = Root().FirstChildElement("a");
+    EXPECT_EQ(first, Root().FirstChildElement());
+    EXPECT_EQ(first->NextSiblingElement("a")->GetAttribute("k"), "<v");
+    ticpp::Iterator<ticpp::Element> child("a");
+    std::string texts;
+    for (child = child.begin(&Root()); child != child.end(); ++child)
+        texts += child->GetText();
+    EXPECT_EQ(texts, "12");
+}
+
+TEST_F(Xml, ReplacedRootIsACopyWithElementsOfItsOwn) {
+    ticpp::Document other;
+    other.Parse("<x><d>5</d></x>");
+    ticpp::Element* original = other.FirstChildElement()->FirstChildElement("d");
+    ticpp::Element* root = document_.ReplaceChild(&Root(), *other.FirstChildElement());
+    EXPECT_EQ(root, document_.FirstChildElement());
+    EXPECT_NE(root->FirstChildElement("d"), original);
+    root->FirstChildElement("d")->SetText("6 & 7");
+    EXPECT_EQ(original->GetText(), "5");
+    EXPECT_EQ(root->ToString(), "<x><d>6 &amp; 7</d></x>");
+}
+
+TEST_F(Xml, BrokenTextsAreToldWithTheirPlace) {
+    ticpp::Document document;
+    EXPECT_NE(Details([&] { document.Parse("<r>\n<a></b></r>", "output.xml"); }).find("output.xml: "),
+              std::string::npos);
+    EXPECT_NE(Details([&] { document.LoadFile("no such file.xml"); }).find("no such file.xml"), std::string::npos);
+    ticpp::Document empty;
+    EXPECT_NE(Details([&] { empty.FirstChildElement(); }), "(nothing)");
+}
+
+TEST_F(Xml, ChildIsFoundOrAppended) {
+    EXPECT_EQ(GetOrAddChildElement(nullptr, "a"), nullptr);
+    EXPECT_EQ(GetOrAddChildElement(&Root(), nullptr), nullptr);
+    EXPECT_EQ(GetOrAddChildElement(&Root(), ""), nullptr);
+    EXPECT_EQ(GetOrAddChildElement(&Root(), "a"), Root().FirstChildElement("a"));
+    ticpp::Element* added = GetOrAddChildElement(&Root(), "c");
+    added->SetAttribute("n", "1");
+    EXPECT_EQ(GetOrAddChildElement(&Root(), "c"), added);
+    EXPECT_EQ(Root().ToString(), "<r><a>1</a><b /><a k=\"&lt;v\">2</a><c n=\"1\" /></r>");
+}
+
+}  // namespace

@@ -1,0 +1,13 @@
+set(SORVIK_LIB_TESTS
+  Base64.cpp
+  Diagnostics.cpp
+  DiagnosticsCommandLine.cpp
+  DiagnosticsLog.cpp
+  DiagnosticsMessages.cpp
+  Download.cpp
+  DownloadFileTree.cpp
+  KLUtils.cpp
+  KLUtilsText.cpp
+  Md5.cpp
+  XData.cpp
+  XmlText.cpp)
