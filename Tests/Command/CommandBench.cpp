@@ -1,0 +1,228 @@
+#include "CommandBench.h"
+
+#include <algorithm>
+#include <fstream>
+#include <sstream>
+
+#include "acedads.h"
+
+namespace {
+
+constexpr wchar_t kModule[] = L"Sorvik_R24_x64.arx";
+constexpr char kOwedCommand[] = "command group SORV_CMDS";
+constexpr char kOwedService[] = "service SORV";
+constexpr char kRecordFile[] = "configurator-record.txt";
+
+std::string FileText(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+std::string FolderList(const std::string& pattern) {
+    std::string list;
+    WIN32_FIND_DATAA found;
+    const HANDLE search = FindFirstFileA(pattern.c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return list;
+    do {
+        list += std::string(found.cFileName) + "\n";
+    } while (FindNextFileA(search, &found));
+    FindClose(search);
+    return list;
+}
+
+std::string TemporaryFolder() {
+    char path[MAX_PATH] = "";
+    GetTempPathA(MAX_PATH, path);
+    return path;
+}
+
+// The switch of the server's file access check belongs to the configurator's end, not to the project's contents.
+std::string WithoutAccessFlag(std::string project) {
+    const std::string start = "<noPrjFileAccessCheck>", end = "</noPrjFileAccessCheck>";
+    const size_t from = project.find(start), to = project.find(end);
+    if (from != std::string::npos && to != std::string::npos) project.erase(from, to - from);
+    return project;
+}
+
+}  // namespace
+
+CommandBench::CommandBench() : robot_(bench::MainWindow()) {
+    TheWebServer().Reset();
+    bench::ClearStatisticsEvents();
+    bench::NewDrawing("Office.dwg");
+    bench::ClearAnswers();
+    bench::SetUser(nullptr);
+    DeleteFileA(kRecordFile);
+    SetEnvironmentVariableA("SORVIK_BENCH_CONFIGURATOR_RECORD", kRecordFile);
+    InTheConfigurator("cancel");
+    UseServer({});
+    bench::ResetBench();
+    {
+        bench::Quiet quiet;
+        if (acedArxLoad(kModule) != 5100) ADD_FAILURE() << "the module cannot be loaded:\n" << bench::Transcript();
+    }
+    bench::ClearTranscript();
+}
+
+CommandBench::~CommandBench() {
+    for (const std::string& complaint : robot_.Complaints())
+        ADD_FAILURE() << complaint;
+    EXPECT_EQ(bench::AnswersLeft(), 0u) << "answers that no prompt asked for";
+    {
+        bench::Quiet quiet;
+        EXPECT_EQ(acedArxUnload(kModule), 5100);
+    }
+    bench::StopKlimora();
+    for (const std::string& sentence : bench::Accusations())
+        ADD_FAILURE() << "accusation: " << sentence;
+    for (const std::string& owed : bench::BenchBalance())
+        ADD_FAILURE() << "still owed: " << owed;
+    DeleteFileA(kRecordFile);
+}
+
+void CommandBench::UseServer(const bench::KlimoraServer& server) {
+    bench::StopKlimora();
+    bench::NewDrawing("Office.dwg");
+    bench::StartKlimora(server);
+    std::string error;
+    if (!bench::OpenProject("office.xml", error)) ADD_FAILURE() << error;
+}
+
+void CommandBench::Picks(const std::string& handle) {
+    bench::QueueAnswer({bench::Answer::kPick, handle});
+}
+void CommandBench::PressesEscape() {
+    bench::QueueAnswer({bench::Answer::kEscape, ""});
+}
+void CommandBench::PressesEnter() {
+    bench::QueueAnswer({bench::Answer::kEnter, ""});
+}
+
+void CommandBench::InTheConfigurator(const std::string& script) {
+    SetEnvironmentVariableA("SORVIK_BENCH_CONFIGURATOR", script.c_str());
+}
+
+void CommandBench::AcceptsTheProposal(const std::string& proposal) {
+    robot_.Expect(bench::Dialog("Configurator").Shows(1102, proposal).Press(IDOK));
+}
+
+void CommandBench::TypesUserCode(const std::string& code) {
+    robot_.Expect(bench::Dialog("Configurator").Type(1102, code).Press(IDOK));
+}
+
+void CommandBench::CancelsTheDialog() {
+    robot_.Expect(bench::Dialog("Configurator").Press(IDCANCEL));
+}
+
+void CommandBench::MeetsBox(const std::string& text, bench::BoxIcon icon, const std::vector<std::string>& buttons,
+                            const std::string& answer) {
+    robot_.Expect(bench::Box(text).Captioned(kName).Icon(icon).Buttons(buttons).AnswerWith(answer));
+}
+
+void CommandBench::ChoosesASilencer() {
+    Picks("2A3");
+    InTheConfigurator("choose SRC-250-900");
+    AcceptsTheProposal("SORV2");
+}
+
+void CommandBench::ConfirmsInsertion() {
+    PressesEnter();
+}
+
+void CommandBench::Run() {
+    before_ = Surroundings();
+    bench::RunCommand("SorvSIL");
+}
+
+void CommandBench::StartOver() {
+    EXPECT_EQ(bench::Accusations(), std::vector<std::string>{});
+    bench::ClearJournal();
+    bench::ClearFailures();
+    bench::ClearTranscript();
+    bench::ClearStatisticsEvents();
+    DeleteFileA(kRecordFile);
+}
+
+std::vector<std::string> CommandBench::Owed() {
+    std::vector<std::string> owed;
+    for (const std::string& debt : bench::BenchBalance()) {
+        if (debt != kOwedCommand && debt != kOwedService) owed.push_back(debt);
+    }
+    return owed;
+}
+
+void CommandBench::TakeBackWhatIsOwed() {
+    bench::ClearBalance();
+    bench::Owe("command group", "SORV_CMDS");
+    bench::Owe("service", "SORV");
+}
+
+std::string CommandBench::Printed() const {
+    std::istringstream lines(bench::Transcript());
+    std::string line, printed;
+    while (std::getline(lines, line)) {
+        if (line.compare(0, 8, "Command:") != 0) printed += line + "\n";
+    }
+    return printed;
+}
+
+std::vector<std::string> CommandBench::Calls(const std::string& start) const {
+    std::vector<std::string> calls;
+    for (const std::string& line : bench::Journal()) {
+        if (line.compare(0, start.size(), start) == 0) calls.push_back(line.substr(start.size()));
+    }
+    return calls;
+}
+
+std::string CommandBench::ConfiguratorRecord() const {
+    return FileText(kRecordFile);
+}
+
+std::string CommandBench::SessionId() {
+    std::string last;
+    for (const std::string& request : TheWebServer().requests()) {
+        const size_t at = request.find("klsid=");
+        if (at != std::string::npos) last = request.substr(at + 6, 32);
+    }
+    return last;
+}
+
+std::string CommandBench::Surroundings() const {
+    return bench::DrawingState() + "\n-- project\n" + WithoutAccessFlag(bench::ProjectXml()) + "\n-- CMDECHO " +
+           bench::SystemVariable("CMDECHO") + "\n-- temporary folder\n" + TemporaryFolders() + "-- data folder\n" +
+           FolderList(ModuleFolder() + "/Sorvik/*") + "-- main window " +
+           (IsWindowEnabled(bench::MainWindow()) ? "enabled" : "disabled");
+}
+
+std::string CommandBench::TemporaryFolders() {
+    return FolderList(TemporaryFolder() + "Sor*");
+}
+
+void CommandBench::ExpectCommitted() {
+    EXPECT_EQ(CountOf("AcTransactionManager::endTransaction"), 1u);
+    EXPECT_EQ(CountOf("AcTransactionManager::abortTransaction"), 0u);
+}
+
+void CommandBench::ExpectNothingChanged() {
+    EXPECT_EQ(CountOf("AcTransactionManager::abortTransaction"), 1u);
+    EXPECT_EQ(CountOf("AcTransactionManager::endTransaction"), 0u);
+    EXPECT_EQ(Surroundings(), before_);
+    EXPECT_TRUE(bench::StatisticsEvents().empty());
+}
+
+std::string CommandBench::Reported(const std::string& message, const std::string& place, const std::string& text) {
+    return std::string("\n") + kName + ": " + message + " " + place + " " + text + "\n";
+}
+
+std::string CommandBench::ModuleFolder() {
+    char path[MAX_PATH] = "";
+    GetModuleFileNameA(nullptr, path, MAX_PATH);
+    const std::string file = path;
+    return file.substr(0, file.rfind('\\'));
+}
+
+std::string CommandBench::Title() {
+    return std::string(kName) + " " PRODUCT_VERSION;
+}

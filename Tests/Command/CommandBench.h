@@ -1,0 +1,87 @@
+// Vocabulary of the whole-command tests: the real module in the AutoCAD stand-in, an office project open in Klimora,
+// the maker's web server on the loopback. A case says what the user does, runs the command, and looks at what the
+// neighbours saw. At its end nothing may be owed, no stand-in may accuse, the robot may have no complaint, and the
+// module unloads.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "BenchAutoCAD.h"
+#include "BenchControl.h"
+#include "BenchKlimora.h"
+#include "BenchStatistics.h"
+#include "Robot.h"
+#include "WebServer.h"
+#include "gtest/gtest.h"
+
+inline constexpr char kName[] = "Sorvik Klimora Cloud Plugin";
+
+// One server for the whole program, started by main.
+bench::WebServer& TheWebServer();
+
+class CommandBench : public testing::Test {
+ protected:
+    CommandBench();
+    ~CommandBench() override;
+
+    // ---- Neighbours other than usual, before the command ----------------------------------------------------------
+    void UseServer(const bench::KlimoraServer& server);
+
+    // ---- The user
+    // ------------------------------------------------------------------------------------------------------
+    void Picks(const std::string& handle);
+    void PressesEscape();
+    void PressesEnter();
+    // What the configurator does: "choose first", "choose SRC-250-900", "cancel", "hang", "exit 7".
+    void InTheConfigurator(const std::string& script);
+    // The dialog as it opens, proposing `proposal`, is confirmed.
+    void AcceptsTheProposal(const std::string& proposal);
+    void TypesUserCode(const std::string& code);
+    void CancelsTheDialog();
+    // A message box of the plug-in comes and is answered.
+    void MeetsBox(const std::string& text, bench::BoxIcon icon, const std::vector<std::string>& buttons,
+                  const std::string& answer);
+    // The usual way to a product: picks the duct 2A3, chooses SRC-250-900, confirms SORV2.
+    void ChoosesASilencer();
+    void ConfirmsInsertion();  // answers Klimora's own prompt with the duct picked last
+
+    // Runs the command and whatever it queued.
+    void Run();
+    // Before another run in one case: journal, failure plan, command line and statistics as at the start, nothing
+    // accused.
+    void StartOver();
+
+    // ---- What came of it -------------------------------------------------------------------------------------------
+    // What the command printed, without AutoCAD's own lines ("Command: …").
+    std::string Printed() const;
+    std::vector<std::string> Calls(
+        const std::string& start) const;  // journal lines that begin so, without the beginning
+    size_t CountOf(const std::string& start) const { return Calls(start).size(); }
+    std::string ConfiguratorRecord() const;
+    static std::string SessionId();  // from the configurator's request, empty when there was none
+
+    // The balance without what the loaded module rightly owes until it is unloaded.
+    static std::vector<std::string> Owed();
+    static void TakeBackWhatIsOwed();
+
+    void ExpectCommitted();
+    // Transaction aborted; drawing, project and data folder as before, nothing left in the temporary folder, no
+    // statistics, main window enabled, CMDECHO as before.
+    void ExpectNothingChanged();
+    void ExpectNoProductExported() { MeetsBox("No product exported.\n", bench::BoxIcon::kError, {"OK"}, "OK"); }
+    static std::string Reported(const std::string& message, const std::string& place, const std::string& text);
+
+    bench::Robot& robot() { return robot_; }
+    static std::string TemporaryFolders();  // working folders that lie in the temporary folder, a line each
+    static std::string ModuleFolder();
+    static std::string Title();  // display name, blank, version
+
+ private:
+    std::string Surroundings() const;  // everything that a failed command must leave as it was
+
+    bench::Robot robot_;
+    std::string before_;
+};

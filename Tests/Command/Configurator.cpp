@@ -1,0 +1,140 @@
+// The configurator: how it is started, what AutoCAD looks like meanwhile, and how it ends.
+#include <regex>
+
+#include "CommandBench.h"
+
+namespace {
+
+using bench::BoxIcon;
+
+class ConfiguratorRun : public CommandBench {
+ protected:
+    // The configurator program lies under another name for the length of a scope.
+    class Missing {
+     public:
+        Missing() { MoveFileA("CAD_Connection_UI_x64.exe", "configurator.away"); }
+        ~Missing() { MoveFileA("configurator.away", "CAD_Connection_UI_x64.exe"); }
+    };
+};
+
+TEST_F(ConfiguratorRun, GetsItsFourWords) {
+    Picks("2A3");
+    Run();
+    const std::regex line("run /SorvSIL \"" WEB_SERVER
+                          "/klimora\\?action=ljudprog&klsid=[0-9A-F]{32}&diameter=250&airflow=200\" \"" +
+                          Title() + "\"");
+    EXPECT_TRUE(std::regex_search(ConfiguratorRecord(), line)) << ConfiguratorRecord();
+    ExpectNothingChanged();
+}
+
+TEST_F(ConfiguratorRun, CancelledEndsQuietlyAndFetchesNothing) {
+    Picks("2A3");
+    InTheConfigurator("cancel");
+    Run();
+    EXPECT_EQ(CountOf("GET /klimora/export/"), 0u);
+    EXPECT_EQ(Printed().find(kName), std::string::npos) << Printed();
+    EXPECT_EQ(CountOf("IKlimora200805::setPartAtt '' '/dwg/flag/noPrjFileAccessCheck' '1' -> 0"), 1u);
+    ExpectNothingChanged();
+}
+
+TEST_F(ConfiguratorRun, AnyOtherExitCodeIsAnExport) {
+    for (const char* script : {"exit 1", "exit 7", "exit -1"}) {
+        Picks("2A3");
+        InTheConfigurator(script);
+        ExpectNoProductExported();  // nothing was published
+        StartOver();
+        Run();
+        EXPECT_EQ(CountOf("GET /klimora/export/"), 1u) << script;
+        ExpectNothingChanged();
+    }
+}
+
+TEST_F(ConfiguratorRun, MissingProgramIsToldByItsPath) {
+    const Missing missing;
+    Picks("2A3");
+    Run();
+    EXPECT_NE(Printed().find("\nSorvik Klimora Cloud Plugin: Can not execute " + ModuleFolder() +
+                             "\\CAD_Connection_UI_x64.exe.\n"),
+              std::string::npos)
+        << Printed();
+    EXPECT_EQ(CountOf("IKlimora200805::setPartAtt"), 0u) << "a program that never ran leaves the server alone";
+    ExpectNothingChanged();
+}
+
+// What another thread sees while the configurator is open.
+struct Seen {
+    bool started = false;
+    bool mainWindowEnabled = true;
+    bool waitingWindow = false;
+    bool answersMessages = false;
+};
+
+void LookAtAutoCAD(HANDLE ready, Seen& seen) {
+    seen.started = WaitForSingleObject(ready, 20000) == WAIT_OBJECT_0;
+    seen.mainWindowEnabled = IsWindowEnabled(bench::MainWindow()) != FALSE;
+    DWORD_PTR answer = 0;
+    seen.answersMessages = SendMessageTimeoutA(bench::MainWindow(), WM_NULL, 0, 0, SMTO_NORMAL, 10000, &answer) != 0;
+    EnumThreadWindows(
+        GetWindowThreadProcessId(bench::MainWindow(), nullptr),
+        [](HWND window, LPARAM found) -> BOOL {
+            const LONG_PTR style = GetWindowLongPtrA(window, GWL_EXSTYLE);
+            char name[16] = "";
+            GetClassNameA(window, name, sizeof name);
+            if (std::string(name) == "#32770" && IsWindowVisible(window) && !GetWindow(window, GW_OWNER) &&
+                (style & WS_EX_TOOLWINDOW) && !(style & WS_EX_APPWINDOW))
+                *reinterpret_cast<bool*>(found) = true;
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&seen.waitingWindow));
+}
+
+// AutoCAD quits while the configurator is still open: the wait ends, and the session's end terminates the program.
+TEST_F(ConfiguratorRun, StillRunningAtShutdownIsTerminated) {
+    constexpr char kReady[] = "SorvikConfiguratorReady";
+    const HANDLE ready = CreateEventA(nullptr, TRUE, FALSE, kReady);
+    SetEnvironmentVariableA("SORVIK_BENCH_CONFIGURATOR_READY", kReady);
+    Picks("2A3");
+    InTheConfigurator("hang");
+    struct Observer {
+        HANDLE ready;
+        DWORD mainThread;
+        Seen seen;
+    } observer = {ready, GetCurrentThreadId(), {}};
+    const HANDLE thread = CreateThread(
+        nullptr, 0,
+        [](LPVOID parameter) -> DWORD {
+            Observer& o = *static_cast<Observer*>(parameter);
+            LookAtAutoCAD(o.ready, o.seen);
+            PostThreadMessageA(o.mainThread, WM_QUIT, 5, 0);
+            return 0;
+        },
+        &observer, 0, nullptr);
+    Run();
+    WaitForSingleObject(thread, INFINITE);
+    CloseHandle(thread);
+    CloseHandle(ready);
+    SetEnvironmentVariableA("SORVIK_BENCH_CONFIGURATOR_READY", nullptr);
+    EXPECT_TRUE(observer.seen.started);
+    EXPECT_FALSE(observer.seen.mainWindowEnabled);
+    EXPECT_TRUE(observer.seen.waitingWindow);
+    EXPECT_TRUE(observer.seen.answersMessages) << "AutoCAD's windows repaint meanwhile";
+    MSG message;
+    ASSERT_TRUE(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE))
+        << "AutoCAD still sees that it is to quit";
+    EXPECT_EQ(message.wParam, 5u);
+    EXPECT_EQ(CountOf("GET /klimora/export/"), 0u);
+    // A process that ended cannot hold its file open any longer.
+    EXPECT_TRUE(MoveFileA("CAD_Connection_UI_x64.exe", "CAD_Connection_UI_x64.exe")) << GetLastError();
+    ExpectNothingChanged();
+}
+
+TEST_F(ConfiguratorRun, CrashCountsAsAnExport) {
+    // A crashed program ends with a code other than 0; without a published product the fetch fails.
+    Picks("2A3");
+    InTheConfigurator("crash");
+    ExpectNoProductExported();
+    Run();
+    ExpectNothingChanged();
+}
+
+}  // namespace

@@ -1,0 +1,171 @@
+// The first steps of the command: no Klimora, the prompt, and what is taken from a pick. The configurator is cancelled,
+// so every run here ends without a trace.
+#include "CommandBench.h"
+
+namespace {
+
+using bench::BoxIcon;
+
+constexpr char kNotStarted[] = "\nSorvik Klimora Cloud Plugin: Can not start application, Klimora is not loaded.\n";
+
+class Selection : public CommandBench {
+ protected:
+    // The query of the address with which the configurator was opened.
+    std::string AskedFor() const {
+        const std::string record = ConfiguratorRecord();
+        const std::string start = WEB_SERVER "/klimora?action=ljudprog&klsid=";
+        const size_t at = record.find(start);
+        if (at == std::string::npos) return "(not asked)";
+        const size_t from = at + start.size() + 32;
+        return record.substr(from, record.find('"', from) - from);
+    }
+};
+
+TEST_F(Selection, KlimoraNotRunning) {
+    bench::KlimoraServer server;
+    server.klimoraRunning = false;
+    UseServer(server);
+    Run();
+    EXPECT_NE(Printed().find(kNotStarted), std::string::npos);
+    EXPECT_EQ(CountOf("acedSSGet"), 0u);
+    ExpectNothingChanged();
+}
+
+TEST_F(Selection, OldServer) {
+    bench::KlimoraServer server;
+    server.version = 20091199;
+    UseServer(server);
+    MeetsBox("Klimora version 20091200 or newer is required.", BoxIcon::kWarning, {"OK"}, "OK");
+    Run();
+    EXPECT_NE(Printed().find("\nSorvik Klimora Cloud Plugin: Klimora version 20091200 or newer is required.\n" +
+                             std::string(kNotStarted)),
+              std::string::npos)
+        << Printed();
+    ExpectNothingChanged();
+}
+
+TEST_F(Selection, NoProject) {
+    bench::CloseProject();
+    MeetsBox("Klimora project is not open. Please, open Klimora project.", BoxIcon::kWarning, {"OK"}, "OK");
+    Run();
+    EXPECT_NE(Printed().find(kNotStarted), std::string::npos);
+    ExpectNothingChanged();
+    // AutoCAD's own use of OLE has survived: the next run gets as far as the project again.
+    MeetsBox("Klimora project is not open. Please, open Klimora project.", BoxIcon::kWarning, {"OK"}, "OK");
+    bench::RunCommand("SorvSIL");
+}
+
+TEST_F(Selection, EscapeEndsWithoutAWord) {
+    PressesEscape();
+    Run();
+    EXPECT_EQ(Printed().find(kName), std::string::npos) << Printed();
+    EXPECT_TRUE(ConfiguratorRecord().empty());
+    ExpectNothingChanged();
+}
+
+TEST_F(Selection, UnsuitablePicksRepeatThePromptSilently) {
+    const std::string line = bench::AddEntity({"", "AcDbLine", "0"});
+    for (const std::string& unsuitable : {std::string("2A4"), std::string("2A0"), line})
+        Picks(unsuitable);
+    Picks("2A3");
+    Run();
+    EXPECT_EQ(CountOf("acedSSGet"), 4u);
+    EXPECT_EQ(Printed().find(kName), std::string::npos) << Printed();
+    EXPECT_EQ(AskedFor(), "&diameter=250&airflow=200");
+    ExpectNothingChanged();
+}
+
+TEST_F(Selection, DuctOfAnotherSystemTypeIsNotTaken) {
+    std::string fumeDuct;
+    for (const std::string& part : bench::PartHandles()) {
+        if (bench::PartAttribute(part, "/part/system/type/id") == "7" &&
+            bench::PartAttribute(part, "/part/type/id") == "68")
+            fumeDuct = part;
+    }
+    ASSERT_FALSE(fumeDuct.empty());
+    Picks(fumeDuct);
+    PressesEscape();
+    Run();
+    EXPECT_EQ(CountOf("acedSSGet"), 2u);
+    ExpectNothingChanged();
+}
+
+TEST_F(Selection, RectangularDuct) {
+    Picks("2A5");
+    Run();
+    EXPECT_EQ(AskedFor(), "&width=400&height=250&airflow=400");
+    ExpectNothingChanged();
+}
+
+TEST_F(Selection, BendAndBranchStandForTheirDuct) {
+    Picks("2AA");  // type 69 between 2A9 and 2AB
+    Run();
+    EXPECT_EQ(AskedFor(), "&diameter=315&airflow=270");
+    EXPECT_EQ(CountOf("IKlimora200805::getPartAtt '2A9' '/part/diameter'"), 1u) << "the first duct in connection order";
+    ExpectNothingChanged();
+    Picks("2A2");  // type 82, its first duct is 2A1
+    StartOver();
+    bench::RunCommand("SorvSIL");
+    EXPECT_EQ(AskedFor(), "&width=500&height=300&airflow=600");
+}
+
+TEST_F(Selection, BendWithoutDuctIsNotTaken) {
+    std::string alone;
+    for (const std::string& part : bench::PartHandles()) {
+        if (bench::PartAttribute(part, "/part/type/id") != "69") continue;
+        bool hasDuct = false;
+        const int count = std::atoi(bench::PartAttribute(part, "Count(/Part/Connection)").c_str());
+        for (int i = 0; i < count; ++i) {
+            const std::string other =
+                bench::PartAttribute(part, "/Part/Connection[" + std::to_string(i) + "]/ConnectedTo");
+            hasDuct = hasDuct || bench::PartAttribute(other, "/part/type/id") == "68";
+        }
+        if (!hasDuct) alone = part;
+    }
+    ASSERT_FALSE(alone.empty());
+    Picks(alone);
+    PressesEscape();
+    Run();
+    EXPECT_EQ(CountOf("acedSSGet"), 2u);
+    ExpectNothingChanged();
+}
+
+TEST_F(Selection, ZeroSizesAreLeftOut) {
+    std::string project = bench::ProjectXml(), error;
+    const size_t duct = project.find("handle=\"2A3\"");
+    const size_t size = project.find("<Diameter>250</Diameter>", duct);
+    ASSERT_NE(size, std::string::npos);
+    project.replace(size, 24, "<Diameter>0</Diameter>");
+    bench::NewDrawing("Office.dwg");
+    ASSERT_TRUE(bench::OpenProjectText(project, error)) << error;
+    Picks("2A3");
+    Run();
+    EXPECT_EQ(AskedFor(), "&airflow=200");
+    ExpectNothingChanged();
+}
+
+TEST_F(Selection, FailedSizeQueryEndsTheCommandQuietly) {
+    Picks("2A3");
+    // project check, system type, two part types, shape: the sixth query is for the diameter
+    bench::FailCall("IKlimora200805::getPartAtt", 6, -9);
+    Run();
+    ASSERT_EQ(CountOf("IKlimora200805::getPartAtt '2A3' '/part/diameter' -> -9"), 1u);
+    EXPECT_EQ(CountOf("acedSSGet"), 1u);
+    EXPECT_EQ(Printed().find(kName), std::string::npos);
+    EXPECT_TRUE(ConfiguratorRecord().empty());
+    ExpectNothingChanged();
+}
+
+TEST_F(Selection, TraceIsSilentDuringTheSelectionAndBackAfterIt) {
+    Picks("2A4");
+    Picks("2A3");
+    bench::FailCall("IKlimora200805::getPartAtt", 2, 5);   // during the selection
+    bench::FailCall("IKlimora200805::getPartAtt", 11, 6);  // the first silencer of the project
+    Run();
+    EXPECT_EQ(Printed().find("=5 "), std::string::npos);
+    EXPECT_NE(Printed().find("KlimComSrvImpl::getPartAtt:('', '"), std::string::npos) << Printed();
+    EXPECT_NE(Printed().find("=6 IKlimora200805::getPartAtt was planned to fail.\n"), std::string::npos) << Printed();
+    ExpectNothingChanged();
+}
+
+}  // namespace
