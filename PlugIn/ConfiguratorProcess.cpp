@@ -9,6 +9,7 @@
 #include "Lib/CommandLine.h"
 #include "Lib/DisplayName.h"
 #include "Lib/FormatText.h"
+#include "Lib/Handles.h"
 #include "ModuleNames.h"
 #include "Resources/Resource.h"
 #include "Util/KLUtils.h"
@@ -114,26 +115,27 @@ int KlConn::LaunchConfigurator(const char* program, const char* commandName, con
     // The program takes its words as they stand; a quote mark inside the address is not escaped.
     std::string commandLine = std::string("run /") + commandName + " \"" + address + "\" \"" + title + "\"";
 
-    PROCESS_INFORMATION process = {};
+    KernelHandle process;
     bool ended = false;
     {
         const ModalState modal(module);
         STARTUPINFOA startup = {};
         startup.cb = sizeof startup;
+        PROCESS_INFORMATION started = {};
         if (!CreateProcessA(path.c_str(), commandLine.data(), nullptr, nullptr, FALSE, CREATE_DEFAULT_ERROR_MODE,
-                            nullptr, nullptr, &startup, &process)) {
+                            nullptr, nullptr, &startup, &started)) {
             PrintCommandLine("\n%s: Can not execute %s.\n", kDisplayName, path.c_str());
             return -1;
         }
-        configurator_ = process.hProcess;
+        const KernelHandle thread(started.hThread);
+        configurator_ = started.hProcess;
         ended = WaitForConfigurator();
+        if (ended) process.reset(started.hProcess);
     }
-    const KernelHandle thread(process.hThread);
     // AutoCAD is quitting: the session's end terminates the program.
     if (!ended) return -1;
-    const KernelHandle ownedProcess(process.hProcess);
     DWORD exitCode = 0;
-    GetExitCodeProcess(process.hProcess, &exitCode);
+    GetExitCodeProcess(process.get(), &exitCode);
     SetNoProjectFileAccessCheck(false);
     // The other way round than usual: the program tells an exported product by a code other than 0.
     return exitCode == 0 ? -1 : 0;

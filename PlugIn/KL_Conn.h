@@ -88,7 +88,7 @@ class KlConn : private session_detail::ReportLevels, public KLComUtils {
 
     ticpp::Document document_;
     ticpp::Element* currentDevice_ = nullptr;
-    long serial_ = 20100801;
+    long serial_ = 20100801;  // kept for those who look for it; nothing here reads it
     char workingFolder_[300] = "";
     std::string sessionId_;
     HANDLE configurator_ = nullptr;

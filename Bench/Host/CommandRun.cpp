@@ -38,6 +38,7 @@ CommandReport RunAndReport(const BenchStage& stage, const std::string& command, 
     SetEnvironmentVariableA("SORVIK_BENCH_CONFIGURATOR_RECORD", recordFile.c_str());
     DeleteFileA(recordFile.c_str());
     const std::set<std::string> known = HandlesOfProject();
+    const FloorPlan before = PlanOfProject("", "", known);
     const size_t requestsBefore = stage.Requests().size();
     Note("-- command " + command);
     const size_t journalBefore = Journal().size();
@@ -46,6 +47,8 @@ CommandReport RunAndReport(const BenchStage& stage, const std::string& command, 
 
     const std::vector<std::string> journal = Beyond(Journal(), journalBefore);
     report.committed = Committed(journal);
+    for (const PlanPart& part : before.parts)
+        if (part.handle == LastPick()) report.picked.push_back(part);
     report.queued = CallsOf(journal, "AcApDocManager::sendStringToExecute");
     report.requests = Beyond(stage.Requests(), requestsBefore);
     report.configuratorRecord = LinesOf(recordFile);

@@ -33,6 +33,8 @@ std::string PlaceOf(const PlanPart& part, const FloorPlan& plan) {
 
 std::string CommandText(const CommandReport& command, const FloorPlan& plan) {
     std::string text = Heading("Command " + command.name + (command.committed ? ": committed" : ": not committed"));
+    for (const PlanPart& part : command.picked)
+        text += "Picked part " + part.handle + ": " + PlaceOf(part, plan) + "\n";
     if (!command.configuratorRecord.empty()) {
         text += "Configurator (" + command.configuratorScript + ")\n" + Indented(command.configuratorRecord);
     }

@@ -13,6 +13,7 @@ struct CommandReport {
     std::string name;
     bool known = false;
     bool committed = false;
+    std::vector<PlanPart> picked;  // the part that the user picked, none when nothing was
     std::string configuratorScript;
     std::vector<std::string> configuratorRecord;  // its own lines
     std::vector<std::string> requests;            // that reached the web server

@@ -27,9 +27,8 @@ void AppendPair(std::string& text, std::string_view name, std::string_view value
 }  // namespace
 
 int SetKModelParam(char* params, int32_t paramsLen, const char* name, const char* value) {
-    if (VerifyOrReport(paramsLen < 0 || paramsLen > static_cast<int32_t>(kTextLimit),
-                       "sizeof(_new_params)<_params_len", "params len is too long.", "PlugIn/Util/DrawModel", 509,
-                       "SetKModelParam")) {
+    if (VerifyOrReport(paramsLen < 0 || paramsLen > static_cast<int32_t>(kTextLimit), "sizeof(_new_params)<_params_len",
+                       "params len is too long.", "PlugIn/Util/DrawModel", 509, "SetKModelParam")) {
         return -1;
     }
     // The buffer may have come back without a terminator from an earlier call: it ends with its size.

@@ -49,10 +49,23 @@ TEST_F(ClipboardTest, BlockBytes) {
         int32_t size;
         const char* bytes;
     } cases[] = {
-        {"AB", "xyz", 3, "0200" "4142" "03000000" "78797A"},
-        {"", std::string("\0\1", 2), 2, "0000" "02000000" "0001"},
-        {"A", "", 0, "0100" "41" "00000000"},
-        {"A", "", -2, "0100" "41" "FEFFFFFF"},
+        {"AB", "xyz", 3,
+         "0200"
+         "4142"
+         "03000000"
+         "78797A"},
+        {"", std::string("\0\1", 2), 2,
+         "0000"
+         "02000000"
+         "0001"},
+        {"A", "", 0,
+         "0100"
+         "41"
+         "00000000"},
+        {"A", "", -2,
+         "0100"
+         "41"
+         "FEFFFFFF"},
     };
     for (const auto& c : cases) {
         const std::string block = Composed(c.text, c.data, c.size);
@@ -61,7 +74,12 @@ TEST_F(ClipboardTest, BlockBytes) {
     EXPECT_EQ(Composed("", "0123456789", 10).size(), 16u);
     const std::string wrapped = Composed(std::string(0x8000, 't'), "d", 1);
     EXPECT_EQ(wrapped.size(), 0x8000u + 7);
-    EXPECT_EQ(HexText(wrapped.data(), 8), "0080" "01000000" "64" "00") << "the length has become negative: no text";
+    EXPECT_EQ(HexText(wrapped.data(), 8),
+              "0080"
+              "01000000"
+              "64"
+              "00")
+        << "the length has become negative: no text";
     const std::string longest = Composed(std::string(0x7FFF, 't'), "d", 1);
     EXPECT_EQ(ParseClipboardBlock(longest.data(), longest.size()).text.size(), 0x7FFFu);
 }
@@ -84,7 +102,11 @@ TEST_F(ClipboardTest, AnotherProcessReadsTheBlock) {
     ASSERT_EQ(gwclip_copy(owner(), kFormat, "AB", "xyz", 3, true), 0);
     EXPECT_EQ(gwclip_has_data(kFormat), 1);
     EXPECT_EQ(gwclip_has_data("SorvikOther"), 0);
-    EXPECT_EQ(ReadByPeer(kFormat, 11), "0200" "4142" "03000000" "78797A");
+    EXPECT_EQ(ReadByPeer(kFormat, 11),
+              "0200"
+              "4142"
+              "03000000"
+              "78797A");
     ASSERT_EQ(gwclip_copy(owner(), "SorvikOther", "", "0123456789", 10, false), 0);
     EXPECT_EQ(gwclip_has_data(kFormat), 1) << "not emptied";
     ASSERT_EQ(gwclip_copy(owner(), "SorvikOther", nullptr, nullptr, 0, true), 0);
@@ -109,12 +131,33 @@ TEST_F(ClipboardTest, BlocksOfAnotherProcess) {
         const char* hex;
         Pasted pasted;
     } cases[] = {
-        {"0200" "4142" "03000000" "78797A", {"AB", 3, "xyz"}},
-        {"0100" "41" "00000000", {"A", 0, "null"}},
-        {"FFFF" "02000000" "6162", {"", 2, "ab"}},
-        {"0100" "41" "FEFFFFFF", {"A", -2, "null"}},
-        {"0002" "4142" "03000000" "78797A", {"", 0, "null"}},
-        {"0200" "4142" "FFFFFF7F" "78797A", {"", 0, "null"}},
+        {"0200"
+         "4142"
+         "03000000"
+         "78797A",
+         {"AB", 3, "xyz"}},
+        {"0100"
+         "41"
+         "00000000",
+         {"A", 0, "null"}},
+        {"FFFF"
+         "02000000"
+         "6162",
+         {"", 2, "ab"}},
+        {"0100"
+         "41"
+         "FEFFFFFF",
+         {"A", -2, "null"}},
+        {"0002"
+         "4142"
+         "03000000"
+         "78797A",
+         {"", 0, "null"}},
+        {"0200"
+         "4142"
+         "FFFFFF7F"
+         "78797A",
+         {"", 0, "null"}},
         {"0000000000", {"", 0, "null"}},
     };
     for (const auto& c : cases) {

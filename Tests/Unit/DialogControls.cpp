@@ -47,9 +47,9 @@ TEST(DialogControls, StatesShow) {
         bool readOnly;
         bool enabled;
         bool visible;
-    } cases[] = {{kControlNormal, false, true, true},    {7, false, true, true},
-                 {kControlReadOnly, true, true, true},   {kControlDisabled, false, false, true},
-                 {kControlHidden, false, true, false},   {kControlNormal, false, true, true}};
+    } cases[] = {{kControlNormal, false, true, true},  {7, false, true, true},
+                 {kControlReadOnly, true, true, true}, {kControlDisabled, false, false, true},
+                 {kControlHidden, false, true, false}, {kControlNormal, false, true, true}};
     char buffer[8] = "SORV1";
     PDialogControl* binder = nullptr;
     BoundDialog dialog([&](BoundDialog& self) {
@@ -142,9 +142,8 @@ TEST(DialogControls, ComboBoxesConsumeTheirList) {
 TEST(DialogControls, SortedComboBoxesKeepValueAndTextTogether) {
     ComboListData list = ListOf({{3, "c"}, {1, "a"}, {2, "b"}});
     float value = 2;
-    BoundDialog dialog([&](BoundDialog& self) {
-        self.Bind<PDialogControlComboBox>(kControl, kControlNormal, "", &list, &value);
-    });
+    BoundDialog dialog(
+        [&](BoundDialog& self) { self.Bind<PDialogControlComboBox>(kControl, kControlNormal, "", &list, &value); });
     dialog.Open(With(L"COMBOBOX", CBS_DROPDOWNLIST | CBS_SORT));
     EXPECT_EQ(Send(dialog, CB_GETCURSEL), 1);
     Send(dialog, CB_SETCURSEL, 2);
@@ -171,9 +170,8 @@ TEST(DialogControls, ListBoxesSelectNothingWithoutAMatch) {
     for (const bool match : {true, false}) {
         ComboListData list = ListOf({{1, "one"}, {2, "two"}});
         float value = match ? 2.0F : 9.0F;
-        BoundDialog dialog([&](BoundDialog& self) {
-            self.Bind<PDialogControlListBox>(kControl, kControlNormal, "", &list, &value);
-        });
+        BoundDialog dialog(
+            [&](BoundDialog& self) { self.Bind<PDialogControlListBox>(kControl, kControlNormal, "", &list, &value); });
         dialog.Open(With(L"LISTBOX", WS_BORDER));
         EXPECT_EQ(list, nullptr);
         EXPECT_EQ(Send(dialog, LB_GETCOUNT), 2);
@@ -229,9 +227,8 @@ TEST(DialogControls, DatesTakeAnySeparator) {
     for (const auto& c : cases) {
         char text[32] = "";
         std::strcpy(text, c.before);
-        BoundDialog dialog([&](BoundDialog& self) {
-            self.Bind<PDialogControlDate>(kControl, kControlNormal, "", text, c.size);
-        });
+        BoundDialog dialog(
+            [&](BoundDialog& self) { self.Bind<PDialogControlDate>(kControl, kControlNormal, "", text, c.size); });
         dialog.Open(With(L"SysDateTimePick32", DTS_SHOWNONE));
         SYSTEMTIME date = {};
         EXPECT_EQ(Send(dialog, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&date)), GDT_VALID);

@@ -20,8 +20,7 @@ DialogTemplate& DialogTemplate::Add(const wchar_t* className, DWORD style, WORD 
     if (words_.size() % 2) words_.push_back(0);
     Put(style | WS_CHILD | WS_VISIBLE);
     Put(extendedStyle);
-    for (const WORD value :
-         {x, static_cast<WORD>(4 + 16 * row), width, static_cast<WORD>(16 * rows - 2), id})
+    for (const WORD value : {x, static_cast<WORD>(4 + 16 * row), width, static_cast<WORD>(16 * rows - 2), id})
         words_.push_back(value);
     PutText(className);
     PutText(text);
@@ -46,8 +45,7 @@ BoundDialog::~BoundDialog() {
 }
 
 void BoundDialog::Open(const DialogTemplate& layout) {
-    modeless_ =
-        CreateDialogIndirectParamA(nullptr, layout.get(), nullptr, Procedure, reinterpret_cast<LPARAM>(this));
+    modeless_ = CreateDialogIndirectParamA(nullptr, layout.get(), nullptr, Procedure, reinterpret_cast<LPARAM>(this));
 }
 
 INT_PTR BoundDialog::Run(const DialogTemplate& layout) {

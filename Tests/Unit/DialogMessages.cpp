@@ -96,9 +96,9 @@ TEST_F(DialogMessages, CommandsCountOnlyFromTheirButton) {
         int command;
         int from;  // control, 0 for none
         int ends;
-    } cases[] = {{IDOK, IDOK, 1},         {IDOK, 0, 0},         {IDOK, IDCANCEL, 0},  {IDCANCEL, 0, 0},
-                 {IDCANCEL, IDCANCEL, 2}, {IDCANCEL, IDOK, 0},  {IDCLOSE, IDCLOSE, 2}, {IDCLOSE, 0, 0},
-                 {IDCANCEL, IDCLOSE, 2},  {IDCLOSE, kEdit, 0},  {kEdit, kEdit, 0}};
+    } cases[] = {{IDOK, IDOK, 1},         {IDOK, 0, 0},        {IDOK, IDCANCEL, 0},   {IDCANCEL, 0, 0},
+                 {IDCANCEL, IDCANCEL, 2}, {IDCANCEL, IDOK, 0}, {IDCLOSE, IDCLOSE, 2}, {IDCLOSE, 0, 0},
+                 {IDCANCEL, IDCLOSE, 2},  {IDCLOSE, kEdit, 0}, {kEdit, kEdit, 0}};
     for (const auto& c : cases) {
         endedWith = 0;
         const LPARAM from = reinterpret_cast<LPARAM>(c.from ? dialog_.GetControl(c.from) : nullptr);
@@ -241,7 +241,8 @@ TEST_F(DialogMessages, ADialogWithEveryKindOfControl) {
     });
     const std::string picture = "bound-dialog.png";
     bench::Robot robot;
-    robot.Expect(bench::Dialog("Silencer").Saying("Length in mm").Type(kLength, "12345").Screenshot(picture).Press(IDOK));
+    robot.Expect(
+        bench::Dialog("Silencer").Saying("Length in mm").Type(kLength, "12345").Screenshot(picture).Press(IDOK));
     EXPECT_EQ(dialog.Run(layout), IDOK);
     EXPECT_TRUE(robot.Complaints().empty()) << robot.Complaints().front();
     EXPECT_STREQ(length, "1234");

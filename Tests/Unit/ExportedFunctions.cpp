@@ -66,8 +66,7 @@ TEST_F(ExportedFunctions, MemoryGoesRound) {
 TEST_F(ExportedFunctions, FieldsAndClipboard) {
     const auto field = ExportedFunction<const char*(char*, const char*, char, int32_t, int32_t)>("gwgetsubstring");
     const auto has = ExportedFunction<int(const char*)>("gwclip_has_data");
-    const auto copy =
-        ExportedFunction<int(HWND, const char*, const char*, const void*, int32_t, bool)>("gwclip_copy");
+    const auto copy = ExportedFunction<int(HWND, const char*, const char*, const void*, int32_t, bool)>("gwclip_copy");
     const auto paste = ExportedFunction<void*(HWND, const char*, char*, int32_t, int32_t*)>("gwclip_paste");
     const auto release = ExportedFunction<int(void*)>("gwGfree");
     ASSERT_TRUE(field && has && copy && paste && release);

@@ -62,10 +62,13 @@ TEST_F(GlobalMemoryTest, FailedAllocationsAreReportedButForTheFirstThroughReallo
     GwMemory old(gwGmalloc(3, 0));
     std::memcpy(old.get(), "old", 3);
     {
+        // The patches allocate themselves, so the originals are known before the first stands.
+        const HMODULE runtime = GetModuleHandleA("msvcrt.dll");
+        realMalloc = reinterpret_cast<void* (*)(size_t)>(reinterpret_cast<void*>(GetProcAddress(runtime, "malloc")));
+        realRealloc =
+            reinterpret_cast<void* (*)(void*, size_t)>(reinterpret_cast<void*>(GetProcAddress(runtime, "realloc")));
         const ImportPatch mallocPatch("malloc", RefusingMalloc);
         const ImportPatch reallocPatch("realloc", RefusingRealloc);
-        realMalloc = mallocPatch.original<void*(size_t)>();
-        realRealloc = reallocPatch.original<void*(void*, size_t)>();
         EXPECT_EQ(gwGrealloc(nullptr, kRefusedSize, 0), nullptr);
         EXPECT_EQ(gwGmalloc(kRefusedSize, 0), nullptr);
         EXPECT_EQ(gwGrealloc(old.get(), kRefusedSize, 0), nullptr);

@@ -57,8 +57,8 @@ TEST(WindowHelpers, WindowsAreCentredInWholePixels) {
 
     const PlacedWindow parent({101, 50, 400, 301}, nullptr);
     // An owned popup has its owner for parent, as dialogs do.
-    const HWND owned = CreateWindowExA(0, "Static", "", WS_POPUP, 0, 0, 31, 21, parent.handle(), nullptr, nullptr,
-                                       nullptr);
+    const HWND owned =
+        CreateWindowExA(0, "Static", "", WS_POPUP, 0, 0, 31, 21, parent.handle(), nullptr, nullptr, nullptr);
     CenterWindowOnParent(owned);
     RECT area = {};
     GetWindowRect(owned, &area);
@@ -99,7 +99,9 @@ TEST(WindowHelpers, ProductVersionsLeaveZerosOut) {
         uint32_t most;
         uint32_t least;
         const char* text;
-    } cases[] = {{0x00020000, 0x00000005, "2.5"}, {0x00010004, 0x00020A33, "1.4.2.2611"}, {0, 0, ""},
+    } cases[] = {{0x00020000, 0x00000005, "2.5"},
+                 {0x00010004, 0x00020A33, "1.4.2.2611"},
+                 {0, 0, ""},
                  {0x0000FFFF, 0x00030000, "65535.3"}};
     for (const auto& c : cases)
         EXPECT_EQ(ProductVersionText(c.most, c.least), c.text);
