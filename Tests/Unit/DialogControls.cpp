@@ -240,7 +240,7 @@ TEST(DialogControls, DatesTakeAnySeparator) {
         dialog.FromDialog(-1);
         EXPECT_STREQ(text, c.after);
         std::strcpy(text, "kept");
-        Send(dialog, DTM_SETSYSTEMTIME, GDT_NONE);
+        Send(dialog, DTM_SETSYSTEMTIME, GDT_NONE, reinterpret_cast<LPARAM>(&date));
         dialog.FromDialog(-1);
         EXPECT_STREQ(text, "kept") << "no date, no text";
     }

@@ -72,9 +72,9 @@ TEST_F(DialogImages, ButtonsLoadWhatTheirStyleAsksFor) {
     EXPECT_NE(SendMessageA(fromModule, BM_GETIMAGE, IMAGE_ICON, 0), 0);
     EXPECT_EQ(WidthOf(first), 0) << "an image ends with its binder";
 
-    // The extended style goes before the style: bitmap there, icon here.
-    const HWND extended = Show<PDialogControlButton>(L"BUTTON", BS_ICON, BS_BITMAP, bitmap());
-    EXPECT_EQ(WidthOf(SendMessageA(extended, BM_GETIMAGE, IMAGE_BITMAP, 0)), 3);
+    // The extended style goes before the style: an icon is looked for, and a button for bitmaps gets none.
+    const HWND extended = Show<PDialogControlButton>(L"BUTTON", BS_BITMAP, BS_ICON, bitmap());
+    EXPECT_EQ(SendMessageA(extended, BM_GETIMAGE, IMAGE_BITMAP, 0), 0);
 }
 
 TEST_F(DialogImages, ButtonsWithoutAnImageShowTheirText) {
