@@ -5,7 +5,7 @@
 DialogTemplate::DialogTemplate(const std::wstring& caption, WORD width, WORD height) {
     const INITCOMMONCONTROLSEX classes = {sizeof classes, ICC_DATE_CLASSES | ICC_WIN95_CLASSES};
     InitCommonControlsEx(&classes);
-    Put(WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_VISIBLE | DS_SETFONT);
+    Put(WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_SETFONT);
     Put(0);
     for (const WORD value : {WORD{0}, WORD{20}, WORD{20}, width, height, WORD{0}, WORD{0}})
         words_.push_back(value);

@@ -33,10 +33,9 @@ class BoundDialog : public PDialog {
     explicit BoundDialog(std::function<void(BoundDialog&)> bind);
     ~BoundDialog() override;
 
-    // Modeless and visible; lives until the test's end.
+    // Modeless and hidden, for showing a window costs seconds without a window manager; lives until the test's end.
     void Open(const DialogTemplate& layout);
     INT_PTR Run(const DialogTemplate& layout);
-    // For dialogs made elsewhere.
     using PDialog::SetTitle;
     using PDialog::tooltipWindow;
 

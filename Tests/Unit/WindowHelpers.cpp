@@ -43,6 +43,13 @@ BOOL WINAPI AnswerOpen(OPENFILENAMEA* request) {
     return 7;
 }
 
+VS_FIXEDFILEINFO versions;
+BOOL WINAPI AnswerVersions(const void*, const char*, void** found, UINT* length) {
+    *found = &versions;
+    *length = sizeof versions;
+    return TRUE;
+}
+
 }  // namespace
 
 TEST(WindowHelpers, WindowsAreCentredInWholePixels) {
@@ -121,4 +128,13 @@ TEST(WindowHelpers, ProductVersionOfTheModule) {
     EXPECT_EQ(GetModuleProductVersion(GetModuleHandleW(nullptr)), "");
     EXPECT_EQ(GetModuleProductVersionText(GetModuleHandleW(nullptr), text, 16), 0);
     EXPECT_STREQ(text, "");
+}
+
+TEST(WindowHelpers, TheProductVersionIsNotTheFileVersion) {
+    const ImportPatch patch("VerQueryValueA", AnswerVersions);
+    versions.dwFileVersionMS = 0x00050006;
+    versions.dwFileVersionLS = 0x00070008;
+    versions.dwProductVersionMS = 0x00020000;
+    versions.dwProductVersionLS = 0x00000005;
+    EXPECT_EQ(GetModuleProductVersion(nullptr), "2.5");
 }
