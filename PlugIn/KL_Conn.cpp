@@ -2,7 +2,6 @@
 
 #include "KL_Conn.h"
 
-#include <direct.h>
 #include <io.h>
 #include <ole2.h>
 
@@ -33,7 +32,6 @@ namespace {
 constexpr char kSource[] = "PlugIn/KL_Conn";
 constexpr int kRequiredServerVersion = 20091200;
 constexpr char kResultFile[] = "output.xml";
-constexpr char kDatabaseFile[] = "output.kpd";
 constexpr char kNotLoaded[] = "\n%s: Can not start application, Klimora is not loaded.\n";
 
 bool FileExists(const std::string& path) {
@@ -144,8 +142,7 @@ int KlConn::FetchResult(const char* address, const std::string& resultFile) {
         return 0;
     }
     if (!address) return 0;
-    if (FileExists(resultFile)) _unlink(resultFile.c_str());
-    return DownloadFile(address, resultFile.c_str()) < 0 ? -1 : 0;
+    return DownloadAfresh(address, resultFile.c_str()) < 0 ? -1 : 0;
 }
 
 int KlConn::GetResultsFromConfigurator(const char* address) {

@@ -2,8 +2,6 @@
 
 #include "KL_Conn_DevicesData.h"
 
-#include <io.h>
-
 #include <cstdlib>
 
 #include "AirDeviceData.h"
@@ -18,7 +16,6 @@ namespace {
 
 constexpr char kSource[] = "PlugIn/KL_Conn_DevicesData";
 constexpr char kDictionaryFile[] = "output.ddk";
-constexpr char kDatabaseFile[] = "output.kpd";
 constexpr char kManufacturer[] = "Sorvik";
 constexpr char kModelClass[] = "KMD";
 constexpr size_t kModelIdLimit = 30;
@@ -126,8 +123,7 @@ struct ProductDatabase {
 };
 
 void FetchDatabaseFile(const std::string& url, const std::string& path, const char* failure) {
-    if (_access(path.c_str(), 0) == 0) _unlink(path.c_str());
-    if (DownloadFile(url.c_str(), path.c_str()) < 0) throw failure + url;
+    if (DownloadAfresh(url.c_str(), path.c_str()) < 0) throw failure + url;
 }
 
 void OpenDatabase(ProductDatabase& product, const std::string& dictionaryPath, const std::string& databasePath) {

@@ -3,26 +3,15 @@
 #include <optional>
 
 #include "ModuleNames.h"
-#include "Util/GlobalMemory.h"
+#include "Util/ModuleVersion.h"
 
 namespace {
 
-constexpr int32_t kVersionTag = 5332;
-
 std::optional<std::string> ReadProductVersion(HMODULE module) {
-    if (!module) module = GetModuleHandleA(kModuleFileName);
-    char path[MAX_PATH] = "";
-    if (!module || GetModuleFileNameA(module, path, MAX_PATH) == 0) return {};
-    DWORD ignored = 0;
-    const DWORD size = GetFileVersionInfoSizeA(path, &ignored);
-    if (size == 0) return {};
-    const GwMemory resource(gwGmalloc(size, kVersionTag));
-    if (!resource || !GetFileVersionInfoA(path, 0, size, resource.get())) return {};
-    void* found = nullptr;
-    UINT length = 0;
-    if (!VerQueryValueA(resource.get(), "\\", &found, &length) || length < sizeof(VS_FIXEDFILEINFO)) return {};
-    const VS_FIXEDFILEINFO& info = *static_cast<const VS_FIXEDFILEINFO*>(found);
-    return ProductVersionText(info.dwProductVersionMS, info.dwProductVersionLS);
+    const std::optional<VS_FIXEDFILEINFO> info =
+        ReadVersionResource(module ? module : GetModuleHandleA(kModuleFileName));
+    if (!info) return {};
+    return ProductVersionText(info->dwProductVersionMS, info->dwProductVersionLS);
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 
 #include "Download.h"
 
+#include <io.h>
+
 #include <cstdlib>
 #include <stdexcept>
 
@@ -91,6 +93,11 @@ class Download {
 
 int DownloadFile(const char* url, const char* savePath) {
     return Download().Run(url, savePath);
+}
+
+int DownloadAfresh(const char* url, const char* savePath) {
+    if (_access(savePath, 0) == 0) _unlink(savePath);
+    return DownloadFile(url, savePath);
 }
 
 int OpenWebBrowser(const char* url, HWND owner) {

@@ -12,6 +12,9 @@
 // other.
 int DownloadFile(const char* url, const char* savePath);
 
+// DownloadFile after deleting what lies at `savePath`, so that a failed fetch never leaves an earlier file behind.
+int DownloadAfresh(const char* url, const char* savePath);
+
 // 0 when the shell started the browser, otherwise -1. `owner` may be null.
 int OpenWebBrowser(const char* url, HWND owner);
 

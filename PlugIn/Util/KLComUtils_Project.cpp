@@ -31,6 +31,10 @@ constexpr TypeDefine kTypeDefines[] = {
     {"dSilencerType", "EWAPART_SILENCER"},
 };
 
+void AppendElement(XmlTextBuilder& command, const char* format, const std::string& value) {
+    command.AppendFormat(format, XmlTextBuilder::Escape(value).c_str());
+}
+
 }  // namespace
 
 bool KLComUtils::CheckKlimoraProject(int requiredVersion) {
@@ -51,14 +55,6 @@ void KLComUtils::SetNoProjectFileAccessCheck(bool check) {
     // The attribute says "no check", so the flag goes in inverted.
     SetPartAtt("", "/dwg/flag/noPrjFileAccessCheck", check ? 0 : 1, false);
 }
-
-namespace {
-
-void AppendElement(XmlTextBuilder& command, const char* format, const std::string& value) {
-    command.AppendFormat(format, XmlTextBuilder::Escape(value).c_str());
-}
-
-}  // namespace
 
 bool KLComUtils::StoreInBinVariable(int variable, const void* data, int size) {
     try {
