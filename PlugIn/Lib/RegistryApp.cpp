@@ -19,10 +19,10 @@ RegistryApp::~RegistryApp() {
     RegistryApp::Close();
 }
 
-int RegistryApp::Open(const char* keyPath, bool create) {
+int RegistryApp::Open(const char* keyPath) {
     Close();
     machine_->Open(HKEY_LOCAL_MACHINE, keyPath, KEY_QUERY_VALUE, false);
-    return user_->Open(HKEY_CURRENT_USER, keyPath, KEY_ALL_ACCESS, create);
+    return user_->Open(HKEY_CURRENT_USER, keyPath, KEY_ALL_ACCESS, true);
 }
 
 void RegistryApp::Close() {

@@ -35,8 +35,8 @@ class PRegistryApp {
     virtual int SetBinaryValue(const char* valueName, const void* value, int valueSize) = 0;
     virtual int GetBinaryValue(const char* valueName, void* value, int valueSize, const void* defaultValue) const = 0;
 
-    // The user's key with all rights, the machine's to be read. The result is the user's.
-    virtual int Open(const char* keyPath, bool create) = 0;
+    // The user's key with all rights, created when it is missing; the machine's to be read. The result is the user's.
+    virtual int Open(const char* keyPath) = 0;
     virtual void Close() = 0;
 };
 
@@ -65,7 +65,7 @@ class RegistryApp : public PRegistryApp {
     int GetStringValue(const char* valueName, char* value, int valueSize, const char* defaultValue) const override;
     int SetBinaryValue(const char* valueName, const void* value, int valueSize) override;
     int GetBinaryValue(const char* valueName, void* value, int valueSize, const void* defaultValue) const override;
-    int Open(const char* keyPath, bool create) override;
+    int Open(const char* keyPath) override;
     void Close() override;
 
  private:

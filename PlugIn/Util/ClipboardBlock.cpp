@@ -18,7 +18,7 @@ void ComposeClipboardBlock(void* block, std::string_view text, const void* data,
     }
     std::memcpy(at, &dataSize, sizeof dataSize);
     at += sizeof dataSize;
-    if (dataSize > 0) std::memcpy(at, data, static_cast<size_t>(dataSize));
+    if (dataSize > 0 && data) std::memcpy(at, data, static_cast<size_t>(dataSize));
 }
 
 ClipboardBlockView ParseClipboardBlock(const void* block, size_t size) {

@@ -13,7 +13,7 @@ inline constexpr size_t kClipboardBlockFields = 6;  // bytes of the two lengths
 // Size of the block; a negative data size needs no room.
 size_t ClipboardBlockSize(std::string_view text, int32_t dataSize);
 // Fills a zeroed block of that size. A text beyond 32767 bytes wraps its length field, and is left out when that
-// becomes negative.
+// becomes negative. Null data stands for zeros.
 void ComposeClipboardBlock(void* block, std::string_view text, const void* data, int32_t dataSize);
 
 struct ClipboardBlockView {

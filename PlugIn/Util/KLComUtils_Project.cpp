@@ -31,6 +31,13 @@ constexpr TypeDefine kTypeDefines[] = {
     {"dSilencerType", "EWAPART_SILENCER"},
 };
 
+// The project's file as the server knows it; empty when no project is open. A server that cannot tell is no failure to
+// be traced: the user is told that there is no project.
+std::string ProjectFile(KLComUtils& utils) {
+    const TraceSwitchGuard silent(utils, false, false, false);
+    return utils.GetPartAtt("", "/dwg/kpjfilename", false);
+}
+
 void AppendElement(XmlTextBuilder& command, const char* format, const std::string& value) {
     command.AppendFormat(format, XmlTextBuilder::Escape(value).c_str());
 }
@@ -42,7 +49,7 @@ bool KLComUtils::CheckKlimoraProject(int requiredVersion) {
     std::string message;
     if (ServerVersion() < requiredVersion)
         message = FormatString("Klimora version %d or newer is required.", requiredVersion);
-    else if (GetPartAtt("", "/dwg/kpjfilename", false).empty())
+    else if (ProjectFile(*this).empty())
         message = "Klimora project is not open. Please, open Klimora project.";
     if (message.empty()) return true;
     PrintCommandLine("\n%s: %s\n", kDisplayName, message.c_str());

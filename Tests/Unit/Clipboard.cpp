@@ -72,6 +72,9 @@ TEST_F(ClipboardTest, BlockBytes) {
         EXPECT_EQ(HexText(block.data(), block.size()), c.bytes);
     }
     EXPECT_EQ(Composed("", "0123456789", 10).size(), 16u);
+    char zeros[10] = "";
+    ComposeClipboardBlock(zeros, "", nullptr, 4);
+    EXPECT_EQ(HexText(zeros, sizeof zeros), "00000400000000000000") << "null data of 4 bytes";
     const std::string wrapped = Composed(std::string(0x8000, 't'), "d", 1);
     EXPECT_EQ(wrapped.size(), 0x8000u + 7);
     EXPECT_EQ(HexText(wrapped.data(), 8),

@@ -76,6 +76,18 @@ TEST_F(ProjectOperations, CheckTellsAClosedProjectTwice) {
     EXPECT_EQ(Printed(), "\nSorvik Klimora Cloud Plugin: Klimora project is not open. Please, open Klimora project.\n");
 }
 
+TEST_F(ProjectOperations, CheckReadsTheProjectWithoutTrace) {
+    Start();
+    utils_.SetTrace(true, true, true);
+    bench::FailCall("IKlimora200805::getPartAtt", 1);
+    ExpectWarning("Klimora project is not open. Please, open Klimora project.");
+    EXPECT_FALSE(utils_.CheckKlimoraProject(20091200));
+    EXPECT_EQ(Printed(), "\nSorvik Klimora Cloud Plugin: Klimora project is not open. Please, open Klimora project.\n");
+    bool keep = false, failures = false, all = false;
+    utils_.GetTrace(&keep, &failures, &all);
+    EXPECT_TRUE(keep && failures && all) << "the switches are as they were";
+}
+
 TEST_F(ProjectOperations, FileAccessSwitchIsInverted) {
     Start(20090300);
     utils_.SetNoProjectFileAccessCheck(true);

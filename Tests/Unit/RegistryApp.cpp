@@ -33,27 +33,29 @@ class RegistryAppTest : public RegistryTest {
 };
 
 TEST_F(RegistryAppTest, OpenMakesTheUsersKeyAloneAndGivesItsResult) {
-    EXPECT_EQ(app_->Open(path.c_str(), false), -4004);
-    EXPECT_FALSE(app_->IsKeyPathValid());
     Make(Machine(), path);
-    EXPECT_EQ(app_->Open(path.c_str(), false), -4004) << "the machine's success does not count";
-    EXPECT_TRUE(app_->IsKeyPathValid());
+    EXPECT_EQ(app_->Open(path.c_str()), 0);
     EXPECT_EQ(app_->GetKeyPath(), path);
     RegDeleteTreeA(Machine(), path.c_str());
-    EXPECT_EQ(app_->Open(path.c_str(), true), 0);
+    RegDeleteTreeA(User(), path.c_str());
+    EXPECT_EQ(app_->Open(path.c_str()), 0);
     EXPECT_TRUE(IsThere(User(), path));
     EXPECT_FALSE(IsThere(Machine(), path));
     EXPECT_TRUE(app_->IsKeyPathValid());
     EXPECT_EQ(app_->GetKeyPath(), "") << "the machine's path";
-    EXPECT_EQ(LogLines(), "");
+    EXPECT_EQ(LogLines(), "") << "a machine's key that is not there is no failure";
     app_->Close();
     EXPECT_FALSE(app_->IsKeyPathValid());
+
+    const std::string tooLong = path + "\\" + std::string(300, 'k');
+    EXPECT_EQ(app_->Open(tooLong.c_str()), -4003) << "no key has a name of 300 characters";
+    EXPECT_EQ(LogLines(), Line("SetKeyPath", "Registry::SetKeyPath can't create key \"" + tooLong + "\"", 167));
 }
 
 TEST_F(RegistryAppTest, PathIsSetInBothStores) {
     const std::string other = path + "\\Other";
     Make(Machine(), other);
-    ASSERT_EQ(app_->Open(path.c_str(), true), 0);
+    ASSERT_EQ(app_->Open(path.c_str()), 0);
     EXPECT_EQ(app_->SetKeyPath(other.c_str(), false), -4004);
     EXPECT_EQ(app_->GetKeyPath(), other);
     EXPECT_EQ(app_->SetKeyPath(other.c_str(), true), 0);
@@ -65,7 +67,7 @@ TEST_F(RegistryAppTest, PathIsSetInBothStores) {
 
 TEST_F(RegistryAppTest, KeysOfEitherStoreExistAndTheUsersAreDeleted) {
     Make(Machine(), path);
-    ASSERT_EQ(app_->Open(path.c_str(), true), 0);
+    ASSERT_EQ(app_->Open(path.c_str()), 0);
     EXPECT_TRUE(app_->UserKeyExists(path.c_str()));
     EXPECT_EQ(app_->DeleteKey(path.c_str()), 0);
     EXPECT_FALSE(app_->UserKeyExists(path.c_str()));
@@ -80,7 +82,7 @@ TEST_F(RegistryAppTest, KeysOfEitherStoreExistAndTheUsersAreDeleted) {
 
 TEST_F(RegistryAppTest, ReadersFallBackToTheMachine) {
     Make(Machine(), path);
-    ASSERT_EQ(app_->Open(path.c_str(), true), 0);
+    ASSERT_EQ(app_->Open(path.c_str()), 0);
     EXPECT_EQ(ReadAll(), "-4006 -4006 -4006 DDDD");
     EXPECT_FALSE(app_->ValueExists("v"));
     Put(Machine(), "v", REG_BINARY, "mach");
@@ -96,7 +98,7 @@ TEST_F(RegistryAppTest, ReadersFallBackToTheMachine) {
 
 TEST_F(RegistryAppTest, WritersWriteForTheUserAlone) {
     Put(Machine(), "v", REG_BINARY, "mach");
-    ASSERT_EQ(app_->Open(path.c_str(), true), 0);
+    ASSERT_EQ(app_->Open(path.c_str()), 0);
     EXPECT_EQ(app_->SetDwordValue("v", 0x72657375), 0);
     EXPECT_EQ(ReadAll(), "4 4 0 user");
     EXPECT_EQ(app_->SetStringValue("v", "text"), 0);
