@@ -9,8 +9,6 @@
 #include "rxdlinkr.h"
 #include "rxsrvice.h"
 
-using bench::HostCall;
-
 AcRxClass* AcRxImpClass::Get(const wchar_t* name, AcRxClass* parent, const wchar_t* dxfName) {
     static std::map<std::wstring, AcRxClass*> known;
     AcRxClass*& entry = known[name];

@@ -5,7 +5,6 @@
 
 using bench::HostCall;
 using bench::Record;
-using bench::RecordKind;
 
 AcDbSymbolTable::AcDbSymbolTable() = default;
 AcDbSymbolTable::~AcDbSymbolTable() = default;

@@ -23,7 +23,7 @@ Open& open() {
 }
 
 template <class Kind>
-KB_HANDLE Add(std::map<KB_HANDLE, Kind>& kept, KB_HANDLE handle, Kind&& opened) {
+KB_HANDLE Add(std::map<KB_HANDLE, Kind>& kept, KB_HANDLE handle, Kind opened) {
     while (kept.count(handle))
         ++handle;
     kept.emplace(handle, std::move(opened));
