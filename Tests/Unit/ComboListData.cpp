@@ -7,6 +7,7 @@
 #include <string>
 
 #include "DiagnosticsFixture.h"
+#include "Util/GlobalMemory.h"
 
 namespace {
 
@@ -38,6 +39,18 @@ TEST_F(ComboListDataTest, ItemsStandBeforeTheEnd) {
     EXPECT_EQ(list, nullptr);
     FreeComboListData(&list);
     FreeComboListData(nullptr);
+}
+
+TEST_F(ComboListDataTest, TheEndHasNoTextWhateverTheMemoryHeld) {
+    constexpr uint32_t kBytes = 3 * sizeof(ComboListItem);
+    ComboListData list = static_cast<ComboListData>(gwGmalloc(kBytes, 0));
+    std::memset(list, '#', kBytes);
+    list[0].value = NULLFLOAT;
+    EXPECT_EQ(InsertComboListDataItem(&list, 1, "one"), 0);
+    EXPECT_STREQ(list[0].text, "one");
+    EXPECT_EQ(list[1].value, NULLFLOAT);
+    EXPECT_STREQ(list[1].text, "");
+    FreeComboListData(&list);
 }
 
 TEST_F(ComboListDataTest, AMissingListIsReported) {

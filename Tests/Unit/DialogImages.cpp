@@ -5,6 +5,7 @@
 #include <string>
 
 #include "DialogFixture.h"
+#include "ImportPatch.h"
 #include "TestFiles.h"
 #include "Util/PDialogControlButtons.h"
 
@@ -28,6 +29,12 @@ std::string BitmapFile() {
     info.biBitCount = 24;
     return std::string(reinterpret_cast<const char*>(&head), sizeof head) +
            std::string(reinterpret_cast<const char*>(&info), sizeof info) + std::string(kRow * kHeight, '\x7F');
+}
+
+UINT askedType = 0;
+HANDLE WINAPI RecordType(HINSTANCE, LPCSTR, UINT type, int, int, UINT) {
+    askedType = type;
+    return nullptr;
 }
 
 LONG WidthOf(LRESULT bitmap) {
@@ -94,4 +101,14 @@ TEST_F(DialogImages, StaticImagesGoByTheExtendedStyle) {
     EXPECT_NE(SendMessageA(iconControl, STM_GETIMAGE, IMAGE_ICON, 0), 0);
     const HWND plain = Show<PDialogControlStaticImage>(L"STATIC", SS_BITMAP, 0, bitmap());
     EXPECT_EQ(SendMessageA(plain, STM_GETIMAGE, IMAGE_BITMAP, 0), 0) << "the style alone asks for nothing";
+
+    const ImportPatch patch("LoadImageA", RecordType);
+    for (const auto& [bits, type] : {std::pair{0x01, IMAGE_ICON},
+                                     {0x02, IMAGE_ICON},
+                                     {0x06, IMAGE_ICON},
+                                     {0x04, IMAGE_BITMAP},
+                                     {0x0C, IMAGE_BITMAP}}) {
+        Show<PDialogControlStaticImage>(L"STATIC", SS_BITMAP, bits, bitmap());
+        EXPECT_EQ(askedType, static_cast<UINT>(type)) << bits;
+    }
 }

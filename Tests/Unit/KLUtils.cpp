@@ -113,13 +113,18 @@ TEST_F(KLUtilsTest, PickGivesTheFirstEntityAndFreesTheSet) {
 
 TEST_F(KLUtilsTest, EveryAttributeOfTheTagIsUpdated) {
     const std::string longTag(32, 'L');
-    const std::string handle =
-        AddSilencer({{"CODE", "old"}, {"code", "keep"}, {"CODE", "older"}, {"CODEX", "keep"}, {longTag + "A", "old"}});
+    const std::string handle = AddSilencer({{"CODE", "old"},
+                                            {"code", "keep"},
+                                            {"CODE", "older"},
+                                            {"CODEX", "keep"},
+                                            {longTag + "A", "old"},
+                                            {std::string(31, 'L') + "X", "keep"}});
     OpenObject<AcDbBlockReference> reference;
     ASSERT_EQ(reference.Open(IdOf(handle), AcDb::kForWrite), Acad::eOk);
     EXPECT_EQ(KLUtils::UpdateAttribute(reference.get(), "CODE", "SORV1"), 0);
     EXPECT_EQ(KLUtils::UpdateAttribute(reference.get(), (longTag + "B").c_str(), "32"), 0);
-    EXPECT_EQ(AttributeTexts(reference.get()), (std::vector<std::string>{"SORV1", "keep", "SORV1", "keep", "32"}));
+    EXPECT_EQ(AttributeTexts(reference.get()),
+              (std::vector<std::string>{"SORV1", "keep", "SORV1", "keep", "32", "keep"}));
     EXPECT_EQ(Calls("AcDbEntity::recordGraphicsModified").size(), 3u);
     EXPECT_EQ(KLUtils::UpdateAttribute(nullptr, "CODE", "x"), -1);
 }

@@ -11,6 +11,12 @@ LSTATUS WINAPI AnswerExistenceAlone(HKEY, LPCSTR, LPDWORD, LPDWORD type, LPBYTE 
     return type || data || size ? ERROR_ACCESS_DENIED : ERROR_SUCCESS;
 }
 
+int flushes = 0;
+LSTATUS WINAPI CountFlush(HKEY) {
+    ++flushes;
+    return ERROR_SUCCESS;
+}
+
 class RegistryValuesTest : public RegistryTest {
  protected:
     void OpenKey(uint32_t rights = KEY_ALL_ACCESS) {
@@ -58,6 +64,28 @@ class RegistryValuesTest : public RegistryTest {
 
     Registry registry_;
 };
+
+TEST_F(RegistryValuesTest, EveryWriteIsFlushed) {
+    const ImportPatch patch("RegFlushKey", CountFlush);
+    const struct {
+        const char* what;
+        int (*write)(Registry& registry, const char* path);
+    } writes[] = {
+        {"path, created", [](Registry& r, const char* path) { return r.SetKeyPath(path, true); }},
+        {"path, opened", [](Registry& r, const char* path) { return r.SetKeyPath(path, false); }},
+        {"key", [](Registry& r, const char* path) { return r.CreateKey(path); }},
+        {"number", [](Registry& r, const char*) { return r.SetDwordValue("v", 1); }},
+        {"text", [](Registry& r, const char*) { return r.SetStringValue("v", "t"); }},
+        {"bytes", [](Registry& r, const char*) { return r.SetBinaryValue("v", "b", 1); }},
+        {"removal", [](Registry& r, const char*) { return r.DeleteValue("v"); }},
+    };
+    registry_.SetAccessMask(KEY_ALL_ACCESS);
+    for (const auto& one : writes) {
+        flushes = 0;
+        EXPECT_EQ(one.write(registry_, path.c_str()), 0) << one.what;
+        EXPECT_EQ(flushes, 1) << one.what;
+    }
+}
 
 TEST_F(RegistryValuesTest, AreStoredWithTheirTypesAndSizes) {
     OpenKey();

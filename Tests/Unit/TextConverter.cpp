@@ -3,8 +3,22 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
+#include "ImportPatch.h"
 #include "Util/ComTypes.h"
+
+namespace {
+
+std::vector<DWORD> askedFlags;
+int(WINAPI* original)(UINT, DWORD, LPCSTR, int, LPWSTR, int);
+
+int WINAPI RecordFlags(UINT codePage, DWORD flags, LPCSTR text, int length, LPWSTR wide, int size) {
+    askedFlags.push_back(flags);
+    return original(codePage, flags, text, length, wide, size);
+}
+
+}  // namespace
 
 TEST(TextConverter, ConvertsBothWaysInSeveralCodePages) {
     const struct {
@@ -26,6 +40,17 @@ TEST(TextConverter, ConvertsBothWaysInSeveralCodePages) {
         EXPECT_EQ(converter.capacity(), std::wstring(c.wide).size() + 1) << c.codePage;
         EXPECT_STREQ(converter.ToNarrow(c.codePage), c.narrow) << c.codePage;
     }
+}
+
+// Windows refuses precomposition with UTF-8, Wine lets it pass.
+TEST(TextConverter, AsksForPrecomposedCharactersButOfUtf8) {
+    askedFlags.clear();
+    const ImportPatch patch("MultiByteToWideChar", RecordFlags);
+    original = patch.original<decltype(RecordFlags)>();
+    TextConverter converter;
+    converter.ToWide("duct", CP_UTF8);
+    converter.ToWide("duct", 1252);
+    EXPECT_EQ(askedFlags, (std::vector<DWORD>{0, 0, MB_PRECOMPOSED, MB_PRECOMPOSED}));
 }
 
 TEST(TextConverter, Utf8IsTheDefault) {

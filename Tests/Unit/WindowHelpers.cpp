@@ -62,14 +62,14 @@ TEST(WindowHelpers, WindowsAreCentredInWholePixels) {
     CenterWindowOnScreen(alone.handle());
     EXPECT_EQ(alone.place().left, (GetSystemMetrics(SM_CXSCREEN) - 101) / 2);
 
-    const PlacedWindow parent({101, 50, 400, 301}, nullptr);
+    const PlacedWindow parent({101, 50, 401, 301}, nullptr);
     // An owned popup has its owner for parent, as dialogs do.
     const HWND owned =
         CreateWindowExA(0, "Static", "", WS_POPUP, 0, 0, 31, 21, parent.handle(), nullptr, nullptr, nullptr);
     CenterWindowOnParent(owned);
     RECT area = {};
     GetWindowRect(owned, &area);
-    EXPECT_EQ(area.left, (101 + 400) / 2 - 31 / 2);
+    EXPECT_EQ(area.left, (101 + 401) / 2 - 31 / 2);
     EXPECT_EQ(area.top, (50 + 301) / 2 - 21 / 2);
     DestroyWindow(owned);
 }
