@@ -1,4 +1,8 @@
 // The configurator: how it is started, what AutoCAD looks like meanwhile, and how it ends.
+#include <windows.h>
+
+#include <tlhelp32.h>
+
 #include <regex>
 
 #include "CommandBench.h"
@@ -49,6 +53,19 @@ TEST_F(ConfiguratorRun, AnyOtherExitCodeIsAnExport) {
     }
 }
 
+TEST_F(ConfiguratorRun, FocusGoesBackWhereItWas) {
+    const HWND field = CreateWindowExA(0, "Edit", "", WS_CHILD | WS_VISIBLE, 0, 0, 40, 20, bench::MainWindow(), nullptr,
+                                       nullptr, nullptr);
+    SetFocus(field);
+    ASSERT_EQ(GetFocus(), field);
+    Picks("2A3");
+    InTheConfigurator("cancel");
+    Run();
+    EXPECT_EQ(GetFocus(), field);
+    DestroyWindow(field);
+    ExpectNothingChanged();
+}
+
 TEST_F(ConfiguratorRun, MissingProgramIsToldByItsPath) {
     const Missing missing;
     Picks("2A3");
@@ -67,10 +84,25 @@ struct Seen {
     bool mainWindowEnabled = true;
     bool waitingWindow = false;
     bool answersMessages = false;
+    HANDLE configurator = nullptr;  // for the asker to close
 };
+
+HANDLE RunningConfigurator() {
+    const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    PROCESSENTRY32 entry = {};
+    entry.dwSize = sizeof entry;
+    HANDLE process = nullptr;
+    for (BOOL more = Process32First(snapshot, &entry); more && !process; more = Process32Next(snapshot, &entry)) {
+        if (std::wstring(entry.szExeFile) == L"CAD_Connection_UI_x64.exe")
+            process = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION | SYNCHRONIZE, FALSE, entry.th32ProcessID);
+    }
+    CloseHandle(snapshot);
+    return process;
+}
 
 void LookAtAutoCAD(HANDLE ready, Seen& seen) {
     seen.started = WaitForSingleObject(ready, 20000) == WAIT_OBJECT_0;
+    seen.configurator = RunningConfigurator();
     seen.mainWindowEnabled = IsWindowEnabled(bench::MainWindow()) != FALSE;
     DWORD_PTR answer = 0;
     seen.answersMessages = SendMessageTimeoutA(bench::MainWindow(), WM_NULL, 0, 0, SMTO_NORMAL, 10000, &answer) != 0;
@@ -123,8 +155,12 @@ TEST_F(ConfiguratorRun, StillRunningAtShutdownIsTerminated) {
         << "AutoCAD still sees that it is to quit";
     EXPECT_EQ(message.wParam, 5u);
     EXPECT_EQ(CountOf("GET /klimora/export/"), 0u);
-    // A process that ended cannot hold its file open any longer.
-    EXPECT_TRUE(MoveFileA("CAD_Connection_UI_x64.exe", "CAD_Connection_UI_x64.exe")) << GetLastError();
+    ASSERT_TRUE(observer.seen.configurator);
+    EXPECT_EQ(WaitForSingleObject(observer.seen.configurator, 10000), WAIT_OBJECT_0);
+    DWORD exitCode = 0;
+    GetExitCodeProcess(observer.seen.configurator, &exitCode);
+    EXPECT_EQ(exitCode, static_cast<DWORD>(-1));
+    CloseHandle(observer.seen.configurator);
     ExpectNothingChanged();
 }
 

@@ -112,7 +112,13 @@ TEST_F(DownloadedRecord, KeysAndCallsOfOneDevice) {
 }
 
 TEST_F(DownloadedRecord, LastOfSeveralDevicesBecomesCurrent) {
-    Build(DeviceText().Text() + DeviceText().With("ID", "TEST-2").Text());
+    StartOver();
+    TheWebServer().PublishInstead(ResultText(DeviceText().Text() + DeviceText().With("ID", "TEST-2").Text()));
+    Picks("2A3");
+    InTheConfigurator("choose first");
+    TypesUserCode("HALL");
+    ConfirmsInsertion();
+    Run();
     EXPECT_EQ(CountOf("kbsaverec"), 2u);
     EXPECT_EQ(Owed().size(), 1u) << "the first device's record is not released";
     TakeBackWhatIsOwed();

@@ -1,5 +1,8 @@
 // The first steps of the command: no Klimora, the prompt, and what is taken from a pick. The configurator is cancelled,
 // so every run here ends without a trace.
+#include <fstream>
+#include <iterator>
+
 #include "CommandBench.h"
 
 namespace {
@@ -10,6 +13,17 @@ constexpr char kNotStarted[] = "\nSorvik Klimora Cloud Plugin: Can not start app
 
 class Selection : public CommandBench {
  protected:
+    // The sample project with the first `found` in its text replaced.
+    void ReopenWith(const std::string& found, const std::string& replacement) {
+        std::ifstream sample("office.xml");
+        std::string project((std::istreambuf_iterator<char>(sample)), std::istreambuf_iterator<char>()), error;
+        const size_t at = project.find(found);
+        ASSERT_NE(at, std::string::npos);
+        project.replace(at, found.size(), replacement);
+        bench::NewDrawing("Office.dwg");
+        ASSERT_TRUE(bench::OpenProjectText(project, error)) << error;
+    }
+
     // The query of the address with which the configurator was opened.
     std::string AskedFor() const {
         const std::string record = ConfiguratorRecord();
@@ -75,19 +89,16 @@ TEST_F(Selection, UnsuitablePicksRepeatThePromptSilently) {
     ExpectNothingChanged();
 }
 
-TEST_F(Selection, DuctOfAnotherSystemTypeIsNotTaken) {
-    std::string fumeDuct;
-    for (const std::string& part : bench::PartHandles()) {
-        if (bench::PartAttribute(part, "/part/system/type/id") == "7" &&
-            bench::PartAttribute(part, "/part/type/id") == "68")
-            fumeDuct = part;
+TEST_F(Selection, DuctsOfAirSystemsAloneAreTaken) {
+    for (const auto& [id, prompts] : {std::pair{"-1", 2}, {"0", 1}, {"1", 1}, {"2", 1}, {"3", 1}, {"4", 2}}) {
+        ReopenWith("<Name>Supply air</Name><Type><ID>0", std::string("<Name>Supply air</Name><Type><ID>") + id);
+        Picks("2A3");
+        if (prompts == 2) PressesEscape();
+        StartOver();
+        Run();
+        EXPECT_EQ(CountOf("acedSSGet"), static_cast<size_t>(prompts)) << id;
+        ExpectNothingChanged();
     }
-    ASSERT_FALSE(fumeDuct.empty());
-    Picks(fumeDuct);
-    PressesEscape();
-    Run();
-    EXPECT_EQ(CountOf("acedSSGet"), 2u);
-    ExpectNothingChanged();
 }
 
 TEST_F(Selection, RectangularDuct) {
@@ -131,17 +142,17 @@ TEST_F(Selection, BendWithoutDuctIsNotTaken) {
 }
 
 TEST_F(Selection, ZeroSizesAreLeftOut) {
-    std::string project = bench::ProjectXml(), error;
-    const size_t duct = project.find("handle=\"2A3\"");
-    const size_t size = project.find("<Diameter>250</Diameter>", duct);
-    ASSERT_NE(size, std::string::npos);
-    project.replace(size, 24, "<Diameter>0</Diameter>");
-    bench::NewDrawing("Office.dwg");
-    ASSERT_TRUE(bench::OpenProjectText(project, error)) << error;
-    Picks("2A3");
-    Run();
-    EXPECT_EQ(AskedFor(), "&airflow=200");
-    ExpectNothingChanged();
+    const struct {
+        const char *diameter, *asked;
+    } cases[] = {{"0", ""}, {"0.0000001", ""}, {"0.00000011", "&diameter=0.00000011"}};
+    for (const auto& [diameter, asked] : cases) {
+        ReopenWith("<Diameter>250</Diameter>", std::string("<Diameter>") + diameter + "</Diameter>");
+        Picks("2A3");
+        StartOver();
+        Run();
+        EXPECT_EQ(AskedFor(), std::string(asked) + "&airflow=200") << diameter;
+        ExpectNothingChanged();
+    }
 }
 
 TEST_F(Selection, FailedSizeQueryEndsTheCommandQuietly) {

@@ -22,6 +22,11 @@ class UserCode : public CommandBench {
         MeetsDialogBox("User code is already in use.\nDo you want to replace existing product?", BoxIcon::kWarning,
                        {"Yes", "No"}, answer);
     }
+    // An icon of the module in the size of a title or a task switcher: loaded as a shared one it is the same handle.
+    static HANDLE SharedIcon(int resource, int width, int height) {
+        return LoadImageA(GetModuleHandleA("Sorvik_R24_x64.arx"), MAKEINTRESOURCEA(resource), IMAGE_ICON,
+                          GetSystemMetrics(width), GetSystemMetrics(height), LR_SHARED);
+    }
     void KlimoraRefuses() { bench::FailCall("IKlimora200805::manageProductData", 1, -5); }
 
     std::string SentCode() const {
@@ -47,7 +52,8 @@ TEST_F(UserCode, OpensCentredWithTheProposalAndFocusOnOk) {
     EXPECT_FALSE(seen.watchedEnabled);
     EXPECT_NE(seen.smallIcon, nullptr);
     EXPECT_NE(seen.largeIcon, nullptr);
-    EXPECT_NE(seen.smallIcon, seen.largeIcon);
+    EXPECT_EQ(seen.smallIcon, SharedIcon(115, SM_CXSMICON, SM_CYSMICON));
+    EXPECT_EQ(seen.largeIcon, SharedIcon(118, SM_CXICON, SM_CYICON));
     const auto middle = [](const RECT& r) { return POINT{(r.left + r.right) / 2, (r.top + r.bottom) / 2}; };
     EXPECT_NEAR(middle(seen.rectangle).x, middle(seen.ownerRectangle).x, 1);
     EXPECT_NEAR(middle(seen.rectangle).y, middle(seen.ownerRectangle).y, 1);

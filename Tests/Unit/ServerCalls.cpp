@@ -139,6 +139,14 @@ TEST_P(ServerCall, TracesAFailedCallWithItsResult) {
 
 using ServerTexts = KlimoraBench;
 
+TEST_F(ServerTexts, TerminatorIsCountedInWhatIsSent) {
+    const BStr text("duct");
+    ASSERT_EQ(SysStringLen(text.get()), 5u);
+    EXPECT_EQ(std::wstring(text.get(), 5), std::wstring(L"duct\0", 5));
+    EXPECT_EQ(SysStringLen(BStr("").get()), 1u);
+    EXPECT_FALSE(BStr(nullptr));
+}
+
 TEST_F(ServerTexts, SuccessIsTracedWithoutAskingForAnError) {
     StartServer();
     OpenSample();

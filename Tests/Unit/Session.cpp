@@ -1,12 +1,44 @@
 // The session apart from a whole run: what only a maintainer's result or another caller can bring about.
 #include <cstdio>
+#include <cstring>
 #include <fstream>
 
 #include "BenchStatistics.h"
+#include "ConfiguratorDialog.h"
+#include "ImportPatch.h"
 #include "KL_Conn.h"
 #include "KlimoraBench.h"
+#include "Robot.h"
 
 namespace {
+
+// Sessions begun and ended with OLE.
+int oleBegun = 0, oleEnded = 0;
+HRESULT oleAnswer = S_OK;
+HRESULT WINAPI BeginOle(LPVOID) {
+    ++oleBegun;
+    return oleAnswer;
+}
+void WINAPI EndOle() {
+    ++oleEnded;
+}
+
+// What a program is started with. It does not start.
+struct Started {
+    std::string program, commandLine;
+    bool inherits;
+    DWORD flags;
+    bool plain;  // neither security, environment nor folder of its own, start-up information zeroed
+} started;
+BOOL WINAPI RecordStart(LPCSTR program, LPSTR commandLine, LPSECURITY_ATTRIBUTES process, LPSECURITY_ATTRIBUTES thread,
+                        BOOL inherits, DWORD flags, LPVOID environment, LPCSTR folder, LPSTARTUPINFOA startup,
+                        LPPROCESS_INFORMATION) {
+    STARTUPINFOA zeroed = {};
+    zeroed.cb = sizeof zeroed;
+    started = {program, commandLine, inherits != FALSE, flags,
+               !process && !thread && !environment && !folder && std::memcmp(startup, &zeroed, sizeof zeroed) == 0};
+    return FALSE;
+}
 
 class Session : public KlimoraBench {
  protected:
@@ -134,6 +166,69 @@ TEST_F(Session, FolderAndIdentifierAreItsOwn) {
         session.Shutdown();
     }
     EXPECT_EQ(Calls("KlimoraPluginsStatisticsWrapper::CloseStatistics").size(), 1u);
+}
+
+TEST_F(Session, OleEndsOnlyWhatItBegan) {
+    const ImportPatch begin("OleInitialize", BeginOle), end("OleUninitialize", EndOle);
+    for (const HRESULT answer : {S_OK, S_FALSE, static_cast<HRESULT>(RPC_E_CHANGED_MODE)}) {
+        oleBegun = oleEnded = 0;
+        oleAnswer = answer;
+        {
+            KlConn session;
+            ASSERT_EQ(session.Initialize(), 0);
+            EXPECT_EQ(oleBegun, 1);
+            EXPECT_EQ(oleEnded, 0);
+        }
+        EXPECT_EQ(oleEnded, SUCCEEDED(answer) ? 1 : 0) << answer;
+    }
+}
+
+TEST_F(Session, QueuedCommandHasItsLimit) {
+    KlConn session;
+    ASSERT_EQ(session.Initialize(), 0);
+    const std::string key(1010, 'k');
+    ASSERT_EQ(Take(session, "<r><device KPDClassName='dSilencerType' ProductFamilyKey='" + key +
+                                "' UserCode='0123456789'/></r>"),
+              0);
+    bench::FailCall("IKlimora200805::manageProductData", 1, 3);
+    EXPECT_EQ(session.InstallSilencer(), 0);
+    const std::vector<std::string> queued = Calls("AcApDocManager::sendStringToExecute ");
+    ASSERT_EQ(queued.size(), 1u);
+    EXPECT_EQ(queued[0].substr(0, queued[0].find(" activate")), "KLIMSILX\\n" + key + "\\n012") << "1023 characters";
+}
+
+TEST_F(Session, ConfiguratorIsStartedPlainly) {
+    KlConn session;
+    ASSERT_EQ(session.Initialize(), 0);
+    const ImportPatch patch("CreateProcessA", RecordStart);
+    Printed();
+    EXPECT_EQ(session.LaunchConfigurator("CAD.exe", "SorvSIL", "http://x?\"y\"", "A title"), -1);
+    char module[MAX_PATH] = "";
+    GetModuleFileNameA(GetModuleHandleA("Sorvik_R24_x64.arx"), module, MAX_PATH);
+    const std::string path = module;
+    EXPECT_EQ(started.program, path.substr(0, path.rfind('\\')) + "\\CAD.exe");
+    EXPECT_EQ(started.commandLine, "run /SorvSIL \"http://x?\"y\"\" \"A title\"");
+    EXPECT_FALSE(started.inherits);
+    EXPECT_EQ(started.flags, static_cast<DWORD>(CREATE_DEFAULT_ERROR_MODE));
+    EXPECT_TRUE(started.plain);
+    EXPECT_EQ(Printed(), "\nSorvik Klimora Cloud Plugin: Can not execute " + started.program + ".\n");
+}
+
+TEST_F(Session, UserCodeIsWrittenTwice) {
+    KlConn session;
+    ASSERT_EQ(session.Initialize(), 0);
+    ASSERT_EQ(Take(session, "<r><device/></r>"), 0);
+    bench::Robot robot;
+    robot.Expect(bench::Dialog("Configurator").Type(1102, "SORV1").Press(IDOK));
+    robot.Expect(bench::Box("User code is already in use.\nDo you want to replace existing product?").AnswerWith("No"));
+    robot.Expect(bench::Dialog("Configurator").Press(IDCANCEL));
+    EXPECT_EQ(ShowUserCodeDialog(nullptr, session), -1);
+    EXPECT_EQ(session.CurrentDevice()->ToString(), "<device><UserCode>SORV1</UserCode></device>")
+        << "the element has the code before the question";
+    robot.Expect(bench::Dialog("Configurator").Type(1102, "HALL").Press(IDOK));
+    EXPECT_EQ(ShowUserCodeDialog(nullptr, session), 0);
+    EXPECT_EQ(session.CurrentDevice()->ToString(), "<device UserCode=\"HALL\"><UserCode>HALL</UserCode></device>");
+    EXPECT_TRUE(robot.Complaints().empty()) << robot.Complaints().front();
 }
 
 }  // namespace
