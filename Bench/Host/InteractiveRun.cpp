@@ -110,7 +110,7 @@ class Session {
             problems.push_back(sentence);
         for (const std::string& owed : BenchBalance())
             problems.push_back("Not given back: " + owed + ".");
-        Say("\n" + JoinLines(problems) + "Written to " + options_.outputFolder + "\n");
+        Say("\n" + JoinLines(problems) + "Written to " + ShownPath(options_.outputFolder) + "\n");
         return problems.empty() && !accused_ ? kAllWell : kWentWrong;
     }
 

@@ -1,3 +1,5 @@
+#include <windows.h>
+
 #include "Output.h"
 
 #include <cstdio>
@@ -30,6 +32,17 @@ std::string JoinLines(const std::vector<std::string>& lines) {
 void Say(const std::string& text) {
     std::fputs(text.c_str(), stdout);
     std::fflush(stdout);
+}
+
+std::string ShownPath(const std::string& path) {
+    using ToUnixPath = char*(__cdecl*)(const wchar_t* path);
+    const auto toUnixPath = reinterpret_cast<ToUnixPath>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("kernel32.dll"), "wine_get_unix_file_name")));
+    char* const unixPath = toUnixPath ? toUnixPath(std::filesystem::absolute(path).c_str()) : nullptr;
+    if (!unixPath) return path;
+    const std::string shown = unixPath;
+    HeapFree(GetProcessHeap(), 0, unixPath);
+    return shown;
 }
 
 }  // namespace bench

@@ -13,4 +13,7 @@ std::string JoinLines(const std::vector<std::string>& lines);
 
 void Say(const std::string& text);
 
+// A path as the person at the console writes it: under Wine the Unix path, on Windows the path itself.
+std::string ShownPath(const std::string& path);
+
 }  // namespace bench

@@ -62,7 +62,7 @@ class ScriptedRun {
         CheckBench();
         Save("journal.txt", JoinLines(Journal()));
         Say(SummaryText(report_) + VerdictText(report_));
-        Say("\nWritten to " + options_.outputFolder + "\n");
+        Say("\nWritten to " + ShownPath(options_.outputFolder) + "\n");
         return report_.failures.empty() ? kAllWell : kWentWrong;
     }
 
