@@ -24,10 +24,10 @@ struct Column {
     int format;
 };
 
-const Column kColumns[] = {{"Product", &Product::code, 32, LVCFMT_LEFT},
-                           {"Length (mm)", &Product::length, 18, LVCFMT_RIGHT},
-                           {"Pressure drop (Pa)", &Product::pressureDrop, 23, LVCFMT_RIGHT},
-                           {"Attenuation 250 Hz (dB)", &Product::attenuation250, 27, LVCFMT_RIGHT}};
+const Column kColumns[] = {{"Product", &Product::code, 27, LVCFMT_LEFT},
+                           {"Length (mm)", &Product::length, 17, LVCFMT_RIGHT},
+                           {"Pressure drop (Pa)", &Product::pressureDrop, 24, LVCFMT_RIGHT},
+                           {"Attenuation 250 Hz (dB)", &Product::attenuation250, 32, LVCFMT_RIGHT}};
 
 // "Silencers for a round duct, 200 mm, 120 l/s"
 std::string DuctText(const std::string& address) {

@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "CommandXml.h"
+#include "Geometry.h"
 #include "ProductDatabase.h"
 #include "Refusal.h"
 #include "Texts.h"
@@ -45,8 +46,8 @@ class TemporaryFile {
     std::string name_;
 };
 
-void CheckKey(const std::string& dictionary, const std::string& database, const std::string& shown,
-              const TiXmlElement* command) {
+ProductFacts CheckKey(const std::string& dictionary, const std::string& database, const std::string& shown,
+                      const TiXmlElement* command) {
     const std::string className = ValueAt(command, "KPDClass/Name");
     std::vector<std::string> keys = {ValueAt(command, "Productfamilykey")};
     const std::string productKey = ValueAt(command, "Productkey");
@@ -54,25 +55,26 @@ void CheckKey(const std::string& dictionary, const std::string& database, const 
     for (const std::string& key : keys)
         if (!HasProduct(dictionary, database, Ansi(className), Ansi(key)))
             throw Refusal(kUnknownProduct, "Product " + key + " was not found in " + shown);
+    return FactsOfProduct(database, Ansi(className), Ansi(keys.back()));
 }
 
-void CheckProductData(Server& server, const TiXmlElement* command) {
+ProductFacts CheckProductData(Server& server, const TiXmlElement* command) {
     const std::string file = ValueAt(command, "KPD/Filename");
     const std::string variable = ValueAt(command, "KPD/binvar");
     if (file.empty() == variable.empty())
         throw Refusal(kBadCommand, "ManageProductData: product data come from one file or one binary variable.");
     if (!file.empty()) {
         const std::string dictionary = DictionaryBeside(Ansi(file));
-        CheckKey(dictionary, Ansi(file), file, command);
+        const ProductFacts facts = CheckKey(dictionary, Ansi(file), file, command);
         server.dictionary = dictionary;
-        return;
+        return facts;
     }
     long number = 0;
     ReadInteger(variable, number);
     const TemporaryFile data(server.variables.Take(number));
     if (server.dictionary.empty())
         throw Refusal(kProductFile, "Product data from a binary variable need a dictionary that was read before.");
-    CheckKey(server.dictionary, data.Name(), "binary variable " + variable, command);
+    return CheckKey(server.dictionary, data.Name(), "binary variable " + variable, command);
 }
 
 void CheckWords(const TiXmlElement* command) {
@@ -92,7 +94,8 @@ void UpdateParts(const ProjectTree& project, const std::string& userCode, const 
         if (ValueAt(part, "UserCode") == userCode) SetValueAt(part, "ProductFamilyKey", familyKey);
 }
 
-void PutIntoList(const ProjectTree& project, const TiXmlElement* command, const std::vector<TiXmlElement*>& extra) {
+void PutIntoList(const ProjectTree& project, const TiXmlElement* command, const ProductFacts& facts,
+                 const std::vector<TiXmlElement*>& extra) {
     const std::string className = ValueAt(command, "KPDClass/Name");
     const std::string userCode = ValueAt(command, "Usercode");
     const std::string familyKey = ValueAt(command, "Productfamilykey");
@@ -105,9 +108,10 @@ void PutIntoList(const ProjectTree& project, const TiXmlElement* command, const 
         project.ProductClass(className, true)->LinkEndChild(product);
     }
     SetValueAt(product, "UserCode", userCode);
-    SetValueAt(product, "ProductCode", familyKey);
+    SetValueAt(product, "ProductCode", facts.code.empty() ? familyKey : facts.code);
     SetValueAt(product, "ProductKey", productKey.empty() ? familyKey : productKey);
     SetValueAt(product, "ProductFamilyKey", familyKey);
+    if (facts.length > 0) SetRealAt(product, "Length", facts.length);
     for (const TiXmlElement* element : extra)
         product->LinkEndChild(element->Clone());
     UpdateParts(project, userCode, familyKey);
@@ -148,8 +152,8 @@ void ManageProductData(Server& server, const std::string& command) {
     const std::vector<TiXmlElement*> extra = ExtraElements(root, found);
     CheckWords(root);
     server.project.Project();
-    CheckProductData(server, root);
-    PutIntoList(server.project, root, extra);
+    const ProductFacts facts = CheckProductData(server, root);
+    PutIntoList(server.project, root, facts, extra);
 }
 
 }  // namespace bench::klimora

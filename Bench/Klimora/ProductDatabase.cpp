@@ -5,13 +5,20 @@
 #include <cstring>
 #include <memory>
 #include <type_traits>
+#include <vector>
 
 #include "BenchControl.h"
+#include "KbaseFile.h"
 #include "Refusal.h"
+#include "Texts.h"
 #include "kbase.h"
 
 namespace bench::klimora {
 namespace {
+
+// Attributes of the dictionary.
+constexpr int kModelParameters = 1507;
+constexpr int kProductCode = 1562;
 
 struct ReleaseModule {
     void operator()(HMODULE module) const { FreeLibrary(module); }
@@ -84,6 +91,19 @@ bool HasProduct(const std::string& dictionary, const std::string& database, cons
     const Quiet quiet;
     const Library library;
     return Database(library, dictionary, database).Has(className, key);
+}
+
+ProductFacts FactsOfProduct(const std::string& database, const std::string& className, const std::string& key) {
+    std::vector<KbaseRecord> records;
+    std::string error;
+    ProductFacts facts;
+    if (!ReadKbaseDatabase(database, records, error)) return facts;
+    const KbaseRecord* record = FindKbaseRecord(records, className, key);
+    if (!record) return facts;
+    facts.code = BytesOf(*record, kProductCode);
+    for (const std::string& pair : Split(BytesOf(*record, kModelParameters), ";"))
+        if (pair.compare(0, 2, "L=") == 0 && !ReadReal(pair.substr(2), facts.length)) facts.length = 0;
+    return facts;
 }
 
 }  // namespace bench::klimora

@@ -12,4 +12,13 @@ std::string DictionaryBeside(const std::string& databaseFile);
 bool HasProduct(const std::string& dictionary, const std::string& database, const std::string& className,
                 const std::string& key);
 
+// What the server keeps of a product's record: its code, and the silencer's length in mm from the model parameters
+// ("L"). Empty and 0 when the record does not say. The library's calls for reading attributes are not among those that
+// anyone here declares, so this looks into the file.
+struct ProductFacts {
+    std::string code;
+    double length = 0;
+};
+ProductFacts FactsOfProduct(const std::string& database, const std::string& className, const std::string& key);
+
 }  // namespace bench::klimora

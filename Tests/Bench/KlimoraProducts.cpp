@@ -1,5 +1,4 @@
 // Adding products to the project from product files that the record database library made.
-#include <cstring>
 #include <fstream>
 #include <iterator>
 
@@ -17,8 +16,8 @@ class KlimoraProductsTest : public KlimoraBench {
         KlimoraBench::SetUp();
         CopyFileA(SORVIK_SAMPLE_FOLDER "/sorvik.ddk", "klimora-test.ddk", FALSE);
         CopyFileA(SORVIK_SAMPLE_FOLDER "/sorvik.kpd", "klimora-test.kpd", FALSE);
-        AddRecord("SRC-250-900");
-        AddRecord("A & B");
+        AddRecord("SRC-250-900", "SRC 250 900");
+        AddRecord("A & B", "A and B");
     }
     void TearDown() override {
         DeleteFileA("klimora-test.ddk");
@@ -26,7 +25,7 @@ class KlimoraProductsTest : public KlimoraBench {
         KlimoraBench::TearDown();
     }
 
-    static void AddRecord(const char* key) {
+    static void AddRecord(const char* key, const std::string& code, const std::string& parameters = "") {
         const bench::Quiet quiet;
         const KB_HANDLE dictionary = ddk_opendatabase("klimora-test.ddk", 1, 0);
         const KB_HANDLE database = kbopendatabase("klimora-test.ddk", "klimora-test.kpd", 0);
@@ -34,7 +33,8 @@ class KlimoraProductsTest : public KlimoraBench {
         ASSERT_NE(ddk_classsymboltoID(dictionary, "dSilencerType", &classId), 0);
         KB_RECORD record = kbcreaterec(database, &classId, key);
         ASSERT_NE(record, nullptr);
-        ASSERT_GE(kbinsertatt(database, &record, 1562, key, static_cast<short>(std::strlen(key))), 0);
+        ASSERT_GE(kbinsertatt(database, &record, 1562, code.c_str(), static_cast<short>(code.size())), 0);
+        ASSERT_GE(kbinsertatt(database, &record, 1507, parameters.c_str(), static_cast<short>(parameters.size())), 0);
         ASSERT_GE(kbsaverec(database, record), 0);
         kbreleaserec(record);
         kbclosedatabase(database);
@@ -60,11 +60,22 @@ TEST_F(KlimoraProductsTest, AnAddedProductStandsInTheListOfItsClass) {
     EXPECT_EQ(Products(), "2");
     EXPECT_EQ(Value(1, "UserCode") + " " + Value(1, "ProductCode") + " " + Value(1, "ProductKey") + " " +
                   Value(1, "ProductFamilyKey"),
-              "SORV2 SRC-250-900 SRC-250-900 SRC-250-900");
+              "SORV2 SRC 250 900 SRC-250-900 SRC-250-900");
     EXPECT_EQ(Manage(Add("A &amp; B", "S&lt;3", "<Productkey>SRC-250-900</Productkey><Note>own</Note>")).result, 0);
     EXPECT_EQ(Value(2, "UserCode") + " " + Value(2, "ProductFamilyKey") + " " + Value(2, "ProductKey") + " " +
                   Value(2, "Note"),
               "S<3 A & B SRC-250-900 own");
+}
+
+TEST_F(KlimoraProductsTest, CodeAndLengthComeFromTheRecord) {
+    AddRecord("SRR-1", "SRR 400x200", "XL=5;L=1000;W=400");
+    AddRecord("SRR-2", "SRR 500x250", "L=long");
+    for (const char* key : {"SRR-1", "SRR-2"})
+        EXPECT_EQ(Manage(Add(key, key)).result, 0) << ErrorText();
+    EXPECT_EQ(Value(1, "ProductCode") + " " + Value(1, "Length"), "SRR 400x200 1000");
+    EXPECT_EQ(Value(2, "ProductCode") + " " + Value(2, "Length"), "SRR 500x250 ");
+    EXPECT_EQ(Manage(Add("SRC-250-900", "SRR-1", "<Productkey>SRR-2</Productkey>")).result, 0);
+    EXPECT_EQ(Value(1, "ProductCode"), "SRR 500x250") << "the product key names the product";
 }
 
 TEST_F(KlimoraProductsTest, TheSameUserCodeReplacesTheProductAndItsPartsFollow) {

@@ -37,6 +37,13 @@ TEST(WebServerProducts, FitByShapeSizeAndAirflow) {
     EXPECT_THAT(Fitting({0, 0, 0, 100}), ElementsAre());
 }
 
+TEST(WebServerProducts, EveryDuctOfTheSampleHasASilencer) {
+    const bench::Duct ducts[] = {{250, 0, 0, 200}, {200, 0, 0, 130}, {315, 0, 0, 270},   {315, 0, 0, 350},
+                                 {250, 0, 0, 210}, {400, 0, 0, 560}, {0, 400, 250, 400}, {0, 500, 300, 600}};
+    for (const bench::Duct& duct : ducts)
+        EXPECT_FALSE(Fitting(duct).empty()) << duct.diameter << " " << duct.width << "x" << duct.height;
+}
+
 TEST(WebServerProducts, PressureDropFollowsTheSilencersOwnCurve) {
     const bench::Catalogue catalogue = bench::ReadCatalogue(SORVIK_CATALOGUE);
     const struct {

@@ -179,6 +179,22 @@ TEST_F(Success, SilencerStandsInTheDuctAndInTheProject) {
     EXPECT_EQ(GetFileAttributesA(WorkingFolder().c_str()), INVALID_FILE_ATTRIBUTES) << "the temporary folder is gone";
 }
 
+TEST_F(Success, RectangularDuct) {
+    bench::ClearAnswers();
+    robot().Reset();
+    Picks("2A5");
+    InTheConfigurator("choose SRR-400x250-1000");
+    AcceptsTheProposal("SORV2");
+    ConfirmsInsertion();
+    Run();
+    ExpectCommitted();
+    EXPECT_EQ(bench::PartAttribute("206", "/Part/Type/Define"), "EWAPART_SILENCER");
+    EXPECT_EQ(bench::PartAttribute("206", "/Part/Width") + "x" + bench::PartAttribute("206", "/Part/Height"),
+              "400x250");
+    EXPECT_EQ(bench::PartAttribute("206", "/Part/Length"), "1000");
+    EXPECT_EQ(bench::PartAttribute("206", "/Part/Connection[0]/ConnectedTo"), "2A5");
+}
+
 TEST_F(Success, OneEventWithFourteenFieldsIsSent) {
     bench::SetProduct("AutoCAD Mechanical", 24, 2);
     Run();
