@@ -110,6 +110,8 @@ TEST_F(DialogMessages, CommandsCountOnlyFromTheirButton) {
 TEST_F(DialogMessages, TheFrameOnlyPostsACancelThatEndsNothing) {
     dialog_.Open(Layout());
     const HWND window = GetParent(dialog_.GetControl(IDOK));
+    EXPECT_TRUE(dialog_.HasControl(IDOK));
+    EXPECT_FALSE(dialog_.HasControl(9999));
     EXPECT_EQ(dialog_.HandleMessage(WM_CLOSE, 0, 0), 0);
     MSG posted = {};
     ASSERT_TRUE(PeekMessageA(&posted, window, WM_COMMAND, WM_COMMAND, PM_REMOVE));
