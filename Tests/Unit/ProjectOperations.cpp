@@ -279,7 +279,9 @@ TEST_F(ProjectOperations, PlacementOfABlockComesFromTheDrawing) {
 TEST_F(ProjectOperations, PlacementThatCannotBeHadIsTheIdentity) {
     Start();
     EXPECT_TRUE(utils_.GetTransformationMatrix(AcDbObjectId()) == AcGeMatrix3d::kIdentity);
-    EXPECT_NE(Printed().find("Can't open object for reading\n"), std::string::npos);
+    EXPECT_EQ(Printed(), Report("Failed to get transformation matrix",
+                                "PlugIn/Util/KLComUtils_Part(166):KLComUtils::GetTransformationMatrix",
+                                "Can't open object for reading"));
 }
 
 }  // namespace

@@ -1,14 +1,18 @@
 // The session apart from a whole run: what only a maintainer's result or another caller can bring about.
+#include <cstdarg>
 #include <cstdio>
 #include <cstring>
 #include <fstream>
+#include <stdexcept>
 
 #include "BenchStatistics.h"
 #include "ConfiguratorDialog.h"
 #include "ImportPatch.h"
 #include "KL_Conn.h"
+#include "KL_Conn_SorvSilencer.h"
 #include "KlimoraBench.h"
 #include "Robot.h"
+#include "adsdef.h"
 
 namespace {
 
@@ -38,6 +42,26 @@ BOOL WINAPI RecordStart(LPCSTR program, LPSTR commandLine, LPSECURITY_ATTRIBUTES
     started = {program, commandLine, inherits != FALSE, flags,
                !process && !thread && !environment && !folder && std::memcmp(startup, &zeroed, sizeof zeroed) == 0};
     return FALSE;
+}
+
+// Neighbours that throw, as nothing in the session does by itself.
+int ThrowInsteadOfAccess(const char*, int) {
+    throw std::runtime_error("no access");
+}
+int ThrowInsteadOfPick(const wchar_t*, const void*, const void*, const resbuf*, int64_t*) {
+    throw std::runtime_error("no pick");
+}
+std::string printed;
+int linesPrinted = 0;
+// The first line fails; the second is kept. The module prints every line as one text.
+int ThrowAtFirst(const wchar_t* format, ...) {
+    if (linesPrinted++ == 0) throw std::runtime_error("no print");
+    va_list arguments;
+    va_start(arguments, format);
+    for (const wchar_t* text = va_arg(arguments, const wchar_t*); *text; ++text)
+        printed += static_cast<char>(*text);
+    va_end(arguments);
+    return 0;
 }
 
 class Session : public KlimoraBench {
@@ -238,6 +262,42 @@ TEST_F(Session, UserCodeIsWrittenTwice) {
     EXPECT_EQ(ShowUserCodeDialog(nullptr, session), 0);
     EXPECT_EQ(session.CurrentDevice()->ToString(), "<device UserCode=\"HALL\"><UserCode>HALL</UserCode></device>");
     EXPECT_TRUE(robot.Complaints().empty()) << robot.Complaints().front();
+}
+
+TEST_F(Session, UnexpectedFailuresAreToldWhereTheyHappen) {
+    KlConn session;
+    ASSERT_EQ(session.Initialize(), 0);
+    Printed();
+    const std::string head = "\nSorvik Klimora Cloud Plugin: ";
+    {
+        const ImportPatch patch("_access", ThrowInsteadOfAccess);
+        EXPECT_EQ(session.GetResultsFromConfigurator("http://x"), -1);
+    }
+    EXPECT_EQ(Printed(), head +
+                             "Failed to get results from webserver. PlugIn/KL_Conn(359):"
+                             "KlConn::GetResultsFromConfigurator no access\n");
+    printed.clear();
+    linesPrinted = 0;
+    {
+        // The first line, that there is no device, cannot be printed.
+        const ImportPatch patch("_Z10acutPrintfPKwz", ThrowAtFirst);
+        EXPECT_EQ(Take(session, "<r/>"), -1);
+    }
+    EXPECT_EQ(printed, head +
+                           "Failed to get results from configurator. PlugIn/KL_Conn(398):"
+                           "KlConn::GetResultsFromConfigurator no print\n");
+}
+
+TEST_F(Session, TheCommandLetsNothingOut) {
+    bench::ClearJournal();
+    Printed();
+    {
+        const ImportPatch patch("_Z9acedSSGetPKwPKvS2_PK6resbufPx", ThrowInsteadOfPick);
+        SorvSilencer();
+    }
+    EXPECT_EQ(Printed(),
+              "\nSorvik Klimora Cloud Plugin: SorvSilencer PlugIn/KL_Conn_SorvSilencer(246):SorvSilencer no pick\n");
+    EXPECT_EQ(Calls("AcTransactionManager::abortTransaction").size(), 1u);
 }
 
 }  // namespace
