@@ -87,26 +87,29 @@ std::vector<int> Numbers(const std::vector<std::pair<int, int>>& ranges) {
     return numbers;
 }
 
-TEST_F(LocalisedAttributes, DescriptionsInTheOrderOfTheTable) {
+TEST_F(LocalisedAttributes, TablesGiveOrderAndNumbers) {
     Run(SetAttributeDescriptionNN, Backwards(kDescriptionAttributes));
     EXPECT_EQ(Attributes(), Numbers({{9550, 9574}, {9590, 9595}}));
-    EXPECT_EQ(AttributeOf("DescriptionGBR"), 9552);
-    EXPECT_EQ(AttributeOf("Description_FL"), 9569);
-    EXPECT_EQ(AttributeOf("DescriptionHRV"), 9574);
-    EXPECT_EQ(AttributeOf("DescriptionSVN"), 9590);
-    EXPECT_EQ(AttributeOf("Description_AR"), 9591);
-    EXPECT_EQ(AttributeOf("DescriptionUS"), 9595);
-}
+    for (const auto& [name, number] : {std::pair{"DescriptionFIN", 9550},
+                                       {"DescriptionGBR", 9552},
+                                       {"Description_FL", 9569},
+                                       {"DescriptionHRV", 9574},
+                                       {"DescriptionSVN", 9590},
+                                       {"Description_AR", 9591},
+                                       {"DescriptionUS", 9595}})
+        EXPECT_EQ(AttributeOf(name), number) << name;
 
-TEST_F(LocalisedAttributes, LinksInTheOrderOfTheTable) {
+    insertions.clear();
     Run(SetAttributeWebLinkNN, Backwards(kWebLinkAttributes));
     EXPECT_EQ(Attributes(), Numbers({{8500, 8518}, {8520, 8528}, {8530, 8535}}));
-    EXPECT_EQ(AttributeOf("kpdWeblinkGBR"), 8503);
-    EXPECT_EQ(AttributeOf("kpdWeblinkRUS"), 8518);
-    EXPECT_EQ(AttributeOf("kpdWeblinkSVK"), 8520);
-    EXPECT_EQ(AttributeOf("kpdWeblinkTUR"), 8528);
-    EXPECT_EQ(AttributeOf("kpdWeblinkCHE"), 8530);
-    EXPECT_EQ(AttributeOf("kpdWeblinkBRA"), 8535);
+    for (const auto& [name, number] : {std::pair{"kpdWeblinkFIN", 8500},
+                                       {"kpdWeblinkGBR", 8503},
+                                       {"kpdWeblinkRUS", 8518},
+                                       {"kpdWeblinkSVK", 8520},
+                                       {"kpdWeblinkTUR", 8528},
+                                       {"kpdWeblinkCHE", 8530},
+                                       {"kpdWeblinkBRA", 8535}})
+        EXPECT_EQ(AttributeOf(name), number) << name;
 }
 
 TEST_F(LocalisedAttributes, EmptyAndMisspeltOnesAreSkipped) {
