@@ -23,10 +23,10 @@ double Number(const std::string& text) {
     return std::strtod(text.c_str(), nullptr);
 }
 
-Answer File(const std::string& path) {
+WebAnswer File(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     if (!file) return Page(500, "The file " + path + " cannot be read.");
-    Answer answer;
+    WebAnswer answer;
     answer.type = "application/octet-stream";
     answer.body.assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
     return answer;
@@ -45,7 +45,7 @@ std::vector<std::string> SplitAtCommas(const std::string& text) {
 
 }  // namespace
 
-Answer Page(int status, const std::string& text) {
+WebAnswer Page(int status, const std::string& text) {
     return {status, "text/html",
             "<html><head><title>" + std::to_string(status) + "</title></head><body><p>" + text + "<br></body></html>\n",
             ""};
@@ -53,7 +53,7 @@ Answer Page(int status, const std::string& text) {
 
 Site::Site(Catalogue catalogue, std::string server) : catalogue_(std::move(catalogue)), server_(std::move(server)) {}
 
-Answer Site::Handle(const std::string& method, const RequestTarget& target) {
+WebAnswer Site::Handle(const std::string& method, const RequestTarget& target) {
     const std::lock_guard<std::mutex> lock(mutex_);
     if (const auto fixed = fixed_.find(target.path); fixed != fixed_.end())
         return {200, "text/plain", fixed->second, ""};
@@ -66,7 +66,7 @@ Answer Site::Handle(const std::string& method, const RequestTarget& target) {
     return Page(404, "There is no such page.");
 }
 
-Answer Site::Products(const RequestTarget& target) {
+WebAnswer Site::Products(const RequestTarget& target) {
     if (target.Value("action") != "ljudprog") return Page(400, "The action is not known.");
     if (!IsSessionIdentifier(target.Value("klsid"))) return Page(400, "The session identifier is not valid.");
     const Duct duct{Number(target.Value("diameter")), Number(target.Value("width")), Number(target.Value("height")),
@@ -74,7 +74,7 @@ Answer Site::Products(const RequestTarget& target) {
     return {200, "text/xml; charset=utf-8", ProductsPage(catalogue_, duct), ""};
 }
 
-Answer Site::Choose(const RequestTarget& target) {
+WebAnswer Site::Choose(const RequestTarget& target) {
     const std::string session = target.Value("klsid");
     if (!IsSessionIdentifier(session)) return Page(400, "The session identifier is not valid.");
     const std::vector<std::string> products = SplitAtCommas(target.Value("product"));
@@ -84,7 +84,7 @@ Answer Site::Choose(const RequestTarget& target) {
     return {200, "text/plain", "published\n", ""};
 }
 
-Answer Site::Result(const std::string& fileName) {
+WebAnswer Site::Result(const std::string& fileName) {
     const size_t ending = sizeof kExportEnding - 1;
     const bool named = fileName.size() > ending && fileName.substr(fileName.size() - ending) == kExportEnding;
     const std::string session = named ? fileName.substr(0, fileName.size() - ending) : std::string();

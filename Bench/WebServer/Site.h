@@ -13,7 +13,7 @@
 
 namespace bench {
 
-struct Answer {
+struct WebAnswer {
     int status = 200;
     std::string type = "text/plain";
     std::string body;
@@ -21,14 +21,14 @@ struct Answer {
 };
 
 // An error page as a server shows it to people.
-Answer Page(int status, const std::string& text);
+WebAnswer Page(int status, const std::string& text);
 
 class Site {
  public:
     // `server` is the scheme and host that results name, without a trailing slash.
     Site(Catalogue catalogue, std::string server);
 
-    Answer Handle(const std::string& method, const RequestTarget& target);
+    WebAnswer Handle(const std::string& method, const RequestTarget& target);
 
     void Serve(const std::string& path, const std::string& body);
     void PublishWith(const std::string& elementName, const std::string& text);
@@ -37,9 +37,9 @@ class Site {
     void Reset();
 
  private:
-    Answer Products(const RequestTarget& target);
-    Answer Choose(const RequestTarget& target);
-    Answer Result(const std::string& fileName);
+    WebAnswer Products(const RequestTarget& target);
+    WebAnswer Choose(const RequestTarget& target);
+    WebAnswer Result(const std::string& fileName);
 
     const Catalogue catalogue_;
     const std::string server_;

@@ -72,7 +72,7 @@ class Listener : public httplib::Server {
             exchange.call->result("dropped");
             return;
         }
-        const Answer answer = owner_.answer(request.method, exchange.target, exchange.trouble);
+        const WebAnswer answer = owner_.answer(request.method, exchange.target, exchange.trouble);
         response.status = answer.status;
         response.set_content(answer.body, answer.type.c_str());
         if (!answer.location.empty()) response.set_header("Location", answer.location);

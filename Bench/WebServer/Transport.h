@@ -17,7 +17,7 @@ namespace bench {
 struct TransportOwner {
     // Called once for each request as it arrives: notes it and tells its trouble.
     std::function<Trouble(const std::string& method, const RequestTarget& target)> arrived;
-    std::function<Answer(const std::string& method, const RequestTarget& target, Trouble trouble)> answer;
+    std::function<WebAnswer(const std::string& method, const RequestTarget& target, Trouble trouble)> answer;
 };
 
 class Transport {

@@ -42,7 +42,7 @@ struct WebServer::Implementation {
         return trouble;
     }
 
-    Answer Reply(const std::string& method, RequestTarget target, Trouble trouble) {
+    WebAnswer Reply(const std::string& method, RequestTarget target, Trouble trouble) {
         UndoMove(target);
         switch (trouble) {
             case Trouble::kNotFound:
@@ -50,7 +50,7 @@ struct WebServer::Implementation {
             case Trouble::kEmpty:
                 return {};
             case Trouble::kRedirected: {
-                Answer answer;
+                WebAnswer answer;
                 answer.status = 302;
                 answer.location = std::string(SORVIK_WEB_SERVER) + kMovedPath + target.text();
                 return answer;
@@ -58,7 +58,7 @@ struct WebServer::Implementation {
             default:
                 break;
         }
-        Answer answer = site.Handle(method, target);
+        WebAnswer answer = site.Handle(method, target);
         // Empty lines at its end change no document and no database file.
         if (trouble == Trouble::kHuge && answer.body.size() < kHugeSize) answer.body.resize(kHugeSize, '\n');
         return answer;
