@@ -1,6 +1,8 @@
 // Output to AutoCAD's command line. Every message of the module to the command line goes through here.
 #pragma once
 
+#include "PrintfFormat.h"
+
 // Formats (cut to 8191 characters), widens and prints; returns acutPrintf's result. Texts begin with "\n%s: " and
 // kDisplayName and end with "\n" by custom.
-int PrintCommandLine(const char* format, ...);
+PRINTF_FORMAT(format, 1, 2) int PrintCommandLine(const char* format, ...);

@@ -3,6 +3,8 @@
 // text. Arguments are what printf takes: numbers and pointers to narrow texts.
 #pragma once
 
+#include "PrintfFormat.h"
+
 #include <cstdarg>
 #include <cstddef>
 #include <string>
@@ -11,7 +13,7 @@
 inline constexpr int kFormatStringLimit = 8192;
 
 // Formats, cut to kFormatStringLimit characters.
-std::string FormatString(const char* format, ...);
+PRINTF_FORMAT(format, 1, 2) std::string FormatString(const char* format, ...);
 
 // The core of all formatting: the whole text, however long. The first buffer has 256 characters; while the text does
 // not fit, the size doubles.

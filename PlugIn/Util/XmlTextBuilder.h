@@ -2,6 +2,8 @@
 // Arguments of formats are what printf takes: numbers and pointers to narrow texts.
 #pragma once
 
+#include "PrintfFormat.h"
+
 #include <string>
 #include <type_traits>
 
@@ -10,7 +12,7 @@ class XmlTextBuilder {
     // A null text or format adds nothing.
     void Append(const char* text);
     void Append(const std::string& text) { Append(text.c_str()); }
-    void AppendFormat(const char* format, ...);
+    PRINTF_FORMAT(format, 2, 3) void AppendFormat(const char* format, ...);
     // Two upper-case hexadecimal digits a byte, high nibble first.
     void AppendHex(const void* bytes, size_t count);
 
