@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <sstream>
 
-#include "KbaseText.h"
+#include "BenchTexts.h"
 
 namespace bench {
 namespace {

@@ -1,22 +1,12 @@
 #include "KbaseDictionary.h"
 
-#include <cstdlib>
-
+#include "BenchTexts.h"
 #include "KbaseText.h"
 
 namespace bench {
-namespace {
-
-bool Number(const std::string& word, long& number) {
-    char* end = nullptr;
-    number = std::strtol(word.c_str(), &end, 10);
-    return !word.empty() && *end == '\0';
-}
-
-}  // namespace
 
 std::vector<std::string> KbaseAttributeForm::Decode(std::string_view bytes) const {
-    if (isText()) return {Quoted(bytes)};
+    if (isText()) return {Escaped(bytes)};
     std::vector<std::string> lines;
     for (size_t offset = 0; offset + elementSize() <= bytes.size(); offset += elementSize())
         lines.push_back(layout.Decode(bytes.substr(offset, elementSize())));
@@ -60,12 +50,12 @@ bool KbaseDictionary::ReadLine(const std::vector<std::string>& words) {
     long first = 0;
     long second = 0;
     if (words[0] == "class") {
-        if (words.size() != 4 || !Number(words[2], first) || !Number(words[3], second)) return false;
+        if (words.size() != 4 || !ReadNumber(words[2], first) || !ReadNumber(words[3], second)) return false;
         return classes_.emplace(words[1], KbaseClassId{first, second}).second;
     }
     long number = 0;
-    if (words[0] != "attribute" || words.size() < 6 || !Number(words[1], number) || !Number(words[3], first) ||
-        !Number(words[4], second) || first < 0 || second < first)
+    if (words[0] != "attribute" || words.size() < 6 || !ReadNumber(words[1], number) || !ReadNumber(words[3], first) ||
+        !ReadNumber(words[4], second) || first < 0 || second < first)
         return false;
     KbaseAttributeForm form;
     form.name = words[5];

@@ -1,8 +1,8 @@
 #include "KbaseFile.h"
 
-#include <cstdlib>
 #include <fstream>
 
+#include "BenchTexts.h"
 #include "KbaseText.h"
 
 namespace bench {
@@ -42,7 +42,7 @@ class DatabaseParser {
     bool BeginRecord(const std::string& line) {
         const std::vector<std::string> words = Words(line);
         KbaseRecord record;
-        if (words.size() != 3 || words[0] != "record" || !FromQuoted(words[2], record.key)) return false;
+        if (words.size() != 3 || words[0] != "record" || !FromEscaped(words[2], record.key)) return false;
         record.className = words[1];
         if (FindKbaseRecord(records_, record.className, record.key)) return false;
         records_.push_back(record);
@@ -64,9 +64,8 @@ class DatabaseParser {
         }
         const std::vector<std::string> words = Words(line);
         if (words.size() != 2) return false;
-        char* end = nullptr;
-        const long number = std::strtol(words[0].c_str(), &end, 10);
-        if (*end != '\0' || number <= 0) return false;
+        long number = 0;
+        if (!ReadNumber(words[0], number) || number <= 0) return false;
         const auto [place, isNew] = records_.back().attributes.emplace(static_cast<int>(number), KbaseAttribute());
         attribute_ = &place->second;
         attribute_->name = words[1];
@@ -112,7 +111,7 @@ bool ReadKbaseDatabase(const std::string& path, std::vector<KbaseRecord>& record
 }
 
 std::string KbaseRecordText(const KbaseRecord& record) {
-    std::string text = "record " + record.className + ' ' + Quoted(record.key) + '\n';
+    std::string text = "record " + record.className + ' ' + Escaped(record.key) + '\n';
     for (const auto& [number, attribute] : record.attributes) {
         text += "  " + std::to_string(number) + ' ' + attribute.name + '\n';
         text += "    hex " + Hex(attribute.bytes) + '\n';

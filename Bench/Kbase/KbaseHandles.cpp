@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "BenchControl.h"
+#include "BenchTexts.h"
 
 namespace bench {
 namespace {
@@ -110,7 +111,7 @@ void RemoveRecord(KB_RECORD record) {
 }
 
 std::string Shown(const char* text) {
-    return text ? "'" + std::string(text) + "'" : "null";
+    return text ? Quoted(text) : "null";
 }
 
 std::string Shown(KB_RECORD record) {

@@ -1,8 +1,8 @@
 // The functions of Kbase640.dll that work on one open record. They imitate the rows "record" of the ledger
 // docs/contracts/kbase.md. A planned failure gives the function's own failure value; a release cannot fail.
 #include "BenchControl.h"
+#include "BenchTexts.h"
 #include "KbaseHandles.h"
-#include "KbaseText.h"
 
 using bench::Shown;
 
@@ -37,7 +37,7 @@ std::string ValueBytes(const bench::KbaseAttributeForm& form, const void* value,
 }
 
 std::string ShownValue(const bench::KbaseAttributeForm& form, const std::string& bytes) {
-    if (form.isText()) return " '" + bytes + "'";
+    if (form.isText()) return ' ' + bench::Quoted(bytes);
     return ' ' + std::to_string(bytes.size()) + " bytes " + bench::Hex(bytes);
 }
 

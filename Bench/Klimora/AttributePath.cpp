@@ -24,7 +24,7 @@ PathStep ParseStep(const std::string& word, const std::string& whole) {
     if (inside.find_first_of("[]") != std::string::npos) RefusePath(whole, "brackets stand inside brackets");
     if (inside.find_first_not_of("0123456789") != std::string::npos)
         step.selector = inside;
-    else if (!ReadInteger(inside, step.index))
+    else if (!ReadNumber(inside, step.index))
         RefusePath(whole, "an index is no number");
     return step;
 }

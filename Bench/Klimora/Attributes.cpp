@@ -5,19 +5,6 @@
 #include "Texts.h"
 
 namespace bench::klimora {
-namespace {
-
-std::string Hex(const std::string& bytes) {
-    constexpr char digits[] = "0123456789ABCDEF";
-    std::string text;
-    for (unsigned char byte : bytes) {
-        text += digits[byte / 16];
-        text += digits[byte % 16];
-    }
-    return text;
-}
-
-}  // namespace
 
 std::string GetAttribute(const Server& server, const std::string& part, const std::string& path) {
     return server.project.Attribute(part, path);
@@ -40,7 +27,7 @@ void SetAttribute(Server& server, const std::string& part, const std::string& pa
     TiXmlElement* element = server.project.Part(part);
     CheckSettable(parsed, value);
     long variable = 0;
-    ReadInteger(value, variable);
+    ReadNumber(value, variable);
     const std::string data = Hex(server.variables.Take(variable));
     server.project.SetAttribute(part, path, value);
     parsed.steps.back().name = "Data";

@@ -3,12 +3,11 @@
 #include <algorithm>
 
 #include "BenchControl.h"
+#include "BenchTexts.h"
 #include "Refusal.h"
 
 namespace bench::klimora {
 namespace {
-
-constexpr char kHexDigits[] = "0123456789ABCDEF";
 
 std::string Name(long variable) {
     return "Binary variable " + std::to_string(variable);
@@ -19,15 +18,13 @@ std::string Name(long variable) {
     throw Refusal(kBinaryVariable, sentence);
 }
 
-std::string FromHex(long variable, const std::string& text) {
+std::string Bytes(long variable, const std::string& text) {
     if (text.empty() || text.size() % 2 != 0)
         RefuseAndAccuse(Name(variable) + " was sent an odd number of hexadecimal digits, or none.");
-    if (text.find_first_not_of(kHexDigits) != std::string::npos)
+    if (text.find_first_not_of("0123456789ABCDEF") != std::string::npos)
         RefuseAndAccuse(Name(variable) + " was sent data that are not upper-case hexadecimal digits.");
-    const std::string digits = kHexDigits;
     std::string bytes;
-    for (size_t i = 0; i < text.size(); i += 2)
-        bytes += static_cast<char>(digits.find(text[i]) * 16 + digits.find(text[i + 1]));
+    FromHex(text, bytes);
     return bytes;
 }
 
@@ -44,7 +41,7 @@ void BinaryVariables::SetSize(long variable, long size) {
 void BinaryVariables::SetData(long variable, long offset, const std::string& hexData) {
     const auto found = variables_.find(variable);
     if (found == variables_.end()) RefuseAndAccuse(Name(variable) + " was sent data before its size was set.");
-    const std::string bytes = FromHex(variable, hexData);
+    const std::string bytes = Bytes(variable, hexData);
     Variable& target = found->second;
     if (offset < 0 || static_cast<size_t>(offset) + bytes.size() > target.bytes.size())
         RefuseAndAccuse(Name(variable) + " was sent data beyond its size of " + std::to_string(target.bytes.size()) +

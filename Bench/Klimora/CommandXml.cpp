@@ -59,9 +59,9 @@ bool Fits(Kind kind, const std::string& value) {
         case Kind::kWord:
             return !value.empty();
         case Kind::kInteger:
-            return ReadInteger(value, integer);
+            return ReadNumber(value, integer);
         case Kind::kReal:
-            return ReadReal(value, real);
+            return ReadNumber(value, real);
         case Kind::kPoint:
             return ReadReals(value, 3, reals);
         case Kind::kBands:

@@ -22,8 +22,8 @@ void CheckDuct(const TiXmlElement* duct, double length, double needed) {
     if (ValueAt(duct, "Type/ID") != std::to_string(kDuctTypeId)) throw Refusal(kBadValue, name + " is not a duct");
     if (ConnectionsOf(duct).size() != 2) throw Refusal(kBadValue, name + " has not two ends");
     if (length <= needed)
-        throw Refusal(kBadValue, name + " is " + RealText(length) + " mm long, too short for a silencer of " +
-                                     RealText(needed) + " mm");
+        throw Refusal(kBadValue, name + " is " + NumberText(length) + " mm long, too short for a silencer of " +
+                                     NumberText(needed) + " mm");
 }
 
 TiXmlElement MakeSilencer(const TiXmlElement* duct, const TiXmlElement* product, double length) {
@@ -54,7 +54,7 @@ void AddEntities(const ProjectTree& project, TiXmlElement* silencer, TiXmlElemen
 
 double SilencerLength(const TiXmlElement* product) {
     double length = 0;
-    return ReadReal(ValueAt(product, "Length"), length) && length > 0 ? length : kUsualSilencerLength;
+    return ReadNumber(ValueAt(product, "Length"), length) && length > 0 ? length : kUsualSilencerLength;
 }
 
 InsertedSilencer InsertIntoDuct(const ProjectTree& project, TiXmlElement* duct, const TiXmlElement* product) {

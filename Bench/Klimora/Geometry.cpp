@@ -34,7 +34,7 @@ Point PointAt(const TiXmlElement* from, const std::string& path) {
 
 double RealAt(const TiXmlElement* from, const std::string& path) {
     double value = 0;
-    if (!ReadReal(ValueAt(from, path), value)) throw Refusal(kBadValue, "There is no number at " + path + ".");
+    if (!ReadNumber(ValueAt(from, path), value)) throw Refusal(kBadValue, "There is no number at " + path + ".");
     return value;
 }
 
@@ -43,7 +43,7 @@ void SetPointAt(TiXmlElement* from, const std::string& path, const Point& point)
 }
 
 void SetRealAt(TiXmlElement* from, const std::string& path, double value) {
-    SetValueAt(from, path, RealText(value));
+    SetValueAt(from, path, NumberText(value));
 }
 
 }  // namespace bench::klimora

@@ -27,14 +27,14 @@ void Say(const std::string& sentence) {
 bool ReadLine(const wchar_t* prompt, std::string& line) {
     wchar_t buffer[256] = {};
     if (acedGetString(1, prompt, buffer, std::size(buffer)) != RTNORM) return false;
-    line = Narrow(buffer);
+    line = Utf8(buffer);
     return true;
 }
 
 // Handle of the duct that the user points at, or of the one picked last on Enter; empty when the user cancelled.
 std::string AskForDuct(const std::string& userCode) {
     const std::wstring prompt =
-        L"\nKlimora: Select the duct for silencer " + Wide(userCode) + L" or press Enter for the duct picked last:";
+        L"\nKlimora: Select the duct for silencer " + FromUtf8(userCode) + L" or press Enter for the duct picked last:";
     for (;;) {
         ads_name picked = {};
         ads_point at = {};
@@ -59,7 +59,7 @@ void Insert(const std::string& familyKey, const std::string& userCode) {
     }
     const InsertedSilencer inserted = InsertIntoDuct(project, project.Part(handle), product);
     Say("Klimora: Silencer " + userCode + " was inserted as part " + inserted.silencer + " between ducts " + handle +
-        " and " + inserted.secondDuct + ", " + RealText(inserted.fromStart) + " mm from the start of the duct.");
+        " and " + inserted.secondDuct + ", " + NumberText(inserted.fromStart) + " mm from the start of the duct.");
 }
 
 }  // namespace

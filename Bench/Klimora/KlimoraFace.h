@@ -60,7 +60,7 @@ class Face : public Interface {
             CallName(method), FromBstr(command), reply ? result : nullptr, [&] { *reply = ToBstr(""); },
             [&] {
                 const std::string text = work(TheServer(), FromBstr(command));
-                SysReAllocString(reply, Wide(text).c_str());
+                SysReAllocString(reply, FromUtf8(text).c_str());
                 return Quoted(text);
             });
     }
@@ -94,7 +94,7 @@ class Face200805 : public Face<Interface> {
             [&] { *value = ToBstr(""); },
             [&] {
                 const std::string text = GetAttribute(TheServer(), FromBstr(part), FromBstr(attribute));
-                SysReAllocString(value, Wide(text).c_str());
+                SysReAllocString(value, FromUtf8(text).c_str());
                 return Quoted(text);
             });
     }
@@ -106,11 +106,11 @@ class Face200805 : public Face<Interface> {
             this->CallName("getPartAttDouble"), Address(part, attribute), value ? result : nullptr, [&] { *value = 0; },
             [&] {
                 *value = GetReals(TheServer(), FromBstr(part), FromBstr(attribute), 1)[0];
-                return RealText(*value);
+                return NumberText(*value);
             });
     }
     HRESULT STDMETHODCALLTYPE setPartAttDouble(BSTR part, BSTR attribute, double value, long* result) override {
-        return Set("setPartAttDouble", part, attribute, RealText(value), RealText(value), result);
+        return Set("setPartAttDouble", part, attribute, NumberText(value), NumberText(value), result);
     }
     HRESULT STDMETHODCALLTYPE getPartAttPoint(BSTR part, BSTR attribute, double* x, double* y, double* z,
                                               long* result) override {

@@ -11,7 +11,7 @@ namespace {
 
 std::string ClassOf(const TiXmlElement* part) {
     long type = 0;
-    ReadInteger(ValueAt(part, "Type/ID"), type);
+    ReadNumber(ValueAt(part, "Type/ID"), type);
     return EntityClass(type);
 }
 

@@ -46,6 +46,11 @@ class TemporaryFile {
     std::string name_;
 };
 
+// The record database takes texts in the system's code page.
+std::string InCodePage(const std::string& utf8) {
+    return Ansi(FromUtf8(utf8));
+}
+
 ProductFacts CheckKey(const std::string& dictionary, const std::string& database, const std::string& shown,
                       const TiXmlElement* command) {
     const std::string className = ValueAt(command, "KPDClass/Name");
@@ -53,9 +58,9 @@ ProductFacts CheckKey(const std::string& dictionary, const std::string& database
     const std::string productKey = ValueAt(command, "Productkey");
     if (!productKey.empty()) keys.push_back(productKey);
     for (const std::string& key : keys)
-        if (!HasProduct(dictionary, database, Ansi(className), Ansi(key)))
+        if (!HasProduct(dictionary, database, InCodePage(className), InCodePage(key)))
             throw Refusal(kUnknownProduct, "Product " + key + " was not found in " + shown);
-    return FactsOfProduct(database, Ansi(className), Ansi(keys.back()));
+    return FactsOfProduct(database, InCodePage(className), InCodePage(keys.back()));
 }
 
 ProductFacts CheckProductData(Server& server, const TiXmlElement* command) {
@@ -64,13 +69,13 @@ ProductFacts CheckProductData(Server& server, const TiXmlElement* command) {
     if (file.empty() == variable.empty())
         throw Refusal(kBadCommand, "ManageProductData: product data come from one file or one binary variable.");
     if (!file.empty()) {
-        const std::string dictionary = DictionaryBeside(Ansi(file));
-        const ProductFacts facts = CheckKey(dictionary, Ansi(file), file, command);
+        const std::string dictionary = DictionaryBeside(InCodePage(file));
+        const ProductFacts facts = CheckKey(dictionary, InCodePage(file), file, command);
         server.dictionary = dictionary;
         return facts;
     }
     long number = 0;
-    ReadInteger(variable, number);
+    ReadNumber(variable, number);
     const TemporaryFile data(server.variables.Take(number));
     if (server.dictionary.empty())
         throw Refusal(kProductFile, "Product data from a binary variable need a dictionary that was read before.");
@@ -84,7 +89,7 @@ void CheckWords(const TiXmlElement* command) {
     if (std::find(std::begin(kProductClasses), std::end(kProductClasses), className) == std::end(kProductClasses))
         throw Refusal(kBadCommand, "There is no product class " + className + ".");
     const std::string userCode = ValueAt(command, "Usercode");
-    if (Wide(userCode).size() > kLongestUserCode)
+    if (FromUtf8(userCode).size() > kLongestUserCode)
         throw Refusal(kBadValue, "User code " + userCode + " is longer than 10 characters.");
 }
 

@@ -102,7 +102,7 @@ ProductFacts FactsOfProduct(const std::string& database, const std::string& clas
     if (!record) return facts;
     facts.code = BytesOf(*record, kProductCode);
     for (const std::string& pair : Split(BytesOf(*record, kModelParameters), ";"))
-        if (pair.compare(0, 2, "L=") == 0 && !ReadReal(pair.substr(2), facts.length)) facts.length = 0;
+        if (pair.compare(0, 2, "L=") == 0 && !ReadNumber(pair.substr(2), facts.length)) facts.length = 0;
     return facts;
 }
 

@@ -22,7 +22,7 @@ void RequirePoint(const TiXmlElement* part, const char* path, const std::string&
 
 void RequireReal(const TiXmlElement* part, const char* path, const std::string& name) {
     double value = 0;
-    if (!ReadReal(ValueAt(part, path), value) || value < 0) RefuseFile(name + " has no number at " + path + ".");
+    if (!ReadNumber(ValueAt(part, path), value) || value < 0) RefuseFile(name + " has no number at " + path + ".");
 }
 
 void CheckDuct(const TiXmlElement* part, const std::string& name) {
@@ -54,7 +54,7 @@ void CheckPart(const ProjectTree& project, TiXmlElement* part) {
     const std::string name = "Part " + ProjectTree::Handle(part);
     if (!IsHandle(ProjectTree::Handle(part))) RefuseFile("a part has no hexadecimal handle.");
     long type = 0;
-    if (!ReadInteger(ValueAt(part, "Type/ID"), type)) RefuseFile(name + " has no Type/ID.");
+    if (!ReadNumber(ValueAt(part, "Type/ID"), type)) RefuseFile(name + " has no Type/ID.");
     if (ValueAt(part, "Type/Define").empty()) RefuseFile(name + " has no Type/Define.");
     for (const char* path : {"Position/WCS", "Direction/WCS", "Normal/WCS"})
         RequirePoint(part, path, name);

@@ -26,7 +26,7 @@ void RegisterProgId(const std::wstring& progId, const CLSID& classId) {
     const DWORD bytes = static_cast<DWORD>((std::wcslen(text) + 1) * sizeof(wchar_t));
     const std::wstring key = progId + L"\\CLSID";
     if (RegSetKeyValueW(HKEY_CLASSES_ROOT, key.c_str(), nullptr, REG_SZ, text, bytes) != ERROR_SUCCESS)
-        Accuse("The Klimora stand-in could not register " + Narrow(progId) + ".");
+        Accuse("The Klimora stand-in could not register " + Utf8(progId) + ".");
 }
 
 void RemoveProgId(const std::wstring& progId) {

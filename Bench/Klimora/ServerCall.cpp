@@ -71,9 +71,6 @@ HRESULT AnswerPlainCall(const std::string& name, bool outputsGiven, const std::f
     return S_OK;
 }
 
-std::string Quoted(const std::string& text) {
-    return "'" + text + "'";
-}
 std::string Quoted(BSTR text) {
     return Quoted(FromBstr(text));
 }

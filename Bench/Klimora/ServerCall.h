@@ -12,6 +12,7 @@
 #include <string>
 
 #include "BenchControl.h"
+#include "BenchTexts.h"
 
 namespace bench::klimora {
 
@@ -23,6 +24,6 @@ HRESULT AnswerCall(const std::string& name, const std::string& arguments, long* 
 HRESULT AnswerPlainCall(const std::string& name, bool outputsGiven, const std::function<std::string()>& work);
 
 std::string Quoted(BSTR text);
-std::string Quoted(const std::string& text);
+using bench::Quoted;
 
 }  // namespace bench::klimora

@@ -47,7 +47,7 @@ void CheckValue(const Rule& rule, const std::string& value) {
             if (value != "0" && value != "1") throw Refusal(kBadValue, what + "it is 0 or 1.");
             break;
         case Value::kBinaryVariable:
-            if (!ReadInteger(value, number)) throw Refusal(kBadValue, what + "it is the number of a variable.");
+            if (!ReadNumber(value, number)) throw Refusal(kBadValue, what + "it is the number of a variable.");
             break;
         case Value::kXmlElement:
             ParseXml(value);

@@ -1,10 +1,9 @@
 #include "BenchStatistics.h"
 
-#include <windows.h>
-
 #include <string>
 
 #include "BenchControl.h"
+#include "BenchTexts.h"
 #include "KlimoraPluginsStatisticsWrapper.h"
 #include "PluginStat.h"
 
@@ -15,13 +14,8 @@ std::vector<bench::StatisticsEvent>& Events() {
     return events;
 }
 
-std::string Narrow(const wchar_t* text) {
-    if (!text) return {};
-    const int length = WideCharToMultiByte(CP_UTF8, 0, text, -1, nullptr, 0, nullptr, nullptr);
-    std::string result(static_cast<size_t>(length), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text, -1, result.data(), length, nullptr, nullptr);
-    result.pop_back();
-    return result;
+std::string Text(const wchar_t* text) {
+    return text ? bench::Utf8(text) : std::string();
 }
 
 std::vector<std::string> Fields(const PluginStat& record) {
@@ -56,11 +50,11 @@ struct KlimoraPluginsStatisticsWrapper::Implementation {
 };
 
 KlimoraPluginsStatisticsWrapper::KlimoraPluginsStatisticsWrapper(int channel, const wchar_t* client, const wchar_t* key)
-    : implementation_(new Implementation{Narrow(client), {}, false, false}) {
+    : implementation_(new Implementation{Text(client), {}, false, false}) {
     const bench::Call call("KlimoraPluginsStatisticsWrapper::KlimoraPluginsStatisticsWrapper",
-                           std::to_string(channel) + " " + Narrow(client) + " " + Narrow(key));
+                           std::to_string(channel) + " " + Text(client) + " " + Text(key));
     if (implementation_->client.empty()) bench::Accuse("Statistics: the object was made without the client's name.");
-    if (Narrow(key).empty()) bench::Accuse("Statistics: the object was made without the client's key.");
+    if (Text(key).empty()) bench::Accuse("Statistics: the object was made without the client's key.");
     bench::Owe("statistics object", implementation_->client);
 }
 
@@ -73,15 +67,14 @@ KlimoraPluginsStatisticsWrapper::~KlimoraPluginsStatisticsWrapper() {
 
 void KlimoraPluginsStatisticsWrapper::AddInsertStatistics(const wchar_t* event, PluginStat* record) {
     const std::vector<std::string> fields = record ? Fields(*record) : std::vector<std::string>();
-    const bench::Call call("KlimoraPluginsStatisticsWrapper::AddInsertStatistics",
-                           Narrow(event) + " " + Joined(fields));
+    const bench::Call call("KlimoraPluginsStatisticsWrapper::AddInsertStatistics", Text(event) + " " + Joined(fields));
     implementation_->CheckOpen("AddInsertStatistics");
-    if (Narrow(event).empty()) bench::Accuse("Statistics: AddInsertStatistics was called without an event name.");
+    if (Text(event).empty()) bench::Accuse("Statistics: AddInsertStatistics was called without an event name.");
     if (!record) bench::Accuse("Statistics: AddInsertStatistics was called without a record.");
     implementation_->added = true;
     if (call.fails()) return;  // a lost event: the library tells nobody
     implementation_->kept.push_back(Events().size());
-    Events().push_back({Narrow(event), fields, false});
+    Events().push_back({Text(event), fields, false});
 }
 
 void KlimoraPluginsStatisticsWrapper::FlushStatistics() {

@@ -2,6 +2,7 @@
 #include <windows.h>
 
 #include "BenchControl.h"
+#include "BenchTexts.h"
 #include "KbaseDictionary.h"
 #include "KbaseFixture.h"
 #include "KbaseText.h"
@@ -110,11 +111,11 @@ TEST_F(KbaseFiles, EveryByteSurvivesTheSpellings) {
     std::string back;
     ASSERT_TRUE(bench::FromHex(bench::Hex(all), back));
     EXPECT_EQ(back, all);
-    ASSERT_TRUE(bench::FromQuoted(bench::Quoted(all), back));
+    ASSERT_TRUE(bench::FromEscaped(bench::Escaped(all), back));
     EXPECT_EQ(back, all);
     for (const char* broken : {"\"", "\"a", "a\"", "\"a\"b\"", "\"\\\"", "\"\\x4\"", "\"\\xZZ\""})
-        EXPECT_FALSE(bench::FromQuoted(broken, back)) << broken;
-    EXPECT_EQ(bench::Words(bench::Quoted("a \\\" b") + " c").size(), 2u);
+        EXPECT_FALSE(bench::FromEscaped(broken, back)) << broken;
+    EXPECT_EQ(bench::Words(bench::Escaped("a \\\" b") + " c").size(), 2u);
 }
 
 TEST_F(KbaseFiles, ADatabaseThatCannotBeWrittenFailsTheSave) {
