@@ -1,5 +1,6 @@
 #include "Util/ComTypes.h"
 
+#include <algorithm>
 #include <cstring>
 #include <string_view>
 
@@ -11,12 +12,13 @@ BStr::BStr(const char* text) {
     const size_t length = std::strlen(text) + 1;
     reset(SysAllocStringLen(nullptr, static_cast<UINT>(length)));
     if (!get()) return;
-    std::memset(get(), 0, length * sizeof(OLECHAR));
-    MultiByteToWideChar(CP_ACP, 0, text, -1, get(), static_cast<int>(length));
+    const int written = MultiByteToWideChar(CP_ACP, 0, text, -1, get(), static_cast<int>(length));
+    std::fill(get() + written, get() + length, L'\0');
 }
 
 std::string BStr::ToNarrow() const {
     if (!get()) return std::string();
-    const std::wstring_view text(get(), SysStringLen(get()));
-    return Narrow(text.substr(0, text.find(L'\0')));
+    std::wstring_view text(get(), SysStringLen(get()));
+    text = text.substr(0, text.find(L'\0'));
+    return Narrow(text);
 }

@@ -11,6 +11,7 @@ class KlimComSrvHandle {
     KlimComSrvHandle() : implementation_(new KlimComSrvImpl) {}
 
     KlimComSrvImpl* operator->() const { return implementation_.get(); }
+    KlimComSrvImpl& operator*() const { return *implementation_; }
 
  private:
     std::unique_ptr<KlimComSrvImpl> implementation_;

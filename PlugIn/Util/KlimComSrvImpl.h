@@ -5,6 +5,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "KLIMCOMSRVLib.h"
 
@@ -20,9 +21,6 @@ class KlimComSrvImpl {
  public:
     // Connects to the running server; throws a const char* that says what is missing.
     KlimComSrvImpl();
-    ~KlimComSrvImpl();
-    KlimComSrvImpl(const KlimComSrvImpl&) = delete;
-    KlimComSrvImpl& operator=(const KlimComSrvImpl&) = delete;
 
     // Date-like number such as 20090300; 0 when it cannot be had. Never traced.
     long getVersion() const;
@@ -57,23 +55,26 @@ class KlimComSrvImpl {
 
  private:
     using Server = KLIMCOMSRVLib::IKlimora200805;
-
-    bool Tracing() const { return trace_.keep || trace_.failures || trace_.all; }
-    // Writes the trace line of one call and echoes it as the switches say; gives `result` back. Every format ends with
-    // the result and the server's error text, which are added here.
-    template <class... Arguments>
-    int Traced(int result, const char* format, const Arguments&... arguments);
-    void Echo(int result) const;
-
     using CommandMethod = HRESULT (STDMETHODCALLTYPE Server::*)(BSTR command, long* result);
     using ReplyMethod = HRESULT (STDMETHODCALLTYPE Server::*)(BSTR command, BSTR* reply, long* result);
+
+    // What a trace line says of a call before its arguments and behind its outcome.
+    struct TraceFrame {
+        std::string_view name;
+        std::string_view lineEnd = "\n";
+    };
+
     int Send(const char* name, CommandMethod method, const char* command);
     int SendForReply(const char* name, ReplyMethod method, const char* command, std::string& reply);
+    // Gives the result of a call, after its line was traced as the switches say.
+    template <class First, class... Others>
+    int Traced(HRESULT call, long code, TraceFrame frame, First first, Others... others);
 
-    InterfacePtr<KLIMCOMSRVLib::IDrawing> drawing_;
-    InterfacePtr<Server> app200805_;
+    // Given back from the last one to the first.
     InterfacePtr<KLIMCOMSRVLib::IKlimoraLatest> appLatest_;  // null with an older server
     InterfacePtr<KLIMCOMSRVLib::IKlimora201011> app201011_;
+    InterfacePtr<Server> app200805_;
+    InterfacePtr<KLIMCOMSRVLib::IDrawing> drawing_;
     TraceSwitches trace_;
-    char lastTrace_[8192] = "";
+    std::string lastTrace_;
 };
