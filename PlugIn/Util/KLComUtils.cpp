@@ -3,13 +3,19 @@
 #include "Util/KLComUtils.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
+#include <locale>
+#include <memory>
 #include <new>
 #include <sstream>
+#include <utility>
 
 #include "dbhandle.h"
 
 #include "Lib/ExceptionReport.h"
 #include "Lib/Handles.h"
+#include "Lib/Text.h"
 #include "Util/XmlTextBuilder.h"
 
 namespace {
@@ -22,27 +28,18 @@ constexpr int kFileNotOpened = -6;
 constexpr int kNoMemory = -7;
 constexpr int kShortRead = -8;
 
-template <class Value>
-std::string ToText(const Value& value) {
-    std::ostringstream stream;
-    stream << value;
-    if (!stream) throw "Could not convert value to text";
-    return stream.str();
+// Numbers in the server's texts have a decimal point and no digit groups. Streams follow the process's locale unless
+// told, and that one AutoCAD shares with every plug-in.
+std::istringstream NumbersIn(const std::string& text) {
+    std::istringstream numbers(text);
+    numbers.imbue(std::locale::classic());
+    return numbers;
 }
 
-struct Triple {
-    double values[3] = {};
-};
-
 // A short text leaves the rest at 0.
-Triple ParseTriple(const std::string& text) {
-    Triple triple;
-    std::istringstream stream(text);
-    for (double& value : triple.values) {
-        double number = 0;
-        if (!(stream >> number)) break;
-        value = number;
-    }
+std::array<double, 3> ReadTriple(const std::string& text) {
+    std::array<double, 3> triple = {};
+    NumbersIn(text) >> triple[0] >> triple[1] >> triple[2];
     return triple;
 }
 
@@ -86,11 +83,13 @@ std::string KLComUtils::GetLastError() const {
     return trace.empty() ? ServerErrorText() : trace;
 }
 
-// ---- Attributes
-// ------------------------------------------------------------------------------------------------------
-
 int KLComUtils::SetPartAtt(const std::string& part, const std::string& attribute, int value, bool required) {
-    return SetPartAtt(part, attribute, ToText(value), required);
+    std::ostringstream text;
+    text.imbue(std::locale::classic());
+    text << value;
+    if (text) return SetPartAtt(part, attribute, text.str(), required);
+    if (required) throw "Could not convert value to text";
+    return -1;
 }
 
 int KLComUtils::SetPartAtt(const std::string& part, const std::string& attribute, const std::string& value,
@@ -123,21 +122,20 @@ double KLComUtils::GetPartAttReal(const std::string& part, const std::string& at
     std::string text;
     if (GetPartAtt(part, attribute, text, required) != 0) return 0;
     double value = 0;
-    std::istringstream stream(text);
-    if (stream >> value) return value;
+    if (NumbersIn(text) >> value) return value;
     // The blank after the opening quote mark belongs to the message.
     if (required) throw "Could not convert \" " + text + "\" to target type";
     return 0;
 }
 
 AcGePoint3d KLComUtils::GetPartAttPoint(const std::string& part, const std::string& attribute, bool required) {
-    const Triple triple = ParseTriple(GetPartAtt(part, attribute, required));
-    return AcGePoint3d(triple.values[0], triple.values[1], triple.values[2]);
+    const auto [x, y, z] = ReadTriple(GetPartAtt(part, attribute, required));
+    return AcGePoint3d(x, y, z);
 }
 
 AcGeVector3d KLComUtils::GetPartAttVector(const std::string& part, const std::string& attribute, bool required) {
-    const Triple triple = ParseTriple(GetPartAtt(part, attribute, required));
-    return AcGeVector3d(triple.values[0], triple.values[1], triple.values[2]);
+    const auto [x, y, z] = ReadTriple(GetPartAtt(part, attribute, required));
+    return AcGeVector3d(x, y, z);
 }
 
 std::string KLComUtils::GetPartAttOrDefault(const std::string& part, const std::string& attribute,
@@ -150,8 +148,7 @@ int KLComUtils::GetPartAttOrDefault(const std::string& part, const std::string& 
     std::string text;
     if (ReadText(part, attribute, text) != 0) return defaultValue;
     int value = 0;
-    std::istringstream stream(text);
-    return stream >> value ? value : defaultValue;
+    return NumbersIn(text) >> value ? value : defaultValue;
 }
 
 bool KLComUtils::IsPartTypeID(const std::string& part, int id) {
@@ -161,9 +158,6 @@ bool KLComUtils::IsPartTypeID(const std::string& part, int id) {
 bool KLComUtils::IsPartTypeDefine(const std::string& part, const std::string& define) {
     return GetPartAtt(part, "/Part/Type/Define", false) == define;
 }
-
-// ---- Records
-// -----------------------------------------------------------------------------------------------------------
 
 std::string ReplaceAll(const std::string& text, const std::string& search, const std::string& replacement) {
     if (search.empty()) return text;
@@ -178,6 +172,7 @@ std::string ReplaceAll(const std::string& text, const std::string& search, const
 
 int KLComUtils::GetAttributes(const std::string& /*part*/, const std::string& path,
                               const std::vector<std::string>& names, std::vector<Record>& records) {
+    if (!server_) return -1;
     try {
         if (path.find('/') == std::string::npos) throw "Can't find '/' in a parent path " + path;
         const int count = GetPartAttOrDefault("", "Count(" + path + ")", 0);
@@ -195,13 +190,14 @@ int KLComUtils::GetAttributes(const std::string& /*part*/, const std::string& pa
     }
 }
 
-// ---- Binary variables
-// ------------------------------------------------------------------------------------------------
-
 int KLComUtils::BinVariableSetData(int variable, const void* data, int size) {
     if (!server_) return -1;
     if (!data || size < 1) return kBadArgument;
     if (Server()->setBinVariableSize(variable, size) != 0) throw "";  // the caller's report gives the words
+    return SendBinVariableData(variable, data, size);
+}
+
+int KLComUtils::SendBinVariableData(int variable, const void* data, int size) {
     const char* bytes = static_cast<const char*>(data);
     for (int offset = 0; offset < size; offset += kChunkSize) {
         XmlTextBuilder hex;
@@ -213,54 +209,43 @@ int KLComUtils::BinVariableSetData(int variable, const void* data, int size) {
 }
 
 int KLComUtils::BinVariableSetData(int variable, const char* fileName) {
-    int result = kBadArgument;
+    if (!fileName || !*fileName) return kBadArgument;
+    int result = -1;
+    const auto fail = [&](int code, const char* message) {
+        result = code;
+        throw std::string(message) + fileName;
+    };
     try {
-        if (!fileName || !*fileName) return result;
-        result = kFileNotOpened;
         const StdioFile file(std::fopen(fileName, "rb"));
-        if (!file) throw std::string("Can't open file ") + fileName;
+        if (!file) fail(kFileNotOpened, "Can't open file ");
         std::fseek(file.get(), 0, SEEK_END);
         const long size = std::ftell(file.get());
         std::fseek(file.get(), 0, SEEK_SET);
-        result = kShortRead;
-        if (size < 0) throw std::string("Can't read data from file ") + fileName;
-        result = kNoMemory;
-        const std::unique_ptr<char[]> data(new (std::nothrow) char[static_cast<size_t>(size) + 1]);
-        if (!data) throw std::string("Can't allocate memory to load file ") + fileName;
-        result = kShortRead;
-        if (std::fread(data.get(), 1, static_cast<size_t>(size), file.get()) != static_cast<size_t>(size))
-            throw std::string("Can't read data from file ") + fileName;
-        data[size] = '\0';
-        result = -1;
-        result = BinVariableSetData(variable, data.get(), static_cast<int>(size));
+        if (size < 0) fail(kShortRead, "Can't read data from file ");
+        const size_t count = static_cast<size_t>(size);
+        const std::unique_ptr<char[]> data(new (std::nothrow) char[count + 1]);
+        if (!data) fail(kNoMemory, "Can't allocate memory to load file ");
+        if (std::fread(data.get(), 1, count, file.get()) != count) fail(kShortRead, "Can't read data from file ");
+        data[count] = '\0';
+        return BinVariableSetData(variable, data.get(), static_cast<int>(size));
     } catch (...) {
         ReportException("Failed to set bin variable data.", kSource, 221, "KLComUtils::BinVariableSetData");
+        return result;
     }
-    return result;
 }
 
 int KLComUtils::BinVariableFree(int variable) {
     return server_ ? Server()->freeBinVariable(variable) : -1;
 }
 
-// ---- Handles
-// ---------------------------------------------------------------------------------------------------------
-
 std::string KLComUtils::GetPartHandle(AcDbObjectId entity) {
-    wchar_t wide[32] = L"";
-    if (!entity.handle().getIntoAsciiBuffer(wide)) return std::string();
-    std::string text;
-    for (const wchar_t* digit = wide; *digit; ++digit)
-        text += static_cast<char>(*digit);
-    return text;
+    wchar_t text[32] = L"";
+    return entity.handle().getIntoAsciiBuffer(text) ? Narrow(text) : std::string();
 }
 
 bool KLComUtils::IsValidPartHandle(const std::string& part) {
     return !part.empty() && part != "0";
 }
-
-// ---- Trace switches
-// ------------------------------------------------------------------------------------------------------
 
 TraceSwitchGuard::TraceSwitchGuard(KLComUtils& utils) : utils_(utils) {
     utils_.GetTrace(&keep_, &failures_, &all_);

@@ -33,7 +33,6 @@ class KLComUtils {
     // -1 when the server cannot be had; why is the caller's to say.
     virtual int Connect();
     virtual int Disconnect();
-    bool IsConnected() const { return server_ != nullptr; }
 
     void SetTrace(bool keep, bool failures, bool all);
     // Without a connection the flags stay as they are.
@@ -103,11 +102,7 @@ class KLComUtils {
     std::string CreateAirTerminalDevice(const PartProduct& product, int systemId, const PartPlacement& placement,
                                         const AirTerminalData& terminal);
     std::string CreateConnectionStub(const ConnectionStub& stub);
-    // Each end is a part, or a point.
-    std::string CreatePipe(const std::string& firstPart, const std::string& secondPart, const PipeData& pipe);
-    std::string CreatePipe(const std::string& firstPart, const AcGePoint3d& secondEnd, const PipeData& pipe);
-    std::string CreatePipe(const AcGePoint3d& firstEnd, const std::string& secondPart, const PipeData& pipe);
-    std::string CreatePipe(const AcGePoint3d& firstEnd, const AcGePoint3d& secondEnd, const PipeData& pipe);
+    std::string CreatePipe(const PipeEnd& firstEnd, const PipeEnd& secondEnd, const PipeData& pipe);
     // Custom objects need server version 2005087. Geometry: a geometry model of `size` bytes, a KModel file or KModel
     // data with parameters (may be empty), or a block of the drawing. 0, or -1 after the report.
     int SetGeometryForCustomObject(const std::string& part, const void* data, int size);
@@ -116,7 +111,7 @@ class KLComUtils {
     int SetGeometryForCustomObject(const std::string& part, const void* data, int size, const std::string& params);
     int SetGeometryForCustomObject(const std::string& part, const std::string& blockName);
     int SetLinetypesForCustomObject(const std::string& part, const std::string& layer);
-    // A part that was made keeps its handle when only its line types or geometry failed.
+    // A part that was made is given back also when its line types or geometry failed, which was reported.
     std::string CreateCustomObject(const PartPlacement& placement, const CustomObjectData& object);
     std::string CreateCustomObject(const PartPlacement& placement, const CustomObjectData& object, const void* data,
                                    int size);
@@ -138,19 +133,21 @@ class KLComUtils {
     // "EWAPART_…" of a product class; empty, and reported, for an unknown one.
     static std::string GetTypeDefineByKPDClassName(const std::string& kpdClassName);
 
- protected:
-    // Null while not connected.
-    KlimComSrvImpl* Server() const { return server_ ? server_->operator->() : nullptr; }
-    int ServerVersion() const { return server_ ? static_cast<int>((*server_)->getVersion()) : 0; }
-    std::string ServerErrorText() const { return server_ ? (*server_)->getLastErrorText() : std::string(); }
-
  private:
+    // While connected only.
+    KlimComSrvHandle& Server() const { return *server_; }
+    // 0 and an empty text while not connected.
+    int ServerVersion() const { return server_ ? static_cast<int>(Server()->getVersion()) : 0; }
+    std::string ServerErrorText() const { return server_ ? Server()->getLastErrorText() : std::string(); }
+
     int ReadText(const std::string& part, const std::string& attribute, std::string& value);
     int CountConnections(const std::string& part);
-    // BinVariableSetData without exceptions.
-    bool StoreInBinVariable(int variable, const void* data, int size);
-    // Creating parts.
-    std::string CreatePipeBetween(const std::string& firstEnd, const std::string& secondEnd, const PipeData& pipe);
+    // The bytes of a variable whose size is set, in chunks; the first result that is not 0.
+    int SendBinVariableData(int variable, const void* data, int size);
+    // The reply to a command that creates. What went wrong is told by the caller's report, so the exception is
+    // wordless.
+    using Creation = int (KlimComSrvImpl::*)(const char* command, std::string& reply);
+    std::string Create(Creation creation, const std::string& command);
     void SetGeometryFromMemory(const std::string& part, const char* attribute, const void* data, int size);
     bool IsCustomObject(const std::string& part);
 

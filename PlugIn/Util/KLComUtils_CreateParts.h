@@ -6,6 +6,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "gepnt3d.h"
@@ -63,7 +64,7 @@ struct StubConnection {
 using SoundBands = std::array<double, 8>;  // dB, lowest band first
 
 struct ConnectionStub {
-    std::string kind;  // StubKinds.h
+    std::string kind;  // the function name that the server knows: "TerminalDevice", "Pump", …
     std::string parentPart;
     PartSystem system;
     std::string customPartType;
@@ -76,6 +77,9 @@ struct ConnectionStub {
     std::optional<SoundBands> attenuation;
     std::vector<StubConnection> connections;
 };
+
+// Where a pipe begins or ends: at a part, or free at a point.
+using PipeEnd = std::variant<std::string, AcGePoint3d>;
 
 struct PipeData {
     PartSystem system;

@@ -1,174 +1,143 @@
 #include "Util/KLComUtils_CreatePartsCommands.h"
 
-#include "Util/KLComUtils_CreatePartsText.h"
+#include "Util/ServerCommand.h"
 
 namespace {
 
-constexpr char kSpecial[] = "Special";
+constexpr int kLengthCoefficientVersion = 20090300;
 
-void AppendProduct(PartCommandText& command, const PartProduct& product) {
-    command.Escaped("<KPDClass><Name>%s</Name></KPDClass>", product.kpdClassName)
-        .Escaped("<Usercode>%s</Usercode>", product.userCode)
-        .Escaped("<Productfamilykey>%s</Productfamilykey>", product.familyKey)
-        .Escaped("<Productkey>%s</Productkey>", product.productKey);
+void AppendProduct(ServerCommand& command, const PartProduct& product) {
+    command.Element("KPDClass/Name", product.kpdClassName)
+        .Element("Usercode", product.userCode)
+        .Element("Productfamilykey", product.familyKey)
+        .Element("Productkey", product.productKey);
 }
 
-const std::string& OrSpecial(const std::string& text) {
-    static const std::string special = kSpecial;
-    return text.empty() ? special : text;
+void AppendPipeEnd(ServerCommand& command, const PipeEnd& end) {
+    command.Open("Connection");
+    if (const std::string* part = std::get_if<std::string>(&end))
+        command.Element("ConnectedTo", *part);
+    else
+        command.Element("Position/WCS", std::get<AcGePoint3d>(end));
+    command.Close("Connection");
+}
+
+std::string OrSpecial(const std::string& text) {
+    return text.empty() ? "Special" : text;
 }
 
 }  // namespace
 
 std::string ManifoldCommand(const PartSystem& system, const PartPlacement& placement, const std::string& shape) {
-    return PartCommandText()
-        .Literal("<CreatePart>")
-        .Literal("<Part>")
-        .Literal("<Type><Define>EWAPART_MANIFOLD</Define></Type>")
-        .Literal("<System>")
-        .Integer("<ID>%d</ID>", system.id)
-        .Integer("<Type><ID>%d</ID></Type>", system.typeId)
-        .Literal("</System>")
+    return ServerCommand("CreatePart/Part")
+        .Element("Type/Define", "EWAPART_MANIFOLD")
+        .Open("System")
+        .Element("ID", system.id)
+        .Element("Type/ID", system.typeId)
+        .Close("System")
         .Placement(placement)
-        .Verbatim("<Geometry><Shape>%s</Shape></Geometry>", shape)
-        .Literal("</Part>")
-        .Literal("</CreatePart>")
+        .Verbatim("Geometry/Shape", shape)
+        .Close("CreatePart/Part")
         .Text();
 }
 
 std::string ConnectedDeviceCommand(const PartProduct& product, const std::string& typeDefine,
                                    const PartPlacement& placement, const std::string& connectedPart) {
     // Here alone the user code goes in as it is, and the normal comes before the direction.
-    return PartCommandText()
-        .Literal("<CreatePart>")
-        .Escaped("<KPDClass><Name>%s</Name></KPDClass>", product.kpdClassName)
-        .Verbatim("<Usercode>%s</Usercode>", product.userCode)
-        .Escaped("<Productfamilykey>%s</Productfamilykey>", product.familyKey)
-        .Escaped("<Productkey>%s</Productkey>", product.productKey)
-        .Literal("<Part>")
-        .Escaped("<Type><Define>%s</Define></Type>", typeDefine)
-        .Position(placement.position)
-        .Normal(placement.normal)
-        .Direction(placement.direction)
-        .Literal("<Connection>")
-        .Escaped("<ConnectedTo>%s</ConnectedTo>", connectedPart)
-        .Literal("</Connection>")
-        .Literal("</Part>")
-        .Literal("</CreatePart>")
+    return ServerCommand("CreatePart")
+        .Element("KPDClass/Name", product.kpdClassName)
+        .Verbatim("Usercode", product.userCode)
+        .Element("Productfamilykey", product.familyKey)
+        .Element("Productkey", product.productKey)
+        .Open("Part")
+        .Element("Type/Define", typeDefine)
+        .Element("Position/WCS", placement.position)
+        .Element("Normal/WCS", placement.normal)
+        .Element("Direction/WCS", placement.direction)
+        .Element("Connection/ConnectedTo", connectedPart)
+        .Close("CreatePart/Part")
         .Text();
 }
 
 std::string RadiatorCommand(const PartProduct& product, int systemId, const PartPlacement& placement,
                             const RadiatorData& radiator, const RadiatorValve& valve) {
-    PartCommandText command;
-    command.Literal("<CreatePart>");
+    ServerCommand command("CreatePart");
     AppendProduct(command, product);
-    command.Literal("<Part>")
-        .Literal("<Type><Define>EWAPART_RADIATOR</Define></Type>")
-        .Integer("<System><ID>%d</ID></System>", systemId)
+    command.Open("Part")
+        .Element("Type/Define", "EWAPART_RADIATOR")
+        .Element("System/ID", systemId)
         .Placement(placement)
-        .Integer("<Width>%d</Width>", radiator.width)
-        .Integer("<Height>%d</Height>", radiator.height)
-        .Real("<P_Heating><W>%f</W></P_Heating>", radiator.heatingPower)
-        .Literal("</Part>")
-        .Integer("<ConnectionSize>%d</ConnectionSize>", radiator.connectionSize);
-    if (radiator.filled) command.Integer("<Filled>%d</Filled>", *radiator.filled);
-    command.Integer("<Inlet><ID>%d</ID></Inlet>", radiator.inletId)
-        .Integer("<Outlet><ID>%d</ID></Outlet>", radiator.outletId);
+        .Element("Width", radiator.width)
+        .Element("Height", radiator.height)
+        .Element("P_Heating/W", radiator.heatingPower)
+        .Close("Part")
+        .Element("ConnectionSize", radiator.connectionSize);
+    if (radiator.filled) command.Element("Filled", *radiator.filled);
+    command.Element("Inlet/ID", radiator.inletId).Element("Outlet/ID", radiator.outletId);
     if (!valve.userCode.empty() && !valve.familyKey.empty() && !valve.productKey.empty()) {
-        if (valve.draw) command.Integer("<DrawValve>%d</DrawValve>", *valve.draw);
-        command.Literal("<Valve>")
-            .Escaped("<Usercode>%s</Usercode>", valve.userCode)
-            .Escaped("<Productfamilykey>%s</Productfamilykey>", valve.familyKey)
-            .Escaped("<Productkey>%s</Productkey>", valve.productKey)
-            .Literal("</Valve>");
+        if (valve.draw) command.Element("DrawValve", *valve.draw);
+        command.Open("Valve")
+            .Element("Usercode", valve.userCode)
+            .Element("Productfamilykey", valve.familyKey)
+            .Element("Productkey", valve.productKey)
+            .Close("Valve");
     }
-    return command.Literal("</CreatePart>").Text();
+    return command.Close("CreatePart").Text();
 }
 
 std::string AirTerminalCommand(const PartProduct& product, int systemId, const PartPlacement& placement,
                                const AirTerminalData& terminal) {
-    PartCommandText command;
-    command.Literal("<CreatePart>");
+    ServerCommand command("CreatePart");
     AppendProduct(command, product);
-    command.Literal("<Part>")
-        .Verbatim("<Type><Define>%s</Define></Type>", terminal.typeDefine)
-        .Integer("<System><ID>%d</ID></System>", systemId)
+    command.Open("Part")
+        .Verbatim("Type/Define", terminal.typeDefine)
+        .Element("System/ID", systemId)
         .Placement(placement)
-        .Real("<qv_set><ls>%f</ls></qv_set>", terminal.airFlow);
-    if (terminal.grilleAngle > 0) command.Integer("<GrilleAngle>%d</GrilleAngle>", terminal.grilleAngle);
-    if (terminal.collarLength > 0) command.Integer("<CollarLength>%d</CollarLength>", terminal.collarLength);
-    return command.Literal("</Part>").Literal("</CreatePart>").Text();
+        .Element("qv_set/ls", terminal.airFlow);
+    if (terminal.grilleAngle > 0) command.Element("GrilleAngle", terminal.grilleAngle);
+    if (terminal.collarLength > 0) command.Element("CollarLength", terminal.collarLength);
+    return command.Close("CreatePart/Part").Text();
 }
 
-std::string PipeEnd(const std::string& connectedPart) {
-    return PartCommandText().Escaped("<ConnectedTo>%s</ConnectedTo>", connectedPart).Text();
-}
-
-std::string PipeEnd(const AcGePoint3d& position) {
-    return PartCommandText().Position(position).Text();
-}
-
-std::string PipeCommand(const std::string& firstEnd, const std::string& secondEnd, const PipeData& pipe,
-                        BendForm bendForm) {
-    PartCommandText command;
-    command.Literal("<CreatePart>")
-        .Literal("<Part>")
-        .Literal("<Type><Define>EWAPART_DUCT</Define></Type>")
-        .Verbatim("<Connection>%s</Connection>", firstEnd)
-        .Verbatim("<Connection>%s</Connection>", secondEnd)
-        .Literal("<System>")
-        .Integer("<ID>%d</ID>", pipe.system.id)
-        .Integer("<Type><ID>%d</ID></Type>", pipe.system.typeId)
-        .Literal("</System>")
-        .Normal(pipe.normal)
-        .Escaped("<Serie><ID>%s</ID></Serie>", pipe.series)
-        .Integer("<Shape><ID>%d</ID></Shape>", 0)  // a pipe is round
-        .Real("<Diameter>%f</Diameter>", pipe.diameter);
-    if (pipe.bendCoefficient != 0) {
-        command.Real(bendForm == BendForm::kLengthCoefficient ? "<Bend><LDCoefficient>%f</LDCoefficient></Bend>"
-                                                              : "<Bend><RDCoefficient>%f</RDCoefficient></Bend>",
-                     pipe.bendCoefficient);
-    }
-    if (pipe.lockSize) command.Literal("<Locked><Size>1</Size></Locked>");
-    return command.Literal("</Part>").Literal("</CreatePart>").Text();
+std::string PipeCommand(const PipeEnd& firstEnd, const PipeEnd& secondEnd, const PipeData& pipe, int serverVersion) {
+    ServerCommand command("CreatePart/Part");
+    command.Element("Type/Define", "EWAPART_DUCT");
+    AppendPipeEnd(command, firstEnd);
+    AppendPipeEnd(command, secondEnd);
+    command.Open("System")
+        .Element("ID", pipe.system.id)
+        .Element("Type/ID", pipe.system.typeId)
+        .Close("System")
+        .Element("Normal/WCS", pipe.normal)
+        .Element("Serie/ID", pipe.series)
+        .Element("Shape/ID", 0)  // a pipe is round
+        .Element("Diameter", pipe.diameter);
+    if (pipe.bendCoefficient != 0)
+        command.Element(serverVersion >= kLengthCoefficientVersion ? "Bend/LDCoefficient" : "Bend/RDCoefficient",
+                        pipe.bendCoefficient);
+    if (pipe.lockSize) command.Element("Locked/Size", 1);
+    return command.Close("CreatePart/Part").Text();
 }
 
 std::string CustomObjectCommand(const PartPlacement& placement, const CustomObjectData& object) {
-    PartCommandText command;
-    command.Literal("<CreatePart>")
-        .Literal("<Part>")
-        .Literal("<Type><Define>EWAPART_CUSTOM</Define></Type>")
-        .Integer("<System><ID>%d</ID></System>", object.systemId)
-        .Placement(placement);
-    if (!object.productCode.empty()) command.Escaped("<Productcode>%s</Productcode>", object.productCode);
+    ServerCommand command("CreatePart/Part");
+    command.Element("Type/Define", "EWAPART_CUSTOM").Element("System/ID", object.systemId).Placement(placement);
+    if (!object.productCode.empty()) command.Element("Productcode", object.productCode);
     // The product code is the class type as well.
-    return command.Escaped("<CustomPartType>%s</CustomPartType>", OrSpecial(object.customPartType))
-        .Escaped("<ifcClassType>%s</ifcClassType>", OrSpecial(object.productCode))
-        .Escaped("<Geometry><Layer><Name>%s</Name></Layer></Geometry>", object.layer)
-        .Literal("</Part>")
-        .Literal("</CreatePart>")
+    return command.Element("CustomPartType", OrSpecial(object.customPartType))
+        .Element("ifcClassType", OrSpecial(object.productCode))
+        .Element("Geometry/Layer/Name", object.layer)
+        .Close("CreatePart/Part")
         .Text();
 }
 
 std::string LinetypeDefinition(const std::string& layer) {
-    struct Linetype {
-        const char* start;
-        const char* color;  // null: the layer's own
-    };
-    static constexpr Linetype kLinetypes[] = {
-        {"<Linetype id=\"1\">", "<Color>red</Color>"},
-        {"<Linetype id=\"2\">", "<Color>green</Color>"},
-        {"<Linetype id=\"3\">", "<Color>blue</Color>"},
-        {"<Linetype id=\"4\">", nullptr},
-    };
-    PartCommandText definition;
-    definition.Literal("<Linetypedef>");
-    for (const Linetype& linetype : kLinetypes) {
-        definition.Literal(linetype.start)
-            .Verbatim("<Layer><Name>%s</Name></Layer>", layer)
-            .Literal(linetype.color)
-            .Literal("</Linetype>");
+    ServerCommand definition("Linetypedef");
+    int id = 0;
+    for (const char* const color : {"red", "green", "blue", ""}) {  // the last one has the layer's
+        definition.Open("Linetype id=\"" + std::to_string(++id) + "\"").Verbatim("Layer/Name", layer);
+        if (*color) definition.Element("Color", color);
+        definition.Close("Linetype");
     }
-    return definition.Literal("</Linetypedef>").Text();
+    return definition.Close("Linetypedef").Text();
 }

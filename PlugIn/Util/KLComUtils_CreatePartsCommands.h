@@ -15,15 +15,8 @@ std::string RadiatorCommand(const PartProduct& product, int systemId, const Part
 std::string AirTerminalCommand(const PartProduct& product, int systemId, const PartPlacement& placement,
                                const AirTerminalData& terminal);
 std::string ConnectionStubCommand(const ConnectionStub& stub);
-
-// Where a pipe begins or ends: at a part, or free at a point.
-std::string PipeEnd(const std::string& connectedPart);
-std::string PipeEnd(const AcGePoint3d& position);
-// Newer servers take the bend as a length coefficient, older ones as a radius coefficient.
-enum class BendForm { kLengthCoefficient, kRadiusCoefficient };
-std::string PipeCommand(const std::string& firstEnd, const std::string& secondEnd, const PipeData& pipe,
-                        BendForm bendForm);
-
+// How the bend is told depends on the server's version.
+std::string PipeCommand(const PipeEnd& firstEnd, const PipeEnd& secondEnd, const PipeData& pipe, int serverVersion);
 std::string CustomObjectCommand(const PartPlacement& placement, const CustomObjectData& object);
 // The value of a part's line type definition: four line types, all on that layer.
 std::string LinetypeDefinition(const std::string& layer);

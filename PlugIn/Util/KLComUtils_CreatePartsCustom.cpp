@@ -30,6 +30,19 @@ void CheckVersion(int serverVersion) {
     if (serverVersion < kCustomObjectVersion) throw "Klimora version is too old";
 }
 
+// A change of a custom object: 0, or -1 after the report.
+template <class Work>
+int Change(int serverVersion, const char* failure, int line, const char* function, Work work) {
+    try {
+        CheckVersion(serverVersion);
+        work();
+        return 0;
+    } catch (...) {
+        ReportException(failure, kSource, line, function);
+        return -1;
+    }
+}
+
 // What a block reference in the drawing tells about the custom object that is to stand in its place.
 struct BlockPlace {
     std::string layer;
@@ -76,79 +89,51 @@ void KLComUtils::SetGeometryFromMemory(const std::string& part, const char* attr
         KLComUtils& utils;
         ~VariableGuard() { utils.BinVariableFree(kGeometryVariable); }
     };
-    if (BinVariableSetData(kGeometryVariable, data, size) != 0) throw "";
+    if (!data || size < 1 || Server()->setBinVariableSize(kGeometryVariable, size) != 0) throw "";
     const VariableGuard guard{*this};
+    if (SendBinVariableData(kGeometryVariable, data, size) != 0) throw "";
     SetPartAtt(part, attribute, kGeometryVariable, true);
 }
 
 int KLComUtils::SetGeometryForCustomObject(const std::string& part, const void* data, int size) {
-    try {
-        CheckVersion(ServerVersion());
-        SetGeometryFromMemory(part, "/Part/Geometry/Source[0]/gm_model/binvar", data, size);
-        return 0;
-    } catch (...) {
-        ReportException("Can't set gm_model geometry for custom object", kSource, 481, kSetGeometry);
-        return -1;
-    }
+    return Change(ServerVersion(), "Can't set gm_model geometry for custom object", 481, kSetGeometry,
+                  [&] { SetGeometryFromMemory(part, "/Part/Geometry/Source[0]/gm_model/binvar", data, size); });
 }
 
 int KLComUtils::SetGeometryForCustomObject(const std::string& part, const std::string& kmodelFileName,
                                            const std::string& params) {
-    try {
-        CheckVersion(ServerVersion());
+    return Change(ServerVersion(), "Can't set kmodel file geometry for custom object", 511, kSetGeometry, [&] {
         SetPartAtt(part, "/Part/Geometry/Source[0]/KModel/Filename", kmodelFileName, true);
         if (!params.empty()) SetPartAtt(part, kKModelParams, params, true);
-        return 0;
-    } catch (...) {
-        ReportException("Can't set kmodel file geometry for custom object", kSource, 511, kSetGeometry);
-        return -1;
-    }
+    });
 }
 
 int KLComUtils::SetGeometryForCustomObject(const std::string& part, const void* data, int size,
                                            const std::string& params) {
-    try {
-        CheckVersion(ServerVersion());
+    // The wording is the geometry model's, and stays.
+    return Change(ServerVersion(), "Can't set gm_model data for custom object", 553, kSetGeometry, [&] {
         SetGeometryFromMemory(part, "/Part/Geometry/Source[0]/KModel/binvar", data, size);
         if (!params.empty()) SetPartAtt(part, kKModelParams, params, true);
-        return 0;
-    } catch (...) {
-        // The wording is the geometry model's, and stays.
-        ReportException("Can't set gm_model data for custom object", kSource, 553, kSetGeometry);
-        return -1;
-    }
+    });
 }
 
 int KLComUtils::SetGeometryForCustomObject(const std::string& part, const std::string& blockName) {
-    try {
-        CheckVersion(ServerVersion());
-        SetPartAtt(part, "/Part/Geometry/Source[0]/Block/Name", blockName, true);
-        return 0;
-    } catch (...) {
-        ReportException("Can't set block geometry for custom object", kSource, 577, kSetGeometry);
-        return -1;
-    }
+    return Change(ServerVersion(), "Can't set block geometry for custom object", 577, kSetGeometry,
+                  [&] { SetPartAtt(part, "/Part/Geometry/Source[0]/Block/Name", blockName, true); });
 }
 
 int KLComUtils::SetLinetypesForCustomObject(const std::string& part, const std::string& layer) {
-    try {
-        CheckVersion(ServerVersion());
-        SetPartAtt(part, "/Part/Geometry/Linetypedef[0]", LinetypeDefinition(layer), true);
-        return 0;
-    } catch (...) {
-        ReportException("Can't set line type definitions to part", kSource, 617,
-                        "KLComUtils::SetLinetypesForCustomObject");
-        return -1;
-    }
+    return Change(ServerVersion(), "Can't set line type definitions to part", 617,
+                  "KLComUtils::SetLinetypesForCustomObject",
+                  [&] { SetPartAtt(part, "/Part/Geometry/Linetypedef[0]", LinetypeDefinition(layer), true); });
 }
 
 std::string KLComUtils::CreateCustomObject(const PartPlacement& placement, const CustomObjectData& object) {
     try {
         CheckVersion(ServerVersion());
-        std::string part;
-        if (Server()->createPart(CustomObjectCommand(placement, object).c_str(), part) != 0) throw "";
+        std::string part = Create(&KlimComSrvImpl::createPart, CustomObjectCommand(placement, object));
         // A part without its line types is a part all the same; their failure was reported.
-        SetLinetypesForCustomObject(part, object.layer);
+        if (IsValidPartHandle(part)) SetLinetypesForCustomObject(part, object.layer);
         return part;
     } catch (...) {
         ReportException(kNotCreated, kSource, 667, kCreateCustomObject);
@@ -158,14 +143,14 @@ std::string KLComUtils::CreateCustomObject(const PartPlacement& placement, const
 
 std::string KLComUtils::CreateCustomObject(const PartPlacement& placement, const CustomObjectData& object,
                                            const void* data, int size) {
+    std::string part;
     try {
-        std::string part = CreateCustomObject(placement, object);
+        part = CreateCustomObject(placement, object);
         if (IsValidPartHandle(part)) SetGeometryForCustomObject(part, data, size);
-        return part;
     } catch (...) {
         ReportException(kNotCreated, kSource, 699, kCreateCustomObject);
-        return std::string();
     }
+    return part;
 }
 
 bool KLComUtils::IsCustomObject(const std::string& part) {
@@ -175,17 +160,17 @@ bool KLComUtils::IsCustomObject(const std::string& part) {
 
 std::string KLComUtils::CreateCustomObject(const std::string& blockReference, const CustomObjectData& object,
                                            bool /*flag*/) {
+    std::string part;
     try {
         CheckVersion(ServerVersion());
-        if (IsCustomObject(blockReference)) return std::string();
+        if (IsCustomObject(blockReference)) return part;
         const BlockPlace place = ReadBlockReference(blockReference);
         CustomObjectData onLayer = object;
         if (!place.layer.empty()) onLayer.layer = place.layer;
-        std::string part = CreateCustomObject(place.placement, onLayer);
+        part = CreateCustomObject(place.placement, onLayer);
         if (IsValidPartHandle(part)) SetGeometryForCustomObject(part, ReadBlockName(place.block));
-        return part;
     } catch (...) {
         ReportException(kNotCreated, kSource, 774, kCreateCustomObject);
-        return std::string();
     }
+    return part;
 }

@@ -1,12 +1,43 @@
 // The command for a connection stub: most of its elements depend on the stub's kind and on their values.
 #include <algorithm>
 #include <numeric>
+#include <string_view>
 
 #include "Util/KLComUtils_CreatePartsCommands.h"
-#include "Util/KLComUtils_CreatePartsText.h"
-#include "Util/StubKinds.h"
+#include "Util/ServerCommand.h"
 
 namespace {
+
+// What a stub of a kind may carry. kLimits: flow and pressure drop are brought into their ranges first.
+enum : unsigned { kFlow = 1, kDrop = 2, kLimits = 4, kCurve = 8, kPower = 16, kGeneration = 32, kAttenuation = 64 };
+
+struct StubKind {
+    std::string_view name;
+    unsigned elements;
+};
+
+constexpr StubKind kStubKinds[] = {
+    {"TerminalDevice", kFlow | kDrop | kLimits},
+    {"Radiator", kFlow | kDrop | kLimits | kPower},
+    {"HeatingDevice", kFlow | kDrop | kLimits},
+    {"WaterDevice", kFlow | kDrop},
+    {"DuctworkRoot", kDrop | kCurve | kGeneration},
+    {"Fan", kDrop | kCurve | kGeneration},
+    {"PipeworkRoot", kDrop | kCurve},
+    {"Pump", kDrop | kCurve},
+    {"HotColdWaterJoint", kDrop | kCurve},
+    {"HotCircWaterJoint", kDrop | kCurve},
+    {"Nbranch", kDrop | kCurve | kGeneration | kAttenuation},
+    {"Component", kDrop | kCurve | kGeneration | kAttenuation},
+};
+
+// Compared exactly; an unknown kind carries none of them.
+constexpr unsigned ElementsOf(std::string_view kind) {
+    for (const StubKind& known : kStubKinds) {
+        if (known.name == kind) return known.elements;
+    }
+    return 0;
+}
 
 // Smallest and largest values that the server takes.
 constexpr double kLeastFlow = 1e-5;
@@ -29,72 +60,43 @@ bool IsAudible(const std::optional<SoundBands>& bands) {
     return bands && std::accumulate(bands->begin(), bands->end(), 0.0) > 0;
 }
 
-void AppendFlow(PartCommandText& command, const ConnectionStub& stub) {
-    if (!StubKindHas(stub.kind, StubElement::kFlow)) return;
-    const double flow = StubKindHas(stub.kind, StubElement::kClampedFlow) ? ClampedFlow(stub.flow) : stub.flow;
-    if (flow >= kLeastFlow) command.Real("<Qv_Set><ls>%f</ls></Qv_Set>", flow);
-}
-
-void AppendPressureDrop(PartCommandText& command, const ConnectionStub& stub) {
-    if (!StubKindHas(stub.kind, StubElement::kPressureDrop)) return;
-    const double pressureDrop = StubKindHas(stub.kind, StubElement::kClampedPressureDrop)
-                                    ? ClampedPressureDrop(stub.pressureDrop)
-                                    : stub.pressureDrop;
-    if (pressureDrop > kLeastPressureDrop) command.Real("<dp_Set><Pa>%f</Pa></dp_Set>", pressureDrop);
-}
-
-void AppendCurve(PartCommandText& command, const ConnectionStub& stub) {
-    if (!StubKindHas(stub.kind, StubElement::kCurve)) return;
-    if (!(stub.curveFlow > kLeastFlow) || !(stub.curvePressureDrop > kLeastPressureDrop)) return;
-    command.Literal("<DpCurve>")
-        .Real("<Qv><ls>%f</ls></Qv>", ClampedFlow(stub.curveFlow))
-        .Real("<dp><Pa>%f</Pa></dp>", ClampedPressureDrop(stub.curvePressureDrop))
-        .Literal("</DpCurve>");
-}
-
-void AppendHeatingPower(PartCommandText& command, const ConnectionStub& stub) {
-    if (!StubKindHas(stub.kind, StubElement::kHeatingPower) || !(stub.heatingPower > kLeastPower)) return;
-    command.Real("<P_Heating><W>%f</W></P_Heating>", std::clamp(stub.heatingPower, kLeastPower, kMostPower));
-}
-
-void AppendSound(PartCommandText& command, const ConnectionStub& stub) {
-    if (IsAudible(stub.generation) && StubKindHas(stub.kind, StubElement::kSoundGeneration))
-        command.Bands("<Sound><Generation><dB>%f %f %f %f %f %f %f %f</dB></Generation></Sound>", *stub.generation);
-    if (IsAudible(stub.attenuation) && StubKindHas(stub.kind, StubElement::kSoundAttenuation))
-        command.Bands("<Sound><Attenuation><dB>%f %f %f %f %f %f %f %f</dB></Attenuation></Sound>", *stub.attenuation);
-}
-
-void AppendConnection(PartCommandText& command, const StubConnection& connection) {
+void AppendConnection(ServerCommand& command, const StubConnection& connection) {
     const bool rectangular = connection.height >= kLeastHeight;
-    const int width = static_cast<int>(connection.widthOrDiameter);
-    command.Literal("<Connection>")
-        .Placement(connection.placement)
-        .Integer("<Shape><ID>%d</ID></Shape>", rectangular ? 1 : 0);
+    const int width = ToWholeNumber(connection.widthOrDiameter);
+    command.Open("Connection").Placement(connection.placement).Element("Shape/ID", rectangular ? 1 : 0);
     if (rectangular)
-        command.Integer("<Width>%d</Width>", width).Integer("<Height>%d</Height>", static_cast<int>(connection.height));
+        command.Element("Width", width).Element("Height", ToWholeNumber(connection.height));
     else
-        command.Integer("<Diameter>%d</Diameter>", width);
-    command.Literal("</Connection>");
+        command.Element("Diameter", width);
+    command.Close("Connection");
 }
 
 }  // namespace
 
 std::string ConnectionStubCommand(const ConnectionStub& stub) {
-    PartCommandText command;
-    command.Literal("<CreateConnectionStub>").Escaped("<Function><Name>%s</Name></Function>", stub.kind);
-    if (!stub.parentPart.empty()) command.Verbatim("<ParentPart>%s</ParentPart>", stub.parentPart);
-    command.Literal("<System>")
-        .Integer("<ID>%d</ID>", stub.system.id)
-        .Integer("<Type><ID>%d</ID></Type>", stub.system.typeId)
-        .Literal("</System>");
-    if (!stub.customPartType.empty()) command.Escaped("<CustomPartType>%s</CustomPartType>", stub.customPartType);
-    AppendFlow(command, stub);
-    AppendPressureDrop(command, stub);
-    AppendCurve(command, stub);
-    AppendHeatingPower(command, stub);
-    AppendSound(command, stub);
-    command.Literal("<Connections>");
+    const unsigned elements = ElementsOf(stub.kind);
+    const double flow = elements & kLimits ? ClampedFlow(stub.flow) : stub.flow;
+    const double pressureDrop = elements & kLimits ? ClampedPressureDrop(stub.pressureDrop) : stub.pressureDrop;
+
+    ServerCommand command("CreateConnectionStub");
+    command.Element("Function/Name", stub.kind);
+    if (!stub.parentPart.empty()) command.Verbatim("ParentPart", stub.parentPart);
+    command.Open("System").Element("ID", stub.system.id).Element("Type/ID", stub.system.typeId).Close("System");
+    if (!stub.customPartType.empty()) command.Element("CustomPartType", stub.customPartType);
+    if (elements & kFlow && flow >= kLeastFlow) command.Element("Qv_Set/ls", flow);
+    if (elements & kDrop && pressureDrop > kLeastPressureDrop) command.Element("dp_Set/Pa", pressureDrop);
+    if (elements & kCurve && stub.curveFlow > kLeastFlow && stub.curvePressureDrop > kLeastPressureDrop)
+        command.Open("DpCurve")
+            .Element("Qv/ls", ClampedFlow(stub.curveFlow))
+            .Element("dp/Pa", ClampedPressureDrop(stub.curvePressureDrop))
+            .Close("DpCurve");
+    if (elements & kPower && stub.heatingPower > kLeastPower)
+        command.Element("P_Heating/W", std::clamp(stub.heatingPower, kLeastPower, kMostPower));
+    if (elements & kGeneration && IsAudible(stub.generation)) command.Element("Sound/Generation/dB", *stub.generation);
+    if (elements & kAttenuation && IsAudible(stub.attenuation))
+        command.Element("Sound/Attenuation/dB", *stub.attenuation);
+    command.Open("Connections");
     for (const StubConnection& connection : stub.connections)
         AppendConnection(command, connection);
-    return command.Literal("</Connections>").Literal("</CreateConnectionStub>").Text();
+    return command.Close("CreateConnectionStub/Connections").Text();
 }

@@ -2,6 +2,8 @@
 
 #include "Util/KLComUtils.h"
 
+#include <utility>
+
 #include "acdb.h"
 #include "dbents.h"
 #include "dbmain.h"
@@ -9,7 +11,7 @@
 #include "Lib/ExceptionReport.h"
 #include "Util/ArxHandles.h"
 #include "Util/KLUtils_Text.h"
-#include "Util/XmlTextBuilder.h"
+#include "Util/ServerCommand.h"
 
 namespace {
 
@@ -23,13 +25,14 @@ std::string ConnectedToPath(int connection) {
 }  // namespace
 
 int KLComUtils::CountConnections(const std::string& part) {
-    return static_cast<int>(GetPartAttReal(part, "Count(/Part/Connection)", true));
+    return ToWholeNumber(GetPartAttReal(part, "Count(/Part/Connection)", true));
 }
 
 void KLComUtils::GetTwoConnectedParts(const std::string& part, std::string& first, std::string& second,
                                       bool validOnly) {
     first.clear();
     second.clear();
+    if (!server_) return;
     std::string* const results[] = {&first, &second};
     const char* const messages[] = {"Can't get connection 0 ", "Can't get connection 1 "};
     try {
@@ -47,6 +50,7 @@ void KLComUtils::GetTwoConnectedParts(const std::string& part, std::string& firs
 }
 
 void KLComUtils::GetAllConnectedParts(const std::string& part, std::vector<std::string>& parts, bool validOnly) {
+    if (!server_) return;
     try {
         const int count = CountConnections(part);
         for (int i = 0; i < count; ++i) {
@@ -59,15 +63,10 @@ void KLComUtils::GetAllConnectedParts(const std::string& part, std::vector<std::
 }
 
 int KLComUtils::EraseParts(const char* list) {
+    if (!server_) return -1;
     if (!list) return 0;
     try {
-        XmlTextBuilder command;
-        command.Append("<ErasePart>");
-        command.Append("<PartList>");
-        command.Append(list);
-        command.Append("</PartList>");
-        command.Append("</ErasePart>");
-        if (!server_ || Server()->erasePart(command.Text().c_str()) != 0) throw "";
+        if (Server()->erasePart(ServerCommand().Verbatim("ErasePart/PartList", list).Text().c_str()) != 0) throw "";
         return 0;
     } catch (...) {
         ReportException("Failed to erase parts", kSource, 105, "KLComUtils::EraseParts");
@@ -76,6 +75,7 @@ int KLComUtils::EraseParts(const char* list) {
 }
 
 int KLComUtils::GetPackageList(const std::string& part, std::vector<std::string>& members) {
+    if (!server_) return -1;
     try {
         for (std::string& member : KLUtils::Split(GetPartAtt(part, kPackagePath, true), " "))
             members.push_back(std::move(member));
@@ -87,11 +87,12 @@ int KLComUtils::GetPackageList(const std::string& part, std::vector<std::string>
 }
 
 int KLComUtils::SetPackageList(const std::string& part, const std::vector<std::string>& members) {
+    if (!server_) return -1;
     if (members.empty()) return 0;
     try {
-        std::string list;
-        for (const std::string& member : members)
-            list += (list.empty() ? "" : " ") + member;
+        std::string list = members[0];
+        for (size_t i = 1; i < members.size(); ++i)
+            list += ' ' + members[i];
         SetPartAtt(part, kPackagePath, list, true);
         return 0;
     } catch (...) {
@@ -108,6 +109,7 @@ std::string KLComUtils::GetPackageMainPart(const std::string& part) {
 AcGeMatrix3d KLComUtils::GetTransformationMatrix(AcDbObjectId entity) {
     AcGeMatrix3d matrix;
     matrix.setToIdentity();
+    if (!server_) return matrix;
     try {
         OpenObject<AcDbEntity> opened;
         if (opened.Open(entity, AcDb::kForRead) != Acad::eOk) throw "Can't open object for reading";
@@ -115,7 +117,7 @@ AcGeMatrix3d KLComUtils::GetTransformationMatrix(AcDbObjectId entity) {
             return reference->blockTransform();
         opened.reset();
         const std::string part = GetPartHandle(entity);
-        if (!IsValidPartHandle(part) || !server_) return matrix;
+        if (!IsValidPartHandle(part)) return matrix;
         const AcGePoint3d position = GetPartAttPoint(part, "/Part/Position/WCS", true);
         const AcGeVector3d direction = GetPartAttVector(part, "/Part/Direction/WCS", true);
         const AcGeVector3d normal = GetPartAttVector(part, "/Part/Normal/WCS", true);

@@ -8,7 +8,7 @@
 #include "Lib/DisplayName.h"
 #include "Lib/ExceptionReport.h"
 #include "Lib/FormatText.h"
-#include "Util/XmlTextBuilder.h"
+#include "Util/ServerCommand.h"
 
 namespace {
 
@@ -38,10 +38,6 @@ std::string ProjectFile(KLComUtils& utils) {
     return utils.GetPartAtt("", "/dwg/kpjfilename", false);
 }
 
-void AppendElement(XmlTextBuilder& command, const char* format, const std::string& value) {
-    command.AppendFormat(format, XmlTextBuilder::Escape(value).c_str());
-}
-
 }  // namespace
 
 bool KLComUtils::CheckKlimoraProject(int requiredVersion) {
@@ -63,14 +59,6 @@ void KLComUtils::SetNoProjectFileAccessCheck(bool check) {
     SetPartAtt("", "/dwg/flag/noPrjFileAccessCheck", check ? 0 : 1, false);
 }
 
-bool KLComUtils::StoreInBinVariable(int variable, const void* data, int size) {
-    try {
-        return BinVariableSetData(variable, data, size) == 0;
-    } catch (...) {
-        return false;
-    }
-}
-
 int KLComUtils::AddDeviceToKlimoraProject(const char* kpdFileName, const void* binaryData, int binarySize,
                                           const std::string& kpdClassName, const std::string& userCode,
                                           const std::string& productFamilyKey, const char* productKey,
@@ -79,20 +67,20 @@ int KLComUtils::AddDeviceToKlimoraProject(const char* kpdFileName, const void* b
     if (!server_) return result;
     try {
         const bool hasBinary = binaryData && binarySize >= 1;
-        if (hasBinary && !StoreInBinVariable(kProductVariable, binaryData, binarySize))
+        if (hasBinary && (Server()->setBinVariableSize(kProductVariable, binarySize) != 0 ||
+                          SendBinVariableData(kProductVariable, binaryData, binarySize) != 0))
             throw "Can't set data to binary variable " + ServerErrorText();
 
-        XmlTextBuilder command;
-        command.Append("<ManageProductData>");
-        command.Append("<Function><Name>Add</Name></Function>");
-        if (kpdFileName) AppendElement(command, "<KPD><Filename>%s</Filename></KPD>", kpdFileName);
-        if (hasBinary) command.AppendFormat("<KPD><binvar>%d</binvar></KPD>", kProductVariable);
-        AppendElement(command, "<KPDClass><Name>%s</Name></KPDClass>", kpdClassName);
-        AppendElement(command, "<Usercode>%s</Usercode>", userCode);
-        AppendElement(command, "<Productfamilykey>%s</Productfamilykey>", productFamilyKey);
-        if (productKey) AppendElement(command, "<Productkey>%s</Productkey>", productKey);
-        if (extraXml) command.Append(extraXml);
-        command.Append("</ManageProductData>");
+        ServerCommand command("ManageProductData");
+        command.Element("Function/Name", "Add");
+        if (kpdFileName) command.Element("KPD/Filename", kpdFileName);
+        if (hasBinary) command.Element("KPD/binvar", kProductVariable);
+        command.Element("KPDClass/Name", kpdClassName);
+        command.Element("Usercode", userCode);
+        command.Element("Productfamilykey", productFamilyKey);
+        if (productKey) command.Element("Productkey", productKey);
+        if (extraXml) command.Verbatim(extraXml);
+        command.Close("ManageProductData");
         result = Server()->manageProductData(command.Text().c_str());
 
         // The server's words about the product, before the variable's release can change them.

@@ -1,7 +1,6 @@
-#include "XmlTextBuilder.h"
+#include "Util/XmlTextBuilder.h"
 
 #include <cstdarg>
-#include <cstring>
 
 #include "Lib/FormatText.h"
 
@@ -42,8 +41,11 @@ std::string EscapeText(const std::string& text) {
 }  // namespace
 
 void XmlTextBuilder::Append(const char* text) {
-    if (!text) return;
-    const size_t needed = text_.size() + std::strlen(text);
+    if (text) Append(std::string_view(text));
+}
+
+void XmlTextBuilder::Append(std::string_view text) {
+    const size_t needed = text_.size() + text.size();
     if (text_.capacity() < needed) text_.reserve(needed + kReserve);
     text_ += text;
 }

@@ -5,13 +5,14 @@
 #include "PrintfFormat.h"
 
 #include <string>
+#include <string_view>
 #include <type_traits>
 
 class XmlTextBuilder {
  public:
     // A null text or format adds nothing.
     void Append(const char* text);
-    void Append(const std::string& text) { Append(text.c_str()); }
+    void Append(std::string_view text);
     PRINTF_FORMAT(format, 2, 3) void AppendFormat(const char* format, ...);
     // Two upper-case hexadecimal digits a byte, high nibble first.
     void AppendHex(const void* bytes, size_t count);

@@ -6,5 +6,4 @@ set(SORVIK_PART_SOURCES
   Util/KLComUtils_CreatePartsCommands.cpp
   Util/KLComUtils_CreatePartsCustom.cpp
   Util/KLComUtils_CreatePartsStub.cpp
-  Util/KLComUtils_CreatePartsText.cpp
-  Util/StubKinds.cpp)
+  Util/ServerCommand.cpp)

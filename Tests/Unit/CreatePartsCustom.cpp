@@ -125,10 +125,10 @@ TEST_F(CreatePartsCustom, DataThatCannotBeCopiedAreNotSet) {
             EXPECT_EQ(Printed(), Report(kForms[form].message, kForms[form].line, "SetGeometryForCustomObject", ""));
         }
     }
+    EXPECT_EQ(Calls("IKlimora200805::freeBinVariable ").size(), 2u) << "where the size was set, and only there";
     EXPECT_EQ(utils_.SetGeometryForCustomObject("2A0", nullptr, 3), -1);
+    EXPECT_EQ(utils_.SetGeometryForCustomObject("2A0", kMemory.data(), 0), -1);
     EXPECT_TRUE(Sent("setPartAtt").empty());
-    bench::ClearFailures();
-    utils_.BinVariableFree(1);
 }
 
 TEST_F(CreatePartsCustom, LinetypesOnOneLayerAsItStands) {
@@ -293,9 +293,13 @@ TEST_F(CreatePartsFromBlock, EachStepHasItsMessage) {
     for (const auto& c : cases) {
         bench::ClearFailures();
         if (c.call) bench::FailCall(c.call, c.ordinal);
-        EXPECT_EQ(utils_.CreateCustomObject(c.handle, Unit(), true), "") << c.message;
+        const std::string part = utils_.CreateCustomObject(c.handle, Unit(), true);
         EXPECT_EQ(Printed(), Report("Can't create custom object", 774, "CreateCustomObject", c.message));
-        EXPECT_EQ(Sent("createPart").size(), c.created) << c.message;
+        const Texts created = Sent("createPart");
+        ASSERT_EQ(created.size(), c.created) << c.message;
+        EXPECT_EQ(part.empty(), created.empty()) << c.message;
+        for (const std::string& call : created)
+            EXPECT_NE(call.find(" -> '" + part + "' 0"), std::string::npos) << "the part that was made comes back";
     }
 }
 

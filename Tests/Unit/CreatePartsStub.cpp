@@ -223,17 +223,19 @@ TEST_F(CreatePartsStub, ConnectionsAreRoundOrRectangularByTheirHeight) {
     ConnectionStub stub;
     stub.kind = "Nbranch";
     stub.system = {2, 1};
-    stub.connections = {{Placement(), 160.99, 0},
-                        {Placement(), 125, 0.0000005},
-                        {Placement(), 300.5, 1e-6},
-                        {Placement(), 400.99, 200.99}};
+    stub.connections = {{Placement(), 160.99, 0},      {Placement(), 125, 0.0000005},  {Placement(), 300.5, 1e-6},
+                        {Placement(), 400.99, 200.99}, {Placement(), 1e300, INFINITY}, {Placement(), -1e300, NAN},
+                        {Placement(), NAN, 0}};
     const std::string part = utils_.CreateConnectionStub(stub);
     ASSERT_NE(part, "") << Printed();
     std::string connections;
     for (const char* const shape :
          {"<Shape><ID>0</ID></Shape><Diameter>160</Diameter>", "<Shape><ID>0</ID></Shape><Diameter>125</Diameter>",
           "<Shape><ID>1</ID></Shape><Width>300</Width><Height>0</Height>",
-          "<Shape><ID>1</ID></Shape><Width>400</Width><Height>200</Height>"})
+          "<Shape><ID>1</ID></Shape><Width>400</Width><Height>200</Height>",
+          "<Shape><ID>1</ID></Shape><Width>2147483647</Width><Height>2147483647</Height>",
+          "<Shape><ID>0</ID></Shape><Diameter>-2147483648</Diameter>",
+          "<Shape><ID>0</ID></Shape><Diameter>0</Diameter>"})
         connections += "<Connection>" + PlacementText() + shape + "</Connection>";
     EXPECT_EQ(Sent("createConnectionStub"),
               std::vector<std::string>{Command("Nbranch", "", connections) + " -> '" + part + "' 0"});

@@ -1,4 +1,6 @@
 // Typed access to part attributes, records of repeated elements, and the trace switches' guard.
+#include <locale>
+
 #include "KlimoraBench.h"
 #include "Util/KLComUtils.h"
 
@@ -62,6 +64,29 @@ TEST_F(PartAttributes, ShortPointLeavesTheRestAtZero) {
     utils_.SetPartAtt("2A3", kText, std::string("1 2"), true);
     const AcGePoint3d point = utils_.GetPartAttPoint("2A3", kText, true);
     EXPECT_TRUE(point.x == 1 && point.y == 2 && point.z == 0);
+}
+
+// A plug-in that made the process speak another language.
+struct GermanNumbers : std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+};
+
+TEST_F(PartAttributes, NumbersDoNotFollowTheProcessesLocale) {
+    const std::locale before = std::locale::global(std::locale(std::locale::classic(), new GermanNumbers));
+    utils_.SetPartAtt("2A3", kText, 20090300, true);
+    const std::string written = bench::PartAttribute("2A3", kText);
+    utils_.SetPartAtt("2A3", kText, std::string("11300.5 2.5 -3"), true);
+    const AcGePoint3d point = utils_.GetPartAttPoint("2A3", kText, true);
+    const double real = utils_.GetPartAttReal("2A3", kText, true);
+    utils_.SetPartAtt("2A3", kText, std::string("1.234"), true);
+    const int whole = utils_.GetPartAttOrDefault("2A3", kText, 7);
+    std::locale::global(before);
+    EXPECT_EQ(written, "20090300");
+    EXPECT_TRUE(point.x == 11300.5 && point.y == 2.5 && point.z == -3);
+    EXPECT_EQ(real, 11300.5);
+    EXPECT_EQ(whole, 1);
 }
 
 TEST_F(PartAttributes, FailedReadsThrowOnlyWhenRequired) {

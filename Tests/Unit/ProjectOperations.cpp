@@ -238,6 +238,8 @@ TEST_F(ProjectOperations, PackagesAreListsWithSingleBlanks) {
     EXPECT_TRUE(Calls("IKlimora200805::setPartAtt").empty());
     EXPECT_EQ(utils_.SetPackageList("2A0", {"2A0", "2B8"}), 0);
     EXPECT_EQ(bench::PartAttribute("2A0", "/Part/Package/PartList"), "2A0 2B8");
+    EXPECT_EQ(utils_.SetPackageList("2A0", {"", "2A0", "", "2B8"}), 0);
+    EXPECT_EQ(Calls("IKlimora200805::setPartAtt '2A0' '/Part/Package/PartList' ").back(), "' 2A0  2B8' -> 0");
     EXPECT_EQ(utils_.GetPackageMainPart("2B8"), "2A0");
     utils_.SetTrace(false, true, false);
     EXPECT_EQ(utils_.GetPackageMainPart("FFFF"), "");
