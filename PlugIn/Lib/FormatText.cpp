@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <cstdio>
-#include <memory>
 
 std::string FormatString(const char* format, ...) {
     va_list arguments;
@@ -15,21 +14,17 @@ std::string FormatString(const char* format, ...) {
 
 std::string FormatArguments(const char* format, va_list arguments) {
     if (!format) return std::string();
-    char first[256];
-    std::unique_ptr<char[]> larger;
-    char* buffer = first;
-    size_t size = sizeof first;
-    for (;;) {
-        va_list pass;
-        va_copy(pass, arguments);
-        const int length = std::vsnprintf(buffer, size, format, pass);
-        va_end(pass);
-        if (length < 0) return std::string();
-        if (static_cast<size_t>(length) < size) return std::string(buffer, static_cast<size_t>(length));
-        size *= 2;
-        larger.reset(new char[size + 10]);
-        buffer = larger.get();
-    }
+    char buffer[256];
+    va_list pass;
+    va_copy(pass, arguments);
+    const int length = std::vsnprintf(buffer, sizeof buffer, format, pass);
+    va_end(pass);
+    if (length < 0) return std::string();
+    const size_t size = static_cast<size_t>(length);
+    if (size < sizeof buffer) return std::string(buffer, size);
+    std::string text(size, '\0');
+    std::vsnprintf(text.data(), size + 1, format, arguments);
+    return text;
 }
 
 std::string FormatOwnText(const char* text) {
@@ -44,11 +39,10 @@ std::string FormatOwnText(const char* text) {
 std::string HexText(const void* bytes, size_t count) {
     static const char digits[] = "0123456789ABCDEF";
     const uint8_t* at = static_cast<const uint8_t*>(bytes);
-    std::string text;
-    text.reserve(count * 2);
+    std::string text(count * 2, '\0');
     for (size_t i = 0; i < count; ++i) {
-        text += digits[at[i] >> 4];
-        text += digits[at[i] & 15];
+        text[2 * i] = digits[at[i] >> 4];
+        text[2 * i + 1] = digits[at[i] & 15];
     }
     return text;
 }

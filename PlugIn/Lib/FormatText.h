@@ -15,8 +15,8 @@ inline constexpr int kFormatStringLimit = 8192;
 // Formats, cut to kFormatStringLimit characters.
 PRINTF_FORMAT(format, 1, 2) std::string FormatString(const char* format, ...);
 
-// The core of all formatting: the whole text, however long. The first buffer has 256 characters; while the text does
-// not fit, the size doubles.
+// The core of all formatting: the whole text, however long. A text beyond 255 characters is formatted a second time,
+// into a string of its length.
 std::string FormatArguments(const char* format, va_list arguments);
 
 // A text used as its own format, without arguments: "%%" gives "%", every other conversion is copied as it stands.

@@ -10,19 +10,17 @@ std::string ToUpper(std::string text) {
 }
 
 std::wstring Widen(std::string_view text) {
-    if (text.empty()) return std::wstring();
+    std::wstring wide(text.size(), L'\0');  // no code page has a character that grows
     const int length = static_cast<int>(text.size());
-    std::wstring wide(static_cast<size_t>(MultiByteToWideChar(CP_ACP, 0, text.data(), length, nullptr, 0)), L'\0');
-    MultiByteToWideChar(CP_ACP, 0, text.data(), length, wide.data(), static_cast<int>(wide.size()));
+    const int written = MultiByteToWideChar(CP_ACP, 0, text.data(), length, wide.data(), length);
+    wide.resize(static_cast<size_t>(written));
     return wide;
 }
 
 std::string Narrow(std::wstring_view text) {
-    if (text.empty()) return std::string();
-    const int length = static_cast<int>(text.size());
-    std::string narrow(
-        static_cast<size_t>(WideCharToMultiByte(CP_ACP, 0, text.data(), length, nullptr, 0, nullptr, nullptr)), '\0');
-    WideCharToMultiByte(CP_ACP, 0, text.data(), length, narrow.data(), static_cast<int>(narrow.size()), nullptr,
-                        nullptr);
+    std::string narrow(text.size() * 3, '\0');  // the most that a code page of a system needs
+    const int written = WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), narrow.data(),
+                                            static_cast<int>(narrow.size()), nullptr, nullptr);
+    narrow.resize(static_cast<size_t>(written));
     return narrow;
 }
