@@ -4,12 +4,23 @@
 
 #include <acedads.h>
 #include <dbapserv.h>
+#include <dbhandle.h>
 
 #include "KLUtils.h"
+#include "Lib/Text.h"
 
 AcDbDatabase* WorkingDatabase() {
     const AcDbHostApplicationServices* services = acdbHostApplicationServices();
     return services ? services->workingDatabase() : nullptr;
+}
+
+AcDbObjectId ObjectIdOf(const std::string& handle, const char* missing) {
+    AcDbDatabase* database = WorkingDatabase();
+    if (!database) throw "Can't get working database.";
+    AcDbObjectId id;
+    const AcDbHandle number(Widen(handle).c_str());
+    if (database->getAcDbObjectId(id, false, number) != Acad::eOk) throw missing;
+    return id;
 }
 
 SelectionSet::~SelectionSet() {

@@ -13,10 +13,14 @@
 #include <dbmain.h>
 #include <dbtrans.h>
 
+#include <string>
+
 #include "Lib/Handles.h"
 
 // The drawing that AutoCAD works on, borrowed; null when none is open.
 AcDbDatabase* WorkingDatabase();
+// The object with that handle in it. Throws "Can't get working database.", or `missing` when it has no such object.
+AcDbObjectId ObjectIdOf(const std::string& handle, const char* missing);
 
 struct ResbufChainKind {
     using Handle = resbuf*;

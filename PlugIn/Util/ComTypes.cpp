@@ -18,7 +18,6 @@ BStr::BStr(const char* text) {
 
 std::string BStr::ToNarrow() const {
     if (!get()) return std::string();
-    std::wstring_view text(get(), SysStringLen(get()));
-    text = text.substr(0, text.find(L'\0'));
-    return Narrow(text);
+    const std::wstring_view text(get(), SysStringLen(get()));
+    return Narrow(text.substr(0, text.find(L'\0')));
 }

@@ -51,11 +51,7 @@ struct BlockPlace {
 };
 
 BlockPlace ReadBlockReference(const std::string& handle) {
-    AcDbDatabase* database = WorkingDatabase();
-    if (!database) throw "Can't get working database.";
-    AcDbObjectId id;
-    const AcDbHandle number(Widen(handle).c_str());
-    if (database->getAcDbObjectId(id, false, number) != Acad::eOk) throw "Can't get block reference object id.";
+    const AcDbObjectId id = ObjectIdOf(handle, "Can't get block reference object id.");
     OpenObject<AcDbObject> object;
     if (object.Open(id, AcDb::kForRead) != Acad::eOk) throw "Can't open block reference object for reading.";
     const AcDbBlockReference* reference = AcDbBlockReference::cast(object.get());

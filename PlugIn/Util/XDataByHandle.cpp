@@ -1,6 +1,5 @@
 #include <windows.h>
 
-#include <dbhandle.h>
 #include <dbid.h>
 #include <dbmain.h>
 
@@ -8,22 +7,14 @@
 
 #include "ArxHandles.h"
 #include "Lib/ExceptionReport.h"
-#include "Lib/Text.h"
 #include "XData.h"
 
 namespace {
 
 constexpr size_t kValueSize = 1024;
 
-AcDbObjectId ObjectIdOf(const char* handle) {
-    AcDbDatabase* database = WorkingDatabase();
-    if (!database) throw std::runtime_error("Can't get working database.");
-    AcDbObjectId id;
-    const AcDbHandle number(Widen(handle ? handle : "").c_str());
-    if (database->getAcDbObjectId(id, false, number) != Acad::eOk) {
-        throw std::runtime_error("Can't get ACAD object id.");
-    }
-    return id;
+AcDbObjectId IdOf(const char* handle) {
+    return ObjectIdOf(handle ? handle : "", "Can't get ACAD object id.");
 }
 
 }  // namespace
@@ -31,7 +22,7 @@ AcDbObjectId ObjectIdOf(const char* handle) {
 int SetEntityXData(const char* handle, const char* key, const char* value) {
     try {
         OpenObject<AcDbObject> object;
-        if (object.Open(ObjectIdOf(handle), AcDb::kForWrite) != Acad::eOk) {
+        if (object.Open(IdOf(handle), AcDb::kForWrite) != Acad::eOk) {
             throw std::runtime_error("Can't open object. Check that layer is not locked.");
         }
         return SetXDataString(object.get(), kXDataApplication, key, value);
@@ -44,7 +35,7 @@ int SetEntityXData(const char* handle, const char* key, const char* value) {
 std::string GetEntityXData(const char* handle, const char* key) {
     try {
         OpenObject<AcDbObject> object;
-        if (object.Open(ObjectIdOf(handle), AcDb::kForRead) != Acad::eOk) {
+        if (object.Open(IdOf(handle), AcDb::kForRead) != Acad::eOk) {
             throw std::runtime_error("Can't open object for reading.");
         }
         char value[kValueSize];
