@@ -1,0 +1,78 @@
+# Makes FOLDER anew, ARCHIVE.zip of it and ARCHIVE-symbols.zip.
+# In: FOLDER, ARCHIVE, CONTENTS (PackageContents.xml), MODULE, SYMBOLS, GUIDE (Markdown), ICON, CMARK_GFM,
+# WEB_SERVER, and separated by bars NOTICES (folders, one of which holds tinyxml.h) and FILES (what else ships beside the
+# module).
+cmake_minimum_required(VERSION 3.22)
+
+# Runs a command and ends with its output when it fails.
+function(run)
+  execute_process(COMMAND ${ARGV} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+  if(NOT result EQUAL 0)
+    list(JOIN ARGV " " command)
+    message(FATAL_ERROR "${command}\n${output}")
+  endif()
+endfunction()
+
+# The guide as a page that stands alone and names the server that the module was built for.
+function(write_guide page)
+  execute_process(COMMAND ${CMARK_GFM} --extension table ${GUIDE} RESULT_VARIABLE result OUTPUT_FILE ${page}.body)
+  if(NOT result EQUAL 0)
+    message(FATAL_ERROR "${CMARK_GFM} could not make HTML of ${GUIDE}.")
+  endif()
+  file(READ ${page}.body body)
+  file(REMOVE ${page}.body)
+  string(REPLACE "http://klimora.sorvik.example" "${WEB_SERVER}" body "${body}")
+  file(WRITE ${page} "<!DOCTYPE html>
+<html lang=\"en\">
+<head>
+<meta charset=\"utf-8\">
+<title>SorvSIL: Sorvik silencers for Klimora</title>
+<style>
+body { font-family: \"Segoe UI\", sans-serif; line-height: 1.4; max-width: 60em; margin: 2em auto; padding: 0 1em; }
+table { border-collapse: collapse; }
+th, td { border: 1px solid #bbb; padding: 0.3em 0.6em; text-align: left; vertical-align: top; }
+</style>
+</head>
+<body>
+${body}</body>
+</html>
+")
+endfunction()
+
+# TinyXML's own licence, from the header that the module was compiled with.
+function(write_notices file)
+  string(REPLACE "|" ";" folders "${NOTICES}")
+  foreach(folder IN LISTS folders)
+    if(EXISTS ${folder}/tinyxml.h)
+      file(READ ${folder}/tinyxml.h header)
+    endif()
+  endforeach()
+  string(FIND "${header}" "/*" begin)
+  string(FIND "${header}" "*/" end)
+  if(NOT begin EQUAL 0 OR end LESS 0)
+    message(FATAL_ERROR "No tinyxml.h that begins with its licence in ${folders}.")
+  endif()
+  math(EXPR length "${end} - 2")
+  string(SUBSTRING "${header}" 2 ${length} licence)
+  string(STRIP "${licence}" licence)
+  if(NOT licence MATCHES "This notice may not be removed")
+    message(FATAL_ERROR "The licence of TinyXML was not found at the head of tinyxml.h.")
+  endif()
+  file(WRITE ${file} "Sorvik_R24_x64.arx contains TinyXML, under these terms:\n\n${licence}\n")
+endfunction()
+
+string(REPLACE "|" ";" FILES "${FILES}")
+file(REMOVE_RECURSE ${FOLDER})
+file(REMOVE ${ARCHIVE}.zip ${ARCHIVE}-symbols.zip)
+file(MAKE_DIRECTORY ${FOLDER}/Contents)
+file(COPY ${CONTENTS} DESTINATION ${FOLDER})
+file(COPY ${MODULE} ${ICON} ${FILES} DESTINATION ${FOLDER}/Contents)
+write_guide(${FOLDER}/Contents/user-guide.html)
+write_notices(${FOLDER}/Contents/third-party-notices.txt)
+
+get_filename_component(name ${FOLDER} NAME)
+get_filename_component(parent ${FOLDER} DIRECTORY)
+run(${CMAKE_COMMAND} -E chdir ${parent} ${CMAKE_COMMAND} -E tar cf ${ARCHIVE}.zip --format=zip ${name})
+get_filename_component(name ${SYMBOLS} NAME)
+get_filename_component(parent ${SYMBOLS} DIRECTORY)
+run(${CMAKE_COMMAND} -E chdir ${parent} ${CMAKE_COMMAND} -E tar cf ${ARCHIVE}-symbols.zip --format=zip ${name})

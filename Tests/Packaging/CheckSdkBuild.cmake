@@ -1,0 +1,83 @@
+# The build for AutoCAD (SORVIK_BENCH=OFF) as far as it goes without Windows: from a copy of the repository that lacks
+# Bench, Tests and our own declarations of ObjectARX, against a folder that is laid out like the SDK and filled with
+# those declarations and the stand-ins' import libraries. Then what it must refuse.
+# In: SOURCE, SCRATCH, TOOLCHAIN, LIBRARIES (folder of the bench's libraries), TINYXML (folder of its sources), PYTHON,
+# VERSION, PART (refusals or build).
+cmake_minimum_required(VERSION 3.22)
+file(REMOVE_RECURSE ${SCRATCH})
+set(copy ${SCRATCH}/source)
+file(COPY ${SOURCE}/CMakeLists.txt ${SOURCE}/cmake ${SOURCE}/Packaging ${SOURCE}/PlugIn ${SOURCE}/docs DESTINATION ${copy})
+file(COPY ${SOURCE}/Platform DESTINATION ${copy} PATTERN objectarx EXCLUDE)
+
+set(sdk ${SCRATCH}/sdk)
+file(GLOB headers ${SOURCE}/Platform/objectarx/*.h)
+file(COPY ${headers} DESTINATION ${sdk}/inc)
+file(MAKE_DIRECTORY ${sdk}/inc-x64 ${sdk}/lib-x64)
+configure_file(${LIBRARIES}/libaccore.dll.a ${sdk}/lib-x64/accore.lib COPYONLY)
+configure_file(${LIBRARIES}/librxapi.a ${sdk}/lib-x64/rxapi.lib COPYONLY)
+foreach(name ac1st24 acdb24 acge24)  # the stand-in has all of them in accore.dll
+  file(WRITE ${sdk}/lib-x64/${name}.lib "!<arch>\n")
+endforeach()
+
+file(WRITE ${SCRATCH}/vcpkg/unofficial-tinyxml-config.cmake "
+add_library(unofficial-tinyxml::unofficial-tinyxml STATIC IMPORTED)
+set_target_properties(unofficial-tinyxml::unofficial-tinyxml PROPERTIES
+  IMPORTED_LOCATION ${LIBRARIES}/libtinyxml.a INTERFACE_INCLUDE_DIRECTORIES ${TINYXML})
+")
+set(beside ${SCRATCH}/CAD_Connection_UI_x64.exe ${SCRATCH}/Klimora.Plugins.Statistics.Sorvik.dll)
+foreach(file IN LISTS beside)
+  file(WRITE ${file} "stands for what ships beside the module\n")
+endforeach()
+
+string(REPLACE ";" "\\;" shipped "${beside}")
+set(configure ${CMAKE_COMMAND} -G Ninja -S ${copy} --toolchain ${TOOLCHAIN} -DSORVIK_BENCH=OFF
+  -Dunofficial-tinyxml_DIR=${SCRATCH}/vcpkg -DKBASE_LIBRARY=${LIBRARIES}/libKbase640.dll.a
+  -DKLIMORA_STATISTICS_LIBRARY=${LIBRARIES}/libKlimora.Plugins.Statistics.Sorvik.dll.a
+  -DSORVIK_WEB_SERVER=http://server.of.the.manufacturer "-DSORVIK_BUNDLE_FILES=${shipped}")
+
+# A wrong setting ends the configuration with one error, whose text is given.
+function(refuses case settings text)
+  execute_process(COMMAND ${configure} ${settings} -B ${SCRATCH}/${case}
+    RESULT_VARIABLE result OUTPUT_QUIET ERROR_VARIABLE messages)
+  string(REGEX REPLACE "[ \n]+" " " messages "${messages}")
+  string(REGEX MATCHALL "CMake Error" errors "${messages}")
+  if(result EQUAL 0)
+    message(SEND_ERROR "${case} is not refused.")
+  elseif(NOT messages MATCHES "${text}" OR NOT errors STREQUAL "CMake Error")
+    message(SEND_ERROR "${case} is refused otherwise: ${messages}")
+  endif()
+endfunction()
+
+if(PART STREQUAL "refusals")
+  refuses(no_sdk "-DCMAKE_BUILD_TYPE=Release" "OBJECTARX_SDK is not set")
+  refuses(wrong_sdk "-DCMAKE_BUILD_TYPE=Release;-DOBJECTARX_SDK=${sdk}/inc" "is no ObjectARX SDK of release 24: inc/acdocman.h")
+  file(REMOVE ${sdk}/lib-x64/acdb24.lib)
+  refuses(other_release "-DCMAKE_BUILD_TYPE=Release;-DOBJECTARX_SDK=${sdk}" "lib-x64/acdb24.lib is missing")
+  file(WRITE ${sdk}/lib-x64/acdb24.lib "!<arch>\n")
+  refuses(debug_build "-DCMAKE_BUILD_TYPE=Debug;-DOBJECTARX_SDK=${sdk}" "CMAKE_BUILD_TYPE is \"Debug\"")
+  file(REMOVE ${beside})
+  refuses(missing_file "-DCMAKE_BUILD_TYPE=Release;-DOBJECTARX_SDK=${sdk}" "SORVIK_BUNDLE_FILES names")
+  return()
+endif()
+
+execute_process(COMMAND ${configure} -DCMAKE_BUILD_TYPE=Release -DOBJECTARX_SDK=${sdk} -B ${SCRATCH}/build
+  RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+if(NOT result EQUAL 0)
+  message(FATAL_ERROR "The configuration failed.\n${output}")
+endif()
+execute_process(COMMAND ${CMAKE_COMMAND} --build ${SCRATCH}/build --target bundle
+  RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+if(NOT result EQUAL 0)
+  message(FATAL_ERROR "The build failed.\n${output}")
+endif()
+execute_process(
+  COMMAND ${PYTHON} ${SOURCE}/Tests/Packaging/check_bundle.py ${SCRATCH}/build/Sorvik.bundle ${SCRATCH}/build/Sorvik-${VERSION}
+          ${VERSION} ${copy}/PlugIn/ModuleNames.h ${beside}
+  RESULT_VARIABLE result)
+if(NOT result EQUAL 0)
+  message(FATAL_ERROR "The bundle is not as it should be.")
+endif()
+file(READ ${SCRATCH}/build/Sorvik.bundle/Contents/user-guide.html guide)
+if(NOT guide MATCHES "http://server.of.the.manufacturer" OR guide MATCHES "sorvik.example")
+  message(FATAL_ERROR "The guide does not name the server that the module was built for.")
+endif()

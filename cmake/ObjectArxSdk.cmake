@@ -1,0 +1,20 @@
+# What the build for AutoCAD needs beyond the sources, told before anything is compiled: the SDK's folder, and that the
+# C runtime is the one that AutoCAD's own libraries share, which has no debug kind.
+file(TO_CMAKE_PATH "${OBJECTARX_SDK}" OBJECTARX_SDK)
+if(OBJECTARX_SDK STREQUAL "")
+  message(FATAL_ERROR "OBJECTARX_SDK is not set: it names the folder of the ObjectARX SDK, which holds inc and lib-x64.")
+endif()
+foreach(file inc/acdocman.h lib-x64/acdb24.lib)
+  if(NOT EXISTS ${OBJECTARX_SDK}/${file})
+    message(FATAL_ERROR "OBJECTARX_SDK names ${OBJECTARX_SDK}, which is no ObjectARX SDK of release 24: ${file} is missing.")
+  endif()
+endforeach()
+
+set(configurations Release RelWithDebInfo)
+get_property(several GLOBAL PROPERTY GENERATOR_IS_MULTI_CONFIG)
+if(several)
+  set(CMAKE_CONFIGURATION_TYPES "${configurations}" CACHE STRING "" FORCE)
+elseif(NOT CMAKE_BUILD_TYPE IN_LIST configurations)
+  message(FATAL_ERROR "CMAKE_BUILD_TYPE is \"${CMAKE_BUILD_TYPE}\": the module for AutoCAD is built as Release or RelWithDebInfo.")
+endif()
+set(CMAKE_MSVC_RUNTIME_LIBRARY MultiThreadedDLL)
