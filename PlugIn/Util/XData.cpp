@@ -12,7 +12,8 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstring>
+#include <optional>
+#include <utility>
 
 #include "ArxHandles.h"
 #include "Lib/FormatText.h"
@@ -20,11 +21,8 @@
 
 namespace {
 
-// Values that the typed readers look at; no number that a writer makes is longer.
-constexpr size_t kNumberSize = 1024;
-
 // Characters below 33 go from the start, and at most one from the end: a key written with two blanks before "=" keeps
-// one of them, and stored data relies on that.
+// one of them.
 std::string Trim(std::string text) {
     const auto isBlank = [](char character) { return static_cast<unsigned char>(character) < 33; };
     text.erase(text.begin(), std::find_if_not(text.begin(), text.end(), isBlank));
@@ -32,24 +30,40 @@ std::string Trim(std::string text) {
     return text;
 }
 
-bool IsText(const resbuf* item) {
-    return item->restype == AcDb::kDxfXdAsciiString && item->resval.rstring;
+struct KeyValue {
+    std::string key;  // trimmed, in upper case
+    std::string value;
+};
+
+std::optional<KeyValue> Parse(const std::string& entry) {
+    const size_t equals = entry.find('=');
+    if (equals >= kXDataKeySize) return {};
+    std::string key = ToUpper(Trim(entry.substr(0, equals)));
+    if (key.empty()) return {};
+    return KeyValue{std::move(key), entry.substr(equals + 1)};
 }
 
-bool HasKey(const resbuf* item, const std::string& upperKey) {
-    if (!IsText(item)) return false;
-    char key[kXDataKeySize];
-    char value[1];
-    return ParseKeyValue(Narrow(item->resval.rstring).c_str(), key, value, sizeof value) >= 0 && upperKey == key;
+std::optional<KeyValue> Parse(const resbuf* item) {
+    if (item->restype != AcDb::kDxfXdAsciiString || !item->resval.rstring) return {};
+    return Parse(Narrow(item->resval.rstring));
 }
 
-// The item of that key, otherwise the last item of the chain. `found` tells which.
-resbuf* FindItem(resbuf* chain, const char* key, bool& found) {
+// A key that would not be read back as it was written has no place in the data.
+bool IsReadable(const char* key) {
+    const std::optional<KeyValue> entry = Parse(std::string(key) + "=");
+    return entry && entry->key == ToUpper(key) && entry->value.empty();
+}
+
+// The item before the one of that key, otherwise the last one. The chain is headed by the application's name, so there
+// always is one.
+resbuf* BeforeItem(resbuf* chain, const char* key) {
     const std::string upperKey = ToUpper(key);
-    resbuf* item = chain;
-    while (!(found = HasKey(item, upperKey)) && item->rbnext)
-        item = item->rbnext;
-    return item;
+    resbuf* before = chain;
+    for (; before->rbnext; before = before->rbnext) {
+        const std::optional<KeyValue> entry = Parse(before->rbnext);
+        if (entry && entry->key == upperKey) break;
+    }
+    return before;
 }
 
 bool SetText(resbuf* item, const std::string& text) {
@@ -64,23 +78,43 @@ ResbufChain NewChain(const std::string& application) {
     return chain;
 }
 
-resbuf* AppendItem(resbuf* last) {
-    last->rbnext = acutNewRb(AcDb::kDxfXdAsciiString);
-    return last->rbnext;
+// The whole value, or GetXDataString's negative result.
+int ReadValue(const AcDbObject* object, const char* application, const char* key, std::string& value) {
+    if (!object || !application || !key) return -1;
+    const ResbufChain chain(object->xData(Widen(application).c_str()));
+    if (!chain) return -2;
+    const resbuf* item = BeforeItem(chain.get(), key)->rbnext;
+    if (!item) return -2;
+    value = Parse(item)->value;
+    return 0;
+}
+
+// `parse` takes the value's text and tells whether it read the number.
+template <class Parser>
+int ReadNumber(const AcDbObject* object, const char* application, const char* key, Parser parse) {
+    std::string text;
+    const int result = ReadValue(object, application, key, text);
+    if (result < 0) return result;
+    return parse(text.c_str()) ? 1 : 0;
+}
+
+int CopyValue(const std::string& value, char* buffer, size_t size) {
+    const size_t length = value.copy(buffer, size - 1);
+    buffer[length] = '\0';
+    return static_cast<int>(length);
 }
 
 }  // namespace
 
 int SetXDataString(AcDbObject* object, const char* application, const char* key, const char* value) {
-    if (!object || !application || !key || !value) return -1;
+    if (!object || !application || !key || !value || !IsReadable(key)) return -1;
     if (!*value) return -2;
     ResbufChain chain(object->xData(Widen(application).c_str()));
     if (!chain) chain = NewChain(application);
     if (!chain) return -1;
 
-    bool found = false;
-    resbuf* item = FindItem(chain.get(), key, found);
-    if (!found) item = AppendItem(item);
+    resbuf*& item = BeforeItem(chain.get(), key)->rbnext;
+    if (!item) item = acutNewRb(AcDb::kDxfXdAsciiString);
     if (!item || !SetText(item, std::string(key) + "=" + value)) return -1;
     return object->setXData(chain.get()) == Acad::eOk ? 0 : -1;
 }
@@ -100,69 +134,48 @@ int SetXDataPoint(AcDbObject* object, const char* application, const char* key, 
 }
 
 int GetXDataString(const AcDbObject* object, const char* application, const char* key, char* buffer, size_t size) {
-    if (!object || !application || !key || !buffer || size == 0) return -1;
-    const ResbufChain chain(object->xData(Widen(application).c_str()));
-    if (!chain) return -2;
-    bool found = false;
-    const resbuf* item = FindItem(chain.get(), key, found);
-    if (!found) return -2;
-    char ownKey[kXDataKeySize];
-    return ParseKeyValue(Narrow(item->resval.rstring).c_str(), ownKey, buffer, size);
+    if (!buffer || size == 0) return -1;
+    std::string value;
+    const int result = ReadValue(object, application, key, value);
+    return result < 0 ? result : CopyValue(value, buffer, size);
 }
 
 int GetXDataFloat(const AcDbObject* object, const char* application, const char* key, float& value) {
-    char text[kNumberSize];
-    const int length = GetXDataString(object, application, key, text, sizeof text);
-    if (length < 0) return length;
-    return std::sscanf(text, "%f", &value) == 1 ? 1 : 0;
+    return ReadNumber(object, application, key, [&](const char* text) { return std::sscanf(text, "%f", &value) == 1; });
 }
 
 int GetXDataDouble(const AcDbObject* object, const char* application, const char* key, double& value) {
-    char text[kNumberSize];
-    const int length = GetXDataString(object, application, key, text, sizeof text);
-    if (length < 0) return length;
-    return std::sscanf(text, "%lf", &value) == 1 ? 1 : 0;
+    return ReadNumber(object, application, key,
+                      [&](const char* text) { return std::sscanf(text, "%lf", &value) == 1; });
 }
 
 int GetXDataPoint(const AcDbObject* object, const char* application, const char* key, double& x, double& y, double& z) {
-    char text[kNumberSize];
-    const int length = GetXDataString(object, application, key, text, sizeof text);
-    if (length < 0) return length;
-    double point[3];
-    if (std::sscanf(text, "%lf,%lf,%lf", &point[0], &point[1], &point[2]) != 3) return 0;
-    x = point[0];
-    y = point[1];
-    z = point[2];
-    return 1;
+    return ReadNumber(object, application, key, [&](const char* text) {
+        double point[3];
+        if (std::sscanf(text, "%lf,%lf,%lf", &point[0], &point[1], &point[2]) != 3) return false;
+        x = point[0];
+        y = point[1];
+        z = point[2];
+        return true;
+    });
 }
 
 int RemoveXDataKey(AcDbObject* object, const char* application, const char* key) {
     if (!object || !application || !key) return -1;
     const ResbufChain chain(object->xData(Widen(application).c_str()));
     if (!chain) return 0;
-    bool found = false;
-    resbuf* item = FindItem(chain.get(), key, found);
-    if (!found) return 0;
-    // The chain is headed by the application's name, so the item always has a predecessor.
-    resbuf* before = chain.get();
-    while (before->rbnext != item)
-        before = before->rbnext;
-    before->rbnext = item->rbnext;
-    item->rbnext = nullptr;
-    const ResbufChain removed(item);
+    resbuf* const before = BeforeItem(chain.get(), key);
+    const ResbufChain removed(before->rbnext);
+    if (!removed) return 0;
+    before->rbnext = removed.get()->rbnext;
+    removed.get()->rbnext = nullptr;
     return object->setXData(chain.get()) == Acad::eOk ? 0 : -1;
 }
 
 int ParseKeyValue(const char* entry, char* key, char* value, size_t valueSize) {
     if (!entry || !key || !value || valueSize == 0) return -1;
-    const char* equals = std::strchr(entry, '=');
-    if (!equals || equals - entry >= static_cast<std::ptrdiff_t>(kXDataKeySize)) return -1;
-    const std::string trimmed = ToUpper(Trim(std::string(entry, equals)));
-    if (trimmed.empty()) return -1;
-    std::memcpy(key, trimmed.c_str(), trimmed.size() + 1);
-
-    const size_t length = std::min(std::strlen(equals + 1), valueSize - 1);
-    std::memcpy(value, equals + 1, length);
-    value[length] = '\0';
-    return static_cast<int>(length);
+    const std::optional<KeyValue> pair = Parse(std::string(entry));
+    if (!pair) return -1;
+    CopyValue(pair->key, key, kXDataKeySize);
+    return CopyValue(pair->value, value, valueSize);
 }

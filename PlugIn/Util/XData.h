@@ -1,7 +1,7 @@
 // Named values in the extended entity data of drawing objects: text items "key=value" in the chain of a registered
-// application. Keys have at most 39 characters and are compared without regard to case; other keys and other
-// applications' data stay untouched. Failure is told by negative results; objects must be open for the access in
-// question and stay open.
+// application. Keys have 1 to 39 characters, no "=" and no blank at either end, and are compared without regard to
+// case; other keys and other applications' data stay untouched. Failure is told by negative results; objects must be
+// open for the access in question and stay open.
 #pragma once
 
 #include <cstddef>
@@ -12,7 +12,7 @@ class AcDbObject;
 // The module's own application name.
 inline constexpr char kXDataApplication[] = "SORV";
 
-// Writers: 0; -1 bad argument, allocation failure or refusal by the drawing; -2 empty value. The application is
+// Writers: 0; -1 bad argument or key, allocation failure or refusal by the drawing; -2 empty value. The application is
 // registered when the object has no data of it yet. Numbers are written in decimals with `precision` places, a point as
 // "x,y,z".
 int SetXDataString(AcDbObject* object, const char* application, const char* key, const char* value);

@@ -120,6 +120,9 @@ TEST_F(XDataTest, NumbersAndPoints) {
     EXPECT_EQ(GetXDataFloat(object(), "SORV", "F", single), 1);
     EXPECT_EQ(std::vector<double>({x, y, z, real}), std::vector<double>({1, 2.5, -3, 0.3333333333}));
     EXPECT_FLOAT_EQ(single, 2.2f);
+    EXPECT_EQ(SetXDataPoint(object(), "SORV", std::string(39, 'k').c_str(), 1e200, -1e200, 1e200, 200), 0);
+    EXPECT_EQ(GetXDataPoint(object(), "SORV", std::string(39, 'K').c_str(), x, y, z), 1);
+    EXPECT_EQ(std::vector<double>({x, y, z}), std::vector<double>({1e200, -1e200, 1e200})) << "1,208 characters";
 }
 
 TEST_F(XDataTest, BadArgumentsChangeNothing) {
@@ -128,6 +131,10 @@ TEST_F(XDataTest, BadArgumentsChangeNothing) {
     EXPECT_EQ(SetXDataString(object(), "SORV", nullptr, "v"), -1);
     EXPECT_EQ(SetXDataString(object(), "SORV", "K", nullptr), -1);
     EXPECT_EQ(SetXDataString(object(), "SORV", "K", ""), -2);
+    // Keys that would never be found again.
+    for (const std::string& key : {std::string(40, 'k'), std::string("a=b"), std::string("a="), std::string(""),
+                                   std::string(" a"), std::string("a\t"), std::string("a  "), std::string(" ")})
+        EXPECT_EQ(SetXDataString(object(), "SORV", key.c_str(), "v"), -1) << key;
     EXPECT_EQ(RemoveXDataKey(nullptr, "SORV", "K"), -1);
     EXPECT_EQ(RemoveXDataKey(object(), nullptr, "K"), -1);
     EXPECT_EQ(RemoveXDataKey(object(), "SORV", nullptr), -1);
