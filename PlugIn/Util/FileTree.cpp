@@ -16,6 +16,12 @@ bool IsTooLong(const std::string& path) {
     return path.size() >= MAX_PATH;
 }
 
+// A junction or symbolic link: what it leads to is not ours.
+bool IsLink(const char* path) {
+    const DWORD attributes = GetFileAttributesA(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && attributes & FILE_ATTRIBUTE_REPARSE_POINT;
+}
+
 void DeleteEntry(const std::string& path, DWORD attributes) {
     if (attributes & FILE_ATTRIBUTE_DIRECTORY) {
         DeleteDirectoryTree(path.c_str());
@@ -46,5 +52,5 @@ int DeleteDirectoryTree(const char* path) {
     if (!path || !*path) return 0;
     const std::string folder = path;
     if (IsTooLong(folder + "\\*")) return 0;
-    return DeleteEntries(folder) ? RemoveDirectoryA(path) : 0;
+    return IsLink(path) || DeleteEntries(folder) ? RemoveDirectoryA(path) : 0;
 }

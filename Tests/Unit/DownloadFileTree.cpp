@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <string>
 
 #include "ImportPatch.h"
@@ -14,6 +15,12 @@ namespace {
 BOOL WINAPI BrokenSearch(HANDLE, WIN32_FIND_DATAA*) {
     SetLastError(ERROR_ACCESS_DENIED);
     return FALSE;
+}
+
+// Every path whose name ends in "link" is one that leads elsewhere.
+DWORD WINAPI MarkLinks(const char* path) {
+    const bool isLink = std::strcmp(path + std::strlen(path) - 4, "link") == 0;
+    return FILE_ATTRIBUTE_DIRECTORY | (isLink ? FILE_ATTRIBUTE_REPARSE_POINT : 0u);
 }
 
 void MakeFolder(const std::string& path) {
@@ -54,6 +61,23 @@ TEST(DownloadFileTree, WhatCannotBeDeletedKeepsItsFoldersOnly) {
     EXPECT_TRUE(Exists(top + "\\held\\file"));
     CloseHandle(held);
     EXPECT_NE(DeleteDirectoryTree(top.c_str()), 0);
+}
+
+TEST(DownloadFileTree, LinksAreNeverEntered) {
+    const TestFolder base;
+    const std::string top = base.file("work"), link = top + "\\link", file = link + "\\project.xml";
+    MakeFolder(top);
+    MakeFolder(link);
+    WriteWholeFile(file, "elsewhere");
+    WriteWholeFile(top + "\\other", "x");
+    {
+        const ImportPatch patch("GetFileAttributesA", MarkLinks);
+        EXPECT_EQ(DeleteDirectoryTree(top.c_str()), 0);
+        EXPECT_EQ(DeleteDirectoryTree(link.c_str()), 0);
+        EXPECT_NE(DeleteFileA(file.c_str()), FALSE) << "what it leads to stays";
+        EXPECT_NE(DeleteDirectoryTree(link.c_str()), 0) << "a link itself goes";
+    }
+    EXPECT_FALSE(Exists(top + "\\other"));
 }
 
 TEST(DownloadFileTree, NothingIsRemovedWithoutACompleteSearch) {
