@@ -6,7 +6,6 @@ void TextConverter::Reserve(size_t characters) {
 }
 
 std::wstring TextConverter::ToWide(const char* text, UINT codePage) {
-    codePage_ = codePage;
     if (!text) text = "";
     const DWORD flags = codePage == CP_UTF8 ? 0 : MB_PRECOMPOSED;
     const int characters = MultiByteToWideChar(codePage, flags, text, -1, nullptr, 0);
@@ -16,7 +15,6 @@ std::wstring TextConverter::ToWide(const char* text, UINT codePage) {
 }
 
 const char* TextConverter::ToNarrow(UINT codePage) {
-    codePage_ = codePage;
     const int bytes = WideCharToMultiByte(codePage, 0, wide_.c_str(), -1, nullptr, 0, nullptr, nullptr);
     narrow_.assign(static_cast<size_t>(bytes) + 1, '\0');
     WideCharToMultiByte(codePage, 0, wide_.c_str(), -1, narrow_.data(), bytes, nullptr, nullptr);

@@ -37,7 +37,6 @@ TEST(TextConverter, ConvertsBothWaysInSeveralCodePages) {
     for (const auto& c : cases) {
         TextConverter converter;
         EXPECT_EQ(converter.ToWide(c.narrow, c.codePage), c.wide) << c.codePage;
-        EXPECT_EQ(converter.capacity(), std::wstring(c.wide).size() + 1) << c.codePage;
         EXPECT_STREQ(converter.ToNarrow(c.codePage), c.narrow) << c.codePage;
     }
 }
@@ -58,31 +57,27 @@ TEST(TextConverter, Utf8IsTheDefault) {
     EXPECT_EQ(converter.ToWide("\xC3\xA4"), L"\u00E4");
     EXPECT_STREQ(converter.ToNarrow(), "\xC3\xA4");
     EXPECT_STREQ(converter.ToNarrow(1252), "\xE4");
+    EXPECT_STREQ(converter.ToNarrow(), "\xC3\xA4") << "of every call anew";
+    EXPECT_EQ(converter.ToWide("\xE4", 1252), L"\u00E4");
+    EXPECT_EQ(converter.ToWide("\xC3\xA4"), L"\u00E4");
 }
 
-TEST(TextConverter, ReservingKeepsWhatFitsAndDropsTheNarrowCopy) {
+TEST(TextConverter, ReservingKeepsWhatFits) {
     TextConverter converter;
     converter.ToWide("silencer");
-    converter.ToNarrow();
-    EXPECT_TRUE(converter.hasNarrowCopy());
     converter.Reserve(20);
-    EXPECT_FALSE(converter.hasNarrowCopy());
-    EXPECT_EQ(converter.capacity(), 20u);
     EXPECT_STREQ(converter.ToNarrow(), "silencer");
-    converter.Reserve(3);
-    EXPECT_STREQ(converter.ToNarrow(), "sil");
-    const TextConverter copy = converter;
-    converter.ToWide("other");
-    EXPECT_EQ(TextConverter(copy).ToNarrow(), std::string("sil")) << "a copy has buffers of its own";
-}
-
-TEST(TextConverter, ABstrHasTheWholeBuffer) {
-    TextConverter converter;
-    converter.ToWide("duct");
     BStr text;
     *text.put() = converter.ToBstr();
-    ASSERT_EQ(SysStringLen(text.get()), 5u);
-    EXPECT_EQ(std::wstring(text.get(), 5), std::wstring(L"duct\0", 5));
+    ASSERT_EQ(SysStringLen(text.get()), 20u) << "the whole buffer";
+    EXPECT_EQ(std::wstring(text.get(), 10), std::wstring(L"silencer\0\0", 10));
+    converter.Reserve(3);
+    EXPECT_STREQ(converter.ToNarrow(), "sil");
+    *text.put() = converter.ToBstr();
+    EXPECT_EQ(SysStringLen(text.get()), 3u);
+    converter.ToWide("duct");
+    *text.put() = converter.ToBstr();
+    EXPECT_EQ(SysStringLen(text.get()), 5u) << "with the terminator";
 }
 
 TEST(TextConverter, WhatCannotBeConvertedIsEmpty) {
