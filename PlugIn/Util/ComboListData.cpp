@@ -8,9 +8,6 @@
 
 namespace {
 
-constexpr int32_t kNewListTag = 10010;
-constexpr int32_t kGrowListTag = 10011;
-
 size_t CountItems(const ComboListItem* items) {
     size_t count = 0;
     while (items && items[count].value != NULLFLOAT)
@@ -28,7 +25,7 @@ int InsertComboListDataItem(ComboListData* list, double value, const char* text)
     }
     const size_t count = CountItems(*list);
     const uint32_t bytes = static_cast<uint32_t>((count + 2) * sizeof(ComboListItem));
-    void* const block = *list ? gwGrealloc(*list, bytes, kGrowListTag) : gwGmalloc(bytes, kNewListTag);
+    void* const block = *list ? gwGrealloc(*list, bytes, 0) : gwGmalloc(bytes, 0);
     if (!block) return -1;
     *list = static_cast<ComboListItem*>(block);
 

@@ -9,7 +9,7 @@ struct ComboListItem {
     float value;
     char text[128];  // terminated
 };
-static_assert(sizeof(ComboListItem) == 132, "other modules share this layout");
+static_assert(sizeof(ComboListItem) == 132, "an item's layout is fixed");
 
 using ComboListData = ComboListItem*;
 

@@ -19,7 +19,7 @@ class PDialog {
     PDialog(const PDialog&) = delete;
     PDialog& operator=(const PDialog&) = delete;
 
-    // The order of the virtual operations is relied upon by other modules.
+    // The order of the virtual operations is fixed.
     virtual ~PDialog();
     // What the dialog procedure returns; 0 leaves the message to the system.
     virtual INT_PTR HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);

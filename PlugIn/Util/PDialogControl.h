@@ -24,7 +24,7 @@ class PDialogControl {
     PDialogControl(const PDialogControl&) = delete;
     PDialogControl& operator=(const PDialogControl&) = delete;
 
-    // The order of the virtual operations is relied upon by other modules.
+    // The order of the virtual operations is fixed.
     virtual ~PDialogControl();
     // Shows the state; every binder calls it before its own work.
     virtual int ToDialog();
@@ -36,7 +36,6 @@ class PDialogControl {
     int identifier() const { return GetDlgCtrlID(window_); }
     PDialog* owner() const { return owner_; }
     const std::string& tooltip() const { return tooltip_; }
-    void SetState(ControlState state) { state_ = state; }
 
  protected:
     LRESULT Send(UINT message, WPARAM wParam, LPARAM lParam) const {

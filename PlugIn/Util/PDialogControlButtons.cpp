@@ -64,11 +64,12 @@ PDialogControlStaticImage::PDialogControlStaticImage(HWND window, ControlState s
 
 int PDialogControlStaticImage::ToDialog() {
     PDialogControl::ToDialog();
-    // The extended style, not the style where these bits are at home: dialogs mark their pictures there.
+    // Deliberately the extended style, not the style where these bits are at home.
     const LONG_PTR bits = GetWindowLongPtrA(window(), GWL_EXSTYLE);
     if (!(bits & (SS_BITMAP | SS_ICON))) return 0;
-    const HANDLE image = image_.Load(name_, bits & SS_ICON ? IMAGE_ICON : IMAGE_BITMAP);
-    Send(STM_SETIMAGE, bits & 0x01 ? IMAGE_ICON : IMAGE_BITMAP, reinterpret_cast<LPARAM>(image));
+    // The two values share a bit; the one that SS_ICON has for itself tells them apart.
+    const UINT type = bits & SS_ICON & ~SS_BITMAP ? IMAGE_ICON : IMAGE_BITMAP;
+    Send(STM_SETIMAGE, type, reinterpret_cast<LPARAM>(image_.Load(name_, type)));
     return 0;
 }
 

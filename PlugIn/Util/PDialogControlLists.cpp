@@ -31,57 +31,43 @@ float ValueOf(LRESULT data) {
     return value;
 }
 
-int Fill(HWND window, const ListMessages& messages, ComboListData* list, const float* wanted) {
-    SendMessageA(window, messages.clear, 0, 0);
-    if (!list || !*list) return -1;
-    bool selected = false;
-    for (const ComboListItem* item = *list; item->value != NULLFLOAT && *item->text; ++item) {
-        const LRESULT index = SendMessageA(window, messages.add, 0, reinterpret_cast<LPARAM>(item->text));
-        if (index < 0) continue;
-        SendMessageA(window, messages.setData, static_cast<WPARAM>(index), BitsOf(item->value));
-        if (!wanted || item->value != *wanted) continue;
-        SendMessageA(window, messages.select, static_cast<WPARAM>(index), 0);
-        selected = true;
-    }
-    // The combo box's message for both kinds: a list box without a match shows no selection, and dialogs count on it.
-    if (!selected) SendMessageA(window, CB_SETCURSEL, 0, 0);
-    FreeComboListData(list);
-    return 0;
-}
-
-int Read(HWND window, const ListMessages& messages, float* selected) {
-    if (!selected) return -1;
-    const LRESULT index = SendMessageA(window, messages.getSelected, 0, 0);
-    if (index == -1) return 0;
-    const LRESULT data = SendMessageA(window, messages.getData, static_cast<WPARAM>(index), 0);
-    if (data != -1) *selected = ValueOf(data);
-    return 0;
+constexpr const ListMessages& MessagesOf(ListKind kind) {
+    return kind == ListKind::kComboBox ? kComboBox : kListBox;
 }
 
 }  // namespace
 
-PDialogControlComboBox::PDialogControlComboBox(HWND window, ControlState state, const std::string& tooltip,
-                                               ComboListData* list, float* selected)
-    : PDialogControl(window, state, tooltip), list_(list), selected_(selected) {}
-
-int PDialogControlComboBox::ToDialog() {
+template <ListKind kKind>
+int PDialogControlList<kKind>::ToDialog() {
+    constexpr const ListMessages& kMessages = MessagesOf(kKind);
     PDialogControl::ToDialog();
-    return Fill(window(), kComboBox, list_, selected_);
+    Send(kMessages.clear, 0, 0);
+    if (!list_ || !*list_) return -1;
+    bool selected = false;
+    for (const ComboListItem* item = *list_; item->value != NULLFLOAT && *item->text; ++item) {
+        const LRESULT index = Send(kMessages.add, 0, reinterpret_cast<LPARAM>(item->text));
+        if (index < 0) continue;
+        Send(kMessages.setData, static_cast<WPARAM>(index), BitsOf(item->value));
+        if (!selected_ || item->value != *selected_) continue;
+        Send(kMessages.select, static_cast<WPARAM>(index), 0);
+        selected = true;
+    }
+    // Deliberately the combo box's message for both kinds: a list box without a match shows no selection.
+    if (!selected) Send(CB_SETCURSEL, 0, 0);
+    FreeComboListData(list_);
+    return 0;
 }
 
-int PDialogControlComboBox::FromDialog() {
-    return Read(window(), kComboBox, selected_);
+template <ListKind kKind>
+int PDialogControlList<kKind>::FromDialog() {
+    constexpr const ListMessages& kMessages = MessagesOf(kKind);
+    if (!selected_) return -1;
+    const LRESULT index = Send(kMessages.getSelected, 0, 0);
+    if (index == -1) return 0;
+    const LRESULT data = Send(kMessages.getData, static_cast<WPARAM>(index), 0);
+    if (data != -1) *selected_ = ValueOf(data);
+    return 0;
 }
 
-PDialogControlListBox::PDialogControlListBox(HWND window, ControlState state, const std::string& tooltip,
-                                             ComboListData* list, float* selected)
-    : PDialogControl(window, state, tooltip), list_(list), selected_(selected) {}
-
-int PDialogControlListBox::ToDialog() {
-    PDialogControl::ToDialog();
-    return Fill(window(), kListBox, list_, selected_);
-}
-
-int PDialogControlListBox::FromDialog() {
-    return Read(window(), kListBox, selected_);
-}
+template class PDialogControlList<ListKind::kComboBox>;
+template class PDialogControlList<ListKind::kListBox>;

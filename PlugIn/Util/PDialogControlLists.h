@@ -6,10 +6,14 @@
 #include "Util/ComboListData.h"
 #include "Util/PDialogControl.h"
 
-class PDialogControlComboBox : public PDialogControl {
+enum class ListKind { kComboBox, kListBox };
+
+template <ListKind kKind>
+class PDialogControlList : public PDialogControl {
  public:
-    PDialogControlComboBox(HWND window, ControlState state, const std::string& tooltip, ComboListData* list,
-                           float* selected);
+    PDialogControlList(HWND window, ControlState state, const std::string& tooltip, ComboListData* list,
+                       float* selected)
+        : PDialogControl(window, state, tooltip), list_(list), selected_(selected) {}
     int ToDialog() override;
     int FromDialog() override;
 
@@ -18,14 +22,5 @@ class PDialogControlComboBox : public PDialogControl {
     float* selected_;
 };
 
-class PDialogControlListBox : public PDialogControl {
- public:
-    PDialogControlListBox(HWND window, ControlState state, const std::string& tooltip, ComboListData* list,
-                          float* selected);
-    int ToDialog() override;
-    int FromDialog() override;
-
- private:
-    ComboListData* list_;
-    float* selected_;
-};
+using PDialogControlComboBox = PDialogControlList<ListKind::kComboBox>;
+using PDialogControlListBox = PDialogControlList<ListKind::kListBox>;

@@ -47,18 +47,17 @@ TEST(DialogControls, StatesShow) {
         bool readOnly;
         bool enabled;
         bool visible;
-    } cases[] = {{kControlNormal, false, true, true},  {7, false, true, true},
-                 {kControlReadOnly, true, true, true}, {kControlDisabled, false, false, true},
-                 {kControlHidden, false, true, false}, {kControlNormal, false, true, true}};
-    char buffer[8] = "SORV1";
-    PDialogControl* binder = nullptr;
-    BoundDialog dialog([&](BoundDialog& self) {
-        binder = &self.Bind<PDialogControlTextEdit>(kControl, kControlNormal, "", buffer, 7);
-    });
-    dialog.Open(With(L"EDIT", WS_BORDER));
+    } cases[] = {{kControlNormal, false, true, true},
+                 {7, false, true, true},
+                 {kControlReadOnly, true, true, true},
+                 {kControlDisabled, false, false, true},
+                 {kControlHidden, false, true, false}};
     for (const auto& c : cases) {
-        binder->SetState(c.state);
-        dialog.ToDialog(kControl);
+        BoundDialog dialog([&](BoundDialog& self) {
+            self.Bind<PDialogControlStaticText>(kOther, kControlNormal, "", "");
+            self.Bind<PDialogControlTextEdit>(kControl, c.state, "", nullptr, 0);
+        });
+        dialog.Open(With(L"EDIT", WS_BORDER));
         const LONG style = GetWindowLongA(dialog.GetControl(kControl), GWL_STYLE);
         EXPECT_EQ((style & ES_READONLY) != 0, c.readOnly) << c.state;
         EXPECT_EQ((style & WS_DISABLED) == 0, c.enabled) << c.state;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "DialogFixture.h"
 #include "ImportPatch.h"
@@ -31,10 +32,19 @@ std::string BitmapFile() {
            std::string(reinterpret_cast<const char*>(&info), sizeof info) + std::string(kRow * kHeight, '\x7F');
 }
 
-UINT askedType = 0;
-HANDLE WINAPI RecordType(HINSTANCE, LPCSTR, UINT type, int, int, UINT) {
-    askedType = type;
-    return nullptr;
+// The calls that bring an image into a control: "load TYPE FLAGS", with "module" where its resources are asked, and
+// "set TYPE IMAGE".
+std::vector<std::string> calls;
+
+HANDLE WINAPI RecordLoad(HINSTANCE module, LPCSTR, UINT type, int, int, UINT flags) {
+    calls.push_back((module ? "load module " : "load ") + std::to_string(type) + " " + std::to_string(flags));
+    return reinterpret_cast<HANDLE>(0x51);
+}
+
+LRESULT WINAPI RecordSet(HWND, UINT message, WPARAM type, LPARAM image) {
+    if (message == STM_SETIMAGE || message == BM_SETIMAGE)
+        calls.push_back("set " + std::to_string(type) + " " + std::to_string(image));
+    return 0;
 }
 
 LONG WidthOf(LRESULT bitmap) {
@@ -59,6 +69,7 @@ class DialogImages : public testing::Test {
     }
     void ShowAgain() { dialog_->ToDialog(-1); }
     const std::string& bitmap() const { return bitmap_; }
+    const std::string& folder() const { return folder_.path(); }
 
  private:
     const TestFolder folder_;
@@ -101,14 +112,23 @@ TEST_F(DialogImages, StaticImagesGoByTheExtendedStyle) {
     EXPECT_NE(SendMessageA(iconControl, STM_GETIMAGE, IMAGE_ICON, 0), 0);
     const HWND plain = Show<PDialogControlStaticImage>(L"STATIC", SS_BITMAP, 0, bitmap());
     EXPECT_EQ(SendMessageA(plain, STM_GETIMAGE, IMAGE_BITMAP, 0), 0) << "the style alone asks for nothing";
+}
 
-    const ImportPatch patch("LoadImageA", RecordType);
-    for (const auto& [bits, type] : {std::pair{0x01, IMAGE_ICON},
-                                     {0x02, IMAGE_ICON},
-                                     {0x06, IMAGE_ICON},
-                                     {0x04, IMAGE_BITMAP},
-                                     {0x0C, IMAGE_BITMAP}}) {
+TEST_F(DialogImages, IconsAndBitmapsAreLoadedAndSetAlike) {
+    const ImportPatch load("LoadImageA", RecordLoad), set("SendMessageA", RecordSet);
+    const std::vector<std::string> icon = {"load 1 4112", "set 1 81"}, picture = {"load 0 4112", "set 0 81"};
+    for (const auto& [bits, expected] :
+         {std::pair{0x01, icon}, {0x03, icon}, {0x02, picture}, {0x04, picture}, {0x0C, picture}, {0x0E, picture}}) {
+        calls.clear();
         Show<PDialogControlStaticImage>(L"STATIC", SS_BITMAP, bits, bitmap());
-        EXPECT_EQ(askedType, static_cast<UINT>(type)) << bits;
+        EXPECT_EQ(calls, expected) << bits;
+    }
+    // A folder of the image's name is no file of it.
+    for (const std::string& name : {folder(), std::string("no such file")}) {
+        calls.clear();
+        Show<PDialogControlStaticImage>(L"STATIC", SS_BITMAP, SS_BITMAP, name);
+        Show<PDialogControlButton>(L"BUTTON", BS_ICON, 0, name);
+        EXPECT_EQ(calls,
+                  (std::vector<std::string>{"load module 0 4096", "set 0 81", "load module 1 4096", "set 1 81"}));
     }
 }
