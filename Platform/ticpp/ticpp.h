@@ -86,10 +86,15 @@ class Element : public Node {
         return text ? text : "";
     }
 
-    // All children are replaced by one text.
+    // The text that GetText gives becomes this one; child elements stay.
     void SetText(const std::string& text) {
-        element()->Clear();
-        element()->LinkEndChild(new TiXmlText(text));
+        TiXmlNode* const first = element()->FirstChild();
+        if (first && first->ToText())
+            first->SetValue(text);
+        else if (first)
+            element()->InsertBeforeChild(first, TiXmlText(text));
+        else
+            element()->LinkEndChild(new TiXmlText(text));
     }
 
     bool HasAttribute(const std::string& name) const { return element()->Attribute(name) != nullptr; }
@@ -269,18 +274,16 @@ inline Element* Node::NextSiblingElement(const std::string& value, bool throwIfN
 }
 
 inline Element* Node::InsertEndChild(const Element& addThis) {
-    TiXmlElement copy(*addThis.element());
-    detail::ForgetUserData(&copy);
-    TiXmlNode* added = node_->InsertEndChild(copy);
+    TiXmlNode* added = node_->InsertEndChild(*addThis.element());
     if (!added) throw Exception("Element <" + addThis.Value() + "> could not be added");
+    detail::ForgetUserData(added);
     return Wrap(added->ToElement());
 }
 
 inline Element* Node::ReplaceChild(Element* replaceThis, const Element& withThis) {
-    TiXmlElement copy(*withThis.element());
-    detail::ForgetUserData(&copy);
-    TiXmlNode* added = node_->ReplaceChild(replaceThis->node_, copy);
+    TiXmlNode* added = node_->ReplaceChild(replaceThis->node_, *withThis.element());
     if (!added) throw Exception("Element <" + replaceThis->Value() + "> could not be replaced");
+    detail::ForgetUserData(added);
     return Wrap(added->ToElement());
 }
 

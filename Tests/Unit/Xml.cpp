@@ -56,6 +56,14 @@ TEST_F(Xml, ReplacedRootIsACopyWithElementsOfItsOwn) {
     EXPECT_EQ(root->ToString(), "<x><d>6 &amp; 7</d></x>");
 }
 
+TEST_F(Xml, TextIsSetBesideTheChildElements) {
+    ticpp::Document document;
+    document.Parse("<r><a>1<b/>2</a><c><b/></c><d/></r>");
+    for (const char* name : {"a", "c", "d"})
+        document.FirstChildElement()->FirstChildElement(name)->SetText("new");
+    EXPECT_EQ(document.FirstChildElement()->ToString(), "<r><a>new<b />2</a><c>new<b /></c><d>new</d></r>");
+}
+
 TEST_F(Xml, BrokenTextsAreToldWithTheirPlace) {
     ticpp::Document document;
     EXPECT_NE(Details([&] { document.Parse("<r>\n<a></b></r>", "output.xml"); }).find("output.xml: "),
