@@ -1,7 +1,7 @@
 # Makes FOLDER anew, ARCHIVE.zip of it and ARCHIVE-symbols.zip.
-# In: FOLDER, ARCHIVE, CONTENTS (PackageContents.xml), MODULE, SYMBOLS, GUIDE (Markdown), ICON, CMARK_GFM,
-# WEB_SERVER, and separated by bars NOTICES (folders, one of which holds tinyxml.h) and FILES (what else ships beside the
-# module).
+# In: FOLDER, ARCHIVE, CONTENTS (PackageContents.xml), MODULE, SYMBOLS, GUIDE (Markdown), ICON, MARKDOWN
+# (cmark-gfm or pandoc), WEB_SERVER, and separated by bars NOTICES (folders, one of which holds tinyxml.h) and FILES (what
+# else ships beside the module).
 cmake_minimum_required(VERSION 3.22)
 
 # Runs a command and ends with its output when it fails.
@@ -15,9 +15,13 @@ endfunction()
 
 # The guide as a page that stands alone and names the server that the module was built for.
 function(write_guide page)
-  execute_process(COMMAND ${CMARK_GFM} --extension table ${GUIDE} RESULT_VARIABLE result OUTPUT_FILE ${page}.body)
+  set(options --extension table)
+  if(MARKDOWN MATCHES "pandoc")
+    set(options --from gfm --to html)
+  endif()
+  execute_process(COMMAND ${MARKDOWN} ${options} ${GUIDE} RESULT_VARIABLE result OUTPUT_FILE ${page}.body)
   if(NOT result EQUAL 0)
-    message(FATAL_ERROR "${CMARK_GFM} could not make HTML of ${GUIDE}.")
+    message(FATAL_ERROR "${MARKDOWN} could not make HTML of ${GUIDE}.")
   endif()
   file(READ ${page}.body body)
   file(REMOVE ${page}.body)
