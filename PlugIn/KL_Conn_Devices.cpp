@@ -46,14 +46,14 @@ int KlConn::ExportRecords(ticpp::Element* parent, const char* listName, const ch
     if (!parent) return -1;
     std::vector<Record> records;
     const int result = GetAttributes("", path, names, records);
-    ticpp::Element list(listName);
+    // An insertion copies, so each element is inserted while it is empty.
+    ticpp::Element* const list = parent->InsertEndChild(ticpp::Element(listName));
+    const ticpp::Element empty(elementName);
     for (const Record& record : records) {
-        ticpp::Element element(elementName);
+        ticpp::Element* const element = list->InsertEndChild(empty);
         for (const auto& [name, value] : record)
-            element.SetAttribute(name, value);
-        list.InsertEndChild(element);
+            element->SetAttribute(name, value);
     }
-    parent->InsertEndChild(list);
     return result;
 }
 
