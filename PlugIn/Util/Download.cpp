@@ -17,6 +17,7 @@ namespace {
 
 constexpr DWORD kOpenUrlFlags = INTERNET_FLAG_RELOAD | INTERNET_FLAG_NO_CACHE_WRITE | INTERNET_FLAG_NO_UI;
 constexpr DWORD kReadSize = 1024;
+constexpr DWORD kTimeout = 30000;  // milliseconds
 
 struct InternetHandleKind {
     using Handle = HINTERNET;
@@ -24,6 +25,15 @@ struct InternetHandleKind {
     static void Close(Handle handle) noexcept { InternetCloseHandle(handle); }
 };
 using InternetHandle = Owner<InternetHandleKind>;
+
+// A server that accepts and never answers must not hold AutoCAD for ever. A limit that is refused leaves the system's.
+void LimitWaiting(HINTERNET session) {
+    for (const DWORD option :
+         {INTERNET_OPTION_CONNECT_TIMEOUT, INTERNET_OPTION_SEND_TIMEOUT, INTERNET_OPTION_RECEIVE_TIMEOUT}) {
+        DWORD limit = kTimeout;
+        InternetSetOptionA(session, option, &limit, sizeof limit);
+    }
+}
 
 class DownloadError : public std::runtime_error {
  public:
@@ -66,6 +76,7 @@ class Download {
 
         session_.reset(InternetOpenA("http generic", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0));
         if (!session_) Fail(-3, "Can't establish connection to internet");
+        LimitWaiting(session_.get());
 
         address_.reset(InternetOpenUrlA(session_.get(), url, nullptr, 0, kOpenUrlFlags, 0));
         if (!address_) Fail(-4, "Can't open file from internet");

@@ -26,10 +26,11 @@ class TestFolder {
     TestFolder() {
         char base[MAX_PATH] = "";
         GetTempPathA(MAX_PATH, base);
-        static int number = 0;
-        path_ =
-            std::string(base) + "sorvik-unit-" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(++number);
-        CreateDirectoryA(path_.c_str(), nullptr);
+        // Process ids come again under Wine, so a folder that an earlier run has left is passed by.
+        int number = 0;
+        do
+            path_ = std::string(base) + "sorvik-unit-" + std::to_string(++number);
+        while (!CreateDirectoryA(path_.c_str(), nullptr) && GetLastError() == ERROR_ALREADY_EXISTS);
     }
     ~TestFolder() {
         std::error_code ignored;
