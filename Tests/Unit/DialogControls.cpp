@@ -7,6 +7,7 @@
 #include <string>
 
 #include "DialogFixture.h"
+#include "ImportPatch.h"
 #include "Util/PDialogControlButtons.h"
 #include "Util/PDialogControlLists.h"
 #include "Util/PDialogControlTexts.h"
@@ -16,21 +17,22 @@ namespace {
 constexpr int kControl = 1200;
 constexpr int kOther = 1201;
 
-DialogTemplate With(const wchar_t* className, DWORD style, const wchar_t* text = L"") {
-    DialogTemplate layout(L"Bound");
-    layout.Add(className, style, kControl, text, 0, 4).Add(className, style, kOther, text, 4, 4);
-    return layout;
-}
+// A dialog with two children of one kind.
+class DialogControls : public testing::Test {
+ protected:
+    template <class Bind>
+    void Open(const char* className, DWORD style, Bind bind, const char* text = "") {
+        dialog_ = std::make_unique<BoundDialog>();
+        dialog_->Open({{className, style, kControl, text}, {className, style, kOther, text}}, [&] { bind(*dialog_); });
+    }
+    BoundDialog& dialog() { return *dialog_; }
+    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+        return dialog_->Send(kControl, message, wParam, lParam);
+    }
 
-std::string TextOf(const BoundDialog& dialog, int id = kControl) {
-    char text[256] = "";
-    GetWindowTextA(dialog.GetControl(id), text, sizeof text);
-    return text;
-}
-
-LRESULT Send(const BoundDialog& dialog, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
-    return SendMessageA(dialog.GetControl(kControl), message, wParam, lParam);
-}
+ private:
+    std::unique_ptr<BoundDialog> dialog_;
+};
 
 ComboListData ListOf(std::initializer_list<std::pair<double, const char*>> items) {
     ComboListData list = nullptr;
@@ -39,208 +41,209 @@ ComboListData ListOf(std::initializer_list<std::pair<double, const char*>> items
     return list;
 }
 
+int freed = 0;
+void CountFree(void* block) {
+    ++freed;
+    static_cast<void>(block);
+}
+
+LRESULT(WINAPI* sendMessage)(HWND, UINT, WPARAM, LPARAM);
+std::string sent;  // selections asked of a list: "MESSAGE INDEX;"
+LRESULT WINAPI RefuseTwo(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const bool adds = message == CB_ADDSTRING || message == LB_ADDSTRING;
+    if (adds && std::strcmp(reinterpret_cast<const char*>(lParam), "two") == 0) return -2;
+    if (message == CB_SETCURSEL || message == LB_SETCURSEL)
+        sent += std::to_string(message) + " " + std::to_string(wParam) + ";";
+    return sendMessage(window, message, wParam, lParam);
+}
+
 }  // namespace
 
-TEST(DialogControls, StatesShow) {
+TEST_F(DialogControls, StatesShow) {
     const struct {
         ControlState state;
-        bool readOnly;
-        bool enabled;
-        bool visible;
-    } cases[] = {{kControlNormal, false, true, true},
-                 {7, false, true, true},
-                 {kControlReadOnly, true, true, true},
-                 {kControlDisabled, false, false, true},
-                 {kControlHidden, false, true, false}};
+        LONG style;
+    } cases[] = {{kControlNormal, WS_VISIBLE},
+                 {7, WS_VISIBLE},
+                 {kControlReadOnly, WS_VISIBLE | ES_READONLY},
+                 {kControlDisabled, WS_VISIBLE | WS_DISABLED},
+                 {kControlHidden, 0}};
     for (const auto& c : cases) {
-        BoundDialog dialog([&](BoundDialog& self) {
-            self.Bind<PDialogControlStaticText>(kOther, kControlNormal, "", "");
-            self.Bind<PDialogControlTextEdit>(kControl, c.state, "", nullptr, 0);
+        // The other style bits are there before, so that each is taken away as well as set.
+        Open("EDIT", c.state == kControlHidden ? 0 : ES_READONLY | WS_DISABLED, [&](BoundDialog& self) {
+            self.BindAs<PDialogControlTextEdit>(kControl, c.state, "", nullptr, 0);
+            self.Bind<PDialogControlStaticText>(kOther, "");
         });
-        dialog.Open(With(L"EDIT", WS_BORDER));
-        const LONG style = GetWindowLongA(dialog.GetControl(kControl), GWL_STYLE);
-        EXPECT_EQ((style & ES_READONLY) != 0, c.readOnly) << c.state;
-        EXPECT_EQ((style & WS_DISABLED) == 0, c.enabled) << c.state;
-        EXPECT_EQ((style & WS_VISIBLE) != 0, c.visible) << c.state;
+        const LONG style = GetWindowLongA(dialog().GetControl(kControl), GWL_STYLE);
+        EXPECT_EQ(style & (WS_VISIBLE | WS_DISABLED | ES_READONLY), c.style) << c.state;
     }
 }
 
-TEST(DialogControls, StaticTextsShowUnlessEmpty) {
-    BoundDialog dialog([](BoundDialog& self) {
-        self.Bind<PDialogControlStaticText>(kControl, kControlNormal, "", "Length");
-        self.Bind<PDialogControlStaticText>(kOther, kControlNormal, "", "");
+TEST_F(DialogControls, TextsShowAreLimitedAndReadBack) {
+    char text[] = "AB\0###", untouched[] = "kept";
+    Open("EDIT", WS_BORDER, [&](BoundDialog& self) {
+        self.SetTitle("Silencer");
+        self.Bind<PDialogControlTextEdit>(kControl, text, 4);
+        self.Bind<PDialogControlTextEdit>(kOther, untouched, 0);
     });
-    dialog.Open(With(L"STATIC", SS_LEFT, L"template"));
-    EXPECT_EQ(TextOf(dialog), "Length");
-    EXPECT_EQ(TextOf(dialog, kOther), "template");
-}
-
-TEST(DialogControls, EditsAreLimitedAndReadBack) {
-    char buffer[] = "SORV1#";
-    char untouched[] = "kept";
-    BoundDialog dialog([&](BoundDialog& self) {
-        self.Bind<PDialogControlTextEdit>(kControl, kControlNormal, "", buffer, 4);
-        self.Bind<PDialogControlTextEdit>(kOther, kControlNormal, "", untouched, 0);
-    });
-    std::memcpy(buffer, "AB\0", 3);
-    dialog.Open(With(L"EDIT", WS_BORDER));
-    EXPECT_EQ(TextOf(dialog), "AB");
-    EXPECT_EQ(Send(dialog, EM_GETLIMITTEXT), 4);
-    SetWindowTextA(dialog.GetControl(kControl), "longer than four");
-    SetWindowTextA(dialog.GetControl(kOther), "new");
-    dialog.FromDialog(-1);
-    EXPECT_STREQ(buffer, "long");
-    EXPECT_EQ(buffer[5], '#');
+    char title[16] = "";
+    GetWindowTextA(dialog().dialogWindow(), title, sizeof title);
+    EXPECT_STREQ(title, "Silencer");
+    EXPECT_EQ(dialog().TextOf(kControl), "AB");
+    EXPECT_EQ(dialog().TextOf(kOther), "kept");
+    EXPECT_EQ(Send(EM_GETLIMITTEXT), 4);
+    EXPECT_NE(dialog().Send(kOther, EM_GETLIMITTEXT), 0);
+    SetWindowTextA(dialog().GetControl(kControl), "longer than four");
+    SetWindowTextA(dialog().GetControl(kOther), "new");
+    // Only the named control takes part.
+    EXPECT_EQ(dialog().FromDialog(kOther), 0);
+    EXPECT_EQ(dialog().FromDialog(999), 0);
+    EXPECT_STREQ(text, "AB");
+    EXPECT_EQ(dialog().ToDialog(kOther), 0);
+    EXPECT_EQ(dialog().TextOf(kOther), "kept");
+    EXPECT_EQ(dialog().TextOf(kControl), "longer than four");
+    EXPECT_EQ(dialog().FromDialog(-1), 0);
+    EXPECT_EQ(std::string(text, 6), std::string("long\0#", 6));
     EXPECT_STREQ(untouched, "kept");
+
+    Open(
+        "STATIC", SS_LEFT,
+        [](BoundDialog& self) {
+            self.Bind<PDialogControlStaticText>(kControl, "Length");
+            self.Bind<PDialogControlStaticText>(kOther, "");
+        },
+        "template");
+    EXPECT_EQ(dialog().TextOf(kControl), "Length");
+    EXPECT_EQ(dialog().TextOf(kOther), "template");
 }
 
-TEST(DialogControls, OnlyTheNamedControlTakesPart) {
-    char first[16] = "one";
-    char second[16] = "two";
-    BoundDialog dialog([&](BoundDialog& self) {
-        self.Bind<PDialogControlTextEdit>(kControl, kControlNormal, "", first, 15);
-        self.Bind<PDialogControlTextEdit>(kOther, kControlNormal, "", second, 15);
-    });
-    dialog.Open(With(L"EDIT", WS_BORDER));
-    std::strcpy(first, "three");
-    std::strcpy(second, "four");
-    EXPECT_EQ(dialog.ToDialog(kOther), 0);
-    EXPECT_EQ(TextOf(dialog), "one");
-    EXPECT_EQ(TextOf(dialog, kOther), "four");
-    EXPECT_EQ(dialog.FromDialog(kControl), 0);
-    EXPECT_STREQ(first, "one");
-    EXPECT_EQ(dialog.ToDialog(999), 0) << "an unknown control is nobody's";
-}
-
-TEST(DialogControls, ComboBoxesConsumeTheirList) {
+TEST_F(DialogControls, ComboBoxesConsumeTheirList) {
     const struct {
         float before;
         LRESULT selected;
         float after;
-    } cases[] = {{2.5F, 1, 2.5F}, {-0.0F, 2, 0.0F}, {77, 0, 1}};
+    } cases[] = {{2.5F, 2, 2.5F}, {-0.0F, 0, 0.0F}, {77, 0, 0}};
     for (const auto& c : cases) {
-        ComboListData list = ListOf({{1, "one"}, {2.5, "two and a half"}, {0, "none"}});
+        ComboListData list = ListOf({{1, "b"}, {2.5, "c"}, {0, "a"}});
         float value = c.before;
         PDialogControl* binder = nullptr;
-        BoundDialog dialog([&](BoundDialog& self) {
-            binder = &self.Bind<PDialogControlComboBox>(kControl, kControlNormal, "", &list, &value);
+        freed = 0;
+        const ImportPatch patch("free", CountFree);
+        Open("COMBOBOX", CBS_DROPDOWNLIST | CBS_SORT, [&](BoundDialog& self) {
+            binder = &self.Bind<PDialogControlComboBox>(kControl, &list, &value);
+            PDialogControl& unbound = self.Bind<PDialogControlComboBox>(kOther, nullptr, nullptr);
+            EXPECT_EQ(unbound.ToDialog(), -1);
+            EXPECT_EQ(unbound.FromDialog(), -1);
         });
-        dialog.Open(With(L"COMBOBOX", CBS_DROPDOWNLIST));
         EXPECT_EQ(list, nullptr);
-        EXPECT_EQ(Send(dialog, CB_GETCOUNT), 3);
-        EXPECT_EQ(Send(dialog, CB_GETCURSEL), c.selected) << c.before;
+        EXPECT_EQ(Send(CB_GETCOUNT), 3);
+        EXPECT_EQ(Send(CB_GETCURSEL), c.selected) << c.before;
         EXPECT_EQ(binder->FromDialog(), 0);
         EXPECT_EQ(value, c.after) << c.before;
-        EXPECT_EQ(binder->ToDialog(), -1) << "the list is gone";
-        EXPECT_EQ(Send(dialog, CB_GETCOUNT), 0);
+        Send(CB_SETCURSEL, 1);
         EXPECT_EQ(binder->FromDialog(), 0);
-        EXPECT_EQ(value, c.after) << "nothing selected, nothing changed";
+        EXPECT_EQ(value, 1) << "the sorted list keeps value and text together";
+        EXPECT_EQ(binder->ToDialog(), -1) << "the list is gone";
+        EXPECT_EQ(Send(CB_GETCOUNT), 0);
+        EXPECT_EQ(binder->FromDialog(), 0);
+        EXPECT_EQ(value, 1) << "nothing selected, nothing changed";
     }
 }
 
-TEST(DialogControls, SortedComboBoxesKeepValueAndTextTogether) {
-    ComboListData list = ListOf({{3, "c"}, {1, "a"}, {2, "b"}});
-    float value = 2;
-    BoundDialog dialog(
-        [&](BoundDialog& self) { self.Bind<PDialogControlComboBox>(kControl, kControlNormal, "", &list, &value); });
-    dialog.Open(With(L"COMBOBOX", CBS_DROPDOWNLIST | CBS_SORT));
-    EXPECT_EQ(Send(dialog, CB_GETCURSEL), 1);
-    Send(dialog, CB_SETCURSEL, 2);
-    dialog.FromDialog(-1);
-    EXPECT_EQ(value, 3);
-}
-
-TEST(DialogControls, ListsStopAtAnEmptyText) {
-    ComboListData list = ListOf({{1, "x"}, {2, "two"}});
-    list[0].text[0] = '\0';
-    float value = 2;
-    BoundDialog dialog([&](BoundDialog& self) {
-        self.Bind<PDialogControlComboBox>(kControl, kControlNormal, "", &list, &value);
-        EXPECT_EQ(self.Bind<PDialogControlComboBox>(kOther, kControlNormal, "", nullptr, nullptr).FromDialog(), -1);
-    });
-    dialog.Open(With(L"COMBOBOX", CBS_DROPDOWNLIST));
-    EXPECT_EQ(Send(dialog, CB_GETCOUNT), 0);
-    EXPECT_EQ(list, nullptr);
-    dialog.FromDialog(-1);
-    EXPECT_EQ(value, 2);
-}
-
-TEST(DialogControls, ListBoxesSelectNothingWithoutAMatch) {
-    for (const bool match : {true, false}) {
-        ComboListData list = ListOf({{1, "one"}, {2, "two"}});
-        float value = match ? 2.0F : 9.0F;
-        BoundDialog dialog(
-            [&](BoundDialog& self) { self.Bind<PDialogControlListBox>(kControl, kControlNormal, "", &list, &value); });
-        dialog.Open(With(L"LISTBOX", WS_BORDER));
+TEST_F(DialogControls, ListsGoOnAfterARefusedTextAndStopAtAnEmptyOne) {
+    const struct {
+        bool combo;
+        float wanted;
+        const char* selections;
+    } cases[] = {{true, 3, "334 1;"}, {true, 2, "334 0;"}, {false, 3, "390 1;"}, {false, 2, "334 0;"}};
+    for (const auto& c : cases) {
+        ComboListData list = ListOf({{1, "one"}, {2, "two"}, {3, "three"}, {4, "x"}, {5, "five"}});
+        list[3].text[0] = '\0';
+        float value = c.wanted;
+        const ImportPatch patch("SendMessageA", RefuseTwo);
+        sendMessage = patch.original<decltype(RefuseTwo)>();
+        sent.clear();
+        Open(c.combo ? "COMBOBOX" : "LISTBOX", c.combo ? CBS_DROPDOWNLIST : WS_BORDER, [&](BoundDialog& self) {
+            if (c.combo)
+                self.Bind<PDialogControlComboBox>(kControl, &list, &value);
+            else
+                self.Bind<PDialogControlListBox>(kControl, &list, &value);
+        });
+        EXPECT_EQ(sent, c.selections);
         EXPECT_EQ(list, nullptr);
-        EXPECT_EQ(Send(dialog, LB_GETCOUNT), 2);
-        EXPECT_EQ(Send(dialog, LB_GETCURSEL), match ? 1 : LB_ERR);
-        dialog.FromDialog(-1);
-        EXPECT_EQ(value, match ? 2.0F : 9.0F);
-        Send(dialog, LB_SETCURSEL, 0);
-        dialog.FromDialog(-1);
-        EXPECT_EQ(value, 1);
+        EXPECT_EQ(Send(c.combo ? CB_GETCOUNT : LB_GETCOUNT), 2);
+        const bool none = !c.combo && c.wanted == 2;
+        EXPECT_EQ(Send(c.combo ? CB_GETCURSEL : LB_GETCURSEL), none ? LB_ERR : c.wanted == 3);
+        dialog().FromDialog(-1);
+        EXPECT_EQ(value, none ? 2 : c.wanted == 3 ? 3 : 1);
+        dialog().ToDialog(-1);
+        EXPECT_EQ(Send(c.combo ? CB_GETCOUNT : LB_GETCOUNT), 0) << "cleared before the list is looked for";
     }
 }
 
-TEST(DialogControls, CheckBoxesCarryAFlag) {
+TEST_F(DialogControls, CheckBoxesCarryAFlag) {
     bool flag = true;
     PDialogControl* unbound = nullptr;
-    BoundDialog dialog([&](BoundDialog& self) {
-        self.Bind<PDialogControlCheckBox>(kControl, kControlNormal, "", "Insulated", &flag);
-        unbound = &self.Bind<PDialogControlCheckBox>(kOther, kControlNormal, "", "Lost", nullptr);
+    Open("BUTTON", BS_AUTO3STATE, [&](BoundDialog& self) {
+        self.Bind<PDialogControlCheckBox>(kControl, "Insulated", &flag);
+        unbound = &self.Bind<PDialogControlCheckBox>(kOther, "Lost", nullptr);
     });
-    dialog.Open(With(L"BUTTON", BS_AUTO3STATE));
-    EXPECT_EQ(TextOf(dialog), "Insulated");
-    EXPECT_EQ(Send(dialog, BM_GETCHECK), BST_CHECKED);
-    for (const WPARAM check : {BST_UNCHECKED, BST_CHECKED, BST_INDETERMINATE}) {
-        Send(dialog, BM_SETCHECK, check);
-        dialog.FromDialog(-1);
+    EXPECT_EQ(dialog().TextOf(kControl), "Insulated");
+    EXPECT_EQ(Send(BM_GETCHECK), BST_CHECKED);
+    for (const WPARAM check : {BST_INDETERMINATE, BST_CHECKED, BST_UNCHECKED}) {
+        Send(BM_SETCHECK, check);
+        dialog().FromDialog(-1);
         EXPECT_EQ(flag, check == BST_CHECKED) << check;
     }
+    Send(BM_SETCHECK, BST_CHECKED);
+    dialog().ToDialog(-1);
+    EXPECT_EQ(Send(BM_GETCHECK), BST_UNCHECKED);
     EXPECT_EQ(unbound->ToDialog(), -1);
     EXPECT_EQ(unbound->FromDialog(), -1);
-    EXPECT_EQ(TextOf(dialog, kOther), "Lost") << "the button's part is done before";
+    EXPECT_EQ(dialog().TextOf(kOther), "Lost") << "the button's part is done before";
 }
 
-TEST(DialogControls, RadioButtonsShareAVariable) {
+TEST_F(DialogControls, RadioButtonsShareAVariable) {
     float value = 2;
-    BoundDialog dialog([&](BoundDialog& self) {
-        self.Bind<PDialogControlRadioButton>(kControl, kControlNormal, "", "Round", &value, 1.0F);
-        self.Bind<PDialogControlRadioButton>(kOther, kControlNormal, "", "Rectangular", &value, 2.0F);
+    Open("BUTTON", BS_AUTORADIOBUTTON, [&](BoundDialog& self) {
+        self.Bind<PDialogControlRadioButton>(kControl, "Round", &value, 1.0F);
+        self.Bind<PDialogControlRadioButton>(kOther, "Rectangular", &value, 2.0F);
     });
-    dialog.Open(With(L"BUTTON", BS_AUTORADIOBUTTON));
-    EXPECT_EQ(Send(dialog, BM_GETCHECK), BST_UNCHECKED);
-    EXPECT_EQ(SendMessageA(dialog.GetControl(kOther), BM_GETCHECK, 0, 0), BST_CHECKED);
-    SendMessageA(dialog.GetControl(kControl), BM_CLICK, 0, 0);
-    dialog.FromDialog(-1);
+    EXPECT_EQ(Send(BM_GETCHECK), BST_UNCHECKED);
+    EXPECT_EQ(dialog().Send(kOther, BM_GETCHECK), BST_CHECKED);
+    Send(BM_SETCHECK, BST_CHECKED);
+    dialog().Send(kOther, BM_SETCHECK, BST_UNCHECKED);
+    dialog().FromDialog(-1);
     EXPECT_EQ(value, 1);
 }
 
-TEST(DialogControls, DatesTakeAnySeparator) {
+TEST_F(DialogControls, DatesTakeAnySeparator) {
     const struct {
         const char* before;
         int size;
+        WORD day, month, year;
         const char* after;
-    } cases[] = {{"5/3/2024", 32, "5.3.2024"}, {"29.2.2024", 32, "29.2.2024"}, {"31-12-1999", 6, "31.12"}};
+    } cases[] = {{"5/3/2024", 32, 5, 3, 2024, "5.3.2024"}, {"31-12-1999", 6, 31, 12, 1999, "31.12"}};
     for (const auto& c : cases) {
         char text[32] = "";
         std::strcpy(text, c.before);
-        BoundDialog dialog(
-            [&](BoundDialog& self) { self.Bind<PDialogControlDate>(kControl, kControlNormal, "", text, c.size); });
-        dialog.Open(With(L"SysDateTimePick32", DTS_SHOWNONE));
+        Open("SysDateTimePick32", DTS_SHOWNONE, [&](BoundDialog& self) {
+            self.Bind<PDialogControlDate>(kControl, text, c.size);
+            self.Bind<PDialogControlDate>(kOther, text, 0);
+        });
         SYSTEMTIME date = {};
-        EXPECT_EQ(Send(dialog, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&date)), GDT_VALID);
-        int day = 0, month = 0, year = 0;
-        std::sscanf(c.before, "%d%*c%d%*c%d", &day, &month, &year);
-        EXPECT_EQ(date.wDay, day) << c.before;
-        EXPECT_EQ(date.wMonth, month) << c.before;
-        EXPECT_EQ(date.wYear, year) << c.before;
-        dialog.FromDialog(-1);
+        EXPECT_EQ(Send(DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&date)), GDT_VALID);
+        EXPECT_EQ((std::vector<WORD>{date.wDay, date.wMonth, date.wYear}), (std::vector<WORD>{c.day, c.month, c.year}));
+        std::strcpy(text, "##########");
+        dialog().FromDialog(-1);
         EXPECT_STREQ(text, c.after);
         std::strcpy(text, "kept");
-        Send(dialog, DTM_SETSYSTEMTIME, GDT_NONE, reinterpret_cast<LPARAM>(&date));
-        dialog.FromDialog(-1);
+        Send(DTM_SETSYSTEMTIME, GDT_NONE, reinterpret_cast<LPARAM>(&date));
+        dialog().FromDialog(-1);
         EXPECT_STREQ(text, "kept") << "no date, no text";
+        *text = '\0';
+        dialog().ToDialog(-1);
+        EXPECT_EQ(Send(DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&date)), GDT_NONE)
+            << "an empty text sets nothing";
     }
 }

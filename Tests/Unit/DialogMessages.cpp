@@ -3,16 +3,14 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <cstring>
 #include <string>
+#include <vector>
 
 #include "DiagnosticsFixture.h"
 #include "DialogFixture.h"
 #include "ImportPatch.h"
-#include "Robot.h"
+#include "ModuleNames.h"
 #include "Util/PDialogControlButtons.h"
-#include "Util/PDialogControlLists.h"
 #include "Util/PDialogControlTexts.h"
 
 namespace {
@@ -20,20 +18,46 @@ namespace {
 constexpr int kEdit = 1200;
 constexpr int kUnbound = 1201;
 
-DialogTemplate Layout() {
-    DialogTemplate layout(L"Bound");
-    layout.Add(L"EDIT", WS_BORDER | WS_TABSTOP, kEdit, L"", 0)
-        .Add(L"EDIT", WS_BORDER | WS_TABSTOP, kUnbound, L"free", 1)
-        .Add(L"BUTTON", BS_DEFPUSHBUTTON | WS_TABSTOP, IDOK, L"OK", 2)
-        .Add(L"BUTTON", BS_PUSHBUTTON | WS_TABSTOP, IDCANCEL, L"Cancel", 3)
-        .Add(L"BUTTON", BS_PUSHBUTTON | WS_TABSTOP, IDCLOSE, L"Close", 4);
-    return layout;
+// Windows calls by which a dialog ends and gives back, with the handle that each is about.
+std::vector<std::string> calls;
+std::string Call(const std::string& name, const void* handle) {
+    return name + " " + std::to_string(reinterpret_cast<uintptr_t>(handle));
 }
 
-int endedWith = 0;
-BOOL WINAPI RecordEnd(HWND, INT_PTR result) {
-    endedWith = static_cast<int>(result);
+BOOL WINAPI RecordEnd(HWND dialog, INT_PTR result) {
+    calls.push_back(Call("end " + std::to_string(result), dialog));
     return TRUE;
+}
+
+TOOLINFOA added;
+LRESULT WINAPI RecordSend(HWND window, UINT message, WPARAM, LPARAM lParam) {
+    if (message == TTM_ADDTOOLA) added = *reinterpret_cast<TOOLINFOA*>(lParam);
+    if (message == TTM_DELTOOLA)
+        calls.push_back(Call("remove tool", reinterpret_cast<void*>(reinterpret_cast<TOOLINFOA*>(lParam)->uId)) + " " +
+                        Call("of", window));
+    return 0;
+}
+
+BOOL WINAPI RecordDestroy(HWND window) {
+    calls.push_back(Call("destroy", window));
+    return TRUE;
+}
+
+BOOL WINAPI RecordDelete(HGDIOBJ object) {
+    calls.push_back(Call("delete", object));
+    return TRUE;
+}
+
+// Puts down what is asked of the tooltip's window and makes none.
+CREATESTRUCTA created;
+HWND WINAPI RecordCreate(DWORD extended, LPCSTR, LPCSTR title, DWORD style, int x, int y, int width, int height,
+                         HWND owner, HMENU menu, HINSTANCE module, void*) {
+    created = {nullptr, module, menu, owner, height, width, y, x, static_cast<LONG>(style), title, "", extended};
+    return nullptr;
+}
+
+void WINAPI RecordInit() {
+    calls.push_back("InitCommonControls");
 }
 
 // A binder that answers every message with its own result.
@@ -49,210 +73,179 @@ class Greedy : public PDialogControl {
 
 class DialogMessages : public DiagnosticsTest {
  protected:
-    DialogMessages() { g_diagSettings->errorBits = RF_LOG | RF_FUNCTION | RF_FILELINE; }
+    DialogMessages() {
+        g_diagSettings->errorBits = RF_LOG | RF_FUNCTION | RF_FILELINE;
+        calls.clear();
+    }
+    void Open(const std::function<void(BoundDialog&)>& bind) {
+        dialog_->Open({{"EDIT", WS_BORDER, kEdit, "900"},
+                       {"EDIT", WS_BORDER, kUnbound, "free"},
+                       {"BUTTON", BS_PUSHBUTTON, IDOK, "OK"},
+                       {"BUTTON", BS_PUSHBUTTON, IDCANCEL, "Cancel"},
+                       {"BUTTON", BS_PUSHBUTTON, IDCLOSE, "Close"}},
+                      [&] { bind(*dialog_); });
+    }
+    LRESULT Command(int command, int code, int from) {
+        return dialog_->HandleMessage(WM_COMMAND, MAKEWPARAM(command, code),
+                                      reinterpret_cast<LPARAM>(from ? dialog_->GetControl(from) : nullptr));
+    }
 
-    BoundDialog dialog_{[this](BoundDialog& self) {
-        self.Bind<PDialogControlTextEdit>(kEdit, kControlNormal, "Length in mm", text_, 15);
-    }};
-    char text_[16] = "900";
+    std::unique_ptr<BoundDialog> dialog_ = std::make_unique<BoundDialog>();
 };
-
-std::string TooltipOf(BoundDialog& dialog, int id) {
-    NMTTDISPINFOA question = {};
-    question.hdr.code = TTN_GETDISPINFOA;
-    question.hdr.idFrom = reinterpret_cast<UINT_PTR>(dialog.GetControl(id));
-    EXPECT_EQ(dialog.HandleMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&question)), 0);
-    return question.lpszText ? question.lpszText : "null";
-}
 
 }  // namespace
 
-TEST_F(DialogMessages, OkClosesOnceTheValuesAreAccepted) {
-    bench::Robot robot;
-    robot.Expect(bench::Dialog("Bound").Shows(kEdit, "900").Limit(kEdit, 15).Press(IDOK));
-    robot.Expect(bench::Dialog("Bound").Type(kEdit, "1250").Press(IDOK));
-    dialog_.verdicts = {1, 0};
-    EXPECT_EQ(dialog_.Run(Layout()), 1);
-    EXPECT_EQ(dialog_.validations, std::vector<std::string>({"1 1 1 0", "1 1 1 0"}));
-    EXPECT_STREQ(text_, "1250");
-    EXPECT_TRUE(robot.Complaints().empty()) << robot.Complaints().front();
-}
-
-TEST_F(DialogMessages, CancelAndCloseEndWithTwo) {
-    for (const int button : {IDCANCEL, IDCLOSE}) {
-        bench::Robot robot;
-        robot.Expect(bench::Dialog("Bound").Press(button));
-        BoundDialog dialog([](BoundDialog&) {});
-        EXPECT_EQ(dialog.Run(Layout()), 2) << button;
-        EXPECT_TRUE(dialog.validations.empty());
-        EXPECT_TRUE(robot.Complaints().empty()) << robot.Complaints().front();
-    }
-}
-
 TEST_F(DialogMessages, CommandsCountOnlyFromTheirButton) {
-    dialog_.Open(Layout());
+    Open([](BoundDialog&) {});
     const ImportPatch patch("EndDialog", RecordEnd);
     const struct {
         int command;
         int from;  // control, 0 for none
+        int verdict;
+        int validations;
         int ends;
-    } cases[] = {{IDOK, IDOK, 1},         {IDOK, 0, 0},        {IDOK, IDCANCEL, 0},   {IDCANCEL, 0, 0},
-                 {IDCANCEL, IDCANCEL, 2}, {IDCANCEL, IDOK, 0}, {IDCLOSE, IDCLOSE, 2}, {IDCLOSE, 0, 0},
-                 {IDCANCEL, IDCLOSE, 2},  {IDCLOSE, kEdit, 0}, {kEdit, kEdit, 0}};
+    } cases[] = {
+        {IDOK, IDOK, 0, 1, 1},       {IDOK, IDOK, 1, 1, 0},  {IDOK, IDOK, -1, 1, 0},        {IDOK, 0, 0, 0, 0},
+        {IDOK, IDCANCEL, 0, 0, 0},   {IDCANCEL, 0, 0, 0, 0}, {IDCANCEL, IDCANCEL, 0, 0, 2}, {IDCANCEL, IDOK, 0, 0, 0},
+        {IDCLOSE, IDCLOSE, 0, 0, 2}, {IDCLOSE, 0, 0, 0, 0},  {IDCANCEL, IDCLOSE, 0, 0, 2},  {kEdit, kEdit, 0, 0, 0}};
     for (const auto& c : cases) {
-        endedWith = 0;
-        const LPARAM from = reinterpret_cast<LPARAM>(c.from ? dialog_.GetControl(c.from) : nullptr);
-        EXPECT_EQ(dialog_.HandleMessage(WM_COMMAND, MAKEWPARAM(c.command, BN_CLICKED), from), 0);
-        EXPECT_EQ(endedWith, c.ends) << c.command << " from " << c.from;
+        calls.clear();
+        dialog_->validations = 0;
+        dialog_->verdict = c.verdict;
+        EXPECT_EQ(Command(c.command, BN_CLICKED, c.from), 0);
+        EXPECT_EQ(dialog_->validations, c.validations) << c.command << " from " << c.from;
+        std::vector<std::string> expected;
+        if (c.ends) expected = {Call("end " + std::to_string(c.ends), dialog_->dialogWindow())};
+        EXPECT_EQ(calls, expected) << c.command << " from " << c.from;
     }
 }
 
 TEST_F(DialogMessages, TheFrameOnlyPostsACancelThatEndsNothing) {
-    dialog_.Open(Layout());
-    const HWND window = GetParent(dialog_.GetControl(IDOK));
-    EXPECT_TRUE(dialog_.HasControl(IDOK));
-    EXPECT_FALSE(dialog_.HasControl(9999));
-    EXPECT_EQ(dialog_.HandleMessage(WM_CLOSE, 0, 0), 0);
+    Open([](BoundDialog&) {});
+    EXPECT_TRUE(dialog_->HasControl(IDOK));
+    EXPECT_FALSE(dialog_->HasControl(9999));
+    EXPECT_EQ(dialog_->HandleMessage(WM_CLOSE, 0, 0), 0);
     MSG posted = {};
-    ASSERT_TRUE(PeekMessageA(&posted, window, WM_COMMAND, WM_COMMAND, PM_REMOVE));
+    ASSERT_TRUE(PeekMessageA(&posted, dialog_->dialogWindow(), WM_COMMAND, WM_COMMAND, PM_REMOVE));
     EXPECT_EQ(posted.wParam, static_cast<WPARAM>(IDCANCEL));
     EXPECT_EQ(posted.lParam, 0);
-    EXPECT_EQ(dialog_.HandleMessage(WM_HELP, 0, 0), 1);
-    EXPECT_EQ(dialog_.HandleMessage(WM_SIZE, 0, 0), 0);
+    EXPECT_EQ(dialog_->HandleMessage(WM_HELP, 0, 0), 1);
+    EXPECT_EQ(dialog_->HandleMessage(WM_SIZE, 0, 0), 0);
 }
 
 TEST_F(DialogMessages, FocusSelectsTheWholeText) {
-    dialog_.Open(Layout());
-    const auto enter = [&](int id) {
-        return dialog_.HandleMessage(WM_COMMAND, MAKEWPARAM(id, EN_SETFOCUS),
-                                     reinterpret_cast<LPARAM>(dialog_.GetControl(id)));
-    };
-    SendMessageA(dialog_.GetControl(kEdit), EM_SETSEL, 1, 1);
-    SetFocus(dialog_.GetControl(IDOK));
-    EXPECT_EQ(enter(kEdit), 1);
-    EXPECT_EQ(GetFocus(), dialog_.GetControl(kEdit));
-    EXPECT_EQ(SendMessageA(dialog_.GetControl(kEdit), EM_GETSEL, 0, 0), MAKELRESULT(0, 3));
-    EXPECT_EQ(enter(kUnbound), 0) << "no binder, no care";
-    EXPECT_EQ(GetFocus(), dialog_.GetControl(kEdit));
+    Open([](BoundDialog& self) { self.Bind<PDialogControlTextEdit>(kEdit, nullptr, 0); });
+    dialog_->Send(kEdit, EM_SETSEL, 1, 1);
+    SetFocus(dialog_->GetControl(IDOK));
+    EXPECT_EQ(Command(kEdit, EN_CHANGE, kEdit), 0);
+    EXPECT_EQ(Command(kUnbound, EN_SETFOCUS, kUnbound), 0) << "no binder, no care";
+    EXPECT_EQ(GetFocus(), dialog_->GetControl(IDOK));
+    EXPECT_EQ(Command(kEdit, EN_SETFOCUS, kEdit), 1);
+    EXPECT_EQ(GetFocus(), dialog_->GetControl(kEdit));
+    EXPECT_EQ(dialog_->Send(kEdit, EM_GETSEL), MAKELRESULT(0, 3));
 }
 
 TEST_F(DialogMessages, BindersSeeMessagesFirst) {
-    BoundDialog dialog([](BoundDialog& self) {
-        self.Bind<Greedy>(kEdit, kControlNormal, "", 0);
-        self.Bind<Greedy>(kUnbound, kControlNormal, "", 42);
-        self.Bind<Greedy>(IDOK, kControlNormal, "", 43);
+    Open([](BoundDialog& self) {
+        self.Bind<Greedy>(kEdit, 0);
+        self.Bind<Greedy>(kUnbound, 42);
+        self.Bind<Greedy>(IDOK, 43);
     });
-    EXPECT_EQ(dialog.HandleMessage(WM_HELP, 0, 0), 1);
-    dialog.Open(Layout());
-    EXPECT_EQ(dialog.HandleMessage(WM_HELP, 0, 0), 42);
+    EXPECT_EQ(dialog_->HandleMessage(WM_HELP, 0, 0), 42);
 }
 
 TEST_F(DialogMessages, TooltipsComeFromTheBinders) {
-    HWND tips = nullptr;
+    Open([&](BoundDialog& self) {
+        self.BindAs<PDialogControlTextEdit>(kEdit, kControlNormal, "Length in mm", nullptr, 0);
+        self.Bind<PDialogControlTextEdit>(kUnbound, nullptr, 0);
+        self.BindAs<PDialogControlButton>(IDOK, kControlNormal, "Takes the values", "OK");
+    });
+    const HWND tips = dialog_->tooltipWindow();
+    EXPECT_EQ(SendMessageA(tips, TTM_GETTOOLCOUNT, 0, 0), 2) << "no text, no tool";
+    const auto textOf = [&](int id, UINT code) {
+        NMTTDISPINFOA question = {};
+        question.hdr.code = code;
+        question.hdr.idFrom = reinterpret_cast<UINT_PTR>(dialog_->GetControl(id));
+        EXPECT_EQ(dialog_->HandleMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&question)), 0);
+        return std::string(question.lpszText ? question.lpszText : "null");
+    };
+    EXPECT_EQ(textOf(kEdit, TTN_GETDISPINFOA), "Length in mm");
+    EXPECT_EQ(textOf(IDOK, TTN_GETDISPINFOA), "Takes the values");
+    EXPECT_EQ(textOf(kUnbound, TTN_GETDISPINFOA), "null");
+    EXPECT_EQ(textOf(kEdit, TTN_GETDISPINFOW), "null") << "another notification";
+    // Everything is given back at the end, the tools before the window.
+    const HDC device = CreateCompatibleDC(nullptr);
+    const HBRUSH brush = dialog_->CtlColor(device, 0, RGB(1, 1, 1));
+    const HWND window = dialog_->dialogWindow(), edit = dialog_->GetControl(kEdit), ok = dialog_->GetControl(IDOK);
     {
-        BoundDialog dialog([&](BoundDialog& self) {
-            self.Bind<PDialogControlTextEdit>(kEdit, kControlNormal, "Length in mm", text_, 15);
-            self.Bind<PDialogControlTextEdit>(kUnbound, kControlNormal, "", nullptr, 0);
-            self.Bind<PDialogControlButton>(IDOK, kControlNormal, "Takes the values", "OK");
-        });
-        dialog.Open(Layout());
-        tips = dialog.tooltipWindow();
-        ASSERT_TRUE(IsWindow(tips));
-        EXPECT_EQ(GetWindowLongA(tips, GWL_STYLE) & (TTS_NOPREFIX | TTS_ALWAYSTIP), TTS_NOPREFIX | TTS_ALWAYSTIP);
-        EXPECT_EQ(SendMessageA(tips, TTM_GETTOOLCOUNT, 0, 0), 2) << "no text, no tool";
-        EXPECT_EQ(TooltipOf(dialog, kEdit), "Length in mm");
-        EXPECT_EQ(TooltipOf(dialog, IDOK), "Takes the values");
-        EXPECT_EQ(TooltipOf(dialog, kUnbound), "null");
-
-        TOOLINFOA tool = {};
-        tool.cbSize = sizeof tool;
-        ASSERT_TRUE(SendMessageA(tips, TTM_ENUMTOOLSA, 0, reinterpret_cast<LPARAM>(&tool)));
-        EXPECT_EQ(tool.uFlags, static_cast<UINT>(TTF_IDISHWND | TTF_SUBCLASS));
-        EXPECT_EQ(tool.uId, reinterpret_cast<UINT_PTR>(dialog.GetControl(kEdit)));
-        EXPECT_EQ(tool.hwnd, GetParent(dialog.GetControl(kEdit)));
+        const ImportPatch send("SendMessageA", RecordSend), destroy("DestroyWindow", RecordDestroy),
+            erase("DeleteObject", RecordDelete);
+        dialog_.reset();
     }
-    EXPECT_FALSE(IsWindow(tips));
+    const std::string ofTips = " " + Call("of", tips);
+    EXPECT_EQ(calls, (std::vector<std::string>{Call("destroy", window), Call("remove tool", edit) + ofTips,
+                                               Call("remove tool", ok) + ofTips, Call("delete", brush),
+                                               Call("destroy", tips)}));
+    DestroyWindow(window);
+    DeleteObject(brush);
+    DeleteDC(device);
+}
+
+TEST_F(DialogMessages, TheTooltipWindowBelongsToDialogAndModule) {
+    Open([](BoundDialog&) {});
+    const ImportPatch create("CreateWindowExA", RecordCreate), init("InitCommonControls", RecordInit);
+    EXPECT_EQ(dialog_->HandleMessage(WM_INITDIALOG, 0, 0), 0);
+    EXPECT_EQ(calls, std::vector<std::string>{"InitCommonControls"});
+    EXPECT_EQ(created.hwndParent, dialog_->dialogWindow());
+    EXPECT_EQ(created.hInstance, GetModuleHandleA(kModuleFileName));
+    EXPECT_EQ(static_cast<DWORD>(created.style), 0x80000003u);
+    EXPECT_EQ(created.lpszName, nullptr);
+    for (const int place : {created.x, created.y, created.cx, created.cy})
+        EXPECT_EQ(place, CW_USEDEFAULT);
+
+    const ImportPatch send("SendMessageA", RecordSend);
+    dialog_->BindAs<Greedy>(kEdit, kControlNormal, "Length in mm", 0);
+    EXPECT_EQ(added.cbSize, 72u);
+    EXPECT_EQ(added.uFlags, 17u);
+    EXPECT_EQ(added.hwnd, dialog_->dialogWindow());
+    EXPECT_EQ(added.uId, reinterpret_cast<UINT_PTR>(dialog_->GetControl(kEdit)));
+    EXPECT_EQ(added.lpszText, LPSTR_TEXTCALLBACKA);
 }
 
 TEST_F(DialogMessages, ColoursAreAnsweredWithOneBrush) {
     const HDC device = CreateCompatibleDC(nullptr);
-    const HBRUSH red = dialog_.CtlColor(device, RGB(1, 2, 3), RGB(200, 0, 0));
     LOGBRUSH facts = {};
+    const HBRUSH black = dialog_->CtlColor(device, 0, 0);
+    ASSERT_TRUE(GetObjectA(black, sizeof facts, &facts)) << "black is a colour like any other";
+    const HBRUSH red = dialog_->CtlColor(device, RGB(1, 2, 3), RGB(200, 0, 0));
     ASSERT_TRUE(GetObjectA(red, sizeof facts, &facts));
     EXPECT_EQ(facts.lbColor, RGB(200, 0, 0));
     EXPECT_EQ(GetTextColor(device), RGB(1, 2, 3));
     EXPECT_EQ(GetBkColor(device), RGB(200, 0, 0));
     EXPECT_EQ(GetBkMode(device), TRANSPARENT);
-    EXPECT_EQ(dialog_.CtlColor(device, 0, RGB(200, 0, 0)), red);
+    EXPECT_EQ(dialog_->CtlColor(device, 0, RGB(200, 0, 0)), red);
 
-    const HBRUSH face = dialog_.CtlColor(device, 0xFFFFFFFF, 0xFFFFFFFF);
+    HBRUSH face = nullptr;
+    {
+        const ImportPatch erase("DeleteObject", RecordDelete);
+        face = dialog_->CtlColor(device, 0xFFFFFFFF, 0xFFFFFFFF);
+    }
+    EXPECT_EQ(calls, std::vector<std::string>{Call("delete", red)}) << "the brush before is deleted";
     ASSERT_TRUE(GetObjectA(face, sizeof facts, &facts));
     EXPECT_EQ(facts.lbColor, GetSysColor(COLOR_BTNFACE));
+    EXPECT_EQ(GetBkColor(device), GetSysColor(COLOR_BTNFACE));
     EXPECT_EQ(GetTextColor(device), GetSysColor(COLOR_BTNTEXT));
-
-    BoundDialog fresh([](BoundDialog&) {});
-    EXPECT_NE(fresh.CtlColor(device, 0, 0), nullptr) << "black is a colour like any other";
+    DeleteObject(red);
     DeleteDC(device);
 }
 
 TEST_F(DialogMessages, MissingPartsAreReported) {
-    BoundDialog dialog([](BoundDialog&) {});
-    EXPECT_EQ(dialog.SetHandle(nullptr), -1);
-    EXPECT_EQ(dialog.AddControl(nullptr), -1);
-    EXPECT_EQ(dialog.ToDialog(-1), -1);
-    EXPECT_EQ(dialog.FromDialog(-1), 0);
+    EXPECT_EQ(dialog_->SetHandle(nullptr), -1);
+    EXPECT_EQ(dialog_->AddControl(nullptr), -1);
+    EXPECT_EQ(dialog_->ToDialog(-1), -1);
+    EXPECT_EQ(dialog_->FromDialog(-1), 0);
     EXPECT_EQ(LogLines(),
               "Error  -  PDialog::SetHandle(...)  -  \"Dialog handle is NULL\"  -  PlugIn/Util/PDialog#49\n"
               "Error  -  PDialog::AddControl(...)  -  \"Wrong parameter _Control is NULL\"  -  PlugIn/Util/PDialog#62\n"
               "Error  -  PDialog::ToDialog(...)  -  \"Dialog handle is NULL\"  -  PlugIn/Util/PDialog#144\n");
-}
-
-// Everything at once, for a person to look at: the picture stays when SORVIK_KEEP_PICTURES is set.
-TEST_F(DialogMessages, ADialogWithEveryKindOfControl) {
-    enum { kLabel = 1300, kLength, kShape, kSize, kRound, kBox, kInsulated, kDate, kIcon };
-    DialogTemplate layout(L"template", 190, 190);
-    layout.Add(L"STATIC", SS_ICON, kIcon, L"", 0, 2, 0x01)
-        .Add(L"STATIC", SS_LEFT, kLabel, L"", 2)
-        .Add(L"EDIT", WS_BORDER | WS_TABSTOP, kLength, L"", 3)
-        .Add(L"COMBOBOX", CBS_DROPDOWNLIST | WS_TABSTOP, kShape, L"", 4, 4)
-        .Add(L"LISTBOX", WS_BORDER | WS_TABSTOP, kSize, L"", 5, 2)
-        .Add(L"BUTTON", BS_AUTORADIOBUTTON | WS_GROUP, kRound, L"", 7, 1, 0, 5, 70)
-        .Add(L"BUTTON", BS_AUTORADIOBUTTON, kBox, L"", 7, 1, 0, 80, 70)
-        .Add(L"BUTTON", BS_AUTOCHECKBOX | WS_GROUP, kInsulated, L"", 8)
-        .Add(L"SysDateTimePick32", WS_TABSTOP, kDate, L"", 9)
-        .Add(L"BUTTON", BS_DEFPUSHBUTTON | WS_TABSTOP, IDOK, L"OK", 10, 1, 0, 5, 60);
-    char length[8] = "900", date[16] = "5/3/2024";
-    float shape = 2, size = 315, kind = 1;
-    bool insulated = true;
-    ComboListData shapes = nullptr, sizes = nullptr;
-    for (const auto& [value, text] : {std::pair{1, "Straight"}, {2, "Bend"}})
-        InsertComboListDataItem(&shapes, value, text);
-    for (const int diameter : {250, 315, 400})
-        InsertComboListDataItem(&sizes, diameter, ("Diameter " + std::to_string(diameter)).c_str());
-    BoundDialog dialog([&](BoundDialog& self) {
-        self.SetTitle("Silencer");
-        self.Bind<PDialogControlStaticImage>(kIcon, kControlNormal, "", "#115");
-        self.Bind<PDialogControlStaticText>(kLabel, kControlNormal, "", "Length in mm");
-        self.Bind<PDialogControlTextEdit>(kLength, kControlNormal, "600 to 1200", length, 4);
-        self.Bind<PDialogControlComboBox>(kShape, kControlNormal, "", &shapes, &shape);
-        self.Bind<PDialogControlListBox>(kSize, kControlNormal, "", &sizes, &size);
-        self.Bind<PDialogControlRadioButton>(kRound, kControlNormal, "", "Round", &kind, 1.0F);
-        self.Bind<PDialogControlRadioButton>(kBox, kControlNormal, "", "Rectangular", &kind, 2.0F);
-        self.Bind<PDialogControlCheckBox>(kInsulated, kControlDisabled, "", "Insulated", &insulated);
-        self.Bind<PDialogControlDate>(kDate, kControlNormal, "", date, 16);
-    });
-    const std::string picture = "bound-dialog.png";
-    bench::Robot robot;
-    robot.Expect(
-        bench::Dialog("Silencer").Saying("Length in mm").Type(kLength, "12345").Screenshot(picture).Press(IDOK));
-    EXPECT_EQ(dialog.Run(layout), IDOK);
-    EXPECT_TRUE(robot.Complaints().empty()) << robot.Complaints().front();
-    EXPECT_STREQ(length, "1234");
-    EXPECT_STREQ(date, "5.3.2024");
-    EXPECT_EQ(shape, 2);
-    EXPECT_EQ(size, 315);
-    EXPECT_EQ(kind, 1);
-    EXPECT_TRUE(insulated);
-    EXPECT_TRUE(Exists(picture));
-    if (!std::getenv("SORVIK_KEEP_PICTURES")) DeleteFileA(picture.c_str());
 }

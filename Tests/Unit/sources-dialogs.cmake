@@ -2,7 +2,6 @@ set(SORVIK_DIALOG_TESTS
   Clipboard.cpp
   ComboListData.cpp
   DialogControls.cpp
-  DialogFixture.cpp
   DialogImages.cpp
   DialogMessages.cpp
   DialogTexts.cpp
