@@ -23,6 +23,13 @@ DWORD WINAPI MarkLinks(const char* path) {
     return FILE_ATTRIBUTE_DIRECTORY | (isLink ? FILE_ATTRIBUTE_REPARSE_POINT : 0u);
 }
 
+int closed = 0;
+decltype(&FindClose) findClose;
+BOOL WINAPI CountClose(HANDLE search) {
+    ++closed;
+    return findClose(search);
+}
+
 void MakeFolder(const std::string& path) {
     ASSERT_TRUE(CreateDirectoryA(path.c_str(), nullptr)) << path;
 }
@@ -41,7 +48,11 @@ TEST(DownloadFileTree, FolderGoesWithEverythingInIt) {
     }
     SetFileAttributesA((top + "\\deep\\deeper\\read only.kpd").c_str(), FILE_ATTRIBUTE_READONLY);
     WriteWholeFile(base.file("neighbour"), "stays");
+    const ImportPatch patch("FindClose", CountClose);
+    findClose = patch.original<decltype(CountClose)>();
+    closed = 0;
     EXPECT_NE(DeleteDirectoryTree(top.c_str()), 0);
+    EXPECT_EQ(closed, 4);
     EXPECT_FALSE(Exists(top));
     EXPECT_TRUE(Exists(base.file("neighbour")));
 }

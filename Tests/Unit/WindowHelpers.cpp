@@ -8,7 +8,6 @@
 
 #include "ImportPatch.h"
 #include "ModuleNames.h"
-#include "Robot.h"
 #include "Util/DlgFunc.h"
 #include "Util/DlgFunc_Version.h"
 
@@ -90,15 +89,6 @@ TEST(WindowHelpers, OpenFileDialogIsAskedForAnExistingFile) {
     EXPECT_STREQ(asked.lpstrTitle, "Choose");
     EXPECT_STREQ(asked.lpstrDefExt, "kpd");
     EXPECT_EQ(asked.Flags, 0x9804u);
-}
-
-TEST(WindowHelpers, TheSystemTakesTheRequest) {
-    bench::Robot robot;
-    robot.Expect(bench::Dialog("Choose a product").Press(IDCANCEL));
-    char file[MAX_PATH] = "";
-    EXPECT_EQ(ShowOpenFileDialog(nullptr, "Products|*.kpd|", nullptr, file, "kpd", "Choose a product"), 0);
-    EXPECT_TRUE(robot.Complaints().empty()) << robot.Complaints().front();
-    EXPECT_EQ(CommDlgExtendedError(), 0u);
 }
 
 TEST(WindowHelpers, ProductVersionsLeaveZerosOut) {

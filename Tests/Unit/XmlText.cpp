@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "Util/XmlElements.h"
 #include "Util/XmlTextBuilder.h"
 
 TEST(XmlText, EscapesAfterFormatting) {
@@ -49,19 +48,4 @@ TEST(XmlText, GrowsInOrder) {
     builder.AppendHex(bytes, sizeof bytes);
     builder.AppendHex(nullptr, 0);
     EXPECT_EQ(builder.Text(), "<Part><Size mm=\"160.00\"/>100%d000FA0FF");
-}
-
-TEST(XmlText, ChildElementIsFoundOrAdded) {
-    ticpp::Document document;
-    document.Parse("<root><duct a='1'/><duct a='2'/></root>");
-    ticpp::Element* root = document.FirstChildElement();
-    EXPECT_EQ(GetOrAddChildElement(root, "duct")->GetAttribute("a"), "1");
-    ticpp::Element* added = GetOrAddChildElement(root, "device");
-    ASSERT_NE(added, nullptr);
-    added->SetAttribute("key", "7");
-    EXPECT_EQ(GetOrAddChildElement(root, "device")->GetAttribute("key"), "7");
-    EXPECT_EQ(root->ToString(), "<root><duct a=\"1\" /><duct a=\"2\" /><device key=\"7\" /></root>");
-    EXPECT_EQ(GetOrAddChildElement(nullptr, "duct"), nullptr);
-    EXPECT_EQ(GetOrAddChildElement(root, nullptr), nullptr);
-    EXPECT_EQ(GetOrAddChildElement(root, ""), nullptr);
 }
