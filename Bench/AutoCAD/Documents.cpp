@@ -6,8 +6,6 @@
 #include "HostTransactions.h"
 #include "acdocman.h"
 
-using bench::HostCall;
-
 namespace bench {
 namespace {
 

@@ -6,8 +6,6 @@
 #include "HostSession.h"
 #include "HostTransactions.h"
 
-using bench::HostCall;
-
 namespace bench {
 namespace {
 

@@ -40,7 +40,7 @@ std::string ShownPath(const std::string& path) {
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("kernel32.dll"), "wine_get_unix_file_name")));
     char* const unixPath = toUnixPath ? toUnixPath(std::filesystem::absolute(path).c_str()) : nullptr;
     if (!unixPath) return path;
-    const std::string shown = unixPath;
+    std::string shown = unixPath;
     HeapFree(GetProcessHeap(), 0, unixPath);
     return shown;
 }
