@@ -54,6 +54,16 @@ def sections(path):
     return names
 
 
+def version_resource(path):
+    """File version and flags out of the fixed part, and whether the texts have a copyright."""
+    with open(path, "rb") as file:
+        data = file.read()
+    at = data.find(struct.pack("<I", 0xFEEF04BD))
+    high, low, mask, flags = struct.unpack_from("<8xII8xII", data, at)
+    version = f"{high >> 16}.{high & 0xFFFF}.{low >> 16}.{low & 0xFFFF}"
+    return version, mask & flags, "LegalCopyright\0".encode("utf-16-le") in data
+
+
 def check(folder, archive, version, header, shipped):
     contents = os.path.join(folder, "PackageContents.xml")
     lint = subprocess.run(["xmllint", "--noout", "--dtdvalid", DTD, contents], capture_output=True, text=True)
@@ -99,6 +109,7 @@ def check(folder, archive, version, header, shipped):
         expect(words in notices, f"the notices lack: {words}")
 
     module = os.path.join(folder, entry.get("ModuleName"))
+    expect_equal("version, flags and copyright of the module", version_resource(module), (version, 0, True))
     debug = [name for name in sections(module) if name.startswith(".debug")]
     expect(not debug, f"the module carries its symbols: {debug}")
     with zipfile.ZipFile(archive + "-symbols.zip") as packed:
