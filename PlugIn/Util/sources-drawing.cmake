@@ -9,4 +9,5 @@ set(SORVIK_DRAWING_SOURCES
   Util/XData.cpp
   Util/XDataByHandle.cpp
   Util/XmlElements.cpp
+  Util/XmlFence.cpp
   Util/XmlTextBuilder.cpp)

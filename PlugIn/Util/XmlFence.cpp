@@ -1,0 +1,188 @@
+#include "XmlFence.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdio>
+#include <cstring>
+
+#include "ticpp.h"
+
+#include "Lib/Handles.h"
+
+namespace {
+
+// The parser's own idea of texts: it takes every byte from 127 on for a letter, and in UTF-8 steps over whole
+// characters by their first byte.
+class Walk {
+ public:
+    Walk(const char* text, const std::string& name) : text_(text), at_(text), name_(name) {
+        if (StartsWith("\xEF\xBB\xBF")) encoding_ = TIXML_ENCODING_UTF8;
+    }
+
+    void Run() {
+        while (PassNode()) {
+        }
+    }
+    [[noreturn]] void Refuse(const std::string& what, const char* where) const {
+        const auto line = std::count(text_, where, '\n') + 1;
+        const char* start = where;
+        while (start > text_ && start[-1] != '\n')
+            --start;
+        throw ticpp::Exception(name_ + ": " + what + " (line " + std::to_string(line) + ", column " +
+                               std::to_string(where - start + 1) + ")");
+    }
+
+ private:
+    bool StartsWith(const char* start) const { return std::strncmp(at_, start, std::strlen(start)) == 0; }
+
+    void SkipBlanks() {
+        const auto isMark = [this] {
+            return StartsWith("\xEF\xBB\xBF") || StartsWith("\xEF\xBF\xBE") || StartsWith("\xEF\xBF\xBF");
+        };
+        for (;;) {
+            if (std::isspace(static_cast<unsigned char>(*at_))) {
+                ++at_;
+            } else if (encoding_ == TIXML_ENCODING_UTF8 && *at_ == '\xEF' && isMark()) {
+                at_ += 3;
+            } else {
+                return;
+            }
+        }
+    }
+
+    // All of these give false at the text's end and where the parser gives up.
+
+    // Behind the next `end`.
+    bool PassThrough(const char* end) {
+        const char* found = std::strstr(at_, end);
+        if (found) at_ = found + std::strlen(end);
+        return found != nullptr;
+    }
+    // A character given by its number. The parser reads the digits backwards, from the ";" to the nearest "x" or "#".
+    bool PassNumber() {
+        const bool hexadecimal = at_[2] == 'x';
+        const char* const end = std::strchr(at_ + 2, ';');
+        if (!end) return false;
+        for (const char* digit = end - 1; *digit != (hexadecimal ? 'x' : '#'); --digit) {
+            const unsigned char byte = static_cast<unsigned char>(*digit);
+            if (!(hexadecimal ? std::isxdigit(byte) : std::isdigit(byte))) return false;
+        }
+        at_ = end + 1;
+        return true;
+    }
+    // To the next `end` that is a character of its own.
+    bool PassTextTo(char end) {
+        while (*at_ && *at_ != end) {
+            if (*at_ == '&' && at_[1] == '#' && at_[2]) {
+                if (!PassNumber()) return false;
+                continue;
+            }
+            const unsigned char first = static_cast<unsigned char>(*at_);
+            int step = 1;
+            if (encoding_ == TIXML_ENCODING_UTF8 && first >= 0xC2 && first <= 0xF4)
+                step = first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
+            for (; step > 0 && *at_; --step)
+                ++at_;
+        }
+        return *at_ != '\0';
+    }
+    static bool BeginsName(char letter) {
+        const unsigned char byte = static_cast<unsigned char>(letter);
+        return byte >= 127 || std::isalpha(byte) || byte == '_';
+    }
+    bool PassName() {
+        if (!BeginsName(*at_)) return false;
+        while (BeginsName(*at_) || std::isdigit(static_cast<unsigned char>(*at_)) || (*at_ && std::strchr("-.:", *at_)))
+            ++at_;
+        return *at_ != '\0';
+    }
+    bool PassAttribute() {
+        if (!PassName()) return false;
+        SkipBlanks();
+        if (*at_ != '=') return false;
+        ++at_;
+        SkipBlanks();
+        if (*at_ == '"' || *at_ == '\'') {
+            const char quote = *at_++;
+            if (!PassTextTo(quote)) return false;
+            ++at_;
+            return true;
+        }
+        for (; *at_ && !std::isspace(static_cast<unsigned char>(*at_)) && *at_ != '/' && *at_ != '>'; ++at_) {
+            if (*at_ == '"' || *at_ == '\'') return false;
+        }
+        return *at_ != '\0';
+    }
+    bool PassStartTag() {
+        const char* const tag = at_++;
+        if (!PassName()) return false;
+        for (int attributes = 0;; ++attributes) {
+            SkipBlanks();
+            if (*at_ == '/') return *++at_ == '>' && *at_++;
+            if (*at_ == '>') break;
+            if (attributes == kMostXmlAttributes) Refuse("More than 200 attributes in an element", at_);
+            if (!PassAttribute()) return false;
+        }
+        ++at_;
+        if (++level_ > kMostXmlLevels) Refuse("More than 200 levels of elements", tag);
+        return true;
+    }
+    // The declaration of a document without a mark says how its texts are coded.
+    bool PassDeclaration() {
+        TiXmlDeclaration declaration;
+        const char* end = declaration.Parse(at_, nullptr, encoding_);
+        if (!end) return false;
+        at_ = end;
+        if (level_ > 0 || encoding_ != TIXML_ENCODING_UNKNOWN) return true;
+        std::string encoding = declaration.Encoding();
+        std::transform(encoding.begin(), encoding.end(), encoding.begin(),
+                       [](char c) { return static_cast<char>(std::tolower(static_cast<unsigned char>(c))); });
+        const bool utf8 =
+            encoding.empty() || encoding.compare(0, 5, "utf-8") == 0 || encoding.compare(0, 4, "utf8") == 0;
+        encoding_ = utf8 ? TIXML_ENCODING_UTF8 : TIXML_ENCODING_LEGACY;
+        return true;
+    }
+    bool PassNode() {
+        SkipBlanks();
+        if (!*at_) return false;
+        if (*at_ != '<') return level_ > 0 && PassTextTo('<');
+        if (level_ > 0 && at_[1] == '/') {
+            --level_;
+            return PassThrough(">");
+        }
+        if (at_[1] == '?' && std::tolower(at_[2]) == 'x' && std::tolower(at_[3]) == 'm' && std::tolower(at_[4]) == 'l')
+            return PassDeclaration();
+        if (StartsWith("<!--")) return (at_ += 4, PassThrough("-->"));
+        if (StartsWith("<![CDATA[")) return (at_ += 9, PassThrough("]]>"));
+        return BeginsName(at_[1]) ? PassStartTag() : PassThrough(">");
+    }
+
+    const char* const text_;
+    const char* at_;
+    const std::string& name_;
+    TiXmlEncoding encoding_ = TIXML_ENCODING_UNKNOWN;
+    int level_ = 0;
+};
+
+}  // namespace
+
+std::string ReadXmlFile(const std::string& path) {
+    const StdioFile file(std::fopen(path.c_str(), "rb"));
+    if (!file) throw ticpp::Exception(path + ": Failed to open file");
+    std::fseek(file.get(), 0, SEEK_END);
+    const long size = std::ftell(file.get());
+    std::fseek(file.get(), 0, SEEK_SET);
+    std::string text(size > 0 ? std::min(static_cast<size_t>(size), kMostXmlBytes + 1) : 0, '\0');
+    if (size < 0 || std::fread(text.data(), 1, text.size(), file.get()) != text.size())
+        throw ticpp::Exception(path + ": Failed to read file");
+    CheckXmlLimits(text, path);
+    // The parser steps over the whole of a character whose end the text has lost.
+    text.append(3, '\0');
+    return text;
+}
+
+void CheckXmlLimits(const std::string& xml, const std::string& name) {
+    Walk walk(xml.c_str(), name);
+    if (xml.size() > kMostXmlBytes) walk.Refuse("More than 16 MB", xml.c_str() + kMostXmlBytes);
+    walk.Run();
+}
