@@ -1,12 +1,16 @@
 #include "ConfiguratorDialog.h"
 
+#include <string>
+
 #include "KL_Conn.h"
+#include "Lib/CommandLine.h"
 #include "Lib/DisplayName.h"
+#include "Lib/ExceptionReport.h"
 #include "ModuleNames.h"
+#include "ProductTitle.h"
 #include "Resources/Resource.h"
 #include "Util/DlgFunc.h"
 #include "Util/KLUtils.h"
-#include "Util/ModuleVersion.h"
 #include "Util/XmlElements.h"
 
 namespace {
@@ -32,14 +36,17 @@ void Open(HWND dialog, KlConn& session) {
 
 // True when the dialog may close: the device has its code then.
 bool TakeUserCode(HWND dialog, KlConn& session) {
+    ticpp::Element* device = session.CurrentDevice();
+    if (!device) throw "There is no product to give a user code.";
+    const HWND field = GetDlgItem(dialog, IDC_USER_CODE);
     char code[kUserCodeSize] = "";
-    GetDlgItemTextA(dialog, IDC_USER_CODE, code, kUserCodeSize);
+    if (!field || (GetWindowTextA(field, code, kUserCodeSize) == 0 && GetWindowTextLengthA(field) != 0))
+        throw "Can not read the user code.";
     const std::string caption = ProductTitle();
     if (!*code) {
         MessageBoxA(dialog, "User code can not be empty", caption.c_str(), MB_OK | MB_ICONERROR);
         return false;
     }
-    ticpp::Element* device = session.CurrentDevice();
     GetOrAddChildElement(device, "UserCode")->SetText(code);
     if (session.IsUserCodeInUse(kSilencerClass, code) &&
         MessageBoxA(dialog, "User code is already in use.\nDo you want to replace existing product?", caption.c_str(),
@@ -51,10 +58,12 @@ bool TakeUserCode(HWND dialog, KlConn& session) {
 }
 
 bool OnCommand(HWND dialog, WORD control) {
-    KlConn& session = *reinterpret_cast<KlConn*>(GetWindowLongPtrA(dialog, DWLP_USER));
+    KlConn* session = reinterpret_cast<KlConn*>(GetWindowLongPtrA(dialog, DWLP_USER));
+    // Windows sends commands of controls before WM_INITDIALOG, too.
+    if (!session) return false;
     switch (control) {
         case IDOK:
-            if (TakeUserCode(dialog, session)) EndDialog(dialog, IDOK);
+            if (TakeUserCode(dialog, *session)) EndDialog(dialog, IDOK);
             return true;
         case IDCANCEL:
             EndDialog(dialog, IDCANCEL);
@@ -64,7 +73,7 @@ bool OnCommand(HWND dialog, WORD control) {
     }
 }
 
-INT_PTR CALLBACK UserCodeProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+INT_PTR CALLBACK UserCodeProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     try {
         switch (message) {
             case WM_INITDIALOG:
@@ -80,6 +89,7 @@ INT_PTR CALLBACK UserCodeProcedure(HWND dialog, UINT message, WPARAM wParam, LPA
         }
     } catch (...) {
         // Nothing may leave a dialog procedure: the dialog is given up as by Cancel.
+        ReportException("Failed to take the user code.", "PlugIn/ConfiguratorDialog", 93, "ShowUserCodeDialog");
         EndDialog(dialog, IDCANCEL);
         return TRUE;
     }
@@ -87,13 +97,11 @@ INT_PTR CALLBACK UserCodeProcedure(HWND dialog, UINT message, WPARAM wParam, LPA
 
 }  // namespace
 
-std::string ProductTitle() {
-    return kDisplayName + (" " + ModuleFileVersion(kModuleFileName));
-}
-
 int ShowUserCodeDialog(HWND owner, KlConn& session) {
     const HINSTANCE module = GetModuleHandleA(kModuleFileName);
     const INT_PTR closedWith =
         DialogBoxParamA(module, "SORVIK_WEB", owner, UserCodeProcedure, reinterpret_cast<LPARAM>(&session));
+    if (closedWith != IDOK && closedWith != IDCANCEL)
+        PrintCommandLine("\n%s: Can not show the user code dialog.\n", kDisplayName);
     return closedWith == IDOK ? 0 : -1;
 }

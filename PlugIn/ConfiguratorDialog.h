@@ -3,12 +3,8 @@
 
 #include <windows.h>
 
-#include <string>
-
 class KlConn;
 
-// Modal. 0 when closed with OK: the code then is the current device's `UserCode`, child element and attribute; else -1.
+// Modal. 0 when closed with OK: the code then is the current device's `UserCode`, child element and attribute; else -1,
+// told on the command line unless the user cancelled.
 int ShowUserCodeDialog(HWND owner, KlConn& session);
-
-// The display name, a blank and the module's file version: caption of the dialog's messages and of the configurator.
-std::string ProductTitle();

@@ -2,14 +2,13 @@
 
 #include "KL_Conn.h"
 
-#include <cstdlib>
-
 #include "acedads.h"
 
+#include "DuctAttributes.h"
 #include "Lib/CommandLine.h"
 #include "Lib/DisplayName.h"
-#include "Lib/FormatText.h"
 #include "Lib/Handles.h"
+#include "ModuleLoader.h"
 #include "ModuleNames.h"
 #include "Resources/Resource.h"
 #include "Util/KLUtils.h"
@@ -18,18 +17,6 @@ namespace {
 
 constexpr char kConfiguratorAddress[] = SORVIK_WEB_SERVER "/klimora";
 constexpr char kResultAddress[] = SORVIK_WEB_SERVER "/klimora/export/";
-
-struct RequestKey {
-    const char* attribute;
-    const char* key;
-};
-
-constexpr RequestKey kRequestKeys[] = {
-    {"diameter_mm", "&diameter="},
-    {"width_mm", "&width="},
-    {"height_mm", "&height="},
-    {"airflow_ls", "&airflow="},
-};
 
 bool IsGiven(const char* text) {
     return text && *text;
@@ -81,22 +68,13 @@ bool PumpMessages() {
     return true;
 }
 
-std::string BesideModule(HMODULE module, const char* fileName) {
-    char path[MAX_PATH] = "";
-    char drive[_MAX_DRIVE] = "";
-    char folder[_MAX_DIR] = "";
-    GetModuleFileNameA(module, path, MAX_PATH);
-    _splitpath(path, drive, folder, nullptr, nullptr);
-    return FormatString("%s%s%s", drive, folder, fileName);
-}
-
 }  // namespace
 
 std::string KlConn::ConfiguratorAddress() const {
     const ticpp::Element* duct = document_.FirstChildElement()->FirstChildElement("duct");
     std::string address = kConfiguratorAddress + ("?action=ljudprog&klsid=" + sessionId_);
-    for (const RequestKey& request : kRequestKeys) {
-        if (duct->HasAttribute(request.attribute)) address += request.key + duct->GetAttribute(request.attribute);
+    for (const DuctAttribute& attribute : kDuctAttributes) {
+        if (duct->HasAttribute(attribute.name)) address += attribute.addressKey + duct->GetAttribute(attribute.name);
     }
     return address;
 }
@@ -108,17 +86,14 @@ std::string KlConn::ResultAddress() const {
 int KlConn::LaunchConfigurator(const char* program, const char* commandName, const char* address, const char* title) {
     if (!IsGiven(program) || !IsGiven(commandName) || !IsGiven(address) || !IsGiven(title)) return -1;
     const KLUtils::WaitCursor waitCursor;
-    configurator_ = nullptr;
-    const HMODULE module = GetModuleHandleA(kModuleFileName);
-    if (!module) throw "ARX is not loaded.";
-    const std::string path = BesideModule(module, program);
+    configurator_.reset();
+    char folder[MAX_PATH] = "";
+    if (GetModuleFolder(kModuleFileName, folder, sizeof folder) != 0) throw "ARX is not loaded.";
+    const std::string path = std::string(folder) + "\\" + program;
     // The program takes its words as they stand; a quote mark inside the address is not escaped.
     std::string commandLine = std::string("run /") + commandName + " \"" + address + "\" \"" + title + "\"";
-
-    KernelHandle process;
-    bool ended = false;
     {
-        const ModalState modal(module);
+        const ModalState modal(GetModuleHandleA(kModuleFileName));
         STARTUPINFOA startup = {};
         startup.cb = sizeof startup;
         PROCESS_INFORMATION started = {};
@@ -128,27 +103,30 @@ int KlConn::LaunchConfigurator(const char* program, const char* commandName, con
             return -1;
         }
         const KernelHandle thread(started.hThread);
-        configurator_ = started.hProcess;
-        ended = WaitForConfigurator();
-        if (ended) process.reset(started.hProcess);
+        configurator_.reset(started.hProcess);
+        if (WaitForConfigurator() < 0) return -1;
     }
-    // AutoCAD is quitting: the session's end terminates the program.
-    if (!ended) return -1;
+    const KernelHandle ended(configurator_.release());
     DWORD exitCode = 0;
-    GetExitCodeProcess(process.get(), &exitCode);
+    GetExitCodeProcess(ended.get(), &exitCode);
     SetNoProjectFileAccessCheck(false);
     // The other way round than usual: the program tells an exported product by a code other than 0.
     return exitCode == 0 ? -1 : 0;
 }
 
-// True when the program has ended. AutoCAD's own timers wake the wait up.
-bool KlConn::WaitForConfigurator() {
+// 0 when the program has ended; -1 when AutoCAD is quitting, or when Windows does not say whether it has. The session's
+// end terminates it then. AutoCAD's own timers wake the wait up.
+int KlConn::WaitForConfigurator() {
     for (;;) {
         WaitMessage();
-        if (WaitForSingleObject(configurator_, 0) == WAIT_OBJECT_0) {
-            configurator_ = nullptr;
-            return true;
+        switch (WaitForSingleObject(configurator_.get(), 0)) {
+            case WAIT_OBJECT_0:
+                return 0;
+            case WAIT_FAILED:
+                PrintCommandLine("\n%s: Can not wait for the configurator.\n", kDisplayName);
+                return -1;
+            default:
+                if (!PumpMessages()) return -1;
         }
-        if (!PumpMessages()) return false;
     }
 }

@@ -31,15 +31,19 @@ void RemoveCommandAndService() {
 }  // namespace
 
 AcRx::AppRetCode StartApplication(ModuleRecord* modules, size_t moduleCount, void* packet) {
-    RegisterCommandAndService();
-    if (LoadModules(modules, moduleCount) != 0) {
-        // AutoCAD unloads a module that refuses to start, and a command must not outlive its code.
-        RemoveCommandAndService();
-        return AcRx::kRetError;
+    try {
+        RegisterCommandAndService();
+        if (LoadModules(modules, moduleCount) == 0) {
+            acrxUnlockApplication(packet);
+            if (AcRxDynamicLinker* linker = acrxDynamicLinker) linker->registerAppMDIAware(packet);
+            return AcRx::kRetOK;
+        }
+    } catch (...) {
+        FreeModules(modules, moduleCount);
     }
-    acrxUnlockApplication(packet);
-    if (AcRxDynamicLinker* linker = acrxDynamicLinker) linker->registerAppMDIAware(packet);
-    return AcRx::kRetOK;
+    // AutoCAD unloads a module that refuses to start, and a command must not outlive its code.
+    RemoveCommandAndService();
+    return AcRx::kRetError;
 }
 
 AcRx::AppRetCode StopApplication(ModuleRecord* modules, size_t moduleCount) {
@@ -48,7 +52,7 @@ AcRx::AppRetCode StopApplication(ModuleRecord* modules, size_t moduleCount) {
     return AcRx::kRetOK;
 }
 
-extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* packet) {
+extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* packet) noexcept {
     try {
         switch (message) {
             case AcRx::kInitAppMsg:

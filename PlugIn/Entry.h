@@ -9,10 +9,10 @@
 #include "ModuleLoader.h"
 
 // Registers command and service, loads the modules, unlocks the application and declares it MDI-aware. kRetError, with
-// command and service taken back, when a module could not be loaded.
+// modules, command and service taken back, when a module could not be loaded or anything threw.
 AcRx::AppRetCode StartApplication(ModuleRecord* modules, size_t moduleCount, void* packet);
 
 // Frees the modules and takes command group and service back; harmless when they are not there.
 AcRx::AppRetCode StopApplication(ModuleRecord* modules, size_t moduleCount);
 
-extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* packet);
+extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* packet) noexcept;

@@ -5,7 +5,9 @@
 #include <io.h>
 #include <ole2.h>
 
+#include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "acdocman.h"
 #include "acedads.h"
@@ -14,6 +16,7 @@
 #include "kbase.h"
 
 #include "Lib/CommandLine.h"
+#include "Lib/Diagnostics.h"
 #include "Lib/DisplayName.h"
 #include "Lib/ExceptionReport.h"
 #include "Lib/FormatText.h"
@@ -26,21 +29,63 @@
 #include "Util/Download.h"
 #include "Util/FileTree.h"
 #include "Util/ModuleVersion.h"
+#include "Util/XmlFence.h"
 
 namespace {
 
 constexpr char kSource[] = "PlugIn/KL_Conn";
 constexpr int kRequiredServerVersion = 20091200;
 constexpr char kResultFile[] = "output.xml";
+constexpr size_t kCommandLimit = 1023;  // of the text that is queued
 constexpr char kNotLoaded[] = "\n%s: Can not start application, Klimora is not loaded.\n";
 
 bool FileExists(const std::string& path) {
     return _access(path.c_str(), 0) == 0;
 }
 
-std::string ChildText(const ticpp::Element* parent, const char* name) {
-    const ticpp::Element* child = parent->FirstChildElement(name, false);
+std::string ChildText(const ticpp::Element& parent, const char* name) {
+    const ticpp::Element* child = parent.FirstChildElement(name, false);
     return child ? child->GetText(false) : std::string();
+}
+
+// One that ends a line of AutoCAD's command line, or would do something else there than stand in a name.
+bool HasControlCharacter(const std::string& text) {
+    return std::any_of(text.begin(), text.end(), [](char c) { return (c >= 0 && c < ' ') || c == 0x7F; });
+}
+
+void ReportFailedInstallation() {
+    ReportException("InstallSilencer", kSource, 573, "KlConn::InstallSilencer");
+}
+
+// One step of reading the result: what it throws is told, XML errors in the parser's words, and becomes its result.
+template <class Step>
+int TellingWhatFails(const char* message, int line, Step step) {
+    try {
+        return step();
+    } catch (const ticpp::Exception& exception) {
+        PrintCommandLine("%s: Can't parse xml data %s.\n", kDisplayName, exception.m_details.c_str());
+        return -2;
+    } catch (...) {
+        ReportException(message, kSource, line, "KlConn::GetResultsFromConfigurator");
+        return -1;
+    }
+}
+
+// The server's own words about its result; 0 when it has none or the user goes on.
+int AskAboutResult(const ticpp::Element& resultRoot) {
+    int result = 0;
+    const std::string error = ChildText(resultRoot, "error");
+    if (!error.empty()) {
+        MessageBoxA(adsw_acadMainWnd(), error.c_str(), kDisplayName, MB_OK | MB_ICONERROR);
+        result = -6;
+    }
+    const std::string warning = ChildText(resultRoot, "warning");
+    if (!warning.empty()) {
+        const std::string question = warning + "\nContinue?";
+        if (MessageBoxA(adsw_acadMainWnd(), question.c_str(), kDisplayName, MB_YESNO | MB_ICONWARNING) != IDYES)
+            result = -5;
+    }
+    return result;
 }
 
 template <size_t size>
@@ -51,14 +96,16 @@ void Store(char (&buffer)[size], const std::string& text) {
 
 }  // namespace
 
-// ---- Life
-// ------------------------------------------------------------------------------------------------------------
+// ---- Life ----------------------------------------------------------------------------------------------------------
 
 KlConn::KlConn() : document_("SorvikKlimora"), statistics_(3, L"sorvik-autocad-plugin", L"Tq7#pL2~vK9$wR4:xM8!") {
+    // From now on every report goes to the debug log and none opens a message box.
+    SetReportLevels(0x1081, 0x1081, 0x3080, 0x0080);
     kbsetwarningmode(0);
+    // Without the module's folder there is no data folder, and the run works in a temporary one.
     char folder[MAX_PATH] = "";
-    GetModuleFolder(kModuleFileName, folder, sizeof folder);
-    Store(dataFolder_, std::string(folder) + "/Sorvik");
+    if (GetModuleFolder(kModuleFileName, folder, sizeof folder) == 0)
+        Store(dataFolder_, std::string(folder) + "/Sorvik");
 }
 
 KlConn::~KlConn() {
@@ -112,25 +159,28 @@ void KlConn::MakeWorkingFolder() {
 }
 
 void KlConn::Shutdown() {
-    if (configurator_) {
-        TerminateProcess(configurator_, static_cast<UINT>(-1));
-        CloseHandle(configurator_);
-        configurator_ = nullptr;
-    }
+    configurator_.reset();
     // A session that never came to initialise OLE must not end AutoCAD's own use of it.
     if (oleInitialized_) OleUninitialize();
     oleInitialized_ = false;
     Disconnect();
-    if (*workingFolder_ && *dataFolder_ && std::strcmp(workingFolder_, dataFolder_) != 0)
-        DeleteDirectoryTree(workingFolder_);
+    const auto tellingWhatFails = [](const char* message, auto step) {
+        try {
+            step();
+        } catch (...) {
+            ReportException(message, kSource, 204, "KlConn::Shutdown");
+        }
+    };
+    tellingWhatFails("Failed to delete the working folder.", [&] {
+        if (*workingFolder_ && std::strcmp(workingFolder_, dataFolder_) != 0) DeleteDirectoryTree(workingFolder_);
+    });
     *workingFolder_ = '\0';
     currentDevice_ = nullptr;
-    if (!statisticsClosed_) statistics_.CloseStatistics();
-    statisticsClosed_ = true;
+    if (std::exchange(statisticsClosed_, true)) return;
+    tellingWhatFails("Failed to close the statistics.", [&] { statistics_.CloseStatistics(); });
 }
 
-// ---- Result of the configurator
-// --------------------------------------------------------------------------------------
+// ---- Result of the configurator ------------------------------------------------------------------------------------
 
 bool KlConn::UsesLocalData(const std::string& resultFile) const {
     return std::strcmp(workingFolder_, dataFolder_) == 0 && FileExists(resultFile);
@@ -146,56 +196,27 @@ int KlConn::FetchResult(const char* address, const std::string& resultFile) {
 }
 
 int KlConn::GetResultsFromConfigurator(const char* address) {
-    int result = -1;
     ticpp::Document answer;
-    ticpp::Element* root = nullptr;
-    std::string error, warning;
-    try {
+    const int result = TellingWhatFails("Failed to get results from webserver.", 359, [&] {
         const std::string resultFile = FilePath(kResultFile);
         if (FetchResult(address, resultFile) < 0) return -1;
-        answer.LoadFile(resultFile);
-        root = answer.FirstChildElement();
-        error = ChildText(root, "error");
-        warning = ChildText(root, "warning");
-        result = 0;
-    } catch (const ticpp::Exception& exception) {
-        PrintCommandLine("%s: Can't parse xml data %s.\n", kDisplayName, exception.m_details.c_str());
-        return -2;
-    } catch (...) {
-        ReportException("Failed to get results from webserver.", kSource, 359, "KlConn::GetResultsFromConfigurator");
-        return result;
-    }
-    if (!error.empty()) {
-        MessageBoxA(adsw_acadMainWnd(), error.c_str(), kDisplayName, MB_OK | MB_ICONERROR);
-        result = -6;
-    }
-    if (!warning.empty()) {
-        const std::string question = warning + "\nContinue?";
-        if (MessageBoxA(adsw_acadMainWnd(), question.c_str(), kDisplayName, MB_YESNO | MB_ICONWARNING) != IDYES)
-            result = -5;
-    }
-    return result == 0 ? TakeDevice(root) : result;
+        answer.Parse(ReadXmlFile(resultFile), resultFile);
+        return AskAboutResult(*answer.FirstChildElement());
+    });
+    if (result < 0) return result;
+    return TellingWhatFails("Failed to get results from configurator.", 398,
+                            [&] { return TakeDevice(*answer.FirstChildElement()); });
 }
 
-int KlConn::TakeDevice(ticpp::Element* resultRoot) {
-    try {
-        currentDevice_ = nullptr;
-        ticpp::Element* root = document_.ReplaceChild(document_.FirstChildElement(), *resultRoot);
-        currentDevice_ = root->FirstChildElement("device", false);
-        if (currentDevice_) return 0;
-        PrintCommandLine("\n%s: Can not find product data in output.xml", kDisplayName);
-        return -1;
-    } catch (const ticpp::Exception& exception) {
-        PrintCommandLine("%s: Can't parse xml data %s.\n", kDisplayName, exception.m_details.c_str());
-        return -2;
-    } catch (...) {
-        ReportException("Failed to get results from configurator.", kSource, 398, "KlConn::GetResultsFromConfigurator");
-        return -1;
-    }
+int KlConn::TakeDevice(const ticpp::Element& resultRoot) {
+    currentDevice_ = nullptr;
+    currentDevice_ = document_.ReplaceChild(Root(), resultRoot)->FirstChildElement("device", false);
+    if (currentDevice_) return 0;
+    PrintCommandLine("\n%s: Can not find product data in output.xml", kDisplayName);
+    return -1;
 }
 
-// ---- Installation
-// ----------------------------------------------------------------------------------------------------
+// ---- Installation --------------------------------------------------------------------------------------------------
 
 int KlConn::InstallSilencer() {
     int result = -1;
@@ -208,32 +229,45 @@ int KlConn::InstallSilencer() {
         }
         const std::string productFamilyKey = currentDevice_->GetAttribute("ProductFamilyKey");
         const std::string userCode = currentDevice_->GetAttribute("UserCode");
+        const std::string command = FormatString("KLIMSILX\n%s\n%s\n", productFamilyKey.c_str(), userCode.c_str());
+        if (HasControlCharacter(productFamilyKey) || HasControlCharacter(userCode) || command.size() > kCommandLimit) {
+            PrintCommandLine("\n%s: Product not added: its key and user code do not make one command of Klimora's.\n",
+                             kDisplayName);
+            return -1;
+        }
         if (AddDeviceToKlimoraProject(FilePath(kDatabaseFile).c_str(), nullptr, 0, className, userCode,
                                       productFamilyKey, nullptr, nullptr) < 0) {
             throw "Can not add device to Klimora project. Product " + productFamilyKey +
                 " is not found in the selected database.";
         }
-        result = QueueInsertCommand();
+        result = QueueInsertCommand(command);
+        if (result < 0) {
+            PrintCommandLine(
+                "\n%s: Product %s is in the project, but was not inserted. Type KLIMSILX, the product and "
+                "its user code %s, or run %s again and replace it.\n",
+                kDisplayName, productFamilyKey.c_str(), userCode.c_str(), kSilencerCommand);
+        }
         RecordInsertion(className, productFamilyKey);
     } catch (...) {
-        result = -1;
-        ReportException("InstallSilencer", kSource, 573, "KlConn::InstallSilencer");
+        // Statistics are recorded last: what goes wrong there does not undo an insertion that was queued.
+        ReportFailedInstallation();
     }
     return result;
 }
 
-int KlConn::QueueInsertCommand() {
-    constexpr size_t kCommandLimit = 1023;
-    const std::string command =
-        FormatString("KLIMSILX\n%s\n%s\n", currentDevice_->GetAttribute("ProductFamilyKey").c_str(),
-                     currentDevice_->GetAttribute("UserCode").c_str());
-    AcApDocManager* documents = acDocManager;
-    AcApDocument* document = documents ? documents->curDocument() : nullptr;
-    if (!document) return -1;
-    // The echo is back before the queued command runs, which is after this command has returned.
-    const SystemVariableGuard noEcho(L"CMDECHO", 0);
-    const std::wstring text = Widen(command.substr(0, kCommandLimit));
-    return documents->sendStringToExecute(document, text.c_str(), true, false, false) == Acad::eOk ? 0 : -1;
+int KlConn::QueueInsertCommand(const std::string& command) {
+    try {
+        AcApDocManager* documents = acDocManager;
+        AcApDocument* document = documents ? documents->curDocument() : nullptr;
+        if (!document) return -1;
+        // The echo is back before the queued command runs, which is after this command has returned.
+        const SystemVariableGuard noEcho(L"CMDECHO", 0);
+        const std::wstring text = Widen(command);
+        return documents->sendStringToExecute(document, text.c_str(), true, false, false) == Acad::eOk ? 0 : -1;
+    } catch (...) {
+        ReportFailedInstallation();
+        return -1;
+    }
 }
 
 void KlConn::RecordInsertion(const std::string& className, const std::string& productFamilyKey) {
@@ -248,7 +282,8 @@ void KlConn::RecordInsertion(const std::string& className, const std::string& pr
     record.product = productFamilyKey;
     record.productFamily = productFamilyKey;
     record.cadPlatform = "AutoCAD";
-    const ACHAR* product = acdbHostApplicationServices()->product();
+    AcDbHostApplicationServices* host = acdbHostApplicationServices();
+    const ACHAR* product = host ? host->product() : nullptr;
     record.cadPlatformVersion = product ? Narrow(product) : std::string();
     record.discipline = "Ventilation";
     record.deviceClass = className;

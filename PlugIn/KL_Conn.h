@@ -12,17 +12,20 @@
 #include "KlimoraPluginsStatisticsWrapper.h"
 #include "ticpp.h"
 
-#include "Lib/Diagnostics.h"
+#include "Lib/Handles.h"
 #include "Util/KLComUtils.h"
 
-namespace session_detail {
-// From the first moment of a session on every report goes to the debug log and none opens a message box.
-struct ReportLevels {
-    ReportLevels() { SetReportLevels(0x1081, 0x1081, 0x3080, 0x0080); }
+// A program that is still running: it ends with its owner. Whoever saw it end by itself releases it.
+struct RunningProgramKind {
+    using Handle = HANDLE;
+    static constexpr Handle None() noexcept { return nullptr; }
+    static void Close(Handle process) noexcept {
+        TerminateProcess(process, static_cast<UINT>(-1));
+        CloseHandle(process);
+    }
 };
-}  // namespace session_detail
 
-class KlConn : private session_detail::ReportLevels, public KLComUtils {
+class KlConn : public KLComUtils {
  public:
     KlConn();
     ~KlConn() override;
@@ -33,7 +36,7 @@ class KlConn : private session_detail::ReportLevels, public KLComUtils {
 
     // ---- Duct selection (KL_Conn_DuctSelection.cpp) ----------------------------------------------------------------
     // Lets the user pick a duct and writes its size (mm) and design airflow (l/s) into the document's `duct` element.
-    // -1 when nothing was picked.
+    // -1 when nothing was picked; the negative answer of a query that failed, which was told.
     int SelectDuct();
 
     // ---- Configurator (ConfiguratorProcess.cpp) --------------------------------------------------------------------
@@ -50,6 +53,7 @@ class KlConn : private session_detail::ReportLevels, public KLComUtils {
 
     // ---- Silencers of the project (KL_Conn_Devices.cpp) -------------------------------------------------------------
     std::string ProposeUserCode(const std::string& className, const std::string& suffix);
+    // True also when Klimora does not give the codes of the class.
     bool IsUserCodeInUse(const std::string& className, const std::string& code);
     int ExportExistingDevices(ticpp::Element* parent, const char* commandName);
     int ExportDuctworkSystems(ticpp::Element* parent);
@@ -60,9 +64,11 @@ class KlConn : private session_detail::ReportLevels, public KLComUtils {
     int AddDeviceFromXMLToDatabase(const std::string& commandName);
 
     // ---- Installation (KL_Conn.cpp) ---------------------------------------------------------------------------------
-    // Adds the current device to the project, queues Klimora's insert command and records the usage event.
+    // Adds the current device to the project, queues Klimora's insert command and records the usage event. 0 when the
+    // command was queued. A key or user code that would not be one line of it is refused first.
     int InstallSilencer();
 
+    // Throws before Initialize.
     ticpp::Element* Root() { return document_.FirstChildElement(); }
     // Null until a result was read.
     ticpp::Element* CurrentDevice() const { return currentDevice_; }
@@ -75,14 +81,14 @@ class KlConn : private session_detail::ReportLevels, public KLComUtils {
     std::string FilePath(const char* name) const { return std::string(workingFolder_) + "/" + name; }
     bool UsesLocalData(const std::string& resultFile) const;
     int FetchResult(const char* address, const std::string& resultFile);
-    int TakeDevice(ticpp::Element* resultRoot);
-    int QueueInsertCommand();
+    int TakeDevice(const ticpp::Element& resultRoot);
+    int QueueInsertCommand(const std::string& command);
     void RecordInsertion(const std::string& className, const std::string& productFamilyKey);
 
+    int StoreDevices(const std::string& classSymbol, std::string& productKey);
     void WriteKeys(const std::string& classSymbol, const std::string& productKey);
-    bool WaitForConfigurator();
-    std::vector<std::string> UserCodes(const std::string& className);
-    bool TakeDuct(std::string part, int& result);
+    int WaitForConfigurator();
+    bool ReadUserCodes(const std::string& className, std::vector<std::string>& codes);
     int ExportRecords(ticpp::Element* parent, const char* listName, const char* elementName, const std::string& path,
                       const std::vector<std::string>& names);
 
@@ -91,7 +97,7 @@ class KlConn : private session_detail::ReportLevels, public KLComUtils {
     long serial_ = 20100801;  // kept for those who look for it; nothing here reads it
     char workingFolder_[300] = "";
     std::string sessionId_;
-    HANDLE configurator_ = nullptr;
+    Owner<RunningProgramKind> configurator_;
     char dataFolder_[300] = "";
     KlimoraPluginsStatisticsWrapper statistics_;
     bool oleInitialized_ = false;

@@ -2,6 +2,7 @@
 
 #include "KL_Conn.h"
 
+#include <algorithm>
 #include <cstring>
 #include <set>
 
@@ -15,29 +16,33 @@ std::string PartsOfClass(const std::string& className) {
 
 }  // namespace
 
-std::vector<std::string> KlConn::UserCodes(const std::string& className) {
+// False when Klimora does not give the list as a whole.
+bool KlConn::ReadUserCodes(const std::string& className, std::vector<std::string>& codes) {
     const std::string parts = PartsOfClass(className);
-    const int count = GetPartAttOrDefault("", "Count(" + parts + ")", 0);
-    std::vector<std::string> codes;
-    for (int i = 0; i < count; ++i)
-        codes.push_back(GetPartAttOrDefault("", parts + "[" + std::to_string(i) + "]/Usercode", std::string()));
-    return codes;
+    const int count = GetPartAttOrDefault("", "Count(" + parts + ")", -1);
+    bool complete = count >= 0;
+    for (int i = 0; i < count; ++i) {
+        codes.emplace_back();
+        if (GetPartAtt("", parts + "[" + std::to_string(i) + "]/Usercode", codes.back(), false) != 0) complete = false;
+    }
+    return complete;
 }
 
 std::string KlConn::ProposeUserCode(const std::string& className, const std::string& suffix) {
-    const std::vector<std::string> codes = UserCodes(className);
+    std::vector<std::string> codes;
+    ReadUserCodes(className, codes);
     const std::set<std::string> used(codes.begin(), codes.end());
     for (int n = 1;; ++n) {
-        const std::string candidate = "SORV" + std::to_string(n) + suffix;
+        std::string candidate = "SORV" + std::to_string(n) + suffix;
         if (used.count(candidate) == 0) return candidate;
     }
 }
 
 bool KlConn::IsUserCodeInUse(const std::string& className, const std::string& code) {
-    for (const std::string& used : UserCodes(className)) {
-        if (used == code) return true;
-    }
-    return false;
+    std::vector<std::string> codes;
+    // Unknown is not free: the user is asked before a product is replaced.
+    if (!ReadUserCodes(className, codes)) return true;
+    return std::find(codes.begin(), codes.end(), code) != codes.end();
 }
 
 // Every element of the query becomes a child of a new list element, its values the child's attributes.

@@ -1,11 +1,12 @@
 #include <windows.h>
 
-#include "KL_Conn_DevicesData.h"
+#include "KL_Conn.h"
 
 #include <cstdlib>
 
+#include "kbase.h"
+
 #include "AirDeviceData.h"
-#include "KL_Conn.h"
 #include "LocalisedAttributes.h"
 #include "Lib/ExceptionReport.h"
 #include "Lib/Text.h"
@@ -84,17 +85,6 @@ std::string RequiredText(const ticpp::Element& parent, const char* name, const c
     return text;
 }
 
-int StoreLocalised(const KB_HANDLE* database, KB_RECORD* record, const ticpp::Element& device,
-                   const LocalisedAttribute* table, size_t count) {
-    for (size_t i = 0; i < count; ++i) {
-        const ticpp::Element* child = device.FirstChildElement(table[i].element, false);
-        if (!child) continue;
-        const std::string text = child->GetText(false);
-        if (!text.empty()) InsertText(*database, record, static_cast<short>(table[i].number), text);
-    }
-    return 0;
-}
-
 // Name and value pairs of all children that have a text: "A=900;C=R".
 std::string JoinedModelParameters(const ticpp::Element& parameters) {
     std::string joined;
@@ -108,18 +98,28 @@ std::string JoinedModelParameters(const ticpp::Element& parameters) {
     return joined;
 }
 
-// The two database files of one call, and the record under construction. Both handles begin at 0, which counts as open:
-// an error before the files were opened still gives 0 back to the library.
-struct ProductDatabase {
-    KB_HANDLE dictionary = 0;
-    KB_HANDLE database = 0;
-    KB_RECORD record = nullptr;
-
-    void Close() {
+// Owner of what one call has from the library: the two database files and the record under construction. Released in
+// this order. Both handles begin at 0, which counts as open: an error before the files were opened still gives 0 back.
+class ProductDatabase {
+ public:
+    ProductDatabase() = default;
+    ~ProductDatabase() {
         if (record) kbreleaserec(record);
         if (dictionary >= 0) ddk_releasedatabase(dictionary);
         if (database >= 0) kbclosedatabase(database);
     }
+    ProductDatabase(const ProductDatabase&) = delete;
+    ProductDatabase& operator=(const ProductDatabase&) = delete;
+
+    bool HasModel(const std::string& model) const {
+        const KB_RECORD found = kbfindrec(database, kModelClass, model.c_str(), 0);
+        kbreleaserec(found);  // null is released like any other
+        return found != nullptr;
+    }
+
+    KB_HANDLE dictionary = 0;
+    KB_HANDLE database = 0;
+    KB_RECORD record = nullptr;
 };
 
 void FetchDatabaseFile(const std::string& url, const std::string& path, const char* failure) {
@@ -138,9 +138,7 @@ void StoreModel(ProductDatabase& product, const ticpp::Element& device) {
                                                    "Mandatory parameter 'KModelID' is empty.")
                                           .substr(0, kModelIdLimit));
     InsertText(product.database, &product.record, kModelId, model);
-    const KB_RECORD found = kbfindrec(product.database, kModelClass, model.c_str(), 0);
-    kbreleaserec(found);
-    if (!found) throw "Can't find kmodel " + model + " in a database.";
+    if (!product.HasModel(model)) throw "Can't find kmodel " + model + " in a database.";
     if (const ticpp::Element* parameters = device.FirstChildElement("KmodelParams", false))
         InsertText(product.database, &product.record, kModelParameters, JoinedModelParameters(*parameters));
 }
@@ -202,7 +200,7 @@ void StoreDevice(ProductDatabase& product, const ticpp::Element& device, const s
     productKey = Required(device, "ID", "Parameter 'ID' is not defined.").GetText();
 
     kbdeleterec(product.database, &classId, productKey.c_str());
-    // The record of a previous device is not released; Close releases the last one.
+    // The record of a previous device is not released, the last one alone is.
     product.record = kbcreaterec(product.database, &classId, productKey.c_str());
     if (!product.record) throw "Can't create kbase record for device.";
     InsertElement(product.database, &product.record, kDeviceFlags, int16_t{0});
@@ -215,29 +213,17 @@ void StoreDevice(ProductDatabase& product, const ticpp::Element& device, const s
 
 }  // namespace
 
-int SetAttributeDescriptionNN(const KB_HANDLE* database, KB_RECORD* record, const ticpp::Element& device) {
-    try {
-        return StoreLocalised(database, record, device, kDescriptionAttributes, std::size(kDescriptionAttributes));
-    } catch (...) {
-        ReportException("SetAttributeDescriptionNN", kSource, 74, "SetAttributeDescriptionNN");
-        return 0;
-    }
-}
-
-int SetAttributeWebLinkNN(const KB_HANDLE* database, KB_RECORD* record, const ticpp::Element& device) {
-    try {
-        return StoreLocalised(database, record, device, kWebLinkAttributes, std::size(kWebLinkAttributes));
-    } catch (...) {
-        ReportException("SetAttributeWebLinkNN", kSource, 140, "SetAttributeWebLinkNN");
-        return 0;
-    }
-}
-
 int KlConn::AddDeviceFromXMLToDatabase(const std::string& commandName) {
     if (!currentDevice_) return -1;
-    int status = -1;
     const std::string classSymbol = commandName == kSilencerCommand ? kSilencerClass : "";
     std::string productKey;
+    const int result = StoreDevices(classSymbol, productKey);
+    WriteKeys(classSymbol, productKey);
+    return result;
+}
+
+// `productKey`: that of the device reached last, also after a failure.
+int KlConn::StoreDevices(const std::string& classSymbol, std::string& productKey) {
     ProductDatabase product;
     try {
         ticpp::Element* root = Root();
@@ -253,13 +239,11 @@ int KlConn::AddDeviceFromXMLToDatabase(const std::string& commandName) {
             StoreDevice(product, *device, classSymbol, productKey);
             currentDevice_ = device.Get();
         }
-        status = 0;
+        return 0;
     } catch (...) {
         ReportException("AddDeviceToKlimoraProject", kSource, 418, "KlConn::AddDeviceFromXMLToDatabase");
+        return -1;
     }
-    product.Close();
-    WriteKeys(classSymbol, productKey);
-    return status;
 }
 
 void KlConn::WriteKeys(const std::string& classSymbol, const std::string& productKey) {

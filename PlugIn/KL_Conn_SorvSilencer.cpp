@@ -8,9 +8,11 @@
 
 #include "ConfiguratorDialog.h"
 #include "KL_Conn.h"
+#include "Lib/CommandLine.h"
 #include "Lib/DisplayName.h"
 #include "Lib/ExceptionReport.h"
 #include "ModuleNames.h"
+#include "ProductTitle.h"
 #include "Util/ArxHandles.h"
 
 namespace {
@@ -24,7 +26,7 @@ AcDbTransactionManager* CurrentTransactionManager() {
     return document ? document->transactionManager() : nullptr;
 }
 
-bool FetchResult(KlConn& session) {
+bool TakeResult(KlConn& session) {
     if (session.GetResultsFromConfigurator(session.ResultAddress().c_str()) >= 0) return true;
     MessageBoxA(adsw_acadMainWnd(), "No product exported.\n", kDisplayName, MB_OK | MB_ICONERROR);
     return false;
@@ -37,15 +39,19 @@ bool ChooseSilencer(KlConn& session) {
     const std::string address = session.ConfiguratorAddress();
     if (session.LaunchConfigurator(kConfiguratorProgram, kSilencerCommand, address.c_str(), ProductTitle().c_str()) < 0)
         return false;
-    if (!FetchResult(session)) return false;
+    if (!TakeResult(session)) return false;
     return ShowUserCodeDialog(adsw_acadMainWnd(), session) == 0;
 }
 
 }  // namespace
 
-void SorvSilencer() {
+void SorvSilencer() noexcept {
     try {
         ScopedTransaction transaction(CurrentTransactionManager());
+        if (!transaction.started()) {
+            PrintCommandLine("\n%s: Can not start a transaction in the drawing.\n", kDisplayName);
+            return;
+        }
         KlConn session;
         if (!ChooseSilencer(session)) return;
         if (session.AddDeviceFromXMLToDatabase(kSilencerCommand) < 0) return;

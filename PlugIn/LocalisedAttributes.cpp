@@ -1,6 +1,23 @@
 #include "LocalisedAttributes.h"
 
-const LocalisedAttribute kDescriptionAttributes[31] = {
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "Lib/ExceptionReport.h"
+
+namespace {
+
+// Users quote it to support; it is not this file's name.
+constexpr char kSource[] = "PlugIn/KL_Conn_DevicesData";
+
+struct LocalisedAttribute {
+    int32_t number;
+    char element[32];  // NUL-terminated
+};
+
+// Numbers and names are the dictionary's own, gaps and odd spellings included; attributes are stored in this order.
+constexpr LocalisedAttribute kDescriptionAttributes[] = {
     {9550, "DescriptionFIN"}, {9551, "DescriptionSWE"}, {9552, "DescriptionGBR"}, {9553, "DescriptionDEU"},
     {9554, "DescriptionNOR"}, {9555, "DescriptionFRA"}, {9556, "DescriptionESP"}, {9557, "DescriptionITA"},
     {9558, "DescriptionPOL"}, {9559, "DescriptionDNK"}, {9560, "DescriptionCZE"}, {9561, "DescriptionPRT"},
@@ -11,7 +28,7 @@ const LocalisedAttribute kDescriptionAttributes[31] = {
     {9593, "DescriptionCHN"}, {9594, "DescriptionTUR"}, {9595, "DescriptionUS"},
 };
 
-const LocalisedAttribute kWebLinkAttributes[34] = {
+constexpr LocalisedAttribute kWebLinkAttributes[] = {
     {8500, "kpdWeblinkFIN"}, {8501, "kpdWeblinkSWE"}, {8502, "kpdWeblinkDEU"}, {8503, "kpdWeblinkGBR"},
     {8504, "kpdWeblinkFRA"}, {8505, "kpdWeblinkNOR"}, {8506, "kpdWeblinkESP"}, {8507, "kpdWeblinkITA"},
     {8508, "kpdWeblinkPOL"}, {8509, "kpdWeblinkDNK"}, {8510, "kpdWeblinkPRT"}, {8511, "kpdWeblinkCZE"},
@@ -22,3 +39,30 @@ const LocalisedAttribute kWebLinkAttributes[34] = {
     {8530, "kpdWeblinkCHE"}, {8531, "kpdWeblinkUKR"}, {8532, "kpdWeblinkAUT"}, {8533, "kpdWeblinkBEL"},
     {8534, "kpdWeblinkUS"},  {8535, "kpdWeblinkBRA"},
 };
+
+template <size_t size>
+int Store(const LocalisedAttribute (&table)[size], KB_HANDLE database, KB_RECORD* record, const ticpp::Element& device,
+          int line, const char* function) {
+    try {
+        for (const LocalisedAttribute& attribute : table) {
+            const ticpp::Element* child = device.FirstChildElement(attribute.element, false);
+            const std::string text = child ? child->GetText(false) : std::string();
+            if (text.empty()) continue;
+            kbinsertatt(database, record, static_cast<short>(attribute.number), text.c_str(),
+                        static_cast<short>(text.size()));
+        }
+    } catch (...) {
+        ReportException(function, kSource, line, function);
+    }
+    return 0;
+}
+
+}  // namespace
+
+int SetAttributeDescriptionNN(const KB_HANDLE* database, KB_RECORD* record, const ticpp::Element& device) {
+    return Store(kDescriptionAttributes, *database, record, device, 74, "SetAttributeDescriptionNN");
+}
+
+int SetAttributeWebLinkNN(const KB_HANDLE* database, KB_RECORD* record, const ticpp::Element& device) {
+    return Store(kWebLinkAttributes, *database, record, device, 140, "SetAttributeWebLinkNN");
+}

@@ -1,14 +1,11 @@
-// Which child element of a device carries which localised attribute of the product record: descriptions by language and
-// links to the product's page by country. Numbers and names are the dictionary's own, gaps and odd spellings included;
-// the order of the tables is the order in which attributes are stored.
+// Attributes of the product record that a device has in several languages or countries: its descriptions, and the links
+// to the product's page.
 #pragma once
 
-#include <cstdint>
+#include "kbase.h"
+#include "ticpp.h"
 
-struct LocalisedAttribute {
-    int32_t number;
-    char element[32];  // NUL-terminated
-};
-
-extern const LocalisedAttribute kDescriptionAttributes[31];
-extern const LocalisedAttribute kWebLinkAttributes[34];
+// Each stores the device's children of its kind that have a text, in the order of the attributes' numbers. A failure
+// ends the walk and is reported; what was stored stays. Always 0.
+int SetAttributeDescriptionNN(const KB_HANDLE* database, KB_RECORD* record, const ticpp::Element& device);
+int SetAttributeWebLinkNN(const KB_HANDLE* database, KB_RECORD* record, const ticpp::Element& device);

@@ -100,17 +100,6 @@ TEST_F(DownloadedRecord, SoundAndShapesMayRepeatOrBeMissing) {
     EXPECT_EQ(Attribute(1507), "count=0 ''");
 }
 
-TEST_F(DownloadedRecord, KeysAndCallsOfOneDevice) {
-    Build(DeviceText().Text());
-    EXPECT_EQ(CountOf("kbdeleterec 1 dSilencerType 'TEST-1'"), 1u);
-    EXPECT_EQ(CountOf("kbcreaterec 1 dSilencerType 'TEST-1'"), 1u);
-    EXPECT_EQ(CountOf("kbfindrec 1 'KMD' 'SV-SRC-ROUND' 0"), 1u);
-    const auto command = Calls("IKlimora200805::manageProductData ");
-    ASSERT_EQ(command.size(), 1u);
-    EXPECT_NE(command[0].find("<Productfamilykey>TEST-1</Productfamilykey>"), std::string::npos);
-    EXPECT_EQ(CountOf("AcApDocManager::sendStringToExecute KLIMSILX\\nTEST-1\\nSORV2\\n"), 1u);
-}
-
 TEST_F(DownloadedRecord, LastOfSeveralDevicesBecomesCurrent) {
     StartOver();
     TheWebServer().PublishInstead(ResultText(DeviceText().Text() + DeviceText().With("ID", "TEST-2").Text()));
@@ -124,33 +113,6 @@ TEST_F(DownloadedRecord, LastOfSeveralDevicesBecomesCurrent) {
     TakeBackWhatIsOwed();
     // The dialog gave its code to the first device; the second takes the first free one.
     EXPECT_EQ(CountOf("AcApDocManager::sendStringToExecute KLIMSILX\\nTEST-2\\nSORV2\\n"), 1u);
-    ExpectCommitted();
-}
-
-TEST_F(DownloadedRecord, CostGrowsWithTheDevices) {
-    size_t calls[2] = {};
-    for (int round = 0; round < 2; ++round) {
-        std::string devices;
-        for (int i = 0; i < 20 * (round + 1); ++i)
-            devices += DeviceText().With("ID", "T-" + std::to_string(i)).Text();
-        UseServer({});
-        Build(devices);
-        calls[round] = CountOf("kb");
-        TakeBackWhatIsOwed();
-    }
-    const size_t perDevice = (calls[1] - calls[0]) / 20;
-    EXPECT_EQ(calls[1] - calls[0], 20 * perDevice);
-    EXPECT_LT(perDevice, 25u);
-}
-
-TEST_F(DownloadedRecord, SameKeyAgainReplacesTheRecord) {
-    Build(DeviceText().Text() + DeviceText().With("ProductCodeALL", "TEST 1 B").Text());
-    const auto deletions = Calls("kbdeleterec 1 dSilencerType 'TEST-1' -> ");
-    ASSERT_EQ(deletions.size(), 2u);
-    EXPECT_EQ(deletions[0][0], '-') << "there was none";
-    EXPECT_EQ(deletions[1], "0");
-    EXPECT_EQ(Owed().size(), 1u);
-    TakeBackWhatIsOwed();
     ExpectCommitted();
 }
 

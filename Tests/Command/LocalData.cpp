@@ -55,14 +55,4 @@ TEST_F(LocalData, WithoutAResultItIsFetchedIntoTheFolder) {
     EXPECT_EQ(Printed().find("Local data used."), std::string::npos);
 }
 
-TEST_F(LocalData, BrokenResultIsToldAndKept) {
-    Write("output.xml", "no xml");
-    ExpectNoProductExported();
-    Run();
-    EXPECT_NE(Printed().find("Sorvik Klimora Cloud Plugin: Local data used.\n"), std::string::npos);
-    EXPECT_NE(Printed().find("Can't parse xml data"), std::string::npos);
-    EXPECT_EQ(Read("output.xml"), "no xml");
-    ExpectNothingChanged();
-}
-
 }  // namespace

@@ -1,148 +1,100 @@
 // Descriptions by language and links by country, as they reach the record: what is stored, in which order, and what a
-// failure leaves. The record database is a recorder here.
+// failure leaves. The record database is a recorder here; numbers and names come from the sample's dictionary.
 #include "LocalisedAttributes.h"
 
+#include <fstream>
+#include <sstream>
 #include <stdexcept>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "BenchAutoCAD.h"
 #include "ImportPatch.h"
-#include "KL_Conn_DevicesData.h"
 #include "gtest/gtest.h"
 
 namespace {
 
-struct Insertion {
-    short database;
-    KB_RECORD record;
-    short attribute;
-    std::string text;
-};
-std::vector<Insertion> insertions;
+std::vector<std::string> insertions;  // number, blank, text
 size_t failingInsertion = 0;
 
 short RecordInsertion(KB_HANDLE database, KB_RECORD* record, short attribute, const void* value, short count) {
-    insertions.push_back({database, *record, attribute, std::string(static_cast<const char*>(value), count)});
+    EXPECT_EQ(database, 7);
+    EXPECT_EQ(*record, &insertions);
+    insertions.push_back(std::to_string(attribute) + " " + std::string(static_cast<const char*>(value), count));
     if (insertions.size() == failingInsertion) throw std::runtime_error("no room");
     return 0;
 }
 
 class LocalisedAttributes : public testing::Test {
  protected:
-    using Store = int(const KB_HANDLE* database, KB_RECORD* record, const ticpp::Element& device);
+    using Setter = int(const KB_HANDLE* database, KB_RECORD* record, const ticpp::Element& device);
 
-    LocalisedAttributes() {
+    static std::vector<std::string> Stored(Setter* set, const std::string& children, size_t failing = 0) {
         insertions.clear();
-        failingInsertion = 0;
-    }
-
-    void Run(Store* store, const std::string& children) {
+        failingInsertion = failing;
         ticpp::Document document;
         document.Parse("<device>" + children + "</device>");
         const KB_HANDLE database = 7;
-        KB_RECORD record = this;
-        EXPECT_EQ(store(&database, &record, *document.FirstChildElement()), 0);
-        for (const Insertion& insertion : insertions) {
-            EXPECT_EQ(insertion.database, 7);
-            EXPECT_EQ(insertion.record, this);
-        }
+        KB_RECORD record = &insertions;
+        EXPECT_EQ(set(&database, &record, *document.FirstChildElement()), 0);
+        return insertions;
     }
 
-    static std::vector<int> Attributes() {
-        std::vector<int> attributes;
-        for (const Insertion& insertion : insertions)
-            attributes.push_back(insertion.attribute);
+    // The dictionary's attributes whose names begin so, in its order: number, blank, name.
+    static std::vector<std::string> InDictionary(const std::string& start) {
+        std::ifstream dictionary(SAMPLE_FOLDER "/sorvik.ddk");
+        std::vector<std::string> attributes;
+        for (std::string line; std::getline(dictionary, line);) {
+            std::istringstream words(line);
+            std::string word, number, form, fewest, most, name;
+            words >> word >> number >> form >> fewest >> most >> name;
+            if (word == "attribute" && name.size() > start.size() && name.compare(0, start.size(), start) == 0)
+                attributes.push_back(number + " " + name);
+        }
         return attributes;
     }
 
-    // Elements of a whole table from its end to its start, each with its own name for text.
-    template <size_t size>
-    static std::string Backwards(const LocalisedAttribute (&table)[size]) {
+    // A child for each of them, last to first, with its own name for text.
+    static std::string Children(const std::vector<std::string>& attributes) {
         std::string children;
-        for (size_t i = size; i > 0; --i) {
-            const std::string name = table[i - 1].element;
-            children += "<" + name + ">" + name + "</" + name + ">";
+        for (const std::string& attribute : attributes) {
+            const std::string name = attribute.substr(attribute.find(' ') + 1);
+            children.insert(0, "<" + name + ">" + name + "</" + name + ">");
         }
         return children;
     }
 
-    static int AttributeOf(const std::string& text) {
-        for (const Insertion& insertion : insertions)
-            if (insertion.text == text) return insertion.attribute;
-        return 0;
-    }
+    const std::vector<std::string> descriptions_ = InDictionary("Description");
+    const std::vector<std::string> links_ = InDictionary("kpdWeblink");
 
  private:
     const ImportPatch patch_{"kbinsertatt", RecordInsertion};
 };
 
-// All numbers of these ranges, ends included.
-std::vector<int> Numbers(const std::vector<std::pair<int, int>>& ranges) {
-    std::vector<int> numbers;
-    for (const auto& [first, last] : ranges)
-        for (int number = first; number <= last; ++number)
-            numbers.push_back(number);
-    return numbers;
-}
-
-TEST_F(LocalisedAttributes, TablesGiveOrderAndNumbers) {
-    Run(SetAttributeDescriptionNN, Backwards(kDescriptionAttributes));
-    EXPECT_EQ(Attributes(), Numbers({{9550, 9574}, {9590, 9595}}));
-    for (const auto& [name, number] : {std::pair{"DescriptionFIN", 9550},
-                                       {"DescriptionGBR", 9552},
-                                       {"Description_FL", 9569},
-                                       {"DescriptionHRV", 9574},
-                                       {"DescriptionSVN", 9590},
-                                       {"Description_AR", 9591},
-                                       {"DescriptionUS", 9595}})
-        EXPECT_EQ(AttributeOf(name), number) << name;
-
-    insertions.clear();
-    Run(SetAttributeWebLinkNN, Backwards(kWebLinkAttributes));
-    EXPECT_EQ(Attributes(), Numbers({{8500, 8518}, {8520, 8528}, {8530, 8535}}));
-    for (const auto& [name, number] : {std::pair{"kpdWeblinkFIN", 8500},
-                                       {"kpdWeblinkGBR", 8503},
-                                       {"kpdWeblinkRUS", 8518},
-                                       {"kpdWeblinkSVK", 8520},
-                                       {"kpdWeblinkTUR", 8528},
-                                       {"kpdWeblinkCHE", 8530},
-                                       {"kpdWeblinkBRA", 8535}})
-        EXPECT_EQ(AttributeOf(name), number) << name;
+TEST_F(LocalisedAttributes, EveryOneOfTheDictionaryInItsOrder) {
+    ASSERT_EQ(descriptions_.size(), 31u);
+    ASSERT_EQ(links_.size(), 34u);
+    const std::string all = Children(links_) + "<kpdWeblink>no country</kpdWeblink>" + Children(descriptions_);
+    EXPECT_EQ(Stored(SetAttributeDescriptionNN, all), descriptions_);
+    EXPECT_EQ(Stored(SetAttributeWebLinkNN, all), links_);
 }
 
 TEST_F(LocalisedAttributes, EmptyAndMisspeltOnesAreSkipped) {
-    Run(SetAttributeDescriptionNN,
-        "<DescriptionFIN/><DescriptionGB>a</DescriptionGB><descriptiongbr>b</descriptiongbr>"
-        "<DescriptionDEU>Gr\xC3\xB6\xC3\x9F"
-        "e</DescriptionDEU><kpdWeblinkFIN>c</kpdWeblinkFIN>");
-    ASSERT_EQ(Attributes(), std::vector<int>{9553});
-    EXPECT_EQ(insertions[0].text,
-              "Gr\xC3\xB6\xC3\x9F"
-              "e")
+    EXPECT_EQ(Stored(SetAttributeDescriptionNN,
+                     "<DescriptionFIN/><DescriptionGB>a</DescriptionGB><descriptiongbr>b</descriptiongbr>"
+                     "<DescriptionDEU>D\xC3\xA4mpfer</DescriptionDEU>"),
+              std::vector<std::string>{"9553 D\xC3\xA4mpfer"})
         << "the length is in bytes";
 }
 
 TEST_F(LocalisedAttributes, AFailureEndsTheWalkAndIsTold) {
-    const struct {
-        Store* store;
-        std::string children;
-        const char* told;
-    } cases[] = {
-        {SetAttributeDescriptionNN, Backwards(kDescriptionAttributes),
-         "SetAttributeDescriptionNN PlugIn/KL_Conn_DevicesData(74):SetAttributeDescriptionNN"},
-        {SetAttributeWebLinkNN, Backwards(kWebLinkAttributes),
-         "SetAttributeWebLinkNN PlugIn/KL_Conn_DevicesData(140):SetAttributeWebLinkNN"},
-    };
-    for (const auto& c : cases) {
-        insertions.clear();
-        bench::ClearTranscript();
-        failingInsertion = 3;
-        Run(c.store, c.children);
-        EXPECT_EQ(insertions.size(), 3u) << c.told;
-        EXPECT_EQ(bench::Transcript(), std::string("\nSorvik Klimora Cloud Plugin: ") + c.told + " no room\n");
-    }
+    EXPECT_EQ(Stored(SetAttributeDescriptionNN, Children(descriptions_), 3).size(), 3u);
+    EXPECT_EQ(Stored(SetAttributeWebLinkNN, Children(links_), 2).size(), 2u);
+    EXPECT_EQ(bench::Transcript(),
+              "\nSorvik Klimora Cloud Plugin: SetAttributeDescriptionNN "
+              "PlugIn/KL_Conn_DevicesData(74):SetAttributeDescriptionNN no room\n"
+              "\nSorvik Klimora Cloud Plugin: SetAttributeWebLinkNN "
+              "PlugIn/KL_Conn_DevicesData(140):SetAttributeWebLinkNN no room\n");
 }
 
 }  // namespace

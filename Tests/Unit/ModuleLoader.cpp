@@ -3,9 +3,12 @@
 
 #include "ModuleLoader.h"
 
+#include <stdexcept>
+
 #include "BenchAutoCAD.h"
 #include "BenchControl.h"
 #include "Entry.h"
+#include "ImportPatch.h"
 #include "gtest/gtest.h"
 
 namespace {
@@ -101,6 +104,23 @@ TEST(ModuleStart, FailedModuleRefusesTheApplication) {
     EXPECT_FALSE(bench::ServiceExists("SORV"));
     for (const std::string& line : bench::Journal())
         EXPECT_EQ(line.find("acrxUnlockApplication"), std::string::npos);
+}
+
+int NoPrint(const wchar_t*, ...) {
+    throw std::runtime_error("no print");
+}
+
+TEST(ModuleStart, WhatThrowsIsTakenBackAsWell) {
+    ModuleRecord records[] = {{"Kbase640.dll", nullptr}};
+    {
+        const ImportPatch patch("_Z10acutPrintfPKwz", NoPrint);  // the line of success, when all is loaded
+        int packet = 0;
+        EXPECT_EQ(StartApplication(records, 1, &packet), 3);
+        EXPECT_EQ(acrxEntryPoint(AcRx::kInitAppMsg, &packet), 3);
+    }
+    EXPECT_EQ(records[0].handle, nullptr);
+    EXPECT_FALSE(bench::CommandExists("SORV_CMDS", "SorvSIL"));
+    EXPECT_FALSE(bench::ServiceExists("SORV"));
 }
 
 TEST(ModuleStart, StartAndStopTwice) {

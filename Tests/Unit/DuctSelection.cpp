@@ -1,0 +1,116 @@
+// What is taken from a pick, which picks bring the prompt back, and which queries end the selection.
+#include "SessionBench.h"
+
+namespace {
+
+class DuctSelection : public SessionBench {
+ protected:
+    DuctSelection() {
+        EXPECT_EQ(session_.Initialize(), 0);
+        Printed();
+    }
+
+    struct Selected {
+        int result;
+        size_t prompts;
+        std::string duct;  // what is written into the document
+    };
+    // Picks in turn; when all are refused, Escape.
+    Selected Pick(const std::vector<std::string>& handles) {
+        bench::ClearJournal();
+        bench::ClearAnswers();
+        for (const std::string& handle : handles)
+            bench::QueueAnswer({bench::Answer::kPick, handle});
+        bench::QueueAnswer({bench::Answer::kEscape, ""});
+        if (ticpp::Element* earlier = session_.Root()->FirstChildElement("duct", false))
+            session_.Root()->RemoveChild(earlier);
+        Selected selected = {session_.SelectDuct(), Calls("acedSSGet :S:$ \\nSorvik: Select a duct:").size(), ""};
+        if (const ticpp::Element* duct = session_.Root()->FirstChildElement("duct", false))
+            selected.duct = duct->ToString();
+        bench::ClearFailures();
+        return selected;
+    }
+
+    // What is printed besides the prompts.
+    static std::string Said() {
+        const std::string prompt = "\nSorvik: Select a duct:";
+        return ReplaceAll(ReplaceAll(Printed(), prompt + "*Cancel*\n", ""), prompt + "\n", "");
+    }
+
+    KlConn session_;
+};
+
+TEST_F(DuctSelection, TakesWhatTheDuctHas) {
+    const struct {
+        const char *found, *replacement, *pick, *duct;
+    } cases[] = {
+        {"", "", "2A3", "<duct diameter_mm=\"250\" airflow_ls=\"200\" />"},
+        {"", "", "2A5", "<duct width_mm=\"400\" height_mm=\"250\" airflow_ls=\"400\" />"},
+        {"", "", "2AA", "<duct diameter_mm=\"315\" airflow_ls=\"270\" />"},  // type 69: the first duct, 2A9
+        {"<ID>1</ID></Shape><Width>500<", "<ID>1</ID></Shape><Width>501<", "2A2",
+         "<duct width_mm=\"501\" height_mm=\"300\" airflow_ls=\"600\" />"},  // type 82: the duct 2A1
+        {">250<", ">0<", "2A3", "<duct airflow_ls=\"200\" />"},
+        {">250<", ">0.0000001<", "2A3", "<duct airflow_ls=\"200\" />"},
+        {">250<", ">0.00000011<", "2A3", "<duct diameter_mm=\"0.00000011\" airflow_ls=\"200\" />"},
+        {">200<", ">0<", "2A3", "<duct diameter_mm=\"250\" />"},
+        {">0</ID></Type>", ">3</ID></Type>", "2A3", "<duct diameter_mm=\"250\" airflow_ls=\"200\" />"},
+    };
+    for (const auto& c : cases) {
+        OpenSampleWith(c.found, c.replacement);
+        const Selected selected = Pick({c.pick});
+        EXPECT_EQ(selected.result, 0) << c.pick << c.replacement;
+        EXPECT_EQ(selected.prompts, 1u);
+        EXPECT_EQ(selected.duct, c.duct);
+    }
+    EXPECT_EQ(Said(), "");
+}
+
+TEST_F(DuctSelection, UnsuitablePicksBringThePromptBackSilently) {
+    const struct {
+        const char *found, *replacement, *pick;
+    } cases[] = {
+        {"", "", "2A4"},  // neither duct nor bend nor branch
+        {"", "", "2A0"},  // and in no system
+        {"", "", "2BD"},  // a bend without a duct
+        {"<Name>Supply air</Name><Type><ID>0", "<Name>Supply air</Name><Type><ID>4", "2A3"},
+        {"<Name>Supply air</Name><Type><ID>0", "<Name>Supply air</Name><Type><ID>-1", "2A3"},
+    };
+    for (const auto& c : cases) {
+        OpenSampleWith(c.found, c.replacement);
+        const Selected selected = Pick({bench::AddEntity({"", "AcDbLine", "0"}), c.pick});
+        EXPECT_EQ(selected.result, -1) << c.pick << c.replacement;
+        EXPECT_EQ(selected.prompts, 3u);
+        EXPECT_EQ(selected.duct, "");
+    }
+    EXPECT_EQ(Said(), "");
+}
+
+TEST_F(DuctSelection, NegativeAnswersEndItWithTheirReason) {
+    const struct {
+        const char *pick, *path;
+        int ordinal;
+    } cases[] = {{"2A3", "/Part/Type/ID", 2}, {"2A3", "/part/shape/id", 3},         {"2A3", "/part/diameter", 4},
+                 {"2A5", "/part/height", 5},  {"2A3", "/part/qv_sizingflow/ls", 5}, {"2AA", "/Part/Type/ID", 6},
+                 {"2A3", nullptr, 1}};  // the system's type alone does not end it
+    for (const auto& c : cases) {
+        for (const int code : {-9, 9}) {
+            if (code > 0 && std::string(c.pick) == "2AA") continue;  // its second duct is taken
+            const bool ends = code < 0 && c.path;
+            bench::ClearFailures();
+            bench::FailCall("IKlimora200805::getPartAtt", c.ordinal, code);
+            const Selected selected = Pick({c.pick});
+            SCOPED_TRACE(std::to_string(c.ordinal) + " of " + c.pick);
+            EXPECT_EQ(selected.result, ends ? -9 : -1);
+            EXPECT_EQ(selected.prompts, ends ? 1u : 2u);
+            EXPECT_EQ(selected.duct, "");
+            EXPECT_EQ(Said(),
+                      ends ? Line(std::string("Can not read '") + c.path + "' of the duct from Klimora (-9).") : "");
+        }
+    }
+    // The trace switches are back: a failed query is told again.
+    bench::FailCall("IKlimora200805::getPartAtt", 1, 6);
+    session_.ExportExistingDevices(session_.Root(), "SorvSIL");
+    EXPECT_EQ(Said().find("KlimComSrvImpl::getPartAtt:('', 'Count("), 0u);
+}
+
+}  // namespace

@@ -1,0 +1,149 @@
+// The user-code dialog: how it opens, what it refuses, and which code the device gets.
+#include "ConfiguratorDialog.h"
+#include "ImportPatch.h"
+#include "SessionBench.h"
+#include "Util/KLUtils_Text.h"
+
+namespace {
+
+using bench::BoxIcon;
+
+// The dialog's procedure, from a dialog that Windows does not show.
+DLGPROC procedure = nullptr;
+INT_PTR WINAPI ShowNothing(HINSTANCE, LPCSTR, HWND, DLGPROC given, LPARAM) {
+    procedure = given;
+    return -1;
+}
+int WINAPI ReadNothing(HWND, LPSTR, int) {
+    return 0;
+}
+HCURSOR cursorWhileOpening = nullptr;
+BOOL WINAPI LookAndFill(HWND dialog, int control, LPCSTR text) {
+    cursorWhileOpening = GetCursor();
+    return SetWindowTextA(GetDlgItem(dialog, control), text);
+}
+
+class UserCodeDialog : public SessionBench {
+ protected:
+    UserCodeDialog() {
+        EXPECT_EQ(session_.Initialize(), 0);
+        EXPECT_EQ(Take(session_, "<r><device/></r>"), 0);
+        Printed();
+    }
+    ~UserCodeDialog() override {
+        for (const std::string& complaint : robot_.Complaints())
+            ADD_FAILURE() << complaint;
+    }
+
+    void Types(const std::string& code) { robot_.Expect(bench::Dialog("Configurator").Type(1102, code).Press(IDOK)); }
+    void Meets(const std::string& text, BoxIcon icon, const std::vector<std::string>& buttons,
+               const std::string& answer) {
+        robot_.Expect(bench::Box(text)
+                          .Captioned("Sorvik Klimora Cloud Plugin " PRODUCT_VERSION)
+                          .Icon(icon)
+                          .Buttons(buttons)
+                          .AnswerWith(answer));
+    }
+    void MeetsUsedCode(const std::string& answer) {
+        Meets("User code is already in use.\nDo you want to replace existing product?", BoxIcon::kWarning,
+              {"Yes", "No"}, answer);
+    }
+    int Show() { return ShowUserCodeDialog(bench::MainWindow(), session_); }
+    std::string Device() const { return session_.CurrentDevice()->ToString(); }
+
+    KlConn session_;
+    bench::Robot robot_{bench::MainWindow()};
+};
+
+TEST_F(UserCodeDialog, OpensCentredWithTheProposalAndFocusOnOk) {
+    bench::SeenDialog seen;
+    robot_.Expect(bench::Dialog("Configurator")
+                      .Shows(1102, "SORV2")
+                      .Look([&](const bench::SeenDialog& d) { seen = d; })
+                      .Press(IDCANCEL));
+    const ImportPatch patch("SetDlgItemTextA", LookAndFill);
+    SetCursor(LoadCursorW(nullptr, IDC_ARROW));
+    EXPECT_EQ(Show(), -1);
+    EXPECT_EQ(cursorWhileOpening, LoadCursorW(nullptr, IDC_WAIT));
+    EXPECT_EQ(seen.focusId, IDOK);
+    EXPECT_EQ(seen.owner, bench::MainWindow());
+    EXPECT_FALSE(seen.watchedEnabled);
+    const auto icon = [](int resource, int width, int height) {
+        return LoadImageA(GetModuleHandleA("Sorvik_R24_x64.arx"), MAKEINTRESOURCEA(resource), IMAGE_ICON,
+                          GetSystemMetrics(width), GetSystemMetrics(height), LR_SHARED);
+    };
+    EXPECT_EQ(seen.smallIcon, icon(115, SM_CXSMICON, SM_CYSMICON));
+    EXPECT_EQ(seen.largeIcon, icon(118, SM_CXICON, SM_CYICON));
+    EXPECT_NE(seen.smallIcon, nullptr);
+    const auto middle = [](const RECT& r) { return POINT{(r.left + r.right) / 2, (r.top + r.bottom) / 2}; };
+    EXPECT_NEAR(middle(seen.rectangle).x, middle(seen.ownerRectangle).x, 1);
+    EXPECT_NEAR(middle(seen.rectangle).y, middle(seen.ownerRectangle).y, 1);
+    EXPECT_EQ(Device(), "<device />");
+}
+
+TEST_F(UserCodeDialog, EmptyAndUsedCodesAreQuestioned) {
+    Types("");
+    Meets("User code can not be empty", BoxIcon::kError, {"OK"}, "OK");
+    Types("SORV1");
+    MeetsUsedCode("No");
+    robot_.Expect(bench::Dialog("Configurator").Shows(1102, "SORV1").Close());
+    EXPECT_EQ(Show(), -1);
+    EXPECT_EQ(Device(), "<device><UserCode>SORV1</UserCode></device>")
+        << "the element has the code before the question";
+    Types("ABCDEFGHIJK");
+    EXPECT_EQ(Show(), 0);
+    EXPECT_EQ(Device(), "<device UserCode=\"ABCDEFGHIJ\"><UserCode>ABCDEFGHIJ</UserCode></device>");
+    Types("SORV1");
+    MeetsUsedCode("Yes");
+    EXPECT_EQ(Show(), 0);
+    EXPECT_EQ(Device(), "<device UserCode=\"SORV1\"><UserCode>SORV1</UserCode></device>");
+    EXPECT_EQ(Printed(), "");
+}
+
+TEST_F(UserCodeDialog, WhatItCannotDoIsTold) {
+    const std::string place = "Failed to take the user code. PlugIn/ConfiguratorDialog(93):ShowUserCodeDialog ";
+    {
+        const ImportPatch patch("GetWindowTextA", ReadNothing);
+        robot_.Expect(bench::Dialog("Configurator").Press(IDOK));
+        EXPECT_EQ(Show(), -1);
+    }
+    EXPECT_EQ(Printed(), Line(place + "Can not read the user code."));
+    Take(session_, "<r/>");
+    Printed();
+    robot_.Expect(bench::Dialog("Configurator").Press(IDOK));
+    EXPECT_EQ(Show(), -1);
+    EXPECT_EQ(Printed(), Line(place + "There is no product to give a user code."));
+    {
+        const ImportPatch patch("DialogBoxParamA", ShowNothing);
+        EXPECT_EQ(Show(), -1);
+    }
+    EXPECT_EQ(Printed(), Line("Can not show the user code dialog."));
+    EXPECT_EQ(procedure(nullptr, WM_COMMAND, IDOK, 0), FALSE) << "a command before WM_INITDIALOG";
+}
+
+TEST_F(UserCodeDialog, FirstFreeNumberIsProposed) {
+    const struct {
+        const char *others, *suffix, *proposal;  // codes beside SORV1
+    } cases[] = {{"", "", "SORV2"},
+                 {"SORV3", "", "SORV2"},
+                 {"SORV2,SORV3", "", "SORV4"},
+                 {"sorv2,SORV2 ,SORV02,SORV10", "", "SORV2"},
+                 {"", "-A", "SORV1-A"}};
+    for (const auto& c : cases) {
+        std::string parts = "</KPDClass>";
+        for (const std::string& code : KLUtils::Split(c.others, ","))
+            parts.insert(0, "<Part><UserCode>" + code + "</UserCode></Part>");
+        OpenSampleWith("</KPDClass>", parts);
+        EXPECT_EQ(session_.ProposeUserCode("dSilencerType", c.suffix), c.proposal) << c.others;
+    }
+    EXPECT_EQ(session_.ProposeUserCode("dSupplyType", ""), "SORV1") << "a class without products";
+    EXPECT_TRUE(session_.IsUserCodeInUse("dSilencerType", "SORV1"));
+    EXPECT_FALSE(session_.IsUserCodeInUse("dSilencerType", "sorv1"));
+    for (const int unread : {1, 2}) {
+        bench::ClearFailures();
+        bench::FailCall("IKlimora200805::getPartAtt", unread, 5);
+        EXPECT_TRUE(session_.IsUserCodeInUse("dSilencerType", "free")) << "the count or a code is not known";
+    }
+}
+
+}  // namespace
