@@ -1,6 +1,6 @@
-// Puts another function in the place of one that this program imports, for the length of a scope: single calls of
-// Windows or the C runtime can be made to fail, or their arguments be looked at. Every module from which the program
-// imports that name is covered; other modules of the process are not.
+// Puts another function in the place of one that this program (or a given module) imports, for the length of a scope:
+// single calls of Windows or the C runtime can be made to fail, or their arguments be looked at. Whatever module the
+// name comes from is covered; other modules that import it are not.
 #pragma once
 
 #include <windows.h>
@@ -14,15 +14,15 @@
 class ImportPatch {
  public:
     template <class Function>
-    ImportPatch(const char* name, Function* replacement) {
-        char* const base = reinterpret_cast<char*>(GetModuleHandleW(nullptr));
+    ImportPatch(const char* name, Function* replacement, HMODULE module = GetModuleHandleW(nullptr)) {
+        char* const base = reinterpret_cast<char*>(module);
         const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
         const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
         const auto& directory = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-        const auto* module = reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress);
-        for (; module->Name; ++module) {
-            const auto* names = reinterpret_cast<const IMAGE_THUNK_DATA*>(base + module->OriginalFirstThunk);
-            auto* slots = reinterpret_cast<IMAGE_THUNK_DATA*>(base + module->FirstThunk);
+        const auto* from = reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress);
+        for (; from->Name; ++from) {
+            const auto* names = reinterpret_cast<const IMAGE_THUNK_DATA*>(base + from->OriginalFirstThunk);
+            auto* slots = reinterpret_cast<IMAGE_THUNK_DATA*>(base + from->FirstThunk);
             for (size_t i = 0; names[i].u1.AddressOfData; ++i) {
                 if (IMAGE_SNAP_BY_ORDINAL(names[i].u1.Ordinal)) continue;
                 const auto* import = reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(base + names[i].u1.AddressOfData);
@@ -31,7 +31,7 @@ class ImportPatch {
             }
         }
         // A patch that patches nothing would let a test pass for the wrong reason.
-        if (slots_.empty()) throw std::logic_error(std::string(name) + " is not imported by this program");
+        if (slots_.empty()) throw std::logic_error(std::string(name) + " is not imported");
         for (const Slot& slot : slots_)
             Write(slot.place, reinterpret_cast<ULONGLONG>(replacement));
     }

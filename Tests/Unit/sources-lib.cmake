@@ -6,6 +6,7 @@ set(SORVIK_LIB_TESTS
   DiagnosticsMessages.cpp
   Download.cpp
   DownloadFileTree.cpp
+  FailingAllocations.cpp
   KLUtils.cpp
   KLUtilsText.cpp
   Md5.cpp

@@ -1,0 +1,156 @@
+// Calls of Windows or the C runtime that this program makes, recorded in their order, and given results by plan:
+//   RecordedCalls calls;
+//   calls.Record("OpenClipboard", OpenClipboard);                // goes on to the real function
+//   calls.Give("EmptyClipboard", EmptyClipboard, FALSE);         // does not
+//   calls.Give("RegOpenKeyExA", RegOpenKeyExA, 5, 2, 1);         // goes on twice, does not once, goes on again
+//   calls.Record("GetTempPathA", GetTempPathA, [](DWORD size, char* path) { ... });
+// A line is the name and the arguments: numbers, unsigned ones in hexadecimal, constant texts in quotes, a handle by
+// its name, "null" and "&" for any other pointer. A handle that a recorded call gives back, as its result or through a
+// pointer, bears that call's name. Only calls of the thread that made this object are recorded. Ends with the scope.
+#pragma once
+
+#include <windows.h>
+
+#include <array>
+#include <cstdio>
+#include <functional>
+#include <map>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "ImportPatch.h"
+
+class RecordedCalls {
+    static constexpr int kAlways = 1 << 30;
+
+ public:
+    RecordedCalls() = default;
+    // The patch that came last goes first: a function may be recorded anew on top.
+    ~RecordedCalls() {
+        while (!patches_.empty())
+            patches_.pop_back();
+    }
+    RecordedCalls(const RecordedCalls&) = delete;
+    RecordedCalls& operator=(const RecordedCalls&) = delete;
+
+    template <class R, class... A>
+    void Record(const char* name, R (*)(A...), std::common_type_t<std::function<R(A...)>> answer = {}) {
+        const int passedOn = answer ? 0 : kAlways;
+        patches_.push_back(std::make_unique<Patch<R, A...>>(*this, name, std::move(answer), passedOn, kAlways));
+    }
+    template <class R, class... A>
+    void Give(const char* name, R (*)(A...), std::common_type_t<R> result, int passedOn = 0, int given = kAlways) {
+        const auto answer = [result](A...) { return result; };
+        patches_.push_back(std::make_unique<Patch<R, A...>>(*this, name, answer, passedOn, given));
+    }
+    void Name(const void* handle, const std::string& name) {
+        if (handle) names_[handle] = name;
+    }
+
+    // One line a call, each with its line end; what is taken is recorded no longer.
+    std::string Take() { return std::exchange(lines_, std::string()); }
+
+ private:
+    struct AnyPatch {
+        virtual ~AnyPatch() = default;
+    };
+
+    // Functions of one signature share entries, one for each of them that is recorded at the same time.
+    template <class R, class... A>
+    class Patch : public AnyPatch {
+     public:
+        Patch(RecordedCalls& calls, const char* name, std::function<R(A...)> answer, int passedOn, int answered)
+            : calls_(calls),
+              name_(name),
+              answer_(std::move(answer)),
+              passedOn_(passedOn),
+              answered_(answered),
+              entry_(TakeEntry()),
+              patch_(name, kEntries[entry_]) {}
+        ~Patch() override { users_[entry_] = nullptr; }
+
+     private:
+        template <size_t Entry>
+        static R Enter(A... arguments) {
+            return users_[Entry]->Call(arguments...);
+        }
+        static constexpr std::array<R (*)(A...), 4> kEntries = {Enter<0>, Enter<1>, Enter<2>, Enter<3>};
+        static inline std::array<Patch*, 4> users_ = {};
+
+        size_t TakeEntry() {
+            for (size_t i = 0; i < users_.size(); ++i) {
+                if (users_[i]) continue;
+                users_[i] = this;
+                return i;
+            }
+            throw std::logic_error("too many functions of this signature are recorded at once");
+        }
+
+        R Call(A... arguments) {
+            R (*const real)(A...) = patch_.original<R(A...)>();
+            if (calls_.busy_ || GetCurrentThreadId() != calls_.thread_) return real(arguments...);
+            const DWORD error = GetLastError();
+            calls_.busy_ = true;
+            calls_.lines_ += name_;
+            ((calls_.lines_ += ' ' + calls_.Shown(arguments)), ...);
+            calls_.lines_ += '\n';
+            calls_.busy_ = false;
+            SetLastError(error);
+            const bool passed = passedOn_ > 0 || answered_ <= 0;
+            --(passed ? passedOn_ : answered_);
+            if constexpr (std::is_void_v<R>) {
+                passed ? real(arguments...) : answer_(arguments...);
+            } else {
+                const R result = passed ? real(arguments...) : answer_(arguments...);
+                if constexpr (std::is_pointer_v<R>) calls_.Name(result, name_);
+                (calls_.NameOutput(arguments, name_), ...);
+                return result;
+            }
+        }
+
+        RecordedCalls& calls_;
+        const char* const name_;
+        const std::function<R(A...)> answer_;
+        int passedOn_;
+        int answered_;
+        const size_t entry_;
+        const ImportPatch patch_;
+    };
+
+    template <class T>
+    std::string Shown(T value) const {
+        if constexpr (std::is_same_v<T, const char*>) {
+            return value ? '"' + std::string(value) + '"' : "null";
+        } else if constexpr (std::is_pointer_v<T> && !std::is_function_v<std::remove_pointer_t<T>>) {
+            const auto known = names_.find(value);
+            return known != names_.end() ? known->second : value ? "&" : "null";
+        } else if constexpr (std::is_unsigned_v<T>) {
+            char text[20];
+            std::snprintf(text, sizeof text, "0x%llX", static_cast<unsigned long long>(value));
+            return text;
+        } else if constexpr (std::is_arithmetic_v<T>) {
+            return std::to_string(value);
+        } else {
+            return "&";
+        }
+    }
+    // A pointer to a handle.
+    template <class T>
+    void NameOutput(T* place, const char* name) {
+        if constexpr (std::is_pointer_v<T> && !std::is_const_v<T>) {
+            if (place) Name(*place, name);
+        }
+    }
+    template <class T>
+    void NameOutput(T, const char*) {}
+
+    const DWORD thread_ = GetCurrentThreadId();
+    bool busy_ = false;
+    std::string lines_;
+    std::map<const void*, std::string> names_;
+    std::vector<std::unique_ptr<AnyPatch>> patches_;
+};
