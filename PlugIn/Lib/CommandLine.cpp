@@ -1,25 +1,19 @@
-#include <windows.h>
-
 #include "CommandLine.h"
 
-#include <acutads.h>
+#include <windows.h>
 
 #include <cstdarg>
-#include <string>
 
 #include "FormatText.h"
-#include "Text.h"
+#include "acutads.h"
 
-namespace {
-// A buffer of 8192 characters, terminator included.
-constexpr size_t kLineLimit = 8191;
-}  // namespace
-
-int PrintCommandLine(const char* format, ...) {
+int PrintCommandLine(const char* format, ...) noexcept {
+    BoundedText text;
     va_list arguments;
     va_start(arguments, format);
-    std::string text = FormatArguments(format, arguments);
+    text.AppendArguments(format, arguments);
     va_end(arguments);
-    if (text.size() > kLineLimit) text.resize(kLineLimit);
-    return acutPrintf(L"%s", Widen(text).c_str());
+    wchar_t wide[8192] = L"";
+    MultiByteToWideChar(CP_ACP, 0, text.c_str(), -1, wide, 8192);
+    return acutPrintf(L"%s", wide);
 }

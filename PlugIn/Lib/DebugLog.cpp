@@ -1,104 +1,109 @@
-#include <windows.h>
-
 #include "DebugLog.h"
+
+#include <windows.h>
 
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <ctime>
-#include <string>
 
-#include "FormatText.h"
 #include "Handles.h"
 
 namespace {
 
 constexpr DWORD kPathLimit = 259;
 constexpr long kSizeLimit = 16384;
-// Append, text, and every flush reaches the disk.
-constexpr char kMode[] = "a+tc";
 
 StdioFile debugLog;
 
-std::string TemporaryFolder() {
-    char path[kPathLimit + 1] = "";
-    return GetTempPathA(kPathLimit, path) ? path : "";
+// A folder's path, empty when there is none; the log's name still fits behind it.
+struct Path {
+    char text[kPathLimit + 16] = "";
+};
+
+Path TemporaryFolder() noexcept {
+    Path folder;
+    const DWORD length = GetTempPathA(kPathLimit, folder.text);
+    return length > 0 && length <= kPathLimit ? folder : Path();
 }
 
 // Folder of the host process's executable, not of this module.
-std::string LogFolder() {
-    char path[kPathLimit + 1] = "";
-    GetModuleFileNameA(nullptr, path, kPathLimit);
-    const std::string executable = path;
-    const size_t backslash = executable.rfind('\\');
-    return backslash == std::string::npos ? TemporaryFolder() : executable.substr(0, backslash);
+Path HostFolder() noexcept {
+    Path path;
+    GetModuleFileNameA(nullptr, path.text, kPathLimit);
+    char* const backslash = std::strrchr(path.text, '\\');
+    if (!backslash) return TemporaryFolder();
+    *backslash = '\0';
+    return path;
 }
 
-// A temporary folder ends in a backslash already; the doubled one is harmless and stays.
-std::string LogPath(const std::string& folder) {
-    return folder + "\\pdbg_log.txt";
+bool Open(const Path& path) noexcept {
+    // Append, text, and every flush reaches the disk.
+    debugLog.reset(std::fopen(path.text, "a+tc"));
+    return static_cast<bool>(debugLog);
 }
 
-long SizeOfOpenLog() {
+// Makes the folder's path the log's. A temporary folder ends in a backslash already; the doubled one is harmless and
+// stays.
+bool OpenIn(Path& folder) noexcept {
+    if (!*folder.text) return false;
+    std::strcat(folder.text, "\\pdbg_log.txt");
+    return Open(folder);
+}
+
+long SizeOfOpenLog() noexcept {
     std::fseek(debugLog.get(), 0, SEEK_END);
     const long size = std::ftell(debugLog.get());
     std::fseek(debugLog.get(), 0, SEEK_SET);
     return size;
 }
 
-void WriteStamp(const char* format) {
+void WriteStamp(const char* event) noexcept {
     char date[9] = "";
     char time[9] = "";
     _strdate(date);
     _strtime(time);
-    std::fputs((FormatString(format, date) + FormatString("%s\n", time)).c_str(), debugLog.get());
-}
-
-void CloseAtExit() {
-    try {
-        CloseDebugLog();
-    } catch (...) {
-        // Nobody is left to be told.
-    }
+    std::fprintf(debugLog.get(), "%s log %s %s\n", event, date, time);
 }
 
 // Declared after the log, so that its exit routine runs before the log's own destructor.
 const struct ExitRegistration {
-    ExitRegistration() { std::atexit(CloseAtExit); }
+    ExitRegistration() {
+        std::atexit([] { CloseDebugLog(); });
+    }
 } exitRegistration;
 
 }  // namespace
 
-int OpenDebugLog() {
+int OpenDebugLog() noexcept {
     if (debugLog) return 0;
-    std::string path = LogPath(LogFolder());
-    debugLog.reset(std::fopen(path.c_str(), kMode));
-    if (!debugLog) {
-        path = LogPath(TemporaryFolder());
-        debugLog.reset(std::fopen(path.c_str(), kMode));
+    Path path = HostFolder();
+    if (!OpenIn(path)) {
+        path = TemporaryFolder();
+        if (!OpenIn(path)) return -1;
     }
-    if (debugLog && SizeOfOpenLog() > kSizeLimit) {
+    if (SizeOfOpenLog() > kSizeLimit) {
         debugLog.reset();
-        std::remove(path.c_str());
-        debugLog.reset(std::fopen(path.c_str(), kMode));
+        std::remove(path.text);
+        if (!Open(path)) return -1;
     }
-    if (!debugLog) return -1;
-    WriteStamp("Start log %s ");
+    WriteStamp("Start");
     return 0;
 }
 
-int CloseDebugLog() {
+int CloseDebugLog() noexcept {
     if (debugLog) {
-        WriteStamp("Stop log %s ");
+        WriteStamp("Stop");
         FlushDebugLog();
         debugLog.reset();
     }
     return 0;
 }
 
-void FlushDebugLog() {
+void FlushDebugLog() noexcept {
     if (debugLog) std::fflush(debugLog.get());
 }
 
-void WriteDebugLog(const char* line) {
-    if (OpenDebugLog() == 0) std::fputs(FormatOwnText(line).c_str(), debugLog.get());
+void WriteDebugLog(const char* text) noexcept {
+    if (OpenDebugLog() == 0) std::fputs(text, debugLog.get());
 }

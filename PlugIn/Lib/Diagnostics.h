@@ -1,7 +1,8 @@
 // Process-wide reporting of failures. A report is composed into one line and, by the bit word of its severity, written
 // to the debug log, echoed to standard output and shown in a message box; the word is returned, and the caller breaks
 // into the debugger when it has RF_BREAK (ReportErrorAndBreak does both). Texts are narrow and may be null. The
-// facility never fails and never reports about itself. Main thread only.
+// facility never fails, never reports about itself and takes no memory of the heap for itself: a composed text is cut
+// to 8191 characters, and what a handler throws ends there. Main thread only.
 #pragma once
 
 #include <cstdint>
@@ -37,21 +38,21 @@ struct DiagSettings {
 // The record in force; never null.
 extern DiagSettings* g_diagSettings;
 
-uint32_t ReportFatal(const char* message, const char* file, int line, const char* function);
-uint32_t ReportError(const char* message, const char* file, int line, const char* function);
-uint32_t ReportError(const std::string& message, const char* file, int line, const char* function);
-uint32_t ReportWarning(const char* message, const char* file, int line, const char* function);
-uint32_t ReportInfo(const char* message, const char* file, int line, const char* function);
+uint32_t ReportFatal(const char* message, const char* file, int line, const char* function) noexcept;
+uint32_t ReportError(const char* message, const char* file, int line, const char* function) noexcept;
+uint32_t ReportError(const std::string& message, const char* file, int line, const char* function) noexcept;
+uint32_t ReportWarning(const char* message, const char* file, int line, const char* function) noexcept;
+uint32_t ReportInfo(const char* message, const char* file, int line, const char* function) noexcept;
 
 // Each word that has a bit of RF_ALL replaces that severity's word, masked with RF_ALL; any other leaves it alone.
-void SetReportLevels(uint32_t fatalBits, uint32_t errorBits, uint32_t warningBits, uint32_t infoBits);
-void SetReportHandlers(void* context, ReportHandler onFatal, ReportHandler onError, ReportHandler onWarning);
+void SetReportLevels(uint32_t fatalBits, uint32_t errorBits, uint32_t warningBits, uint32_t infoBits) noexcept;
+void SetReportHandlers(void* context, ReportHandler onFatal, ReportHandler onError, ReportHandler onWarning) noexcept;
 
 // ReportError, then DebugBreak when the returned word has RF_BREAK.
-uint32_t ReportErrorAndBreak(const char* message, const char* file, int line, const char* function);
-uint32_t ReportErrorAndBreak(const std::string& message, const char* file, int line, const char* function);
+uint32_t ReportErrorAndBreak(const char* message, const char* file, int line, const char* function) noexcept;
+uint32_t ReportErrorAndBreak(const std::string& message, const char* file, int line, const char* function) noexcept;
 
 // Check of a condition that stands for a failure ("!ret"): when it holds, "(condition) message" is reported and broken
 // upon. Returns `failed`.
 bool VerifyOrReport(bool failed, const char* conditionText, const char* message, const char* file, int line,
-                    const char* function);
+                    const char* function) noexcept;

@@ -1,38 +1,29 @@
 #include "ExceptionReport.h"
 
 #include <exception>
-#include <sstream>
 #include <string>
-
-#include "ticpp.h"
 
 #include "CommandLine.h"
 #include "DisplayName.h"
+#include "Text.h"
+#include "ticpp.h"
 
-namespace {
-
-void Print(const char* message, const std::string& location, const char* text) {
-    PrintCommandLine("\n%s: %s %s %s\n", kDisplayName, message, location.c_str(), text ? text : "");
-}
-
-}  // namespace
-
-void ReportException(const char* message, const char* source, int line, const char* function) {
-    if (!message) message = "";
-    std::ostringstream place;
-    place << (source ? source : "") << '(' << line << "):" << (function ? function : "");
-    const std::string location = place.str();
+void ReportException(const char* message, const char* source, int line, const char* function) noexcept {
+    const auto print = [=](const char* blank, const char* text) {
+        PrintCommandLine("\n%s: %s %s(%d):%s%s%s\n", kDisplayName, OrEmpty(message), OrEmpty(source), line,
+                         OrEmpty(function), blank, OrEmpty(text));
+    };
     try {
         throw;
     } catch (const ticpp::Exception& exception) {
-        Print(message, location, exception.m_details.c_str());
+        print(" ", exception.m_details.c_str());
     } catch (const std::exception& exception) {
-        Print(message, location, exception.what());
+        print(" ", exception.what());
     } catch (const std::string& text) {
-        Print(message, location, text.c_str());
+        print(" ", text.c_str());
     } catch (const char* text) {
-        Print(message, location, text);
+        print(" ", text);
     } catch (...) {
-        PrintCommandLine("\n%s: %s %s\n", kDisplayName, message, location.c_str());
+        print("", "");
     }
 }

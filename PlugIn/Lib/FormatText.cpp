@@ -1,7 +1,24 @@
 #include "FormatText.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
+
+namespace {
+
+// Works in place: the result is never longer. Returns its length.
+size_t FormatInPlace(char* text) noexcept {
+    char* to = text;
+    for (const char* at = text; *at; ++at) {
+        *to++ = *at;
+        if (at[0] == '%' && at[1] == '%') ++at;
+    }
+    *to = '\0';
+    return static_cast<size_t>(to - text);
+}
+
+}  // namespace
 
 std::string FormatString(const char* format, ...) {
     va_list arguments;
@@ -13,27 +30,44 @@ std::string FormatString(const char* format, ...) {
 }
 
 std::string FormatArguments(const char* format, va_list arguments) {
-    if (!format) return std::string();
-    char buffer[256];
-    va_list pass;
-    va_copy(pass, arguments);
-    const int length = std::vsnprintf(buffer, sizeof buffer, format, pass);
-    va_end(pass);
-    if (length < 0) return std::string();
-    const size_t size = static_cast<size_t>(length);
-    if (size < sizeof buffer) return std::string(buffer, size);
-    std::string text(size, '\0');
-    std::vsnprintf(text.data(), size + 1, format, arguments);
+    std::string text;
+    if (!format) return text;
+    char first[256];
+    va_list again;
+    va_copy(again, arguments);
+    const int length = std::vsnprintf(first, sizeof first, format, arguments);
+    if (length >= static_cast<int>(sizeof first)) {
+        text.resize(static_cast<size_t>(length));
+        std::vsnprintf(text.data(), text.size() + 1, format, again);
+    } else if (length > 0) {
+        text.assign(first, static_cast<size_t>(length));
+    }
+    va_end(again);
     return text;
 }
 
 std::string FormatOwnText(const char* text) {
-    std::string result;
-    for (const char* at = text ? text : ""; *at; ++at) {
-        result += *at;
-        if (at[0] == '%' && at[1] == '%') ++at;
-    }
+    std::string result = text ? text : "";
+    result.resize(FormatInPlace(result.data()));
     return result;
+}
+
+void BoundedText::Append(const char* format, ...) noexcept {
+    va_list arguments;
+    va_start(arguments, format);
+    AppendArguments(format, arguments);
+    va_end(arguments);
+}
+
+void BoundedText::AppendArguments(const char* format, va_list arguments) noexcept {
+    const size_t room = sizeof text_ - length_;
+    const int length = format ? std::vsnprintf(text_ + length_, room, format, arguments) : -1;
+    if (length > 0) length_ += std::min(static_cast<size_t>(length), room - 1);
+    text_[length_] = '\0';
+}
+
+void BoundedText::FormatAsItsOwn() noexcept {
+    length_ = FormatInPlace(text_);
 }
 
 std::string HexText(const void* bytes, size_t count) {

@@ -1,9 +1,14 @@
-// Conversions of texts: letter case, and between narrow texts (ANSI code page) and wide ones. Everything is by value
+// Null texts, letter case, and conversions between narrow texts (ANSI code page) and wide ones. Everything is by value
 // and nothing fails: a character that the other side does not know becomes its replacement character.
 #pragma once
 
 #include <string>
 #include <string_view>
+
+// A null text as an empty one.
+inline const char* OrEmpty(const char* text) noexcept {
+    return text ? text : "";
+}
 
 // ASCII letters in upper case, everything else as it is.
 std::string ToUpper(std::string text);

@@ -12,13 +12,13 @@ constexpr char kNoMemory[] = "Can not allocate memory.";
 
 }  // namespace
 
-void* gwGmalloc(uint32_t size, int32_t) {
+void* gwGmalloc(uint32_t size, int32_t) noexcept {
     void* block = std::malloc(size);
     VerifyOrReport(!block, "!ret", kNoMemory, kSource, 29, "gwGmalloc");
     return block;
 }
 
-void* gwGrealloc(void* block, uint32_t size, int32_t) {
+void* gwGrealloc(void* block, uint32_t size, int32_t) noexcept {
     if (!block) return std::malloc(size);
     // realloc to nothing would free the block and look like a failure that keeps it.
     void* grown = std::realloc(block, std::max<uint32_t>(size, 1));
@@ -26,12 +26,12 @@ void* gwGrealloc(void* block, uint32_t size, int32_t) {
     return grown;
 }
 
-int gwGfree(void* block) {
+int gwGfree(void* block) noexcept {
     std::free(block);
     return 0;
 }
 
-void* gwGmallocH(uint32_t size, HGLOBAL* handle) {
+void* gwGmallocH(uint32_t size, HGLOBAL* handle) noexcept {
     if (VerifyOrReport(!handle, "!lphg", kNoMemory, kSource, 56, "gwGmallocH")) return nullptr;
     GlobalMemory block(GlobalAlloc(GHND, size));
     *handle = block.get();

@@ -6,64 +6,44 @@
 #include <string>
 #include <vector>
 
-#include "ImportPatch.h"
+#include "FailingAllocations.h"
+#include "RecordedCalls.h"
 
 namespace {
 
-enum Severity { kFatal, kError, kWarning, kInfo };
+using Reporter = uint32_t (*)(const char* message, const char* file, int line, const char* function);
+constexpr Reporter kError = ReportError;
 
-uint32_t ReportWith(Severity severity, uint32_t bits, const char* message, const char* function = "Unit::Work") {
+uint32_t ReportWith(Reporter report, uint32_t bits, const char* message, const char* function = "Unit::Work") {
     g_diagSettings->fatalBits = g_diagSettings->errorBits = bits;
     g_diagSettings->warningBits = g_diagSettings->infoBits = bits;
-    switch (severity) {
-        case kFatal:
-            return ReportFatal(message, "PlugIn/Lib/Unit", 42, function);
-        case kError:
-            return ReportError(message, "PlugIn/Lib/Unit", 42, function);
-        case kWarning:
-            return ReportWarning(message, "PlugIn/Lib/Unit", 42, function);
-        default:
-            return ReportInfo(message, "PlugIn/Lib/Unit", 42, function);
-    }
-}
-
-std::vector<std::string> boxes;
-
-int WINAPI RecordBox(HWND owner, const char* text, const char* caption, UINT type) {
-    boxes.push_back(std::string(owner ? "owned " : "") + caption + "|" + text + "|" + std::to_string(type));
-    return IDOK;
-}
-
-int breaks = 0;
-void WINAPI CountBreak() {
-    ++breaks;
+    return report(message, "PlugIn/Lib/Unit", 42, function);
 }
 
 }  // namespace
 
 TEST_F(DiagnosticsTest, ComposedLines) {
     const struct {
-        Severity severity;
+        Reporter report;
         uint32_t bits;
         const char* message;
         const char* function;
         const char* line;
     } cases[] = {
         {kError, 0x1081, "no root", "Unit::Work", "Error  -    -  \"no root\"  -  PlugIn/Lib/Unit#42\n"},
-        {kFatal, 0x1081, "no root", "Unit::Work", "Fatal Error  -    -  \"no root\"  -  PlugIn/Lib/Unit#42\n"},
-        {kWarning, 0x3080, "odd", "Unit::Work", "Warning  -  Unit::Work(...)  -  \"odd\"  -  PlugIn/Lib/Unit#42\n"},
-        {kInfo, 0x0080, "ready", "Unit::Work", "\"ready\"\n"},
-        {kInfo, 0x2080, "ready", "Unit::Work", "Unit::Work(...)  -  \"ready\"\n"},
-        {kInfo, 0x3080, "ready", nullptr, "(...)  -  \"ready\"  -  PlugIn/Lib/Unit#42\n"},
-        {kInfo, 0x0080, "", "Unit::Work", "\n"},
-        {kError, 0x0080, nullptr, "Unit::Work", "Error  -  \n"},
+        {ReportFatal, 0x1080, "no root", "Unit::Work", "Fatal Error  -    -  \"no root\"  -  PlugIn/Lib/Unit#42\n"},
+        {ReportWarning, 0x3080, "odd", "Unit::Work",
+         "Warning  -  Unit::Work(...)  -  \"odd\"  -  PlugIn/Lib/Unit#42\n"},
+        {ReportInfo, 0x0080, "ready", "Unit::Work", "\"ready\"\n"},
+        {ReportInfo, 0x3080, "ready", nullptr, "(...)  -  \"ready\"  -  PlugIn/Lib/Unit#42\n"},
+        {ReportInfo, 0x0080, "", "Unit::Work", "\n"},
         {kError, 0x2080, nullptr, "Unit::Work", "Error  -  Unit::Work(...)\n"},
         // The line is its own format, without arguments.
-        {kInfo, 0x0080, "100%% of %d, %s", "Unit::Work", "\"100% of %d, %s\"\n"},
+        {ReportInfo, 0x0080, "100%% of %d, %s", "Unit::Work", "\"100% of %d, %s\"\n"},
     };
     std::string expected;
     for (const auto& one : cases) {
-        EXPECT_EQ(ReportWith(one.severity, one.bits, one.message, one.function), one.bits);
+        EXPECT_EQ(ReportWith(one.report, one.bits, one.message, one.function), one.bits);
         expected += one.line;
     }
     EXPECT_EQ(LogLines(), expected);
@@ -78,79 +58,88 @@ TEST_F(DiagnosticsTest, OnlyTheLogBitWritesTheLog) {
 
 TEST_F(DiagnosticsTest, StandardOutputCarriesTheLine) {
     testing::internal::CaptureStdout();
+    ReportWith(kError, 0x1440, "silent");
     ReportWith(kError, 0x1400, "50%% done, %n");
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "Error  -    -  \"50% done, %n\"  -  PlugIn/Lib/Unit#42\n");
-    testing::internal::CaptureStdout();
-    ReportWith(kError, 0x1440, "silent");
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
 }
 
 TEST_F(DiagnosticsTest, MessageBoxHasRowsOfItsOwn) {
-    const ImportPatch patch("MessageBoxA", RecordBox);
-    boxes.clear();
-    ReportWith(kFatal, 0x3200, "no %d root");
-    ReportWith(kWarning, 0x1200, "");
-    ReportWith(kInfo, 0x0200, "ready");
+    RecordedCalls calls;
+    calls.Give("MessageBoxA", MessageBoxA, IDOK);
+    ReportWith(ReportFatal, 0x3200, "no %d root");
+    ReportWith(ReportWarning, 0x1200, "");
+    ReportWith(ReportInfo, 0x0200, "ready");
     ReportWith(kError, 0x0240, "silent");
-    EXPECT_EQ(boxes, (std::vector<std::string>{
-                         "Fatal Error|Details\t:  no %d root\nFunction\t:  Unit::Work(...)\nFile\t:  PlugIn/Lib/Unit\n"
-                         "Line\t:  42|0",
-                         "Warning|\nFile\t:  PlugIn/Lib/Unit\nLine\t:  42|0",
-                         "|Details\t:  ready|0",
-                     }));
+    EXPECT_EQ(calls.Take(),
+              "MessageBoxA null \"Details\t:  no %d root\nFunction\t:  Unit::Work(...)\nFile\t:  PlugIn/Lib/Unit\n"
+              "Line\t:  42\" \"Fatal Error\" 0x0\n"
+              "MessageBoxA null \"\nFile\t:  PlugIn/Lib/Unit\nLine\t:  42\" \"Warning\" 0x0\n"
+              "MessageBoxA null \"Details\t:  ready\" \"\" 0x0\n");
 }
 
-TEST_F(DiagnosticsTest, HandlersGetTheContextEvenWhenSilent) {
+TEST_F(DiagnosticsTest, HandlersGetTheContextEvenWhenSilentAndMayThrow) {
     std::string called;
     SetReportHandlers(
         &called, [](void* context) { *static_cast<std::string*>(context) += "fatal "; },
-        [](void* context) { *static_cast<std::string*>(context) += "error "; },
+        [](void* context) {
+            *static_cast<std::string*>(context) += "error ";
+            SetReportLevels(0, 0x1000, 0, 0);
+            throw 1;
+        },
         [](void* context) { *static_cast<std::string*>(context) += "warning "; });
-    for (const Severity severity : {kInfo, kWarning, kError, kFatal})
-        ReportWith(severity, RF_SILENT, "quiet");
+    for (const Reporter report : {Reporter{ReportInfo}, Reporter{ReportWarning}, kError, Reporter{ReportFatal}}) {
+        EXPECT_EQ(ReportWith(report, RF_SILENT, "quiet"), report == kError ? 0x1000u : 0x40u)
+            << "the levels are read again after the handler";
+    }
     EXPECT_EQ(called, "warning error fatal ");
 }
 
 TEST_F(DiagnosticsTest, LevelsTakeOnlyKnownBits) {
-    const struct {
-        uint32_t given, stored;
-    } cases[] = {{0, 0x3182},      {0x0008, 0x3182}, {0x0030, 0x3182},          {0x0800, 0x3182},
-                 {0x0081, 0x0081}, {0x088A, 0x0082}, {0xFFFFFFFFu, 0x000037C7}, {0x1000, 0x1000}};
-    for (const auto& one : cases) {
-        SetReportLevels(0x3182, 0x3182, 0x3182, 0x3182);
-        uint32_t DiagSettings::*const words[] = {&DiagSettings::fatalBits, &DiagSettings::errorBits,
-                                                 &DiagSettings::warningBits, &DiagSettings::infoBits};
-        for (int i = 0; i < 4; ++i) {
-            SetReportLevels(i == 0 ? one.given : 0, i == 1 ? one.given : 0, i == 2 ? one.given : 0,
-                            i == 3 ? one.given : 0);
-            for (int j = 0; j < 4; ++j) {
-                EXPECT_EQ(g_diagSettings->*words[j], j <= i ? one.stored : 0x3182u) << i << j << " " << one.given;
-            }
-        }
-    }
-}
-
-TEST_F(DiagnosticsTest, LevelsAtLoad) {
     const DiagSettings fresh;
-    EXPECT_EQ(fresh.fatalBits, 0x3386u);
-    EXPECT_EQ(fresh.errorBits, 0x3182u);
-    EXPECT_EQ(fresh.warningBits, 0x3182u);
-    EXPECT_EQ(fresh.infoBits, 0x3181u);
+    const auto words = [](const DiagSettings& settings) {
+        return std::vector<uint32_t>{settings.fatalBits, settings.errorBits, settings.warningBits, settings.infoBits};
+    };
+    EXPECT_EQ(words(fresh), (std::vector<uint32_t>{0x3386, 0x3182, 0x3182, 0x3181}));
+    *g_diagSettings = fresh;
+    SetReportLevels(0, 0x0008, 0x0030, 0x0800);
+    EXPECT_EQ(words(*g_diagSettings), words(fresh));
+    SetReportLevels(0x0081, 0x088A, 0xFFFFFFFF, 0x1000);
+    EXPECT_EQ(words(*g_diagSettings), (std::vector<uint32_t>{0x0081, 0x0082, 0x37C7, 0x1000}));
 }
 
 TEST_F(DiagnosticsTest, FailedConditionIsReportedAndBrokenUpon) {
-    const ImportPatch patch("DebugBreak", CountBreak);
-    breaks = 0;
+    RecordedCalls calls;
+    calls.Record("DebugBreak", DebugBreak, [] {});
     g_diagSettings->errorBits = 0x0080;
     EXPECT_FALSE(VerifyOrReport(false, "!ret", "Can not allocate memory.", "PlugIn/Lib/Unit", 1, "Work"));
     EXPECT_TRUE(VerifyOrReport(true, "!ret", "Can not allocate memory.", "PlugIn/Lib/Unit", 1, "Work"));
-    EXPECT_EQ(breaks, 0);
+    EXPECT_EQ(calls.Take(), "");
     g_diagSettings->errorBits = 0x0082;
     EXPECT_TRUE(VerifyOrReport(true, "x < 0", nullptr, "PlugIn/Lib/Unit", 1, "Work"));
-    EXPECT_EQ(breaks, 1);
     EXPECT_EQ(ReportErrorAndBreak(std::string("text"), "PlugIn/Lib/Unit", 1, "Work"), 0x0082u);
-    EXPECT_EQ(breaks, 2);
+    EXPECT_EQ(calls.Take(), "DebugBreak\nDebugBreak\n");
     EXPECT_EQ(LogLines(),
               "Error  -    -  \"(!ret) Can not allocate memory.\"\nError  -    -  \"(x < 0) \"\n"
               "Error  -    -  \"text\"\n");
+}
+
+TEST_F(DiagnosticsTest, ReportsAreWrittenWithoutMemory) {
+    const std::string longText(9000, 'x');
+    testing::internal::CaptureStdout();
+    const ImportPatch patch(
+        "MessageBoxA", +[](HWND, const char*, const char*, UINT) { return int{IDOK}; });
+    {
+        const FailingAllocations failing(0);
+        ReportWith(kError, 0x3680, "no memory");
+        VerifyOrReport(true, "!ret", "none", nullptr, 1, nullptr);
+        ReportWith(kError, 0x0080, longText.c_str());
+        FlushDebugLog();
+        CloseDebugLog();
+        EXPECT_EQ(failing.refused(), 0);
+    }
+    testing::internal::GetCapturedStdout();
+    EXPECT_EQ(LogLines(),
+              "Error  -  Unit::Work(...)  -  \"no memory\"  -  PlugIn/Lib/Unit#42\n"
+              "Error  -  (...)  -  \"(!ret) none\"  -  #1\n" +
+                  ("Error  -    -  \"" + longText).substr(0, 8191));
 }

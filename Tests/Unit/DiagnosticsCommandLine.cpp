@@ -2,12 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <cwchar>
 #include <exception>
+#include <locale>
 #include <stdexcept>
 #include <string>
 
 #include <adscodes.h>
 
+#include "FailingAllocations.h"
+#include "ImportPatch.h"
 #include "Lib/CommandLine.h"
 #include "Lib/ExceptionReport.h"
 #include "ticpp.h"
@@ -39,10 +43,23 @@ TEST_F(DiagnosticsCommandLine, PrintsFormattedTextOnce) {
     bench::ClearFailures();
     bench::FailCall("acutPrintf", 1, RTERROR);
     EXPECT_EQ(PrintCommandLine("lost"), RTERROR);
+    bench::ClearTranscript();
+    const ImportPatch widening(
+        "MultiByteToWideChar", +[](UINT codePage, DWORD, const char*, int, wchar_t* wide, int size) {
+            return std::swprintf(wide, static_cast<size_t>(size), L"code page %u", codePage) + 1;
+        });
+    PrintCommandLine("\xE4");
+    EXPECT_EQ(bench::Transcript(), "code page 0") << "the ANSI code page";
 }
 
 TEST_F(DiagnosticsCommandLine, ExceptionsAreToldByKind) {
-    const std::string head = "\nSorvik Klimora Cloud Plugin: It failed. PlugIn/Unit(12):Unit::Work";
+    // What another plug-in may have made of the numbers that streams write.
+    class Grouping : public std::numpunct<char> {
+        char do_thousands_sep() const override { return '.'; }
+        std::string do_grouping() const override { return "\3"; }
+    };
+    const std::locale classic = std::locale::global(std::locale(std::locale::classic(), new Grouping));
+    const std::string head = "\nSorvik Klimora Cloud Plugin: It failed. PlugIn/Unit(11300):Unit::Work";
     const struct {
         void (*raise)();
         const char* text;
@@ -60,8 +77,10 @@ TEST_F(DiagnosticsCommandLine, ExceptionsAreToldByKind) {
         try {
             one.raise();
         } catch (...) {
-            ReportException("It failed.", "PlugIn/Unit", 12, "Unit::Work");
+            const FailingAllocations failing(0);
+            ReportException("It failed.", "PlugIn/Unit", 11300, "Unit::Work");
         }
         EXPECT_EQ(bench::Transcript(), head + one.text);
     }
+    std::locale::global(classic);
 }

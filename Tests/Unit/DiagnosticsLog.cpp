@@ -5,40 +5,24 @@
 #include <cstdio>
 #include <regex>
 #include <string>
-#include <vector>
 
-#include "ImportPatch.h"
+#include "RecordedCalls.h"
 
 namespace {
-
-using OpenFunction = FILE*(const char*, const char*);
-
-OpenFunction* realOpen = nullptr;
-int refusals = 0;
-std::vector<std::string> opened;
-
-// Refuses the first `refusals` calls.
-FILE* RefusingOpen(const char* path, const char* mode) {
-    opened.push_back(std::string(path) + "|" + mode);
-    return static_cast<int>(opened.size()) <= refusals ? nullptr : realOpen(path, mode);
-}
 
 class DiagnosticsLogTest : public DiagnosticsTest {
  protected:
     DiagnosticsLogTest() {
-        g_diagSettings->errorBits = RF_LOG;
-        g_diagSettings->infoBits = RF_LOG;
+        g_diagSettings->fatalBits = g_diagSettings->errorBits = RF_LOG;
+        g_diagSettings->warningBits = g_diagSettings->infoBits = RF_LOG;
     }
-    static void Refuse(int calls) {
-        refusals = calls;
-        opened.clear();
-    }
-};
 
-DWORD WINAPI NameWithoutFolder(HMODULE, char* path, DWORD size) {
-    lstrcpynA(path, "host.exe", static_cast<int>(size));
-    return 8;
-}
+    static DWORD WINAPI NameWithoutFolder(HMODULE, char* path, DWORD size) {
+        lstrcpynA(path, "host.exe", static_cast<int>(size));
+        return 8;
+    }
+    static std::string Opened(const std::string& path) { return "fopen \"" + path + "\" \"a+tc\"\n"; }
+};
 
 }  // namespace
 
@@ -54,71 +38,89 @@ TEST_F(DiagnosticsLogTest, StampsFrameTheLines) {
 }
 
 TEST_F(DiagnosticsLogTest, ErrorsReachTheFileAtOnceInformationWaits) {
-    ReportInfo("first", nullptr, 0, nullptr);
-    EXPECT_EQ(Raw(LogPath()).find("first"), std::string::npos);
-    ReportError("second", nullptr, 0, nullptr);
-    EXPECT_NE(Raw(LogPath()).find("\"first\"\nError  -    -  \"second\"\n"), std::string::npos);
-    ReportInfo("third", nullptr, 0, nullptr);
-    FlushDebugLog();
-    EXPECT_NE(Raw(LogPath()).find("\"third\"\n"), std::string::npos);
+    for (const auto report : {ReportFatal, static_cast<decltype(&ReportFatal)>(ReportError), ReportWarning}) {
+        ReportInfo("first", nullptr, 0, nullptr);
+        EXPECT_EQ(Raw(LogPath()).find("first"), std::string::npos);
+        report("second", nullptr, 0, nullptr);
+        EXPECT_NE(Raw(LogPath()).find("\"second\"\n"), std::string::npos);
+        ReportInfo("third", nullptr, 0, nullptr);
+        FlushDebugLog();
+        EXPECT_NE(Raw(LogPath()).find("\"third\"\n"), std::string::npos);
+        CloseDebugLog();
+        std::remove(LogPath().c_str());
+    }
 }
 
-TEST_F(DiagnosticsLogTest, GrownLogRestartsEmpty) {
+TEST_F(DiagnosticsLogTest, OnlyAGrownLogRestartsEmpty) {
     for (const size_t size : {16384u, 16385u}) {
         CloseDebugLog();
         WriteWholeFile(LogPath(), std::string(size, 'x'));
         EXPECT_EQ(OpenDebugLog(), 0);
         CloseDebugLog();
-        const std::string text = ReadWholeFile(LogPath());
-        const size_t start = text.find("Start log ");
-        EXPECT_EQ(start, size == 16384 ? 16384u : 0u) << size;
+        EXPECT_EQ(ReadWholeFile(LogPath()).find("Start log "), size == 16384 ? 16384u : 0u) << size;
     }
 }
 
-TEST_F(DiagnosticsLogTest, OldLinesStay) {
-    WriteWholeFile(LogPath(), "old\r\n");
-    ReportError("new", nullptr, 0, nullptr);
-    CloseDebugLog();
-    EXPECT_EQ(ReadWholeFile(LogPath()).substr(0, 15), "old\r\nStart log ");
-}
-
 TEST_F(DiagnosticsLogTest, TemporaryFolderTakesTheLogWhenTheProgramsFolderRefuses) {
-    const ImportPatch patch("fopen", RefusingOpen);
-    realOpen = patch.original<OpenFunction>();
-    Refuse(1);
+    RecordedCalls calls;
+    calls.Give("fopen", std::fopen, nullptr, 0, 1);
     ReportError("elsewhere", nullptr, 0, nullptr);
-    EXPECT_EQ(opened, (std::vector<std::string>{LogPath() + "|a+tc", FallbackLogPath() + "|a+tc"}));
+    EXPECT_EQ(calls.Take(), Opened(LogPath()) + Opened(FallbackLogPath()));
     EXPECT_FALSE(Exists(LogPath()));
     EXPECT_EQ(ClosedLog(FallbackLogPath()), "Error  -    -  \"elsewhere\"\n");
 }
 
 TEST_F(DiagnosticsLogTest, NoFolderLeavesTheLogClosedAndTheNextReportTriesAgain) {
-    const ImportPatch patch("fopen", RefusingOpen);
-    realOpen = patch.original<OpenFunction>();
-    Refuse(2);
-    ReportError("lost", nullptr, 0, nullptr);
-    EXPECT_EQ(opened.size(), 2u);
-    Refuse(2);
-    EXPECT_EQ(OpenDebugLog(), -1);
-    Refuse(0);
+    {
+        RecordedCalls calls;
+        calls.Give("fopen", std::fopen, nullptr);
+        ReportError("lost", nullptr, 0, nullptr);
+        EXPECT_EQ(OpenDebugLog(), -1);
+        EXPECT_EQ(calls.Take(),
+                  Opened(LogPath()) + Opened(FallbackLogPath()) + Opened(LogPath()) + Opened(FallbackLogPath()));
+        calls.Give("GetTempPathA", GetTempPathA, 0);
+        EXPECT_EQ(OpenDebugLog(), -1);
+        EXPECT_EQ(calls.Take(), Opened(LogPath()) + "GetTempPathA 0x103 &\n") << "not in the root of the drive";
+    }
     ReportError("kept", nullptr, 0, nullptr);
     EXPECT_EQ(LogLines(), "Error  -    -  \"kept\"\n");
 }
 
 TEST_F(DiagnosticsLogTest, RestartThatFailsLeavesTheLogClosed) {
     WriteWholeFile(LogPath(), std::string(20000, 'x'));
-    static int calls;
-    calls = 0;
-    const ImportPatch patch(
-        "fopen",
-        +[](const char* path, const char* mode) -> FILE* { return ++calls == 2 ? nullptr : realOpen(path, mode); });
-    realOpen = patch.original<OpenFunction>();
+    RecordedCalls calls;
+    calls.Give("fopen", std::fopen, nullptr, 1);
     EXPECT_EQ(OpenDebugLog(), -1);
-    EXPECT_EQ(OpenDebugLog(), 0);
+    EXPECT_EQ(calls.Take(), Opened(LogPath()) + Opened(LogPath()));
 }
 
 TEST_F(DiagnosticsLogTest, ProgramWithoutFolderUsesTheTemporaryOne) {
-    const ImportPatch patch("GetModuleFileNameA", NameWithoutFolder);
+    RecordedCalls calls;
+    calls.Record("GetModuleFileNameA", GetModuleFileNameA, NameWithoutFolder);
     ReportError("temporary", nullptr, 0, nullptr);
     EXPECT_EQ(ClosedLog(FallbackLogPath()), "Error  -    -  \"temporary\"\n");
+    EXPECT_EQ(calls.Take(), "GetModuleFileNameA null & 0x103\n");
+}
+
+// The module's own log, in the program that it is loaded into: it lies beside that program, and is closed at unload.
+TEST_F(DiagnosticsLogTest, TheModuleStopsItsLogWhenItIsUnloaded) {
+    const TestFolder folder;
+    const std::string copy = folder.file("Copy.arx");
+    ASSERT_TRUE(CopyFileA("Sorvik_R24_x64.arx", copy.c_str(), TRUE));
+    const HMODULE module = LoadLibraryA(copy.c_str());
+    ASSERT_TRUE(module);
+    const auto allocate =
+        reinterpret_cast<void* (*)(uint32_t, HGLOBAL*)>(reinterpret_cast<void*>(GetProcAddress(module, "gwGmallocH")));
+    ASSERT_TRUE(allocate);
+    {
+        const ImportPatch patch(
+            "DebugBreak", +[] {}, module);
+        EXPECT_EQ(allocate(1, nullptr), nullptr) << "and that is reported";
+    }
+    FreeLibrary(module);
+    EXPECT_EQ(GetModuleHandleA("Copy.arx"), nullptr);
+    const std::string log = Raw(LogPath());
+    EXPECT_EQ(log.substr(0, 10), "Start log ");
+    EXPECT_NE(log.find("\nStop log "), std::string::npos);
+    EXPECT_FALSE(Exists(folder.file("pdbg_log.txt")));
 }

@@ -6,7 +6,8 @@
 #include <string>
 
 #include "DiagnosticsFixture.h"
-#include "ImportPatch.h"
+#include "FailingAllocations.h"
+#include "RecordedCalls.h"
 
 namespace {
 
@@ -22,13 +23,10 @@ void* RefusingMalloc(size_t size) {
 void* RefusingRealloc(void* block, size_t size) {
     return size == kRefusedSize ? nullptr : realRealloc(block, size);
 }
-void* WINAPI NoLock(HGLOBAL) {
-    return nullptr;
-}
-int freed = 0;
-HGLOBAL WINAPI CountFree(HGLOBAL block) {
-    ++freed;
-    return LocalFree(block);
+template <class Function>
+void FindInRuntime(Function*& function, const char* name) {
+    function =
+        reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("msvcrt.dll"), name)));
 }
 
 class GlobalMemoryTest : public DiagnosticsTest {
@@ -53,7 +51,7 @@ TEST_F(GlobalMemoryTest, BlocksGrowWithTheirContent) {
     EXPECT_TRUE(kept) << "a block of no size is a block all the same";
     EXPECT_EQ(gwGfree(kept), 0);
     EXPECT_EQ(gwGfree(nullptr), 0);
-    GwMemory fresh(gwGrealloc(nullptr, 16, 0));
+    const GwMemory fresh(gwGrealloc(nullptr, 16, 0));
     EXPECT_TRUE(fresh);
     EXPECT_EQ(LogLines(), "");
 }
@@ -63,15 +61,15 @@ TEST_F(GlobalMemoryTest, FailedAllocationsAreReportedButForTheFirstThroughReallo
     std::memcpy(old.get(), "old", 3);
     {
         // The patches allocate themselves, so the originals are known before the first stands.
-        const HMODULE runtime = GetModuleHandleA("msvcrt.dll");
-        realMalloc = reinterpret_cast<void* (*)(size_t)>(reinterpret_cast<void*>(GetProcAddress(runtime, "malloc")));
-        realRealloc =
-            reinterpret_cast<void* (*)(void*, size_t)>(reinterpret_cast<void*>(GetProcAddress(runtime, "realloc")));
+        FindInRuntime(realMalloc, "malloc");
+        FindInRuntime(realRealloc, "realloc");
         const ImportPatch mallocPatch("malloc", RefusingMalloc);
         const ImportPatch reallocPatch("realloc", RefusingRealloc);
-        EXPECT_EQ(gwGrealloc(nullptr, kRefusedSize, 0), nullptr);
-        EXPECT_EQ(gwGmalloc(kRefusedSize, 0), nullptr);
-        EXPECT_EQ(gwGrealloc(old.get(), kRefusedSize, 0), nullptr);
+        // Nor is there memory for the report.
+        const FailingAllocations failing(0);
+        const void* const blocks[] = {gwGrealloc(nullptr, kRefusedSize, 0), gwGmalloc(kRefusedSize, 0),
+                                      gwGrealloc(old.get(), kRefusedSize, 0)};
+        EXPECT_TRUE(!blocks[0] && !blocks[1] && !blocks[2]);
     }
     EXPECT_EQ(std::memcmp(old.get(), "old", 3), 0);
     EXPECT_EQ(LogLines(), Line("gwGmalloc", "(!ret) Can not allocate memory.", 29) +
@@ -80,27 +78,30 @@ TEST_F(GlobalMemoryTest, FailedAllocationsAreReportedButForTheFirstThroughReallo
 
 TEST_F(GlobalMemoryTest, GlobalBlocksAreZeroedMovableAndLocked) {
     HGLOBAL handle = nullptr;
+    RecordedCalls calls;
+    calls.Record("GlobalAlloc", GlobalAlloc);
     auto* data = static_cast<char*>(gwGmallocH(1000, &handle));
     ASSERT_TRUE(data);
+    EXPECT_EQ(calls.Take(), "GlobalAlloc 0x42 0x3E8\n");
     const GlobalMemory owned(handle);
-    EXPECT_EQ(std::string(data, 1000), std::string(1000, '\0'));
-    EXPECT_NE(static_cast<void*>(handle), static_cast<void*>(data)) << "a fixed block is its own handle";
-    EXPECT_EQ(GlobalFlags(handle) & GMEM_LOCKCOUNT, 1u);
-    EXPECT_GE(GlobalSize(handle), 1000u);
+    EXPECT_EQ(data, GlobalLock(handle));
+    EXPECT_EQ(GlobalFlags(handle) & GMEM_LOCKCOUNT, 2u);
+    GlobalUnlock(handle);
     GlobalUnlock(handle);
 }
 
 TEST_F(GlobalMemoryTest, GlobalBlocksThatCannotBeHadLeaveNothing) {
-    HGLOBAL handle = reinterpret_cast<HGLOBAL>(0x5A5A);
-    freed = 0;
-    {
-        const ImportPatch lock("GlobalLock", NoLock);
-        const ImportPatch free("GlobalFree", CountFree);
+    RecordedCalls calls;
+    calls.Give("GlobalAlloc", GlobalAlloc, nullptr, 0, 1);
+    calls.Give("GlobalLock", GlobalLock, nullptr);
+    calls.Record("GlobalFree", GlobalFree);
+    for (const char* const made : {"", "GlobalLock GlobalAlloc\nGlobalFree GlobalAlloc\n"}) {
+        HGLOBAL handle = reinterpret_cast<HGLOBAL>(0x5A5A);
         EXPECT_EQ(gwGmallocH(10, &handle), nullptr);
+        EXPECT_EQ(handle, nullptr);
+        EXPECT_EQ(calls.Take(), std::string("GlobalAlloc 0x42 0xA\n") + made);
     }
-    EXPECT_EQ(handle, nullptr);
-    EXPECT_EQ(freed, 1);
     EXPECT_EQ(gwGmallocH(10, nullptr), nullptr);
-    EXPECT_EQ(LogLines(), Line("gwGmallocH", "Can not allocate memory.", 62) +
-                              Line("gwGmallocH", "(!lphg) Can not allocate memory.", 56));
+    const std::string line = Line("gwGmallocH", "Can not allocate memory.", 62);
+    EXPECT_EQ(LogLines(), line + line + Line("gwGmallocH", "(!lphg) Can not allocate memory.", 56));
 }
