@@ -1,16 +1,35 @@
 #include "Base64.h"
 
+#include <array>
 #include <cstdio>
-#include <cstring>
 
 namespace {
 
 constexpr char kAlphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 
-// Index in the alphabet, 64 for the terminator, -1 for a character outside.
+// Index in the alphabet by character, 64 for the terminator, -1 for a character outside.
+constexpr std::array<int8_t, 256> kIndexes = [] {
+    std::array<int8_t, 256> indexes = {};
+    for (int8_t& index : indexes)
+        index = -1;
+    for (size_t i = 0; i < sizeof kAlphabet; ++i)
+        indexes[static_cast<uint8_t>(kAlphabet[i])] = static_cast<int8_t>(i);
+    return indexes;
+}();
+
 int IndexOf(char character) {
-    const char* found = std::strchr(kAlphabet, character);
-    return found ? static_cast<int>(found - kAlphabet) : -1;
+    return kIndexes[static_cast<uint8_t>(character)];
+}
+
+// The 24 bits of four characters of the alphabet; -1 for any other group. Never looks beyond a terminator.
+int BitsOfWholeGroup(const char* group) {
+    int bits = 0;
+    for (int i = 0; i < 4; ++i) {
+        const int index = IndexOf(group[i]);
+        if (index < 0 || index > 63) return -1;
+        bits = bits << 6 | index;
+    }
+    return bits;
 }
 
 // One group of at most four characters, of which only the last may be the terminator.
@@ -57,6 +76,12 @@ int Base64Encode(char* output, const uint8_t* input, size_t length) {
 int Base64Decode(uint8_t* output, const char* text) {
     int written = 0;
     while (*text) {
+        if (const int bits = BitsOfWholeGroup(text); bits >= 0) {
+            for (const int shift : {16, 8, 0})
+                output[written++] = static_cast<uint8_t>(bits >> shift);
+            text += 4;
+            continue;
+        }
         size_t size = 1;
         bool ended = false;
         while (size < 4 && !ended)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -34,50 +35,43 @@ void StoreLittleEndian(uint8_t* bytes, uint32_t value) {
         bytes[i] = static_cast<uint8_t>(value >> (8 * i));
 }
 
-// The round's function of three state words, and the word of the block that step `i` takes.
-uint32_t Mix(int i, uint32_t b, uint32_t c, uint32_t d) {
-    switch (i / 16) {
-        case 0:
-            return (b & c) | (~b & d);
-        case 1:
-            return (d & b) | (~d & c);
-        case 2:
-            return b ^ c ^ d;
-        default:
-            return c ^ (b | ~d);
-    }
+uint32_t F(uint32_t x, uint32_t y, uint32_t z) {
+    return z ^ (x & (y ^ z));
+}
+uint32_t G(uint32_t x, uint32_t y, uint32_t z) {
+    return y ^ (z & (x ^ y));
+}
+uint32_t H(uint32_t x, uint32_t y, uint32_t z) {
+    return x ^ y ^ z;
+}
+uint32_t I(uint32_t x, uint32_t y, uint32_t z) {
+    return y ^ (x | ~z);
 }
 
-int WordOf(int i) {
-    switch (i / 16) {
-        case 0:
-            return i;
-        case 1:
-            return (5 * i + 1) % 16;
-        case 2:
-            return (3 * i + 5) % 16;
-        default:
-            return (7 * i) % 16;
-    }
+// One round of 16 steps, unrolled: step i takes the word First + i * Stride of the block, and the state words' parts
+// move on by one instead of the words themselves.
+template <uint32_t (*Mix)(uint32_t, uint32_t, uint32_t), int Round, int First, int Stride, int... Step>
+void Turn(uint32_t (&s)[4], const uint32_t (&words)[16], std::integer_sequence<int, Step...>) {
+    const auto take = [](uint32_t& a, uint32_t b, uint32_t c, uint32_t d, uint32_t addend, int shift) {
+        a = b + RotateLeft(a + Mix(b, c, d) + addend, shift);
+    };
+    (take(s[(16 - Step) % 4], s[(17 - Step) % 4], s[(18 - Step) % 4], s[(19 - Step) % 4],
+          words[(First + Step * Stride) % 16] + kSines[16 * Round + Step], kShifts[Round][Step % 4]),
+     ...);
 }
 
-void Transform(uint32_t state[4], const uint8_t block[64]) {
+void Transform(uint32_t (&state)[4], const uint8_t* block) {
     uint32_t words[16];
     for (int i = 0; i < 16; ++i)
         words[i] = LoadLittleEndian(block + 4 * i);
-
-    uint32_t a = state[0], b = state[1], c = state[2], d = state[3];
-    for (int i = 0; i < 64; ++i) {
-        const uint32_t sum = a + Mix(i, b, c, d) + kSines[i] + words[WordOf(i)];
-        a = d;
-        d = c;
-        c = b;
-        b += RotateLeft(sum, kShifts[i / 16][i % 4]);
-    }
-    state[0] += a;
-    state[1] += b;
-    state[2] += c;
-    state[3] += d;
+    uint32_t s[4] = {state[0], state[1], state[2], state[3]};
+    constexpr std::make_integer_sequence<int, 16> steps;
+    Turn<F, 0, 0, 1>(s, words, steps);
+    Turn<G, 1, 1, 5>(s, words, steps);
+    Turn<H, 2, 5, 3>(s, words, steps);
+    Turn<I, 3, 0, 7>(s, words, steps);
+    for (int i = 0; i < 4; ++i)
+        state[i] += s[i];
 }
 
 }  // namespace
@@ -96,6 +90,12 @@ void MD5Update(MD5Context* context, const void* data, size_t length) {
 
     const uint8_t* bytes = static_cast<const uint8_t*>(data);
     while (length) {
+        if (used == 0 && length >= sizeof context->buffer) {
+            Transform(context->state, bytes);
+            bytes += sizeof context->buffer;
+            length -= sizeof context->buffer;
+            continue;
+        }
         const size_t taken = std::min(length, sizeof context->buffer - used);
         std::memcpy(context->buffer + used, bytes, taken);
         used += taken;

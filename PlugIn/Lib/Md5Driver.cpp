@@ -31,41 +31,42 @@ void DigestStream(uint8_t digest[16], std::FILE* file, size_t readSize) {
     MD5Final(digest, &context);
 }
 
-long SizeOf(std::FILE* file) {
-    std::fseek(file, 0, SEEK_END);
-    const long size = std::ftell(file);
-    std::fseek(file, 0, SEEK_SET);
+// In 64 bits, for which the standard has no function: a long ends at 2 GiB.
+int64_t SizeOf(std::FILE* file) {
+    _fseeki64(file, 0, SEEK_END);
+    const int64_t size = _ftelli64(file);
+    _fseeki64(file, 0, SEEK_SET);
     return size;
 }
 
 // Offsets inside the file; the skip length becomes what fits behind the last of them.
-std::vector<long> ClampRegions(const long* offsets, int offsetCount, long size, long& skipLength) {
-    std::vector<long> clamped;
+std::vector<int64_t> ClampRegions(const long* offsets, int offsetCount, int64_t size, int64_t& skipLength) {
+    std::vector<int64_t> clamped;
     if (offsets && offsetCount > 0) clamped.assign(offsets, offsets + offsetCount);
-    for (long& offset : clamped) {
-        offset = std::clamp(offset, 0L, size);
+    for (int64_t& offset : clamped) {
+        offset = std::clamp<int64_t>(offset, 0, size);
         skipLength = std::min(skipLength, size - offset);
     }
     return clamped;
 }
 
-void DigestAround(uint8_t digest[16], std::FILE* file, const std::vector<long>& offsets, long skipLength) {
+void DigestAround(uint8_t digest[16], std::FILE* file, const std::vector<int64_t>& offsets, int64_t skipLength) {
     MD5Context context;
     MD5Init(&context);
     uint8_t buffer[kReadSize];
     size_t next = 0;
-    long position = 0;
+    int64_t position = 0;
     for (;;) {
         size_t wanted = kReadSize;
-        const bool meetsRegion = next < offsets.size() && offsets[next] - position <= static_cast<long>(kReadSize);
+        const bool meetsRegion = next < offsets.size() && offsets[next] - position <= int64_t{kReadSize};
         // A region that begins before the position overlaps its predecessor: it is left out from here on.
-        if (meetsRegion) wanted = static_cast<size_t>(std::max(offsets[next] - position, 0L));
+        if (meetsRegion) wanted = static_cast<size_t>(std::max<int64_t>(offsets[next] - position, 0));
         const size_t length = std::fread(buffer, 1, wanted, file);
         MD5Update(&context, buffer, length);
-        position += static_cast<long>(length);
+        position += static_cast<int64_t>(length);
         if (length < wanted) break;
         if (meetsRegion) {
-            std::fseek(file, skipLength, SEEK_CUR);
+            _fseeki64(file, skipLength, SEEK_CUR);
             position += skipLength;
             ++next;
         }
@@ -104,14 +105,15 @@ void MD5Driver::MDFileSkipping(uint8_t digest[16], const char* path, const long*
                                long skipLength) {
     const StdioFile file = OpenForDigest(path);
     if (!file) return;
-    const long size = SizeOf(file.get());
+    const int64_t size = SizeOf(file.get());
     if (skipLength > size) return;
     if (skipLength <= 0) {
         DigestStream(digest, file.get(), kReadSize);
         return;
     }
-    const std::vector<long> regions = ClampRegions(offsets, offsetCount, size, skipLength);
-    DigestAround(digest, file.get(), regions, skipLength);
+    int64_t skipped = skipLength;
+    const std::vector<int64_t> regions = ClampRegions(offsets, offsetCount, size, skipped);
+    DigestAround(digest, file.get(), regions, skipped);
 }
 
 void MD5Driver::MDFilter(uint8_t digest[16]) {

@@ -57,7 +57,8 @@ TEST(Base64, BadInput) {
         {"T W=TWE=", "Ma"},   // first byte needs both characters
         {"TW-=TWE=", "MMa"},  // bytes before the stranger stay
         {"TWE-Zm9v", "Mafoo"},
-        {"TQ==Zm9v", "Mfoo"},  // a pad is no end
+        {"TQ==Zm9v", "Mfoo"},             // a pad is no end
+        {"TQ=A", std::string("M\0", 2)},  // the fourth character counts behind a pad, too
         // The terminator counts as index 64 and is never passed.
         {"T", std::string("\x4C", 1)},
         {"TQ", std::string("M\x10", 2)},

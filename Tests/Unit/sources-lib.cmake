@@ -10,5 +10,6 @@ set(SORVIK_LIB_TESTS
   KLUtils.cpp
   KLUtilsText.cpp
   Md5.cpp
+  Md5TimeTrial.cpp
   XData.cpp
   XmlText.cpp)
