@@ -44,12 +44,13 @@ class PRegistry {
     virtual int GetValueType(const char* valueName) const = 0;
     virtual int SetDwordValue(const char* valueName, uint32_t value) = 0;
     virtual int GetDwordValue(const char* valueName, uint32_t& value, uint32_t defaultValue) const = 0;
-    // Texts are stored without their terminator.
-    virtual int SetStringValue(const char* valueName, const std::string& value) = 0;
+    // Visual C++ lays the overloads of one name out from the last declared to the first: so the one that takes an
+    // object stands second here and has the first of their two slots there. Texts are stored without their terminator.
     virtual int SetStringValue(const char* valueName, const char* value) = 0;
-    virtual int GetStringValue(const char* valueName, std::string& value, const char* defaultValue) const = 0;
+    virtual int SetStringValue(const char* valueName, const std::string& value) = 0;
     // The text is terminated where the buffer has room; the stored type is not looked at.
     virtual int GetStringValue(const char* valueName, char* value, int valueSize, const char* defaultValue) const = 0;
+    virtual int GetStringValue(const char* valueName, std::string& value, const char* defaultValue) const = 0;
     virtual int SetBinaryValue(const char* valueName, const void* value, int valueSize) = 0;
     // `valueSize` must be the stored size, and is the default's.
     virtual int GetBinaryValue(const char* valueName, void* value, int valueSize, const void* defaultValue) const = 0;
@@ -83,10 +84,10 @@ class Registry : public PRegistry {
     int GetValueType(const char* valueName) const override;
     int SetDwordValue(const char* valueName, uint32_t value) override;
     int GetDwordValue(const char* valueName, uint32_t& value, uint32_t defaultValue) const override;
-    int SetStringValue(const char* valueName, const std::string& value) override;
     int SetStringValue(const char* valueName, const char* value) override;
-    int GetStringValue(const char* valueName, std::string& value, const char* defaultValue) const override;
+    int SetStringValue(const char* valueName, const std::string& value) override;
     int GetStringValue(const char* valueName, char* value, int valueSize, const char* defaultValue) const override;
+    int GetStringValue(const char* valueName, std::string& value, const char* defaultValue) const override;
     int SetBinaryValue(const char* valueName, const void* value, int valueSize) override;
     int GetBinaryValue(const char* valueName, void* value, int valueSize, const void* defaultValue) const override;
     int Open(HKEY rootKey, const char* keyPath, uint32_t accessMask, bool create) override;

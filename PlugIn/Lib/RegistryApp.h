@@ -28,10 +28,12 @@ class PRegistryApp {
     virtual int GetValueType(const char* valueName) const = 0;
     virtual int SetDwordValue(const char* valueName, uint32_t value) = 0;
     virtual int GetDwordValue(const char* valueName, uint32_t& value, uint32_t defaultValue) const = 0;
-    virtual int SetStringValue(const char* valueName, const std::string& value) = 0;
+    // Visual C++ lays the overloads of one name out from the last declared to the first: so the one that takes an
+    // object stands second here and has the first of their two slots there.
     virtual int SetStringValue(const char* valueName, const char* value) = 0;
-    virtual int GetStringValue(const char* valueName, std::string& value, const char* defaultValue) const = 0;
+    virtual int SetStringValue(const char* valueName, const std::string& value) = 0;
     virtual int GetStringValue(const char* valueName, char* value, int valueSize, const char* defaultValue) const = 0;
+    virtual int GetStringValue(const char* valueName, std::string& value, const char* defaultValue) const = 0;
     virtual int SetBinaryValue(const char* valueName, const void* value, int valueSize) = 0;
     virtual int GetBinaryValue(const char* valueName, void* value, int valueSize, const void* defaultValue) const = 0;
 
@@ -59,10 +61,10 @@ class RegistryApp : public PRegistryApp {
     int GetValueType(const char* valueName) const override;
     int SetDwordValue(const char* valueName, uint32_t value) override;
     int GetDwordValue(const char* valueName, uint32_t& value, uint32_t defaultValue) const override;
-    int SetStringValue(const char* valueName, const std::string& value) override;
     int SetStringValue(const char* valueName, const char* value) override;
-    int GetStringValue(const char* valueName, std::string& value, const char* defaultValue) const override;
+    int SetStringValue(const char* valueName, const std::string& value) override;
     int GetStringValue(const char* valueName, char* value, int valueSize, const char* defaultValue) const override;
+    int GetStringValue(const char* valueName, std::string& value, const char* defaultValue) const override;
     int SetBinaryValue(const char* valueName, const void* value, int valueSize) override;
     int GetBinaryValue(const char* valueName, void* value, int valueSize, const void* defaultValue) const override;
     int Open(const char* keyPath) override;
