@@ -30,17 +30,20 @@ UINT RegisteredFormat(const char* name) {
 
 }  // namespace
 
-int gwclip_has_data(const char* format) {
+int gwclip_has_data(const char* format) noexcept {
     const UINT number = RegisteredFormat(format);
     return number != 0 && IsClipboardFormatAvailable(number) ? 1 : 0;
 }
 
-int gwclip_copy(HWND owner, const char* format, const char* text, const void* data, int32_t size, bool emptyFirst) {
+int gwclip_copy(HWND owner, const char* format, const char* text, const void* data, int32_t size,
+                bool emptyFirst) noexcept {
     const UINT number = RegisteredFormat(format);
     if (!number) return -1;
     const std::string_view given = text ? text : "";
+    const size_t blockSize = ClipboardBlockSize(given, size);
+    if (blockSize > UINT32_MAX) return -2;
     HGLOBAL handle = nullptr;
-    void* block = gwGmallocH(static_cast<uint32_t>(ClipboardBlockSize(given, size)), &handle);
+    void* block = gwGmallocH(static_cast<uint32_t>(blockSize), &handle);
     if (!block) return -2;
     GlobalMemory owned(handle);
     ComposeClipboardBlock(block, given, data, size);
@@ -54,7 +57,7 @@ int gwclip_copy(HWND owner, const char* format, const char* text, const void* da
     return 0;
 }
 
-void* gwclip_paste(HWND owner, const char* format, char* text, int32_t textSize, int32_t* dataSize) {
+void* gwclip_paste(HWND owner, const char* format, char* text, int32_t textSize, int32_t* dataSize) noexcept {
     const bool textWanted = text && textSize > 0;
     if (textWanted) *text = '\0';
     if (dataSize) *dataSize = 0;

@@ -5,7 +5,8 @@
 #include <cstdio>
 #include <cstdlib>
 
-const char* gwgetsubstring(char* destination, const char* source, char separator, int32_t index, int32_t size) {
+const char* gwgetsubstring(char* destination, const char* source, char separator, int32_t index,
+                           int32_t size) noexcept {
     *destination = '\0';
     if (!source || index < 0 || size <= 0) return nullptr;
     const char* at = source;

@@ -10,7 +10,7 @@
 // field. What follows the last separator is a field only when it is not empty. Exported undecorated. `destination` has
 // room for one character even when `size` says less.
 extern "C" const char* gwgetsubstring(char* destination, const char* source, char separator, int32_t index,
-                                      int32_t size);
+                                      int32_t size) noexcept;
 
 // Replaces blanks, line ends and terminators at the end of `length` characters by terminators; returns the buffer.
 char* TrimTrailingBlanks(char* buffer, int length);

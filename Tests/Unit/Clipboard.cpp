@@ -1,93 +1,71 @@
 #include "Util/Clipboard.h"
 
-#include <cstring>
+#include <gtest/gtest.h>
 
-#include "ClipboardFixture.h"
-#include "ImportPatch.h"
+#include <cstring>
+#include <string>
+
+#include "DiagnosticsFixture.h"
 #include "Lib/FormatText.h"
+#include "RecordedCalls.h"
 #include "Util/ClipboardBlock.h"
 #include "Util/GlobalMemory.h"
 
 namespace {
 
 constexpr char kFormat[] = "SorvikUnitTest";
+constexpr char kOther[] = "SorvikUnitTestOther";
 
-std::string Composed(const std::string& text, const std::string& data, int32_t size) {
+std::string Composed(const std::string& text, const char* data, int32_t size) {
     std::string block(ClipboardBlockSize(text, size), '\0');
-    ComposeClipboardBlock(block.data(), text, data.data(), size);
+    ComposeClipboardBlock(block.data(), text, data, size);
     return block;
 }
 
-BOOL WINAPI Refuse() {
-    return FALSE;
-}
-BOOL WINAPI RefuseWindow(HWND) {
-    return FALSE;
+HGLOBAL GlobalBlock(const std::string& bytes) {
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
+    std::memcpy(GlobalLock(block), bytes.data(), bytes.size());
+    GlobalUnlock(block);
+    return block;
 }
 
-struct Pasted {
-    std::string text;
-    int32_t dataSize;
-    std::string data;  // "null" without data
-};
-Pasted Paste(HWND owner, int textSize = 40) {
+// What the clipboard holds, by plain Windows calls: its first bytes in hexadecimal.
+std::string OnTheClipboard(const char* format, size_t count) {
+    EXPECT_TRUE(OpenClipboard(nullptr)) << "it was left open";
+    const HGLOBAL block = GetClipboardData(RegisterClipboardFormatA(format));
+    const std::string hex = block ? HexText(GlobalLock(block), count) : "none";
+    GlobalUnlock(block);
+    CloseClipboard();
+    return hex;
+}
+
+// "text|size|data", as gwclip_paste gives them.
+std::string Paste(int32_t textSize = 40) {
     char text[64];
     std::memset(text, '#', sizeof text);
-    int32_t dataSize = 0x5A5A;
-    const GwMemory data(gwclip_paste(owner, kFormat, text, textSize, &dataSize));
+    int32_t size = 0x5A5A;
+    const GwMemory data(gwclip_paste(nullptr, kFormat, text, textSize, &size));
     EXPECT_EQ(text[textSize], '#');
-    return {text, dataSize,
-            data ? std::string(static_cast<const char*>(data.get()), static_cast<size_t>(dataSize)) : "null"};
+    return text + ("|" + std::to_string(size)) +
+           (data ? "|" + std::string(static_cast<const char*>(data.get()), static_cast<size_t>(size)) : "");
 }
+
+using ClipboardFailures = DiagnosticsTest;
 
 }  // namespace
 
-TEST_F(ClipboardTest, BlockBytes) {
-    const struct {
-        std::string text;
-        std::string data;
-        int32_t size;
-        const char* bytes;
-    } cases[] = {
-        {"AB", "xyz", 3,
-         "0200"
-         "4142"
-         "03000000"
-         "78797A"},
-        {"", std::string("\0\1", 2), 2,
-         "0000"
-         "02000000"
-         "0001"},
-        {"A", "", 0,
-         "0100"
-         "41"
-         "00000000"},
-        {"A", "", -2,
-         "0100"
-         "41"
-         "FEFFFFFF"},
-    };
-    for (const auto& c : cases) {
-        const std::string block = Composed(c.text, c.data, c.size);
-        EXPECT_EQ(HexText(block.data(), block.size()), c.bytes);
-    }
-    EXPECT_EQ(Composed("", "0123456789", 10).size(), 16u);
-    char zeros[10] = "";
-    ComposeClipboardBlock(zeros, "", nullptr, 4);
-    EXPECT_EQ(HexText(zeros, sizeof zeros), "00000400000000000000") << "null data of 4 bytes";
+TEST(Clipboard, BlockBytes) {
+    EXPECT_EQ(Composed("AB", "xyz", 3), std::string("\2\0AB\3\0\0\0xyz", 11));
+    EXPECT_EQ(Composed("", "\1", 2), std::string("\0\0\2\0\0\0\1\0", 8));
+    EXPECT_EQ(Composed("A", nullptr, 0), std::string("\1\0A\0\0\0\0", 7));
+    EXPECT_EQ(Composed("A", nullptr, -2), std::string("\1\0A\xFE\xFF\xFF\xFF", 7));
+    EXPECT_EQ(Composed("", nullptr, 1), std::string("\0\0\1\0\0\0\0", 7)) << "null data stands for zeros";
     const std::string wrapped = Composed(std::string(0x8000, 't'), "d", 1);
     EXPECT_EQ(wrapped.size(), 0x8000u + 7);
-    EXPECT_EQ(HexText(wrapped.data(), 8),
-              "0080"
-              "01000000"
-              "64"
-              "00")
-        << "the length has become negative: no text";
-    const std::string longest = Composed(std::string(0x7FFF, 't'), "d", 1);
-    EXPECT_EQ(ParseClipboardBlock(longest.data(), longest.size()).text.size(), 0x7FFFu);
+    EXPECT_EQ(wrapped.substr(0, 8), std::string("\0\x80\1\0\0\0d\0", 8)) << "the length is negative: no text";
 }
 
-TEST_F(ClipboardTest, BlocksAreNeverReadBeyondTheirEnd) {
+TEST(Clipboard, BlocksAreNeverReadBeyondTheirEnd) {
     const std::string block = Composed("text", "data", 4);
     for (size_t size = 0; size < block.size(); ++size) {
         // Of its exact size, so that a checker of heap accesses sees a read beyond it.
@@ -95,97 +73,112 @@ TEST_F(ClipboardTest, BlocksAreNeverReadBeyondTheirEnd) {
         const ClipboardBlockView view = ParseClipboardBlock(cut.data(), cut.size());
         EXPECT_TRUE(view.text.empty() && view.dataSize == 0 && !view.data) << size;
     }
-    const ClipboardBlockView whole = ParseClipboardBlock(block.data(), block.size());
-    EXPECT_EQ(whole.text, "text");
-    EXPECT_EQ(std::string(whole.data, static_cast<size_t>(whole.dataSize)), "data");
 }
 
-TEST_F(ClipboardTest, AnotherProcessReadsTheBlock) {
-    EXPECT_EQ(gwclip_has_data(kFormat), 0);
-    ASSERT_EQ(gwclip_copy(owner(), kFormat, "AB", "xyz", 3, true), 0);
-    EXPECT_EQ(gwclip_has_data(kFormat), 1);
-    EXPECT_EQ(gwclip_has_data("SorvikOther"), 0);
-    EXPECT_EQ(ReadByPeer(kFormat, 11),
-              "0200"
-              "4142"
-              "03000000"
-              "78797A");
-    ASSERT_EQ(gwclip_copy(owner(), "SorvikOther", "", "0123456789", 10, false), 0);
-    EXPECT_EQ(gwclip_has_data(kFormat), 1) << "not emptied";
-    ASSERT_EQ(gwclip_copy(owner(), "SorvikOther", nullptr, nullptr, 0, true), 0);
-    EXPECT_EQ(gwclip_has_data(kFormat), 0);
-    EXPECT_EQ(ReadByPeer("SorvikOther", 6), "000000000000");
-}
-
-TEST_F(ClipboardTest, PasteCutsTheTextToItsBuffer) {
-    ASSERT_EQ(gwclip_copy(owner(), kFormat, "silencer", "0123456789", 10, true), 0);
-    for (const auto& [size, text] : {std::pair{40, "silencer"}, {9, "silencer"}, {8, "silence"}, {1, ""}}) {
-        const Pasted pasted = Paste(owner(), size);
-        EXPECT_EQ(pasted.text, text);
-        EXPECT_EQ(pasted.dataSize, 10);
-        EXPECT_EQ(pasted.data, "0123456789");
-    }
-    const GwMemory data(gwclip_paste(owner(), kFormat, nullptr, 0, nullptr));
-    EXPECT_TRUE(data);
-}
-
-TEST_F(ClipboardTest, BlocksOfAnotherProcess) {
+TEST(Clipboard, BlocksOfOthersAreReadAsFarAsTheyAreSound) {
     const struct {
-        const char* hex;
-        Pasted pasted;
+        std::string block;
+        const char* pasted;
     } cases[] = {
-        {"0200"
-         "4142"
-         "03000000"
-         "78797A",
-         {"AB", 3, "xyz"}},
-        {"0100"
-         "41"
-         "00000000",
-         {"A", 0, "null"}},
-        {"FFFF"
-         "02000000"
-         "6162",
-         {"", 2, "ab"}},
-        {"0100"
-         "41"
-         "FEFFFFFF",
-         {"A", -2, "null"}},
-        {"0002"
-         "4142"
-         "03000000"
-         "78797A",
-         {"", 0, "null"}},
-        {"0200"
-         "4142"
-         "FFFFFF7F"
-         "78797A",
-         {"", 0, "null"}},
-        {"0000000000", {"", 0, "null"}},
+        {std::string("\2\0AB\3\0\0\0xyz", 11), "AB|3|xyz"}, {std::string("\1\0A\0\0\0\0", 7), "A|0"},
+        {std::string("\xFF\xFF\2\0\0\0ab", 8), "|2|ab"},    {std::string("\1\0A\xFE\xFF\xFF\xFF", 7), "A|-2"},
+        {std::string("\0\2AB\3\0\0\0xyz", 11), "|0"},       {std::string("\2\0AB\xFF\xFF\xFF\x7Fxyz", 11), "|0"},
     };
-    for (const auto& c : cases) {
-        WriteByPeer(kFormat, c.hex);
-        const Pasted pasted = Paste(owner());
-        EXPECT_EQ(pasted.text, c.pasted.text) << c.hex;
-        EXPECT_EQ(pasted.dataSize, c.pasted.dataSize) << c.hex;
-        EXPECT_EQ(pasted.data, c.pasted.data) << c.hex;
+    for (const auto& one : cases) {
+        const GlobalMemory block(GlobalBlock(one.block));
+        RecordedCalls calls;
+        calls.Give("IsClipboardFormatAvailable", IsClipboardFormatAvailable, TRUE);
+        calls.Give("GetClipboardData", GetClipboardData, block.get());
+        EXPECT_EQ(Paste(), one.pasted);
+        EXPECT_EQ(GlobalFlags(block.get()) & GMEM_LOCKCOUNT, 0u);
     }
-    Empty();
-    EXPECT_EQ(Paste(owner()).data, "null");
-    EXPECT_TRUE(OpenClipboard(nullptr)) << "paste has closed it on every way out";
-    CloseClipboard();
 }
 
-TEST_F(ClipboardTest, CopyTellsWhatFailed) {
-    EXPECT_EQ(gwclip_copy(owner(), "", "t", "d", 1, true), -1);
-    EXPECT_EQ(gwclip_copy(owner(), nullptr, "t", "d", 1, true), -1);
-    {
-        const ImportPatch patch("OpenClipboard", RefuseWindow);
-        EXPECT_EQ(gwclip_copy(owner(), kFormat, "t", "d", 1, true), -3);
+TEST(Clipboard, CopiedAndPasted) {
+    const HWND owner = CreateWindowExA(0, "Static", "", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
+    ASSERT_EQ(gwclip_copy(owner, kOther, nullptr, nullptr, 0, true), 0);
+    EXPECT_EQ(gwclip_has_data(kFormat), 0);
+    EXPECT_EQ(Paste(), "|0");
+    ASSERT_EQ(gwclip_copy(owner, kFormat, "silencer", "0123456789", 10, false), 0);
+    EXPECT_EQ(gwclip_has_data(kFormat), 1);
+    EXPECT_EQ(OnTheClipboard(kOther, 6), "000000000000") << "not emptied";
+    EXPECT_EQ(OnTheClipboard(kFormat, 24), "080073696C656E6365720A00000030313233343536373839");
+    EXPECT_EQ(Paste(9), "silencer|10|0123456789");
+    EXPECT_EQ(Paste(8), "silence|10|0123456789");
+    EXPECT_EQ(Paste(1), "|10|0123456789");
+    EXPECT_TRUE(GwMemory(gwclip_paste(nullptr, kFormat, nullptr, 0, nullptr)));
+    ASSERT_EQ(gwclip_copy(owner, kFormat, "", "0123456789", 10, true), 0);
+    EXPECT_EQ(OnTheClipboard(kFormat, 16), "00000A00000030313233343536373839");
+    EXPECT_EQ(OnTheClipboard(kOther, 6), "none");
+    OpenClipboard(owner);
+    EmptyClipboard();
+    CloseClipboard();
+    DestroyWindow(owner);
+}
+
+TEST_F(ClipboardFailures, EveryOneGivesBackWhatItHad) {
+    g_diagSettings->errorBits = RF_SILENT;
+    const std::string make =
+        "RegisterClipboardFormatA \"SorvikUnitTest\"\nGlobalAlloc 0x42 0x9\nGlobalLock GlobalAlloc\n";
+    const std::string fill = make + "GlobalUnlock GlobalAlloc\nOpenClipboard OWNER\n";
+    const std::string empty = fill + "EmptyClipboard\n";
+    const std::string set = empty + "SetClipboardData 0xC123 GlobalAlloc\nCloseClipboard\n";
+    const std::string freed = "GlobalFree GlobalAlloc\n";
+    const struct {
+        const char* refused;
+        int result;
+        std::string calls;
+    } cases[] = {
+        {"RegisterClipboardFormatA", -1, "RegisterClipboardFormatA \"SorvikUnitTest\"\n"},
+        {"GlobalAlloc", -2, make.substr(0, make.rfind("GlobalLock"))},
+        {"GlobalLock", -2, make + freed},
+        {"OpenClipboard", -3, fill + freed},
+        {"EmptyClipboard", -3, empty + "CloseClipboard\n" + freed},
+        {"SetClipboardData", 0, set + freed},
+        {"", 0, set},
+    };
+    for (const auto& one : cases) {
+        RecordedCalls calls;
+        const HWND owner = GetDesktopWindow();
+        calls.Name(owner, "OWNER");
+        const auto granted = [&](const char* name) { return std::strcmp(one.refused, name) != 0; };
+        const auto give = [&](const char* name, auto function, auto value) {
+            calls.Give(name, function, granted(name) ? value : decltype(value){});
+        };
+        give("RegisterClipboardFormatA", RegisterClipboardFormatA, UINT{0xC123});
+        calls.Give("GlobalAlloc", GlobalAlloc, nullptr, granted("GlobalAlloc"));
+        calls.Give("GlobalLock", GlobalLock, nullptr, granted("GlobalLock"));
+        calls.Record("GlobalUnlock", GlobalUnlock);
+        calls.Record("GlobalFree", GlobalFree);
+        give("OpenClipboard", OpenClipboard, BOOL{TRUE});
+        give("EmptyClipboard", EmptyClipboard, BOOL{TRUE});
+        give("SetClipboardData", SetClipboardData, HANDLE{owner});
+        calls.Give("CloseClipboard", CloseClipboard, TRUE);
+        EXPECT_EQ(gwclip_copy(owner, kFormat, "t", "da", 2, true), one.result) << one.refused;
+        EXPECT_EQ(calls.Take(), one.calls);
     }
-    {
-        const ImportPatch patch("EmptyClipboard", Refuse);
-        EXPECT_EQ(gwclip_copy(owner(), kFormat, "t", "d", 1, true), -3);
-        EXPECT_EQ(gwclip_copy(owner(), kFormat, "t", "d", 1, false), 0) << "and the clipboard was closed before";
-    }
+    EXPECT_EQ(gwclip_copy(nullptr, nullptr, "t", "d", 1, true), -1);
+}
+
+TEST(Clipboard, ABlockBeyondFourGigabytesIsNoBlock) {
+    // A text of its length alone; nobody can be asked to hold one.
+    static constexpr char huge[] = "";
+    const ImportPatch patch(
+        "strlen", +[](const char* text) { return text == huge ? size_t{0x80000000} : strnlen(text, 1000000); });
+    EXPECT_EQ(gwclip_copy(nullptr, kFormat, huge, "d", 0x7FFFFFFF, true), -2);
+}
+
+TEST(Clipboard, PasteClosesWhatItOpened) {
+    const GlobalMemory block(GlobalBlock("short"));
+    RecordedCalls calls;
+    calls.Give("IsClipboardFormatAvailable", IsClipboardFormatAvailable, TRUE);
+    calls.Give("OpenClipboard", OpenClipboard, FALSE, 1);
+    calls.Give("GetClipboardData", GetClipboardData, block.get(), 0, 1);
+    calls.Record("CloseClipboard", CloseClipboard);
+    calls.Record("GlobalUnlock", GlobalUnlock);
+    EXPECT_EQ(Paste(), "|0") << "less than the two lengths";
+    const std::string text = calls.Take();
+    EXPECT_EQ(text.substr(text.rfind("GlobalUnlock")), "GlobalUnlock GetClipboardData\nCloseClipboard\n");
+    EXPECT_EQ(Paste(), "|0") << "not opened";
+    EXPECT_EQ(calls.Take().find("CloseClipboard"), std::string::npos);
 }

@@ -10,7 +10,3 @@ set(SORVIK_DIALOG_TESTS
   GlobalMemory.cpp
   TextConverter.cpp
   WindowHelpers.cpp)
-
-# The other side of the clipboard, in a process of its own.
-add_executable(clipboard_peer ClipboardPeer.cpp)
-target_link_libraries(clipboard_peer PRIVATE sorvik_warnings)
