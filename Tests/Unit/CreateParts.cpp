@@ -1,77 +1,82 @@
-// Creating parts: the command as the server receives it, the part as it can be read afterwards, and the report of a
-// failure.
+// Creating parts: the command of each operation as the server receives it, the handle that comes back, and the report
+// when the server refuses or is not there.
+#include <cmath>
+#include <functional>
+#include <utility>
+
 #include "CreatePartsFixture.h"
+#include "Util/KLComUtils_CreatePartsCommands.h"
 
 namespace {
 
-using CreateParts = CreatePartsTest;
+// One creation with good arguments.
+struct Creation {
+    const char* function;
+    const char* failure;
+    int line;
+    std::string command;
+    std::function<std::string(KLComUtils&)> run;
+};
 
-const PartProduct kProduct = {"d<Type>", "U&1", "F\"1\"", "K'1'"};
-const std::string kProductText =
-    "<KPDClass><Name>d&lt;Type&gt;</Name></KPDClass><Usercode>U&amp;1</Usercode>"
-    "<Productfamilykey>F&quot;1&quot;</Productfamilykey><Productkey>K&apos;1&apos;</Productkey>";
+class CreateParts : public CreatePartsTest {
+ protected:
+    // Each is sent as it should be and answered with the new part's handle.
+    void ExpectSent(const std::vector<Creation>& creations, const char* method = "createPart") {
+        for (const Creation& creation : creations) {
+            bench::ClearJournal();
+            const std::string part = creation.run(utils_);
+            EXPECT_NE(part, "") << creation.function << Printed();
+            EXPECT_EQ(Sent(method), std::vector<std::string>{creation.command + " -> '" + part + "' 0"});
+        }
+        // A refusal and a missing connection give no handle and the report.
+        for (const Creation& creation : creations) {
+            const std::string report = Report(creation.failure, creation.line, creation.function, "");
+            bench::ClearFailures();
+            bench::FailCall((std::string("IKlimora200805::") + method).c_str(), 1, 7);
+            EXPECT_EQ(creation.run(utils_), "");
+            EXPECT_EQ(Printed(), report);
+            KLComUtils unconnected;
+            EXPECT_EQ(creation.run(unconnected), "");
+            EXPECT_EQ(Printed(), report);
+        }
+    }
 
-RadiatorData Radiator() {
-    RadiatorData radiator;
-    radiator.width = 1200;
-    radiator.height = 600;
-    radiator.heatingPower = 850.5;
-    radiator.connectionSize = 15;
-    radiator.inletId = 3;
-    radiator.outletId = 4;
-    return radiator;
-}
+    const PartProduct product_ = {"d<Type>", "U&amp;1", "F\"1\"", "K'1'"};
+    const std::string system_ = "<System><ID>9</ID></System>";
+    const std::string systemType_ = "<System><ID>9</ID><Type><ID>12</ID></Type></System>";
 
-PipeData Pipe() {
-    PipeData pipe;
-    pipe.system = {9, 12};
-    pipe.normal = AcGeVector3d(0, 0, 1);
-    pipe.series = "S&1";
-    pipe.diameter = 22.5;
-    return pipe;
-}
+    // The product's elements; the user code of a valve and a duct device goes in unescaped.
+    static std::string ProductText(const std::string& userCode) {
+        return "<CreatePart><KPDClass><Name>d&lt;Type&gt;</Name></KPDClass><Usercode>" + userCode +
+               "</Usercode><Productfamilykey>F&quot;1&quot;</Productfamilykey><Productkey>K&apos;1&apos;</Productkey>";
+    }
+};
 
-TEST_F(CreateParts, Manifold) {
+TEST_F(CreateParts, ManifoldValveAndDuctDevice) {
     Start();
-    const std::string part = utils_.CreateManifold({9, 12}, Placement(), "round");
-    ExpectCreated(part,
-                  "<CreatePart><Part><Type><Define>EWAPART_MANIFOLD</Define></Type><System><ID>9</ID><Type><ID>12"
-                  "</ID></Type></System>" +
-                      PlacementText() + "<Geometry><Shape>round</Shape></Geometry></Part></CreatePart>");
-    EXPECT_EQ(utils_.GetPartAtt(part, "/Part/Geometry/Shape", true), "round");
-    EXPECT_EQ(utils_.GetPartAttPoint(part, "/Part/Position/WCS", true).y, -2000);
-    EXPECT_EQ(utils_.GetPartAttOrDefault(part, "/Part/System/Type/ID", -1), 12);
-}
-
-TEST_F(CreateParts, ShapeIsCopiedAsItStands) {
-    Start();
-    utils_.CreateManifold({9, 12}, Placement(), "a&amp;b %d");
-    const auto sent = Sent("createPart");
-    ASSERT_EQ(sent.size(), 1u);
-    EXPECT_NE(sent[0].find("<Shape>a&amp;b %d</Shape>"), std::string::npos) << sent[0];
-}
-
-TEST_F(CreateParts, ValveAndDuctDeviceHaveTheNormalFirstAndTheUserCodeAsItIs) {
-    Start();
-    const PartProduct product = {"d<Type>", "U&amp;1", "F\"1\"", "K'1'"};
-    const std::string command = "<CreatePart>" + kProductText + "<Part><Type><Define>EWAPART_SILENCER</Define></Type>" +
-                                kPosition + kNormal + kDirection +
-                                "<Connection><ConnectedTo>2A4</ConnectedTo></Connection></Part></CreatePart>";
-    const std::string valve = utils_.CreateValve(product, "EWAPART_SILENCER", Placement(), "2A4");
-    ExpectCreated(valve, command);
-    EXPECT_EQ(utils_.GetPartAtt(valve, "/Part/Connection[0]/ConnectedTo", true), "2A4");
-    EXPECT_EQ(utils_.GetPartAtt(valve, "/Part/Usercode", true), "U&1");
-    bench::ClearJournal();
-    ExpectCreated(utils_.CreateDuctDevice(product, "EWAPART_SILENCER", Placement(), "2A4"), command);
+    const std::string device = ProductText("U&amp;1") + "<Part><Type><Define>EWAPART_SUPPLY</Define></Type>" +
+                               kPosition + kNormal + kDirection +
+                               "<Connection><ConnectedTo>2A4</ConnectedTo></Connection></Part></CreatePart>";
+    ExpectSent({
+        {"CreateManifold", "Failed to create manifold.", 38,
+         "<CreatePart><Part><Type><Define>EWAPART_MANIFOLD</Define></Type>" + systemType_ + PlacementText() +
+             "<Geometry><Shape>a&amp;b %d</Shape></Geometry></Part></CreatePart>",
+         [](KLComUtils& utils) {
+             return utils.CreateManifold({9, 12}, Placement(), "a&amp;b %d");
+         }},
+        {"CreateValve", "Failed to create valve.", 76, device,
+         [&](KLComUtils& utils) { return utils.CreateValve(product_, "EWAPART_SUPPLY", Placement(), "2A4"); }},
+        {"CreateDuctDevice", "Failed to create duct device.", 210, device,
+         [&](KLComUtils& utils) { return utils.CreateDuctDevice(product_, "EWAPART_SUPPLY", Placement(), "2A4"); }},
+    });
+    utils_.CreateValve(product_, "A&B", Placement(), "2<A4");
+    const std::string sent = Sent("createPart").back();
+    EXPECT_NE(sent.find("<Define>A&amp;B</Define>"), std::string::npos) << sent;
+    EXPECT_NE(sent.find("<ConnectedTo>2&lt;A4</ConnectedTo>"), std::string::npos) << sent;
 }
 
 TEST_F(CreateParts, RadiatorWithEachOptionalElement) {
     Start();
-    const std::string head = "<CreatePart>" + kProductText +
-                             "<Part><Type><Define>EWAPART_RADIATOR</Define></Type><System><ID>9</ID></System>" +
-                             PlacementText() +
-                             "<Width>1200</Width><Height>600</Height><P_Heating><W>850.500000</W></P_Heating></Part>"
-                             "<ConnectionSize>15</ConnectionSize>";
     const std::string ends = "<Inlet><ID>3</ID></Inlet><Outlet><ID>4</ID></Outlet>";
     const std::string valve =
         "<Valve><Usercode>V&amp;</Usercode><Productfamilykey>F&lt;</Productfamilykey><Productkey>K&gt;</Productkey>"
@@ -81,7 +86,6 @@ TEST_F(CreateParts, RadiatorWithEachOptionalElement) {
         RadiatorValve valve;
         std::string rest;
     } cases[] = {
-        {{}, {}, ends},
         {0, {}, "<Filled>0</Filled>" + ends},
         {1, {1, "", "F<", "K>"}, "<Filled>1</Filled>" + ends},
         {{}, {1, "V&", "", "K>"}, ends},
@@ -90,161 +94,230 @@ TEST_F(CreateParts, RadiatorWithEachOptionalElement) {
         {{}, {0, "V&", "F<", "K>"}, ends + "<DrawValve>0</DrawValve>" + valve},
     };
     for (const auto& c : cases) {
-        RadiatorData radiator = Radiator();
+        RadiatorData radiator;
+        radiator.width = 1200;
+        radiator.height = 600;
+        radiator.heatingPower = 850.5;
+        radiator.connectionSize = 15;
         radiator.filled = c.filled;
-        ExpectCreated(utils_.CreateRadiator(kProduct, 9, Placement(), radiator, c.valve),
-                      head + c.rest + "</CreatePart>");
+        radiator.inletId = 3;
+        radiator.outletId = 4;
+        ExpectSent(
+            {{"CreateRadiator", "Failed to create radiator.", 133,
+              ProductText("U&amp;amp;1") + "<Part><Type><Define>EWAPART_RADIATOR</Define></Type>" + system_ +
+                  PlacementText() +
+                  "<Width>1200</Width><Height>600</Height><P_Heating><W>850.500000</W></P_Heating></Part>"
+                  "<ConnectionSize>15</ConnectionSize>" +
+                  c.rest + "</CreatePart>",
+              [&](KLComUtils& utils) { return utils.CreateRadiator(product_, 9, Placement(), radiator, c.valve); }}});
     }
 }
 
 TEST_F(CreateParts, AirTerminalWithItsOptionalSizes) {
     Start();
-    const std::string head = "<CreatePart>" + kProductText +
-                             "<Part><Type><Define>EWAPART_SUPPLY</Define></Type><System><ID>1</ID></System>" +
-                             PlacementText() + "<qv_set><ls>35.250000</ls></qv_set>";
     const struct {
         int angle, length;
         const char* rest;
     } cases[] = {{0, 0, ""},
                  {-1, -1, ""},
                  {1, 0, "<GrilleAngle>1</GrilleAngle>"},
-                 {0, 1, "<CollarLength>1</CollarLength>"},
-                 {45, 150, "<GrilleAngle>45</GrilleAngle><CollarLength>150</CollarLength>"}};
+                 {45, 150, "<GrilleAngle>45</GrilleAngle><CollarLength>150</CollarLength>"},
+                 {0, 1, "<CollarLength>1</CollarLength>"}};
     for (const auto& c : cases) {
-        const std::string part =
-            utils_.CreateAirTerminalDevice(kProduct, 1, Placement(), {"EWAPART_SUPPLY", 35.25, c.angle, c.length});
-        ExpectCreated(part, head + c.rest + "</Part></CreatePart>");
-        EXPECT_EQ(utils_.GetPartAttReal(part, "/Part/qv_set/ls", true), 35.25);
-        bench::ClearJournal();
+        ExpectSent({{"CreateAirTerminalDevice", "Failed to create air terminal device.", 173,
+                     ProductText("U&amp;amp;1") + "<Part><Type><Define>EWAPART_SUPPLY</Define></Type>" + system_ +
+                         PlacementText() + "<qv_set><ls>35.250000</ls></qv_set>" + c.rest + "</Part></CreatePart>",
+                     [&](KLComUtils& utils) {
+                         return utils.CreateAirTerminalDevice(product_, 9, Placement(),
+                                                              {"EWAPART_SUPPLY", 35.25, c.angle, c.length});
+                     }}});
     }
+    EXPECT_EQ(utils_.CreateAirTerminalDevice(product_, 1, Placement(), {"A&B", 1, 0, 0}), "");
+    const std::string sent = Sent("createPart").back();
+    EXPECT_NE(sent.find("<Define>A&B</Define>"), std::string::npos) << "the define is copied as it stands: " << sent;
 }
 
-TEST_F(CreateParts, TypeDefineOfAnAirTerminalIsCopiedAsItStands) {
-    Start();
-    EXPECT_EQ(utils_.CreateAirTerminalDevice(kProduct, 1, Placement(), {"A&B", 1, 0, 0}), "");
-    const auto sent = Sent("createPart");
-    ASSERT_EQ(sent.size(), 1u);
-    EXPECT_NE(sent[0].find("<Define>A&B</Define>"), std::string::npos) << sent[0];
-    utils_.CreateValve(kProduct, "A&B", Placement(), "2<A4");
-    EXPECT_NE(Sent("createPart").at(0).find("<Define>A&amp;B</Define>"), std::string::npos);
-}
-
-TEST_F(CreateParts, PipeBetweenEachPairOfEnds) {
-    Start();
-    const AcGePoint3d a(0, 0, 0), b(0, 3000, 4000);
+TEST_F(CreateParts, PipeBetweenEachPairOfEndsBentAsTheServersVersionWants) {
     const std::string first = "<Connection><ConnectedTo>2A4</ConnectedTo></Connection>";
     const std::string second = "<Connection><ConnectedTo>2A1</ConnectedTo></Connection>";
-    const std::string start = "<Connection><Position><WCS>0.000000 0.000000 0.000000</WCS></Position></Connection>";
+    const std::string start = "<Connection><Position><WCS>1.000000 2.000000 0.500000</WCS></Position></Connection>";
     const std::string end = "<Connection><Position><WCS>0.000000 3000.000000 4000.000000</WCS></Position></Connection>";
-    const struct {
-        std::string part, ends;
-    } pipes[] = {
-        {utils_.CreatePipe("2A4", "2A1", Pipe()), first + second},
-        {utils_.CreatePipe("2A4", b, Pipe()), first + end},
-        {utils_.CreatePipe(a, "2A1", Pipe()), start + second},
-        {utils_.CreatePipe(a, b, Pipe()), start + end},
-    };
-    const auto sent = Sent("createPart");
-    ASSERT_EQ(sent.size(), 4u);
-    for (size_t i = 0; i < 4; ++i) {
-        EXPECT_EQ(sent[i], "<CreatePart><Part><Type><Define>EWAPART_DUCT</Define></Type>" + pipes[i].ends +
-                               "<System><ID>9</ID><Type><ID>12</ID></Type></System>" + kNormal +
-                               "<Serie><ID>S&amp;1</ID></Serie><Shape><ID>0</ID></Shape><Diameter>22.500000</Diameter>"
-                               "</Part></CreatePart> -> '" +
-                               pipes[i].part + "' 0");
-    }
-    EXPECT_EQ(utils_.GetPartAtt(pipes[3].part, "/Part/Length", true), "5000");
-    EXPECT_EQ(utils_.GetPartAtt(pipes[0].part, "/Part/Connection[1]/ConnectedTo", true), "2A1");
-}
-
-TEST_F(CreateParts, HandleOfAPipesEndIsEscaped) {
-    Start();
-    EXPECT_EQ(utils_.CreatePipe("2<4", AcGePoint3d(), Pipe()), "");
-    EXPECT_NE(Sent("createPart").at(0).find("<ConnectedTo>2&lt;4</ConnectedTo>"), std::string::npos);
-}
-
-TEST_F(CreateParts, BendOfAPipeGoesWithTheServersVersion) {
+    const AcGePoint3d a(1, 2, 0.5), b(0, 3000, 4000);
     const struct {
         long version;
+        PipeEnd first, second;
+        std::string ends;
         double coefficient;
         bool lock;
         const char* rest;
     } cases[] = {
-        {20090299, 1.5, false, "<Bend><RDCoefficient>1.500000</RDCoefficient></Bend>"},
-        {20090300, 1.5, false, "<Bend><LDCoefficient>1.500000</LDCoefficient></Bend>"},
-        {20090300, -0.5, true, "<Bend><LDCoefficient>-0.500000</LDCoefficient></Bend><Locked><Size>1</Size></Locked>"},
-        {20090300, 0, true, "<Locked><Size>1</Size></Locked>"},
+        {20090299, "2A4", "2A1", first + second, 1.5, false, "<Bend><RDCoefficient>1.500000</RDCoefficient></Bend>"},
+        {20090300, "2A4", b, first + end, 1.5, false, "<Bend><LDCoefficient>1.500000</LDCoefficient></Bend>"},
+        {20090300, a, "2A1", start + second, -0.5, true,
+         "<Bend><LDCoefficient>-0.500000</LDCoefficient></Bend><Locked><Size>1</Size></Locked>"},
+        {20090300, a, b, start + end, 0, false, ""},
     };
     for (const auto& c : cases) {
-        utils_.Disconnect();
         Start(c.version);
-        PipeData pipe = Pipe();
+        PipeData pipe;
+        pipe.system = {9, 12};
+        pipe.normal = AcGeVector3d(0, 0, 1);
+        pipe.series = "S&1";
+        pipe.diameter = 22.5;
         pipe.bendCoefficient = c.coefficient;
         pipe.lockSize = c.lock;
-        EXPECT_NE(utils_.CreatePipe(AcGePoint3d(0, 0, 0), AcGePoint3d(1000, 0, 0), pipe), "") << Printed();
-        const std::string sent = Sent("createPart").at(0);
-        EXPECT_NE(sent.find(std::string("</Diameter>") + c.rest + "</Part></CreatePart> -> "), std::string::npos)
-            << sent;
+        bench::ClearJournal();
+        const std::string part = utils_.CreatePipe(c.first, c.second, pipe);
+        EXPECT_EQ(Sent("createPart"),
+                  std::vector<std::string>{"<CreatePart><Part><Type><Define>EWAPART_DUCT</Define></Type>" + c.ends +
+                                           systemType_ + kNormal +
+                                           "<Serie><ID>S&amp;1</ID></Serie><Shape><ID>0</ID></Shape><Diameter>22.500000"
+                                           "</Diameter>" +
+                                           c.rest + "</Part></CreatePart> -> '" + part + "' 0"});
+        EXPECT_EQ(utils_.CreatePipe("2<4", b, pipe), "");
+        EXPECT_EQ(Printed(), Report("Failed to create pipe.", 444, "CreatePipe", ""));
+        EXPECT_NE(Sent("createPart").at(0).find("<ConnectedTo>2&lt;4</ConnectedTo>"), std::string::npos);
+        utils_.Disconnect();
     }
 }
 
-class FailedCreation : public CreatePartsTest {
- protected:
-    // Each operation with good arguments.
-    struct Operation {
-        const char* name;
-        const char* message;
-        int line;
-        std::string (*run)(KLComUtils& utils);
-    };
-    static const Operation kOperations[7];
+// ---- Connection stubs
 
-    void ExpectEachReported() {
-        for (const Operation& operation : kOperations) {
-            EXPECT_EQ(operation.run(utils_), "") << operation.name;
-            EXPECT_EQ(Printed(), Report(operation.message, operation.line, operation.name, ""));
-        }
-    }
-};
+// With a kind and nothing else.
+ConnectionStub Stub(const char* kind) {
+    ConnectionStub stub;
+    stub.kind = kind;
+    stub.system = {9, 12};
+    return stub;
+}
 
-const FailedCreation::Operation FailedCreation::kOperations[7] = {
-    {"CreateManifold", "Failed to create manifold.", 38,
-     [](KLComUtils& utils) {
-         return utils.CreateManifold({1, 2}, Placement(), "round");
-     }},
-    {"CreateValve", "Failed to create valve.", 76,
-     [](KLComUtils& utils) { return utils.CreateValve(kProduct, "EWAPART_STOPVALVE", Placement(), "2A4"); }},
-    {"CreateRadiator", "Failed to create radiator.", 133,
-     [](KLComUtils& utils) { return utils.CreateRadiator(kProduct, 1, Placement(), Radiator(), {}); }},
-    {"CreateAirTerminalDevice", "Failed to create air terminal device.", 173,
-     [](KLComUtils& utils) {
-         return utils.CreateAirTerminalDevice(kProduct, 1, Placement(), {"EWAPART_SUPPLY", 1, 0, 0});
-     }},
-    {"CreateDuctDevice", "Failed to create duct device.", 210,
-     [](KLComUtils& utils) { return utils.CreateDuctDevice(kProduct, "EWAPART_SILENCER", Placement(), "2A4"); }},
-    {"CreateConnectionStub", "Failed to create connection stub.", 372,
-     [](KLComUtils& utils) {
-         ConnectionStub stub;
-         stub.kind = "Fan";
-         return utils.CreateConnectionStub(stub);
-     }},
-    {"CreatePipe", "Failed to create pipe.", 444,
-     [](KLComUtils& utils) { return utils.CreatePipe("2A4", AcGePoint3d(), Pipe()); }},
-};
+// What a stub's command says between system and connections.
+std::string Optional(const ConnectionStub& stub) {
+    const std::string command = ConnectionStubCommand(stub);
+    const size_t from = command.find("</System>") + 9;
+    return command.substr(from, command.find("<Connections>") - from);
+}
 
-TEST_F(FailedCreation, ServersRefusalIsReportedWithoutItsReply) {
+TEST_F(CreateParts, StubOfEachKindHasItsElements) {
     Start();
-    for (int i = 1; i <= 7; ++i) {
-        bench::FailCall("IKlimora200805::createPart", i, 7);
-        bench::FailCall("IKlimora200805::createConnectionStub", i, -7);
+    const std::string flow = "<Qv_Set><ls>5.000000</ls></Qv_Set>", drop = "<dp_Set><Pa>50.000000</Pa></dp_Set>";
+    const std::string curve = "<DpCurve><Qv><ls>6.000000</ls></Qv><dp><Pa>60.000000</Pa></dp></DpCurve>";
+    const std::string power = "<P_Heating><W>700.000000</W></P_Heating>";
+    const std::string noise =
+        "<Sound><Generation><dB>1.000000 2.000000 3.000000 4.000000 5.000000 6.000000 7.000000 8.500000</dB>"
+        "</Generation></Sound>";
+    const std::string damping =
+        "<Sound><Attenuation><dB>0.000000 0.000000 0.000000 0.000000 0.000000 0.000000 0.000000 0.250000</dB>"
+        "</Attenuation></Sound>";
+    const std::pair<const char*, std::string> cases[] = {
+        {"TerminalDevice", flow + drop},
+        {"Radiator", flow + drop + power},
+        {"HeatingDevice", flow + drop},
+        {"WaterDevice", flow + drop},
+        {"DuctworkRoot", drop + curve + noise},
+        {"Fan", drop + curve + noise},
+        {"PipeworkRoot", drop + curve},
+        {"Pump", drop + curve},
+        {"HotColdWaterJoint", drop + curve},
+        {"HotCircWaterJoint", drop + curve},
+        {"Nbranch", drop + curve + noise + damping},
+        {"Component", drop + curve + noise + damping},
+    };
+    const auto everything = [](const char* kind) {
+        ConnectionStub stub = Stub(kind);
+        stub.flow = 5;
+        stub.pressureDrop = 50;
+        stub.curveFlow = 6;
+        stub.curvePressureDrop = 60;
+        stub.heatingPower = 700;
+        stub.generation = SoundBands{1, 2, 3, 4, 5, 6, 7, 8.5};
+        stub.attenuation = SoundBands{0, 0, 0, 0, 0, 0, 0, 0.25};
+        return stub;
+    };
+    for (const auto& [kind, elements] : cases) {
+        const ConnectionStub stub = everything(kind);
+        ExpectSent({{"CreateConnectionStub", "Failed to create connection stub.", 372,
+                     std::string("<CreateConnectionStub><Function><Name>") + kind + "</Name></Function>" + systemType_ +
+                         elements + "<Connections></Connections></CreateConnectionStub>",
+                     [&](KLComUtils& utils) { return utils.CreateConnectionStub(stub); }}},
+                   "createConnectionStub");
     }
-    const std::string before = bench::ProjectXml();
-    ExpectEachReported();
-    EXPECT_EQ(bench::ProjectXml(), before);
+    for (const char* const other : {"pump", "Fan ", "NBranch", ""})
+        EXPECT_EQ(Optional(everything(other)), "") << "kinds are compared exactly: " << other;
 }
 
-TEST_F(FailedCreation, MissingConnectionIsReportedAlike) {
-    ExpectEachReported();
+TEST_F(CreateParts, StubsValuesHaveLimits) {
+    const double belowFlow = std::nextafter(1e-5, 0.0), aboveDrop = std::nextafter(1.0, 2.0);
+    const std::string least = "<Qv_Set><ls>0.000010</ls></Qv_Set>";  // a clamped flow is always written
+    const std::string most = "<Qv_Set><ls>99999.000000</ls></Qv_Set>",
+                      mostDrop = "<dp_Set><Pa>99999.000000</Pa></dp_Set>";
+    const std::string dropOfOne = "<dp_Set><Pa>1.000000</Pa></dp_Set>";
+    const struct {
+        const char* kind;
+        double flow, drop, curveFlow, curveDrop, power;
+        std::string written;
+    } cases[] = {
+        {"TerminalDevice", -3, 0, 0, 0, 0, least},
+        {"Radiator", belowFlow, 1, 0, 0, 1e-5, least},
+        {"HeatingDevice", 99999.5, 1e6, 0, 0, 0, most + mostDrop},
+        {"TerminalDevice", 200000, aboveDrop, 0, 0, 0, most + dropOfOne},
+        {"Radiator", 1e9, 1e6, 0, 0, 1e6, most + mostDrop + "<P_Heating><W>999999.000000</W></P_Heating>"},
+        {"Radiator", 0, 0, 0, 0, 2e-5, least + "<P_Heating><W>0.000020</W></P_Heating>"},
+        {"WaterDevice", belowFlow, 1, 0, 0, 0, ""},
+        {"WaterDevice", 1e-5, aboveDrop, 0, 0, 0, least + dropOfOne},
+        {"WaterDevice", 200000, 1e6, 0, 0, 0,
+         "<Qv_Set><ls>200000.000000</ls></Qv_Set><dp_Set><Pa>1000000.000000</Pa></dp_Set>"},
+        {"Pump", 5, 50, 1e-5, 60, 0, "<dp_Set><Pa>50.000000</Pa></dp_Set>"},
+        {"Pump", 5, 1, 6, 1, 0, ""},
+        {"Pump", 5, 0, 2e-5, 1.25, 0, "<DpCurve><Qv><ls>0.000020</ls></Qv><dp><Pa>1.250000</Pa></dp></DpCurve>"},
+        {"Pump", 5, 0, 1e6, 1e6, 0, "<DpCurve><Qv><ls>99999.000000</ls></Qv><dp><Pa>99999.000000</Pa></dp></DpCurve>"},
+    };
+    for (const auto& c : cases) {
+        ConnectionStub stub = Stub(c.kind);
+        stub.flow = c.flow;
+        stub.pressureDrop = c.drop;
+        stub.curveFlow = c.curveFlow;
+        stub.curvePressureDrop = c.curveDrop;
+        stub.heatingPower = c.power;
+        EXPECT_EQ(Optional(stub), c.written) << c.kind << " " << c.flow << " " << c.drop;
+    }
+    const std::pair<SoundBands, bool> sounds[] = {{{}, false}, {{-5, 5}, false}, {{-5, 0, 0, 0, 0, 0, 0, 5.5}, true}};
+    for (const auto& [bands, written] : sounds) {
+        ConnectionStub stub = Stub("Component");
+        stub.generation = bands;
+        EXPECT_EQ(Optional(stub).find("<Generation>") != std::string::npos, written);
+        stub.generation.reset();
+        stub.attenuation = bands;
+        EXPECT_EQ(Optional(stub).find("<Attenuation>") != std::string::npos, written);
+    }
+}
+
+TEST_F(CreateParts, StubsParentTypeAndConnections) {
+    ConnectionStub stub = Stub("A&B");
+    stub.parentPart = "2&0";
+    stub.customPartType = "A & B";
+    std::string connections;
+    const struct {
+        double width, height;
+        const char* shape;
+    } cases[] = {
+        {160.99, 0, "<Shape><ID>0</ID></Shape><Diameter>160</Diameter>"},
+        {125, 0.0000005, "<Shape><ID>0</ID></Shape><Diameter>125</Diameter>"},
+        {300.5, 1e-6, "<Shape><ID>1</ID></Shape><Width>300</Width><Height>0</Height>"},
+        {400.99, 200.99, "<Shape><ID>1</ID></Shape><Width>400</Width><Height>200</Height>"},
+        {1e300, INFINITY, "<Shape><ID>1</ID></Shape><Width>2147483647</Width><Height>2147483647</Height>"},
+        {-1e300, NAN, "<Shape><ID>0</ID></Shape><Diameter>-2147483648</Diameter>"},
+        {NAN, 0, "<Shape><ID>0</ID></Shape><Diameter>0</Diameter>"},
+    };
+    for (const auto& c : cases) {
+        stub.connections.push_back({Placement(), c.width, c.height});
+        connections += "<Connection>" + PlacementText() + c.shape + "</Connection>";
+    }
+    EXPECT_EQ(ConnectionStubCommand(stub),
+              "<CreateConnectionStub><Function><Name>A&amp;B</Name></Function>"
+              "<ParentPart>2&0</ParentPart>" +
+                  systemType_ + "<CustomPartType>A &amp; B</CustomPartType><Connections>" + connections +
+                  "</Connections></CreateConnectionStub>");
 }
 
 }  // namespace
