@@ -4,7 +4,6 @@
 
 #include "ImportPatch.h"
 #include "KlimoraBench.h"
-#include "Util/KLComUtils.h"
 
 namespace {
 
@@ -19,12 +18,9 @@ size_t ReadAllButOne(void*, size_t, size_t count, std::FILE*) {
     return count - 1;
 }
 
-class BinaryVariables : public KlimoraBench {
+class BinaryVariables : public ConnectedBench {
  protected:
-    BinaryVariables() {
-        StartServer();
-        utils_.Connect();
-    }
+    BinaryVariables() { Start(); }
     ~BinaryVariables() override { DeleteFileA(kFile); }
 
     static std::string Bytes(size_t size) {
@@ -43,12 +39,8 @@ class BinaryVariables : public KlimoraBench {
     void ExpectFailure(const char* file, int code, const std::string& text) {
         EXPECT_EQ(utils_.BinVariableSetData(2, file), code);
         EXPECT_EQ(Printed(),
-                  "\nSorvik Klimora Cloud Plugin: Failed to set bin variable data. "
-                  "PlugIn/Util/KLComUtils(221):KLComUtils::BinVariableSetData " +
-                      text + "\n");
+                  Report("Failed to set bin variable data.", "KLComUtils(221):KLComUtils::BinVariableSetData", text));
     }
-
-    KLComUtils utils_;
 };
 
 TEST_F(BinaryVariables, MemoryGoesInChunksOfUpperCaseDigits) {

@@ -1,7 +1,6 @@
 // Connecting to the server: what is missing is told by the message of the first step that fails, and each step's
 // failure leaves exactly the references that its clean-up leaves. Those stay owed, so the case takes them back itself.
 #include "KlimoraBench.h"
-#include "Util/KLComUtils.h"
 
 namespace {
 

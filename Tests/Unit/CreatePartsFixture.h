@@ -1,24 +1,13 @@
-// Vocabulary of the tests that create parts: a connected server with the sample project, a placement whose numbers all
-// differ, and what the server was sent.
+// Vocabulary of the tests that create parts: a placement whose numbers all differ, and what the server was sent.
 #pragma once
 
 #include "KlimoraBench.h"
-#include "Util/KLComUtils.h"
 
-class CreatePartsTest : public KlimoraBench {
+class CreatePartsTest : public ConnectedBench {
  protected:
     static constexpr char kPosition[] = "<Position><WCS>1.500000 -2000.000000 0.333333</WCS></Position>";
     static constexpr char kDirection[] = "<Direction><WCS>0.000000 1.000000 0.000000</WCS></Direction>";
     static constexpr char kNormal[] = "<Normal><WCS>0.000000 0.000000 1.000000</WCS></Normal>";
-
-    void Start(long version = 20120600) {
-        bench::KlimoraServer server;
-        server.version = version;
-        StartServer(server);
-        OpenSample();
-        ASSERT_EQ(utils_.Connect(), 0);
-        bench::ClearJournal();
-    }
 
     static PartPlacement Placement() {
         return {AcGePoint3d(1.5, -2000, 1.0 / 3), AcGeVector3d(0, 1, 0), AcGeVector3d(0, 0, 1)};
@@ -31,17 +20,9 @@ class CreatePartsTest : public KlimoraBench {
         bench::ClearJournal();
         return calls;
     }
-    // The only call of createPart since the last look, and its good answer.
-    static void ExpectCreated(const std::string& handle, const std::string& command) {
-        ASSERT_NE(handle, "") << Printed();
-        EXPECT_EQ(Sent("createPart"), std::vector<std::string>{command + " -> '" + handle + "' 0"});
-    }
-
     static std::string Report(const std::string& message, int line, const std::string& function,
                               const std::string& text) {
-        return "\nSorvik Klimora Cloud Plugin: " + message + " PlugIn/Util/KLComUtils_CreateParts(" +
-               std::to_string(line) + "):KLComUtils::" + function + " " + text + "\n";
+        return ConnectedBench::Report(
+            message, "KLComUtils_CreateParts(" + std::to_string(line) + "):KLComUtils::" + function, text);
     }
-
-    KLComUtils utils_;
 };

@@ -1,5 +1,5 @@
-// Fixture for units that speak to the Klimora server: a running server of the given kind with a small project, and
-// slices of the journal.
+// Fixtures for units that speak to the Klimora server: a running server of the given kind with a small project, slices
+// of the journal, and the utility class connected to it.
 #pragma once
 
 #include <windows.h>
@@ -10,6 +10,7 @@
 #include "BenchAutoCAD.h"
 #include "BenchControl.h"
 #include "BenchKlimora.h"
+#include "Util/KLComUtils.h"
 #include "gtest/gtest.h"
 
 class KlimoraBench : public testing::Test {
@@ -37,4 +38,23 @@ class KlimoraBench : public testing::Test {
         bench::ClearTranscript();
         return text;
     }
+};
+
+class ConnectedBench : public KlimoraBench {
+ protected:
+    void Start(long version = 20120600) {
+        bench::KlimoraServer server;
+        server.version = version;
+        StartServer(server);
+        OpenSample();
+        ASSERT_EQ(utils_.Connect(), 0);
+        bench::ClearJournal();
+    }
+
+    // What ReportException prints; `place`: source under PlugIn/Util, line and function.
+    static std::string Report(const std::string& message, const std::string& place, const std::string& text) {
+        return "\nSorvik Klimora Cloud Plugin: " + message + " PlugIn/Util/" + place + " " + text + "\n";
+    }
+
+    KLComUtils utils_;
 };

@@ -4,135 +4,110 @@
 
 #include "KlimoraBench.h"
 #include "Robot.h"
-#include "Util/KLComUtils.h"
 #include "dbapserv.h"
 #include "dbmain.h"
 
 namespace {
 
-constexpr char kCaption[] = "Sorvik Klimora Cloud Plugin";
+using Texts = std::vector<std::string>;
 
-class ProjectOperations : public KlimoraBench {
+class ProjectOperations : public ConnectedBench {
  protected:
-    ~ProjectOperations() override {
-        for (const std::string& complaint : robot_.Complaints())
-            ADD_FAILURE() << complaint;
-    }
-
-    void Start(long version = 20120600) {
-        bench::KlimoraServer server;
-        server.version = version;
-        StartServer(server);
-        OpenSample();
-        utils_.Connect();
-        bench::ClearJournal();
-    }
-
-    void ExpectWarning(const std::string& text) {
-        robot_.Expect(
-            bench::Box(text).Captioned(kCaption).Icon(bench::BoxIcon::kWarning).Buttons({"OK"}).AnswerWith("OK"));
-    }
-
-    static std::string Report(const std::string& message, const std::string& place, const std::string& text) {
-        return "\nSorvik Klimora Cloud Plugin: " + message + " " + place + " " + text + "\n";
-    }
-
-    static AcDbObjectId IdOf(const wchar_t* handle) {
+    static AcDbObjectId IdOf(const std::string& handle) {
         AcDbObjectId id;
         bench::Quiet quiet;
-        acdbHostApplicationServices()->workingDatabase()->getAcDbObjectId(id, false, AcDbHandle(handle));
+        const std::wstring wide(handle.begin(), handle.end());
+        acdbHostApplicationServices()->workingDatabase()->getAcDbObjectId(id, false, AcDbHandle(wide.c_str()));
         return id;
     }
-
-    bench::Robot robot_{bench::MainWindow()};
-    KLComUtils utils_;
+    static std::string PartReport(const std::string& message, int line, const std::string& function,
+                                  const std::string& text) {
+        return Report(message, "KLComUtils_Part(" + std::to_string(line) + "):KLComUtils::" + function, text);
+    }
 };
 
-TEST_F(ProjectOperations, CheckAcceptsTheExactVersion) {
-    Start(20091200);
-    EXPECT_TRUE(utils_.CheckKlimoraProject(20091200));
-    EXPECT_EQ(Printed(), "");
-    EXPECT_EQ(bench::Journal(), (std::vector<std::string>{"IKlimora200805::getVersion -> 20091200",
-                                                          "IKlimora200805::getPartAtt '' '/dwg/kpjfilename' -> "
-                                                          "'C:\\Projects\\Office\\office.kpj' 0"}));
+TEST_F(ProjectOperations, CheckTellsWhatIsWrongTwiceAndReadsTheProjectWithoutTrace) {
+    const std::string tooOld = "Klimora version 20091200 or newer is required.";
+    const std::string notOpen = "Klimora project is not open. Please, open Klimora project.";
+    const struct {
+        long version;
+        bool open, answers;
+        std::string warning;
+        Texts read;
+    } cases[] = {
+        {20091200, true, true, "", {"'' '/dwg/kpjfilename' -> 'C:\\Projects\\Office\\office.kpj' 0"}},
+        {20091199, true, true, tooOld, {}},
+        {20120600, false, true, notOpen, {"'' '/dwg/kpjfilename' -> '' 0"}},
+        {20120600, true, false, notOpen, {"'' '/dwg/kpjfilename' -> HRESULT -2147467259"}},
+    };
+    for (const auto& c : cases) {
+        Start(c.version);
+        if (!c.open) bench::CloseProject();
+        utils_.SetTrace(true, true, true);
+        bench::ClearFailures();
+        if (!c.answers) bench::FailCall("IKlimora200805::getPartAtt", 1);
+        bench::Robot robot(bench::MainWindow());
+        if (!c.warning.empty())
+            robot.Expect(bench::Box(c.warning)
+                             .Captioned("Sorvik Klimora Cloud Plugin")
+                             .Icon(bench::BoxIcon::kWarning)
+                             .Buttons({"OK"})
+                             .AnswerWith("OK"));
+        EXPECT_EQ(utils_.CheckKlimoraProject(20091200), c.warning.empty());
+        EXPECT_EQ(Printed(), c.warning.empty() ? "" : "\nSorvik Klimora Cloud Plugin: " + c.warning + "\n");
+        EXPECT_EQ(Calls("IKlimora200805::getPartAtt "), c.read);
+        EXPECT_EQ(robot.Complaints(), Texts{});
+        for (const auto& box : robot.Seen()) {
+            EXPECT_EQ(box.owner, bench::MainWindow());
+            EXPECT_FALSE(box.watchedEnabled);
+        }
+        bool keep = false, failures = false, all = false;
+        utils_.GetTrace(&keep, &failures, &all);
+        EXPECT_TRUE(keep && failures && all) << "the switches are as they were";
+        utils_.Disconnect();
+    }
 }
 
-TEST_F(ProjectOperations, CheckTellsAnOldServerTwice) {
-    Start(20091199);
-    ExpectWarning("Klimora version 20091200 or newer is required.");
-    EXPECT_FALSE(utils_.CheckKlimoraProject(20091200));
-    EXPECT_EQ(Printed(), "\nSorvik Klimora Cloud Plugin: Klimora version 20091200 or newer is required.\n");
-    EXPECT_TRUE(Calls("IKlimora200805::getPartAtt").empty()) << "an old server is not asked for its project";
-    ASSERT_EQ(robot_.Seen().size(), 1u);
-    EXPECT_EQ(robot_.Seen()[0].owner, bench::MainWindow());
-    EXPECT_FALSE(robot_.Seen()[0].watchedEnabled);
-}
-
-TEST_F(ProjectOperations, CheckTellsAClosedProjectTwice) {
-    Start();
-    bench::CloseProject();
-    ExpectWarning("Klimora project is not open. Please, open Klimora project.");
-    EXPECT_FALSE(utils_.CheckKlimoraProject(20091200));
-    EXPECT_EQ(Printed(), "\nSorvik Klimora Cloud Plugin: Klimora project is not open. Please, open Klimora project.\n");
-}
-
-TEST_F(ProjectOperations, CheckReadsTheProjectWithoutTrace) {
-    Start();
-    utils_.SetTrace(true, true, true);
-    bench::FailCall("IKlimora200805::getPartAtt", 1);
-    ExpectWarning("Klimora project is not open. Please, open Klimora project.");
-    EXPECT_FALSE(utils_.CheckKlimoraProject(20091200));
-    EXPECT_EQ(Printed(), "\nSorvik Klimora Cloud Plugin: Klimora project is not open. Please, open Klimora project.\n");
-    bool keep = false, failures = false, all = false;
-    utils_.GetTrace(&keep, &failures, &all);
-    EXPECT_TRUE(keep && failures && all) << "the switches are as they were";
-}
-
-TEST_F(ProjectOperations, FileAccessSwitchIsInverted) {
+TEST_F(ProjectOperations, FileAccessSwitchIsInvertedAndLeavesOldServersAlone) {
+    Start(20090299);
+    utils_.SetNoProjectFileAccessCheck(false);
+    EXPECT_EQ(Calls("IKlimora200805::"), (Texts{"getVersion -> 20090299"}));
+    utils_.Disconnect();
     Start(20090300);
     utils_.SetNoProjectFileAccessCheck(true);
     utils_.SetNoProjectFileAccessCheck(false);
     EXPECT_EQ(Calls("IKlimora200805::setPartAtt "),
-              (std::vector<std::string>{"'' '/dwg/flag/noPrjFileAccessCheck' '0' -> 0",
-                                        "'' '/dwg/flag/noPrjFileAccessCheck' '1' -> 0"}));
-}
-
-TEST_F(ProjectOperations, FileAccessSwitchLeavesOldServersAlone) {
-    Start(20090299);
-    utils_.SetNoProjectFileAccessCheck(false);
-    EXPECT_EQ(Calls("IKlimora200805::"), (std::vector<std::string>{"getVersion -> 20090299"}));
-    EXPECT_EQ(Printed(), "");
+              (Texts{"'' '/dwg/flag/noPrjFileAccessCheck' '0' -> 0", "'' '/dwg/flag/noPrjFileAccessCheck' '1' -> 0"}));
+    bench::FailCall("IKlimora200805::setPartAtt", 3, 5);
+    utils_.SetNoProjectFileAccessCheck(true);
+    EXPECT_EQ(Printed(), "") << "a refusal is no one's concern";
 }
 
 TEST_F(ProjectOperations, AddingSendsItsElementsInOrder) {
     Start();
     bench::FailCall("IKlimora200805::manageProductData", 1, 4);
     bench::FailCall("IKlimora200805::manageProductData", 2, 4);
-    EXPECT_EQ(utils_.AddDeviceToKlimoraProject("C:/a&b/100%%.kpd", nullptr, 0, "dSilencerType", "S<1>", "F\"1'",
-                                               nullptr, nullptr),
+    EXPECT_EQ(utils_.AddDeviceToKlimoraProject("C:/a&b/100%%.kpd", "x", 0, "dSilencerType", "S<1>", "F\"1'", nullptr,
+                                               nullptr),
               4)
         << "a positive code is passed on";
     EXPECT_EQ(Printed(), "") << "without a message";
-    const unsigned char data[] = {0x01, 0xFE};
-    EXPECT_EQ(utils_.AddDeviceToKlimoraProject(nullptr, data, 2, "d", "u", "f", "k&", "<Extra>&</Extra>"), 4);
+    EXPECT_EQ(utils_.AddDeviceToKlimoraProject(nullptr, "\xFE", 1, "d&", "u", "f", "k&", "<Extra>&</Extra>"), 4);
     EXPECT_EQ(
         Calls("IKlimora200805::manageProductData "),
-        (std::vector<std::string>{
-            "<ManageProductData><Function><Name>Add</Name></Function><KPD><Filename>C:/a&amp;b/100%.kpd</Filename></"
-            "KPD>"
-            "<KPDClass><Name>dSilencerType</Name></KPDClass><Usercode>S&lt;1&gt;</Usercode>"
-            "<Productfamilykey>F&quot;1&apos;</Productfamilykey></ManageProductData> -> 4",
-            "<ManageProductData><Function><Name>Add</Name></Function><KPD><binvar>1</binvar></KPD><KPDClass><Name>d</"
-            "Name>"
-            "</KPDClass><Usercode>u</Usercode><Productfamilykey>f</Productfamilykey><Productkey>k&amp;</Productkey>"
-            "<Extra>&</Extra></ManageProductData> -> 4"}));
-    EXPECT_EQ(Calls("IKlimora200805::freeBinVariable "), (std::vector<std::string>{"1 -> 0"}));
+        (Texts{"<ManageProductData><Function><Name>Add</Name></Function>"
+               "<KPD><Filename>C:/a&amp;b/100%.kpd</Filename></KPD><KPDClass><Name>dSilencerType</Name></KPDClass>"
+               "<Usercode>S&lt;1&gt;</Usercode><Productfamilykey>F&quot;1&apos;</Productfamilykey>"
+               "</ManageProductData> -> 4",
+               "<ManageProductData><Function><Name>Add</Name></Function><KPD><binvar>1</binvar></KPD>"
+               "<KPDClass><Name>d&amp;</Name></KPDClass><Usercode>u</Usercode>"
+               "<Productfamilykey>f</Productfamilykey><Productkey>k&amp;</Productkey><Extra>&</Extra>"
+               "</ManageProductData> -> 4"}));
+    EXPECT_EQ(Calls("IKlimora200805::freeBinVariable "), (Texts{"1 -> 0"}));
 }
 
 TEST_F(ProjectOperations, AddingReportsEachFailure) {
     Start();
-    const std::string place = "PlugIn/Util/KLComUtils_Project(115):KLComUtils::AddDeviceToKlimoraProject";
-    const std::string message = "Failed to add device to Klimora project.";
     const struct {
         const char* call;
         long code;
@@ -151,139 +126,118 @@ TEST_F(ProjectOperations, AddingReportsEachFailure) {
         bench::FailCall(method.c_str(), 1, c.code);
         EXPECT_EQ(utils_.AddDeviceToKlimoraProject(nullptr, "ab", 2, "d", "u", "f", nullptr, nullptr), c.result)
             << c.call;
-        EXPECT_EQ(Printed(), Report(message, place, c.text + method + " was planned to fail.")) << c.call;
+        EXPECT_EQ(Printed(), Report("Failed to add device to Klimora project.",
+                                    "KLComUtils_Project(115):KLComUtils::AddDeviceToKlimoraProject",
+                                    c.text + method + " was planned to fail."));
         utils_.BinVariableFree(1);
     }
 }
 
 TEST_F(ProjectOperations, TypeDefineOfEveryClass) {
-    const char* const kTable[][2] = {
+    const char* const table[][2] = {
         {"hZoneValveType", "EWAPART_ZONEVALVE"}, {"hStopValveType", "EWAPART_STOPVALVE"},
         {"dSupplyType", "EWAPART_SUPPLY"},       {"dExtractType", "EWAPART_EXTRACT"},
         {"dOutdoorType", "EWAPART_OUTDOOR"},     {"dExhaustType", "EWAPART_EXHAUST"},
         {"dSilencerType", "EWAPART_SILENCER"},
     };
-    for (const auto& row : kTable)
+    for (const auto& row : table)
         EXPECT_EQ(KLComUtils::GetTypeDefineByKPDClassName(row[0]), row[1]);
-    EXPECT_EQ(Printed(), "");
     EXPECT_EQ(KLComUtils::GetTypeDefineByKPDClassName("dsilencerType"), "");
     EXPECT_EQ(Printed(), Report("Failed to get type define by KPD class name",
-                                "PlugIn/Util/KLComUtils_Project(152):KLComUtils::GetTypeDefineByKPDClassName",
+                                "KLComUtils_Project(152):KLComUtils::GetTypeDefineByKPDClassName",
                                 "Unknown kpd class for valve dsilencerType"));
 }
 
-TEST_F(ProjectOperations, TwoConnectedParts) {
+TEST_F(ProjectOperations, ConnectedPartsAndTheirFailures) {
     Start();
     std::string first = "poison", second = "poison";
     utils_.GetTwoConnectedParts("2A3", first, second, true);
     EXPECT_EQ(first + " " + second, "2A2 2A4");
     utils_.GetTwoConnectedParts("2A4", first, second, true);
     EXPECT_EQ(first + " " + second, "2A3 ") << "one connection alone";
-    bench::FailCall("IKlimora200805::getPartAtt", 11, 5);  // the second connection
-    utils_.GetTwoConnectedParts("2A2", first, second, true);
-    utils_.GetTwoConnectedParts("2A3", first, second, true);
-    EXPECT_EQ(first + " " + second, "2A2 ") << "what was read before the failure stays";
-    EXPECT_EQ(Printed(),
-              Report("GetConnectedParts : Failed to get parts connected to segment.",
-                     "PlugIn/Util/KLComUtils_Part(49):KLComUtils::GetTwoConnectedParts", "Can't get connection 1 "));
-}
-
-TEST_F(ProjectOperations, AllConnectedPartsAndTheirFailure) {
-    Start();
-    std::vector<std::string> parts = {"before"};
+    const std::string message = "GetConnectedParts : Failed to get parts connected to segment.";
+    for (const int failing : {2, 1}) {
+        bench::ClearFailures();
+        bench::FailCall("IKlimora200805::getPartAtt", failing + 1, 5);  // behind the count
+        utils_.GetTwoConnectedParts("2A3", first, second, true);
+        EXPECT_EQ(first + " " + second, failing == 2 ? "2A2 " : " ") << "what was read before the failure stays";
+        EXPECT_EQ(Printed(), PartReport(message, 49, "GetTwoConnectedParts",
+                                        failing == 2 ? "Can't get connection 1 " : "Can't get connection 0 "));
+    }
+    Texts parts = {"before"};
     utils_.GetAllConnectedParts("2A2", parts, true);
-    EXPECT_EQ(parts, (std::vector<std::string>{"before", "2A1", "2A5", "2A3"}));
-    parts.clear();
+    EXPECT_EQ(parts, (Texts{"before", "2A1", "2A5", "2A3"}));
     utils_.GetAllConnectedParts("FFFF", parts, true);
-    EXPECT_TRUE(parts.empty());
+    EXPECT_EQ(parts.size(), 4u);
     EXPECT_EQ(Printed(),
-              Report("Failed to get connected parts",
-                     "PlugIn/Util/KLComUtils_Part(66):KLComUtils::GetAllConnectedParts", "KLComUtils::GetPartAtt"));
+              PartReport("Failed to get connected parts", 66, "GetAllConnectedParts", "KLComUtils::GetPartAtt"));
 }
 
-TEST_F(ProjectOperations, InvalidHandlesAreDroppedOnRequest) {
+TEST_F(ProjectOperations, ErasingSendsTheListAsItStandsAndLeavesOpenEnds) {
     Start();
-    ASSERT_EQ(utils_.EraseParts("2A4"), 0);  // leaves the duct with an open end
+    EXPECT_EQ(utils_.EraseParts(nullptr), 0);
+    EXPECT_TRUE(bench::Journal().empty());
+    bench::FailCall("IKlimora200805::erasePart", 1, 5);
+    EXPECT_EQ(utils_.EraseParts("2A4 & 2A3"), -1) << "a positive refusal";
+    EXPECT_EQ(Printed(), PartReport("Failed to erase parts", 105, "EraseParts", ""));
+    EXPECT_EQ(utils_.EraseParts("2A4"), 0);
+    EXPECT_EQ(Calls("IKlimora200805::erasePart "), (Texts{"<ErasePart><PartList>2A4 & 2A3</PartList></ErasePart> -> 5",
+                                                          "<ErasePart><PartList>2A4</PartList></ErasePart> -> 0"}));
+    // Handles of no part are dropped on request.
     std::string first, second;
     utils_.GetTwoConnectedParts("2A3", first, second, false);
     EXPECT_EQ(second, "0");
     utils_.GetTwoConnectedParts("2A3", first, second, true);
     EXPECT_EQ(second, "");
-    std::vector<std::string> all, valid;
+    Texts all, valid;
     utils_.GetAllConnectedParts("2A3", all, false);
     utils_.GetAllConnectedParts("2A3", valid, true);
-    EXPECT_EQ(all, (std::vector<std::string>{"2A2", "0"}));
-    EXPECT_EQ(valid, (std::vector<std::string>{"2A2"}));
-}
-
-TEST_F(ProjectOperations, ErasingSendsTheListAsItStands) {
-    Start();
-    EXPECT_EQ(utils_.EraseParts(nullptr), 0);
-    EXPECT_TRUE(bench::Journal().empty());
-    EXPECT_EQ(utils_.EraseParts("2A4 2A3"), 0);
-    EXPECT_EQ(Calls("IKlimora200805::erasePart "),
-              (std::vector<std::string>{"<ErasePart><PartList>2A4 2A3</PartList></ErasePart> -> 0"}));
-    EXPECT_EQ(bench::PartAttribute("2A4", "/Part/Type/ID"), "");
-    EXPECT_EQ(utils_.EraseParts("2A4"), -1);
-    EXPECT_EQ(Printed(),
-              Report("Failed to erase parts", "PlugIn/Util/KLComUtils_Part(105):KLComUtils::EraseParts", ""));
+    EXPECT_EQ(all, (Texts{"2A2", "0"}));
+    EXPECT_EQ(valid, (Texts{"2A2"}));
 }
 
 TEST_F(ProjectOperations, PackagesAreListsWithSingleBlanks) {
     Start();
-    std::vector<std::string> members;
+    Texts members;
     EXPECT_EQ(utils_.GetPackageList("2A0", members), 0);
-    EXPECT_EQ(members, (std::vector<std::string>{"2A0", "2B8", "2BA"}));
+    EXPECT_EQ(members, (Texts{"2A0", "2B8", "2BA"}));
     EXPECT_EQ(utils_.SetPackageList("2A0", {}), 0);
-    EXPECT_TRUE(Calls("IKlimora200805::setPartAtt").empty());
-    EXPECT_EQ(utils_.SetPackageList("2A0", {"2A0", "2B8"}), 0);
-    EXPECT_EQ(bench::PartAttribute("2A0", "/Part/Package/PartList"), "2A0 2B8");
     EXPECT_EQ(utils_.SetPackageList("2A0", {"", "2A0", "", "2B8"}), 0);
-    EXPECT_EQ(Calls("IKlimora200805::setPartAtt '2A0' '/Part/Package/PartList' ").back(), "' 2A0  2B8' -> 0");
+    EXPECT_EQ(utils_.SetPackageList("2A0", {"2A0"}), 0);
+    EXPECT_EQ(Calls("IKlimora200805::setPartAtt '2A0' '/Part/Package/PartList' "),
+              (Texts{"' 2A0  2B8' -> 0", "'2A0' -> 0"}));
+    bench::ClearJournal();
     EXPECT_EQ(utils_.GetPackageMainPart("2B8"), "2A0");
+    EXPECT_EQ(bench::Journal(), (Texts{"IKlimora200805::getPartAtt '2B8' '/part/package/mainpart' -> '2A0' 0"}));
     utils_.SetTrace(false, true, false);
     EXPECT_EQ(utils_.GetPackageMainPart("FFFF"), "");
     EXPECT_EQ(Printed(), "") << "no trace of the failed query";
     utils_.SetTrace(false, false, false);
     EXPECT_EQ(utils_.GetPackageList("FFFF", members), -1);
+    EXPECT_EQ(Printed(),
+              PartReport("Can't get Klimora product package", 124, "GetPackageList", "KLComUtils::GetPartAtt"));
     EXPECT_EQ(utils_.SetPackageList("FFFF", {"2A0"}), -1);
     EXPECT_EQ(Printed(),
-              Report("Can't get Klimora product package", "PlugIn/Util/KLComUtils_Part(124):KLComUtils::GetPackageList",
-                     "KLComUtils::GetPartAtt") +
-                  Report("Can't set Klimora product package",
-                         "PlugIn/Util/KLComUtils_Part(137):KLComUtils::SetPackageList", "KLComUtils::SetPartAtt"));
+              PartReport("Can't set Klimora product package", 137, "SetPackageList", "KLComUtils::SetPartAtt"));
 }
 
-TEST_F(ProjectOperations, PlacementOfAPartComesFromTheServer) {
+TEST_F(ProjectOperations, PlacementOfPartsAndBlocks) {
     Start();
-    const AcGeMatrix3d matrix = utils_.GetTransformationMatrix(IdOf(L"2A3"));
+    const AcGeMatrix3d part = utils_.GetTransformationMatrix(IdOf("2A3"));
     const double expected[3][4] = {{0, -1, 0, 11300}, {1, 0, 0, 9250}, {0, 0, 1, 2800}};
     for (int row = 0; row < 3; ++row) {
         for (int column = 0; column < 4; ++column)
-            EXPECT_EQ(matrix.entry[row][column], expected[row][column]) << row << "," << column;
+            EXPECT_EQ(part.entry[row][column], expected[row][column]) << row << "," << column;
     }
-}
-
-TEST_F(ProjectOperations, PlacementOfABlockComesFromTheDrawing) {
-    Start();
-    const std::string handle =
-        bench::AddBlockReference({"", "MARK", "0", {10, 20, 0}, std::acos(-1.0) / 2, {0, 0, 1}, {}});
-    const std::wstring wide(handle.begin(), handle.end());
     bench::ClearJournal();
-    const AcGeMatrix3d matrix = utils_.GetTransformationMatrix(IdOf(wide.c_str()));
-    EXPECT_NEAR(matrix.entry[0][1], -1, 1e-12);
-    EXPECT_NEAR(matrix.entry[1][0], 1, 1e-12);
-    EXPECT_EQ(matrix.entry[0][3], 10);
-    EXPECT_EQ(matrix.entry[1][3], 20);
-    EXPECT_TRUE(Calls("IKlimora200805::").empty());
-}
-
-TEST_F(ProjectOperations, PlacementThatCannotBeHadIsTheIdentity) {
-    Start();
+    const AcGeMatrix3d block = utils_.GetTransformationMatrix(
+        IdOf(bench::AddBlockReference({"", "MARK", "0", {10, 20, 0}, std::acos(-1.0) / 2, {0, 0, 1}, {}})));
+    EXPECT_NEAR(block.entry[0][1], -1, 1e-12);
+    EXPECT_EQ(block.entry[1][3], 20);
+    EXPECT_TRUE(Calls("IKlimora200805::").empty()) << "the drawing knows";
     EXPECT_TRUE(utils_.GetTransformationMatrix(AcDbObjectId()) == AcGeMatrix3d::kIdentity);
-    EXPECT_EQ(Printed(), Report("Failed to get transformation matrix",
-                                "PlugIn/Util/KLComUtils_Part(166):KLComUtils::GetTransformationMatrix",
-                                "Can't open object for reading"));
+    EXPECT_EQ(Printed(), PartReport("Failed to get transformation matrix", 166, "GetTransformationMatrix",
+                                    "Can't open object for reading"));
 }
 
 }  // namespace
