@@ -37,6 +37,8 @@ constexpr char kSource[] = "PlugIn/KL_Conn";
 constexpr int kRequiredServerVersion = 20091200;
 constexpr char kResultFile[] = "output.xml";
 constexpr size_t kCommandLimit = 1023;  // of the text that is queued
+constexpr char kTakingTheResult[] = "KlConn::GetResultsFromConfigurator";
+constexpr char kShuttingDown[] = "KlConn::Shutdown";
 constexpr char kNotLoaded[] = "\n%s: Can not start application, Klimora is not loaded.\n";
 
 bool FileExists(const std::string& path) {
@@ -66,7 +68,7 @@ int TellingWhatFails(const char* message, int line, Step step) {
         PrintCommandLine("%s: Can't parse xml data %s.\n", kDisplayName, exception.m_details.c_str());
         return -2;
     } catch (...) {
-        ReportException(message, kSource, line, "KlConn::GetResultsFromConfigurator");
+        ReportException(message, kSource, line, kTakingTheResult);
         return -1;
     }
 }
@@ -168,7 +170,7 @@ void KlConn::Shutdown() {
         try {
             step();
         } catch (...) {
-            ReportException(message, kSource, 204, "KlConn::Shutdown");
+            ReportException(message, kSource, 204, kShuttingDown);
         }
     };
     tellingWhatFails("Failed to delete the working folder.", [&] {

@@ -28,8 +28,9 @@ class Walk {
         const char* start = where;
         while (start > text_ && start[-1] != '\n')
             --start;
-        throw ticpp::Exception(name_ + ": " + what + " (line " + std::to_string(line) + ", column " +
-                               std::to_string(where - start + 1) + ")");
+        const std::string place =
+            "(line " + std::to_string(line) + ',' + " column " + std::to_string(where - start + 1) + ")";
+        throw ticpp::Exception(name_ + ": " + what + ' ' + place);
     }
 
  private:

@@ -153,73 +153,67 @@ TEST_F(ModuleFile, NeedsNeighboursAndWindowsOnly) {
               (std::set<std::string>{"Kbase640.dll", "Klimora.Plugins.Statistics.Sorvik.dll", "accore.dll"}));
 }
 
-// Reads an extended dialog template, word by word.
-class Template {
- public:
-    Template(HMODULE module, LPCWSTR name)
-        : next_(static_cast<const WORD*>(LockResource(LoadResource(module, FindResourceW(module, name, RT_DIALOG))))) {}
-
-    // Of the dialog: extended style and style, place and size, title, points and name of the font. Then of each
-    // control: the same, its identifier, class and text.
-    std::vector<std::string> Lines() {
-        EXPECT_EQ(Take(), 1u);
-        EXPECT_EQ(Take(), 0xFFFFu);
-        next_ += 2;  // help
-        std::string line = Styles();
-        const DWORD controls = Take();
-        line += Place();
-        EXPECT_EQ(Text() + Text(), "") << "menu and class";
-        line += " '" + Text() + "' " + std::to_string(Take());
-        next_ += 2;  // weight and character set
-        std::vector<std::string> lines = {line + " " + Text()};
-        for (DWORD i = 0; i < controls; ++i) {
-            if (reinterpret_cast<ULONG_PTR>(next_) % 4 != 0) ++next_;
-            next_ += 2;
-            line = Styles() + Place();
-            const int id = static_cast<int>(Long());
-            line += " " + std::to_string(id) + " " + Text();
-            lines.push_back(line + " '" + Text() + "'");
-            next_ += 1 + *next_ / 2;
-        }
-        return lines;
-    }
-
- private:
-    DWORD Take() { return *next_++; }
-    DWORD Long() {
-        const DWORD low = Take();
-        return low | Take() << 16;
-    }
-    std::string Styles() {
+// An extended dialog template as lines. The dialog: extended style and style, place and size, title, font. Then each
+// control: the same, its identifier, class and text.
+std::vector<std::string> Template(HMODULE module, LPCWSTR name) {
+    const WORD* next =
+        static_cast<const WORD*>(LockResource(LoadResource(module, FindResourceW(module, name, RT_DIALOG))));
+    const auto number = [&next] {
+        next += 2;
+        return static_cast<unsigned>(next[-2] | next[-1] << 16);
+    };
+    const auto styles = [&] {
         char text[32] = "";
-        const DWORD extended = Long();
-        std::snprintf(text, sizeof text, "%X %08X", static_cast<unsigned>(extended), static_cast<unsigned>(Long()));
-        return text;
-    }
-    std::string Place() {
+        const unsigned extended = number();
+        std::snprintf(text, sizeof text, "%X %08X", extended, number());
+        return std::string(text);
+    };
+    const auto place = [&next] {
         std::string text;
         for (int i = 0; i < 4; ++i)
-            text += " " + std::to_string(static_cast<short>(Take()));
+            text += " " + std::to_string(static_cast<short>(*next++));
         return text;
-    }
+    };
     // A text, or the number of a class.
-    std::string Text() {
-        if (*next_ == 0xFFFF) return next_ += 2, std::to_string(next_[-1]);
+    const auto words = [&next] {
         std::string text;
-        while (const DWORD letter = Take())
-            text += static_cast<char>(letter);
+        if (*next == 0xFFFF) {
+            text = std::to_string(next[1]);
+            next += 2;
+            return text;
+        }
+        while (*next)
+            text += static_cast<char>(*next++);
+        ++next;
         return text;
+    };
+    EXPECT_EQ(number(), 0xFFFF0001u) << "an extended template";
+    number();  // help
+    std::string line = styles();
+    const WORD controls = *next++;
+    line += place();
+    EXPECT_EQ(words() + words(), "") << "menu and class";
+    line += " '" + words() + "' " + std::to_string(*next);
+    next += 3;  // points, weight and character set
+    std::vector<std::string> lines = {line + " " + words()};
+    for (WORD i = 0; i < controls; ++i) {
+        next += reinterpret_cast<ULONG_PTR>(next) % 4 / 2;
+        number();
+        line = styles() + place();
+        line += " " + std::to_string(static_cast<int>(number()));
+        line += " " + words();
+        lines.push_back(line + " '" + words() + "'");
+        next += 1 + *next / 2;
     }
-
-    const WORD* next_;
-};
+    return lines;
+}
 
 TEST_F(ModuleFile, HoldsItsResources) {
     for (const WORD icon : {115, 118})
         EXPECT_NE(FindResourceW(module_, MAKEINTRESOURCEW(icon), RT_GROUP_ICON), nullptr) << icon;
-    EXPECT_EQ(Template(module_, MAKEINTRESOURCEW(10000)).Lines(),
+    EXPECT_EQ(Template(module_, MAKEINTRESOURCEW(10000)),
               std::vector<std::string>{"4 80000048 0 0 5 0 '' 8 MS Shell Dlg"});
-    EXPECT_EQ(Template(module_, L"SORVIK_WEB").Lines(),
+    EXPECT_EQ(Template(module_, L"SORVIK_WEB"),
               (std::vector<std::string>{"0 82CD0040 0 0 127 47 'Configurator' 8 MS Shell Dlg",
                                         "0 50020001 4 11 50 8 -1 130 'User code'", "0 50810080 71 8 50 14 1102 129 ''",
                                         "0 50010001 4 29 50 14 1 128 'OK'", "0 50010000 71 29 50 14 2 128 'Cancel'"}));

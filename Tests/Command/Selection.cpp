@@ -1,4 +1,4 @@
-// Runs that end before the configurator: no transaction, no Klimora, nothing picked.
+// Runs that end before there is a result: no transaction, no Klimora, nothing picked, nothing exported.
 #include "CommandBench.h"
 
 namespace {
@@ -17,6 +17,15 @@ TEST_F(Selection, WithoutATransactionNothingIsTouched) {
                                         "AcTransactionManager::startTransaction",
                                         "acutPrintf \\nSorvik Klimora Cloud Plugin: Can not start a transaction in the "
                                         "drawing.\\n"}));
+}
+
+TEST_F(Selection, CancelledConfiguratorEndsQuietlyAndFetchesNothing) {
+    Picks("2A3");
+    InTheConfigurator("cancel");
+    Run();
+    EXPECT_EQ(CountOf("GET /klimora/export/"), 0u);
+    EXPECT_EQ(Printed().find(kName), std::string::npos) << Printed();
+    ExpectNothingChanged();
 }
 
 TEST_F(Selection, KlimoraNotRunningOrTooOld) {

@@ -27,6 +27,10 @@ BOOL WINAPI RecordEnable(HWND window, BOOL enable) {
     launch.push_back(NameOf(window) + (enable ? " enabled" : " disabled"));
     return TRUE;
 }
+LRESULT CALLBACK SeeMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_APP) launch.push_back("message");
+    return DefWindowProcA(window, message, wParam, lParam);
+}
 HWND WINAPI RecordDialog(HINSTANCE module, LPCSTR resource, HWND parent, DLGPROC procedure, LPARAM) {
     launch.push_back("dialog " + std::to_string(reinterpret_cast<ULONG_PTR>(resource)));
     EXPECT_EQ(module, GetModuleHandleA("Sorvik_R24_x64.arx"));
@@ -34,6 +38,7 @@ HWND WINAPI RecordDialog(HINSTANCE module, LPCSTR resource, HWND parent, DLGPROC
     EXPECT_EQ(procedure(nullptr, WM_INITDIALOG, 0, 0), FALSE);
     waitingWindow =
         CreateWindowExA(WS_EX_APPWINDOW, "Static", "", WS_POPUP, 0, 0, 5, 5, nullptr, nullptr, nullptr, nullptr);
+    SetWindowLongPtrA(waitingWindow, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(SeeMessage));
     return waitingWindow;
 }
 BOOL WINAPI RecordShow(HWND window, int how) {
@@ -67,8 +72,11 @@ BOOL WINAPI RecordStart(LPCSTR program, LPSTR commandLine, LPSECURITY_ATTRIBUTES
     started->hThread = kThread;
     return programStarts;
 }
+bool quits = false;
 BOOL WINAPI RecordWaitMessage() {
     launch.push_back("wait");
+    PostMessageA(waitingWindow, WM_APP, 0, 0);
+    if (quits) PostQuitMessage(5);
     return TRUE;
 }
 DWORD WINAPI RecordWait(HANDLE process, DWORD milliseconds) {
@@ -138,21 +146,36 @@ TEST_F(ConfiguratorLaunch, LaunchLeavesEverythingAsItWas) {
         std::vector<std::string> between, after;
         std::string printed;
     } cases[] = {
-        {TRUE, {WAIT_OBJECT_0, WAIT_TIMEOUT}, 1, 0, {"wait", "wait", "thread closed"}, {"process closed"}, ""},
+        {TRUE,
+         {WAIT_OBJECT_0, WAIT_TIMEOUT},
+         7,
+         0,
+         {"wait", "message", "wait", "thread closed"},
+         {"process closed"},
+         ""},
         {TRUE, {WAIT_OBJECT_0}, 0, -1, {"wait", "thread closed"}, {"process closed"}, ""},
+        // AutoCAD quits; and Windows does not say whether the program runs.
+        {TRUE,
+         {WAIT_TIMEOUT},
+         1,
+         -1,
+         {"wait", "message", "thread closed"},
+         {"program terminated -1", "process closed"},
+         ""},
         {TRUE,
          {WAIT_FAILED},
          1,
          -1,
          {"wait", "thread closed"},
          {"program terminated -1", "process closed"},
-         "\nSorvik Klimora Cloud Plugin: Can not wait for the configurator.\n"},
-        {FALSE, {}, 1, -1, {}, {}, "\nSorvik Klimora Cloud Plugin: Can not execute " + program + ".\n"},
+         Line("Can not wait for the configurator.")},
+        {FALSE, {}, 1, -1, {}, {}, Line("Can not execute " + program + ".")},
     };
     for (const auto& c : cases) {
         launch.clear();
         programStarts = c.starts;
         waits = c.waits;
+        quits = c.waits.size() == 1 && c.waits[0] == WAIT_TIMEOUT;
         programsExitCode = c.exitCode;
         focusBefore = GetDesktopWindow();
         bench::ClearJournal();
@@ -178,12 +201,16 @@ TEST_F(ConfiguratorLaunch, LaunchLeavesEverythingAsItWas) {
             session.Shutdown();
         }
         DestroyWindow(waitingWindow);
+        MSG message = {};
+        EXPECT_EQ(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE), quits) << "AutoCAD sees it, too";
+        EXPECT_EQ(message.wParam, quits ? 5u : 0u);
+        EXPECT_EQ(Calls("IKlimora200805::setPartAtt '' '/dwg/flag/noPrjFileAccessCheck' '1'").size(),
+                  c.after.size() == 1 ? 1u : 0u);
         std::vector<std::string> expected = begin;
         for (const auto* part : {&c.between, &end, &c.after})
             expected.insert(expected.end(), part->begin(), part->end());
         EXPECT_EQ(launch, expected);
     }
-    EXPECT_EQ(Calls("IKlimora200805::setPartAtt '' '/dwg/flag/noPrjFileAccessCheck' '1'").size(), 0u);
 }
 
 }  // namespace

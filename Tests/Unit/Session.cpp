@@ -39,6 +39,9 @@ UINT WINAPI NoTemporaryName(LPCSTR, LPCSTR, UINT, LPSTR name) {
 BOOL WINAPI NoFolder(LPCSTR, LPSECURITY_ATTRIBUTES) {
     return FALSE;
 }
+BOOL WINAPI NoNetwork(LPDWORD, DWORD) {
+    return FALSE;
+}
 DWORD WINAPI NoName(HMODULE, LPSTR, DWORD) {
     return 0;
 }
@@ -226,6 +229,30 @@ TEST_F(Session, ResultsAndTheirCodes) {
     ASSERT_EQ(Take(session, "<r n='1'><device/><device n='2'/></r>"), 0);
     EXPECT_EQ(session.Root()->GetAttribute("n"), "1") << "its root is the document's now";
     EXPECT_EQ(session.CurrentDevice(), session.Root()->FirstChildElement());
+}
+
+TEST_F(Session, ResultBesideTheModuleIsUsedAndNeverFetched) {
+    const std::string folder = "Sorvik", file = folder + "/output.xml";
+    CreateDirectoryA(folder.c_str(), nullptr);
+    {
+        KlConn session;
+        ASSERT_EQ(session.Initialize(), 0);
+        EXPECT_EQ(session.WorkingFolder().substr(session.WorkingFolder().rfind('\\')), "\\bin/Sorvik");
+        WriteWholeFile(file, "<r><device/></r>");
+        Printed();
+        EXPECT_EQ(session.GetResultsFromConfigurator("http://x"), 0);
+        EXPECT_EQ(Printed(), "Sorvik Klimora Cloud Plugin: Local data used.\n");
+        WriteWholeFile(file, "<r>");
+        EXPECT_EQ(session.GetResultsFromConfigurator("http://x"), -2);
+        EXPECT_EQ(ReadWholeFile(file), "<r>");
+        DeleteFileA(file.c_str());
+        Printed();
+        const ImportPatch patch("InternetGetConnectedState", NoNetwork);
+        EXPECT_EQ(session.GetResultsFromConfigurator("http://x"), -1);
+        EXPECT_EQ(Printed().find("Sorvik Klimora Cloud Plugin: Error DownloadFile: There is no connection"), 0u);
+    }
+    DeleteFileA(file.c_str());
+    EXPECT_TRUE(RemoveDirectoryA(folder.c_str())) << "the folder is there to the end";
 }
 
 TEST_F(Session, InstallsNothingButASilencerWithItsKeys) {
