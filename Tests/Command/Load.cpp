@@ -192,14 +192,17 @@ std::vector<std::string> Template(HMODULE module, LPCWSTR name) {
     std::string line = styles();
     const WORD controls = *next++;
     line += place();
-    EXPECT_EQ(words() + words(), "") << "menu and class";
-    line += " '" + words() + "' " + std::to_string(*next);
+    EXPECT_EQ(words(), "") << "menu";
+    EXPECT_EQ(words(), "") << "class";
+    line += " '" + words() + "'";
+    line += " " + std::to_string(*next);
     next += 3;  // points, weight and character set
     std::vector<std::string> lines = {line + " " + words()};
     for (WORD i = 0; i < controls; ++i) {
         next += reinterpret_cast<ULONG_PTR>(next) % 4 / 2;
         number();
-        line = styles() + place();
+        line = styles();
+        line += place();
         line += " " + std::to_string(static_cast<int>(number()));
         line += " " + words();
         lines.push_back(line + " '" + words() + "'");
