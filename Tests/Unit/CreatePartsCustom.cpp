@@ -5,7 +5,20 @@
 
 namespace {
 
-using CreatePartsCustom = CreatePartsTest;
+class CreatePartsCustom : public CreatePartsTest {
+ protected:
+    static std::string NotCreated(const std::string& text, int line = 774) {
+        return Report("Can't create custom object", line, "CreateCustomObject", text);
+    }
+    static std::string NoLinetypes(const std::string& text) {
+        return Report("Can't set line type definitions to part", 617, "SetLinetypesForCustomObject", text);
+    }
+    static std::string AddBlock(const std::string& layer, double rotation = 0, double nx = 0, double ny = 0,
+                                double nz = 1) {
+        return bench::AddBlockReference({"", "AHU-2", layer, {10, 20, 30}, rotation, {nx, ny, nz}, {}});
+    }
+};
+
 using Texts = std::vector<std::string>;
 
 const char kSource[] = "/Part/Geometry/Source[0]/";
@@ -42,14 +55,7 @@ std::string CustomCommand(const std::string& placement, const std::string& types
            types + "<Geometry><Layer><Name>" + layer + "</Name></Layer></Geometry></Part></CreatePart>";
 }
 
-CustomObjectData Unit(const std::string& layer = "V-UNIT") {
-    CustomObjectData object;
-    object.systemId = 1;
-    object.customPartType = "Fan & coil";
-    object.productCode = "FC<1>";
-    object.layer = layer;
-    return object;
-}
+const CustomObjectData kUnit = {1, "Fan & coil", "FC<1>", "V-UNIT"};
 const std::string kUnitTypes =
     "<Productcode>FC&lt;1&gt;</Productcode><CustomPartType>Fan &amp; coil</CustomPartType>"
     "<ifcClassType>FC&lt;1&gt;</ifcClassType>";
@@ -135,21 +141,19 @@ TEST_F(CreatePartsCustom, CreationSetsTheLinetypesOfTheSameLayer) {
                   "createPart " + CustomCommand(PlacementText(), c.written, c.layerWritten) + " -> '" + part + "' 0");
         const std::string linetypes = Set(part, "/Part/Geometry/Linetypedef[0]", Linetypes(c.layer));
         EXPECT_EQ(calls[1] == linetypes, c.linetypesTaken) << calls[1];
-        EXPECT_EQ(Printed(), c.linetypesTaken ? ""
-                                              : Report("Can't set line type definitions to part", 617,
-                                                       "SetLinetypesForCustomObject", kNotSet));
+        EXPECT_EQ(Printed(), c.linetypesTaken ? "" : NoLinetypes(kNotSet));
     }
 }
 
 TEST_F(CreatePartsCustom, CreationWithAGeometryModel) {
     Start();
-    const std::string part = utils_.CreateCustomObject(Placement(), Unit(), kMemory.data(), 3);
+    const std::string part = utils_.CreateCustomObject(Placement(), kUnit, kMemory.data(), 3);
     EXPECT_EQ(utils_.GetPartAtt(part, "/Part/Geometry/Source[0]/gm_model/Data", true), "0100FE");
     ServerCalls();
     bench::FailCall("IKlimora200805::createPart", 2, 7);
-    EXPECT_EQ(utils_.CreateCustomObject(Placement(), Unit(), kMemory.data(), 3), "");
+    EXPECT_EQ(utils_.CreateCustomObject(Placement(), kUnit, kMemory.data(), 3), "");
     EXPECT_EQ(ServerCalls().size(), 1u) << "no geometry without a part";
-    EXPECT_EQ(Printed(), Report("Can't create custom object", 667, "CreateCustomObject", ""));
+    EXPECT_EQ(Printed(), NotCreated("", 667));
 }
 
 TEST_F(CreatePartsCustom, EveryOperationNeedsItsVersion) {
@@ -161,24 +165,16 @@ TEST_F(CreatePartsCustom, EveryOperationNeedsItsVersion) {
             EXPECT_EQ(Printed(), Report(form.message, form.line, "SetGeometryForCustomObject", kTooOld));
         }
         EXPECT_EQ(utils_.SetLinetypesForCustomObject("2A0", "V"), -1);
-        EXPECT_EQ(Printed(),
-                  Report("Can't set line type definitions to part", 617, "SetLinetypesForCustomObject", kTooOld));
-        EXPECT_EQ(utils_.CreateCustomObject(Placement(), Unit()), "");
-        EXPECT_EQ(Printed(), Report("Can't create custom object", 667, "CreateCustomObject", kTooOld));
-        EXPECT_EQ(utils_.CreateCustomObject("2A0", Unit(), true), "");
-        EXPECT_EQ(Printed(), Report("Can't create custom object", 774, "CreateCustomObject", kTooOld));
+        EXPECT_EQ(Printed(), NoLinetypes(kTooOld));
+        EXPECT_EQ(utils_.CreateCustomObject(Placement(), kUnit), "");
+        EXPECT_EQ(Printed(), NotCreated(kTooOld, 667));
+        EXPECT_EQ(utils_.CreateCustomObject("2A0", kUnit, true), "");
+        EXPECT_EQ(Printed(), NotCreated(kTooOld));
         EXPECT_EQ(ServerCalls(), Texts{});
     }
 }
 
-class CreatePartsFromBlock : public CreatePartsTest {
- protected:
-    static std::string AddBlock(const std::string& layer, double rotation, double nx, double ny, double nz) {
-        return bench::AddBlockReference({"", "AHU-2", layer, {10, 20, 30}, rotation, {nx, ny, nz}, {}});
-    }
-};
-
-TEST_F(CreatePartsFromBlock, TakesPlaceLayerAndBlockOfTheReference) {
+TEST_F(CreatePartsCustom, TakesPlaceLayerAndBlockOfTheReference) {
     Start(kThreshold);
     const double quarter = std::acos(-1.0) / 2;
     const struct {
@@ -192,7 +188,7 @@ TEST_F(CreatePartsFromBlock, TakesPlaceLayerAndBlockOfTheReference) {
     for (const auto& c : cases) {
         const std::string block = AddBlock("V-BLOCK", c.rotation, c.normal[0], c.normal[1], c.normal[2]);
         bench::ClearJournal();
-        const std::string part = utils_.CreateCustomObject(block, Unit(), false);
+        const std::string part = utils_.CreateCustomObject(block, kUnit, false);
         const std::string placement = std::string("<Position><WCS>10.000000 20.000000 30.000000</WCS></Position>") +
                                       "<Direction><WCS>" + c.direction + "</WCS></Direction><Normal><WCS>" +
                                       c.normalText + "</WCS></Normal>";
@@ -207,23 +203,22 @@ TEST_F(CreatePartsFromBlock, TakesPlaceLayerAndBlockOfTheReference) {
     }
 }
 
-TEST_F(CreatePartsFromBlock, LayerNameIsCutAndTheGivenOneServesWhenThereIsNone) {
+TEST_F(CreatePartsCustom, LayerNameIsCutAndTheGivenOneServesWhenThereIsNone) {
     Start();
-    const std::string block = AddBlock(std::string(140, 'L'), 0, 0, 0, 1);
-    const std::string part = utils_.CreateCustomObject(block, Unit(), true);
+    const std::string block = AddBlock(std::string(140, 'L'));
+    const std::string part = utils_.CreateCustomObject(block, kUnit, true);
     EXPECT_EQ(utils_.GetPartAtt(part, "/Part/Geometry/Layer/Name", true), std::string(128, 'L'));
     bench::FailCall("AcDbEntity::layer", 2);
-    const std::string second = utils_.CreateCustomObject(block, Unit(), true);
+    const std::string second = utils_.CreateCustomObject(block, kUnit, true);
     EXPECT_EQ(utils_.GetPartAtt(second, "/Part/Geometry/Layer/Name", true), "V-UNIT");
 }
 
-TEST_F(CreatePartsFromBlock, CustomObjectIsLeftAloneAndTheQuestionIsSilent) {
+TEST_F(CreatePartsCustom, CustomObjectIsLeftAloneAndTheQuestionIsSilent) {
     Start();
     utils_.SetTrace(true, true, true);
-    EXPECT_EQ(utils_.CreateCustomObject("2A0", Unit(), true), "");
-    EXPECT_EQ(utils_.CreateCustomObject("FFFF", Unit(), true), "");
-    EXPECT_EQ(Printed(),
-              Report("Can't create custom object", 774, "CreateCustomObject", "Can't get block reference object id."))
+    EXPECT_EQ(utils_.CreateCustomObject("2A0", kUnit, true), "");
+    EXPECT_EQ(utils_.CreateCustomObject("FFFF", kUnit, true), "");
+    EXPECT_EQ(Printed(), NotCreated("Can't get block reference object id."))
         << "no trace of the questions for the type";
     EXPECT_TRUE(Sent("createPart").empty());
     bool keep = false, failures = false, all = false;
@@ -232,9 +227,9 @@ TEST_F(CreatePartsFromBlock, CustomObjectIsLeftAloneAndTheQuestionIsSilent) {
     utils_.SetTrace(false, false, false);
 }
 
-TEST_F(CreatePartsFromBlock, EachStepHasItsMessage) {
+TEST_F(CreatePartsCustom, EachStepHasItsMessage) {
     Start();
-    const std::string block = AddBlock("0", 0, 0, 0, 1);
+    const std::string block = AddBlock("0");
     const struct {
         std::string handle;
         const char* call;
@@ -253,8 +248,8 @@ TEST_F(CreatePartsFromBlock, EachStepHasItsMessage) {
     for (const auto& c : cases) {
         bench::ClearFailures();
         if (c.call) bench::FailCall(c.call, c.ordinal);
-        const std::string part = utils_.CreateCustomObject(c.handle, Unit(), true);
-        EXPECT_EQ(Printed(), Report("Can't create custom object", 774, "CreateCustomObject", c.message));
+        const std::string part = utils_.CreateCustomObject(c.handle, kUnit, true);
+        EXPECT_EQ(Printed(), NotCreated(c.message));
         const Texts created = Sent("createPart");
         ASSERT_EQ(created.size(), c.created) << c.message;
         EXPECT_EQ(part.empty(), created.empty()) << c.message;
@@ -263,13 +258,12 @@ TEST_F(CreatePartsFromBlock, EachStepHasItsMessage) {
     }
     bench::ClearFailures();
     bench::FailCall("IKlimora200805::createPart", 1, 7);
-    EXPECT_EQ(utils_.CreateCustomObject(block, Unit(), true), "");
-    EXPECT_EQ(Printed(), Report("Can't create custom object", 667, "CreateCustomObject", ""));
+    EXPECT_EQ(utils_.CreateCustomObject(block, kUnit, true), "");
+    EXPECT_EQ(Printed(), NotCreated("", 667));
     EXPECT_TRUE(Sent("setPartAtt").empty()) << "no geometry without a part";
     bench::CloseDrawing();
-    EXPECT_EQ(utils_.CreateCustomObject(block, Unit(), true), "");
-    EXPECT_EQ(Printed(),
-              Report("Can't create custom object", 774, "CreateCustomObject", "Can't get working database."));
+    EXPECT_EQ(utils_.CreateCustomObject(block, kUnit, true), "");
+    EXPECT_EQ(Printed(), NotCreated("Can't get working database."));
 }
 
 }  // namespace

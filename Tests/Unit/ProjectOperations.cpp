@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "KlimoraBench.h"
-#include "Robot.h"
+#include "RecordedCalls.h"
 #include "dbapserv.h"
 #include "dbmain.h"
 
@@ -46,21 +46,15 @@ TEST_F(ProjectOperations, CheckTellsWhatIsWrongTwiceAndReadsTheProjectWithoutTra
         utils_.SetTrace(true, true, true);
         bench::ClearFailures();
         if (!c.answers) bench::FailCall("IKlimora200805::getPartAtt", 1);
-        bench::Robot robot(bench::MainWindow());
-        if (!c.warning.empty())
-            robot.Expect(bench::Box(c.warning)
-                             .Captioned("Sorvik Klimora Cloud Plugin")
-                             .Icon(bench::BoxIcon::kWarning)
-                             .Buttons({"OK"})
-                             .AnswerWith("OK"));
+        RecordedCalls calls;
+        calls.Give("MessageBoxA", MessageBoxA, IDOK);
+        calls.Name(bench::MainWindow(), "main window");
         EXPECT_EQ(utils_.CheckKlimoraProject(20091200), c.warning.empty());
-        EXPECT_EQ(Printed(), c.warning.empty() ? "" : "\nSorvik Klimora Cloud Plugin: " + c.warning + "\n");
+        const std::string title = "Sorvik Klimora Cloud Plugin";
+        EXPECT_EQ(Printed(), c.warning.empty() ? "" : "\n" + title + ": " + c.warning + "\n");
+        EXPECT_EQ(calls.Take(),
+                  c.warning.empty() ? "" : "MessageBoxA main window \"" + c.warning + "\" \"" + title + "\" 0x2030\n");
         EXPECT_EQ(Calls("IKlimora200805::getPartAtt "), c.read);
-        EXPECT_EQ(robot.Complaints(), Texts{});
-        for (const auto& box : robot.Seen()) {
-            EXPECT_EQ(box.owner, bench::MainWindow());
-            EXPECT_FALSE(box.watchedEnabled);
-        }
         bool keep = false, failures = false, all = false;
         utils_.GetTrace(&keep, &failures, &all);
         EXPECT_TRUE(keep && failures && all) << "the switches are as they were";

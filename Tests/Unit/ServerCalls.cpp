@@ -353,6 +353,16 @@ TEST_F(RawServer, CountsBeyondEveryPartAreCutToTheLargestInteger) {
     }
 }
 
+TEST_F(RawServer, TextOfARefusedReadIsDropped) {
+    KLComUtils utils;
+    ASSERT_EQ(utils.Connect(), 0);
+    g_raw.code = 17;
+    std::string value = "old";
+    EXPECT_EQ(utils.GetPartAtt("2A3", "/Part", value, false), 17);
+    EXPECT_EQ(value, "");
+    EXPECT_EQ(utils.GetPartAttOrDefault("2A3", "/Part", std::string("none")), "none");
+}
+
 TEST_F(RawServer, EmptyReplyOfACreationIsNoPartToChange) {
     KLComUtils utils;
     ASSERT_EQ(utils.Connect(), 0);
