@@ -18,6 +18,7 @@ EXCEPTIONS = [
     ("Lib/DisplayName", "", "the name that messages begin with"),
     ("KL_Conn_DuctSelection", "^\nSorvik: Select a duct:$", "a prompt; the guide has it among the steps"),
     ("Util/KlimComSrvImpl", "^Could not (find|get) ", "kept by Connect; the command says that Klimora is not loaded"),
+    ("Util/XmlFence", r"^ \(line $|^, column $", "the place within the file, behind the text"),
     ("Util/(KLUtils|XDataByHandle|ArxHandles|KLComUtils_CreateParts|DrawModel)", "", "drawing and part functions that the command does not call"),
     ("Util/KLComUtils_Part", "connection [01] |^GetConnectedParts|erase|package|for reading|matrix", "part functions that the command does not call"),
     ("Util/KLComUtils_Project", "(kpd|KPD) class|binary variable", "valves and products from memory, which the command does not use"),
@@ -51,12 +52,15 @@ def texts_of(statement):
     shown = SHOWN.search(statement)
     if "static_assert" in statement:
         return
+    if shown and shown.group(1) == "ReportException":
+        # The first argument is the message; what follows is the place. A message that is handed on reads like a sentence.
+        reported = [text for place, text in literals(statement) if re.match(r"\(\s*$", statement[shown.end():place])]
+        yield from reported
+        return
     for place, text in literals(statement):
         called = shown and place > shown.start() and re.search("[A-Za-z]{3}", text)
         if called or SENTENCE.search(text):
             yield text
-        if called and shown.group(1) == "ReportException":
-            return
 
 
 def collect(folder):
