@@ -18,7 +18,6 @@ EXCEPTIONS = [
     ("Lib/DisplayName", "", "the name that messages begin with"),
     ("KL_Conn_DuctSelection", "^\nSorvik: Select a duct:$", "a prompt; the guide has it among the steps"),
     ("Util/KlimComSrvImpl", "^Could not (find|get) ", "kept by Connect; the command says that Klimora is not loaded"),
-    ("Util/XmlFence", r"^ \(line $|^, column $", "the place within the file, behind the text"),
     ("Util/(KLUtils|XDataByHandle|ArxHandles|KLComUtils_CreateParts|DrawModel)", "", "drawing and part functions that the command does not call"),
     ("Util/KLComUtils_Part", "connection [01] |^GetConnectedParts|erase|package|for reading|matrix", "part functions that the command does not call"),
     ("Util/KLComUtils_Project", "(kpd|KPD) class|binary variable", "valves and products from memory, which the command does not use"),
