@@ -7,27 +7,28 @@
 namespace bench {
 namespace {
 
-struct PlannedFailure {
-    std::string name;  // empty: any call
-    int ordinal;
-    bool hasCode;
-    long code;
-};
-
 struct State {
     std::mutex mutex;
     std::vector<std::string> journal;
     std::vector<PlannedFailure> failures;
     std::map<std::string, int> callsByName;
-    int calls = 0;
     std::map<std::pair<std::string, std::string>, int> owed;
     std::vector<std::string> accusations;
 };
 
-State& state() {
-    static State instance;
-    return instance;
-}
+// The state for as long as one of these lives.
+class Locked {
+ public:
+    Locked() : lock_(Instance().mutex) {}
+    State* operator->() const { return &Instance(); }
+
+ private:
+    static State& Instance() {
+        static State instance;
+        return instance;
+    }
+    std::lock_guard<std::mutex> lock_;
+};
 
 thread_local int quietDepth = 0;
 
@@ -44,30 +45,30 @@ std::string OneLine(const std::string& text) {
     return line;
 }
 
-void Plan(PlannedFailure failure) {
-    State& s = state();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    s.failures.push_back(std::move(failure));
+bool Counts(const PlannedFailure& failure, const std::string& name) {
+    const size_t star = failure.name.find('*');
+    return failure.name.empty() ||
+           (star == std::string::npos ? name == failure.name : name.compare(0, star, failure.name, 0, star) == 0);
 }
 
 }  // namespace
 
 Call::Call(const char* name, const std::string& arguments) : quiet_(quietDepth > 0) {
     if (quiet_) return;
-    State& s = state();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    const int ordinal = ++s.calls;
-    const int ordinalOfName = ++s.callsByName[name];
-    for (const PlannedFailure& failure : s.failures) {
-        const bool meant = failure.name.empty() ? failure.ordinal == ordinal
-                                                : failure.name == name && failure.ordinal == ordinalOfName;
-        if (!meant) continue;
+    const Locked state;
+    ++state->callsByName[name];
+    for (const PlannedFailure& failure : state->failures) {
+        int ordinal = 0;
+        for (const auto& [called, times] : state->callsByName)
+            if (Counts(failure, called)) ordinal += times;
+        const bool reached = failure.fromThereOn ? ordinal >= failure.ordinal : ordinal == failure.ordinal;
+        if (!reached || !Counts(failure, name)) continue;
         fails_ = true;
-        hasCode_ = failure.hasCode;
         code_ = failure.code;
+        poisons_ = failure.poisonsOutputs;
     }
-    line_ = s.journal.size();
-    s.journal.push_back(arguments.empty() ? std::string(name) : name + (" " + OneLine(arguments)));
+    line_ = state->journal.size();
+    state->journal.push_back(arguments.empty() ? std::string(name) : name + (" " + OneLine(arguments)));
 }
 
 Call::~Call() = default;
@@ -77,14 +78,17 @@ bool Call::fails() const {
 }
 
 long Call::failureCode(long usual) const {
-    return hasCode_ ? code_ : usual;
+    return code_.value_or(usual);
+}
+
+bool Call::poisonsOutputs() const {
+    return poisons_;
 }
 
 void Call::result(const std::string& text) {
     if (quiet_) return;
-    State& s = state();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    if (line_ < s.journal.size()) s.journal[line_] += " -> " + OneLine(text);
+    const Locked state;
+    if (line_ < state->journal.size()) state->journal[line_] += " -> " + OneLine(text);
 }
 
 void Call::result(long code) {
@@ -100,62 +104,58 @@ Quiet::~Quiet() {
 }
 
 std::vector<std::string> Journal() {
-    State& s = state();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    return s.journal;
+    return Locked()->journal;
 }
 
 void ClearJournal() {
-    State& s = state();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    s.journal.clear();
+    Locked()->journal.clear();
 }
 
 void Note(const std::string& text) {
-    State& s = state();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    s.journal.push_back(OneLine(text));
+    Locked()->journal.push_back(OneLine(text));
+}
+
+void FailCalls(const PlannedFailure& failure) {
+    Locked()->failures.push_back(failure);
 }
 
 void FailCall(int ordinal) {
-    Plan({"", ordinal, false, 0});
+    FailCalls({"", ordinal, {}});
 }
 
 void FailCall(const char* name, int ordinal) {
-    Plan({name, ordinal, false, 0});
+    FailCalls({name, ordinal, {}});
 }
 
 void FailCall(const char* name, int ordinal, long code) {
-    Plan({name, ordinal, true, code});
+    FailCalls({name, ordinal, code});
 }
 
 void ClearFailures() {
-    State& s = state();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    s.failures.clear();
-    s.callsByName.clear();
-    s.calls = 0;
+    const Locked state;
+    state->failures.clear();
+    state->callsByName.clear();
 }
 
 int CallCount() {
-    State& s = state();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    return s.calls;
+    const Locked state;
+    int calls = 0;
+    for (const auto& [name, times] : state->callsByName)
+        calls += times;
+    return calls;
 }
 
 void Owe(const std::string& kind, const std::string& name) {
-    State& s = state();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    ++s.owed[{kind, name}];
+    const Locked state;
+    ++state->owed[{kind, name}];
 }
 
 bool Settle(const std::string& kind, const std::string& name) {
     {
-        State& s = state();
-        std::lock_guard<std::mutex> lock(s.mutex);
-        const auto found = s.owed.find({kind, name});
-        if (found != s.owed.end()) {
-            if (--found->second == 0) s.owed.erase(found);
+        const Locked state;
+        const auto found = state->owed.find({kind, name});
+        if (found != state->owed.end()) {
+            if (--found->second == 0) state->owed.erase(found);
             return true;
         }
     }
@@ -164,10 +164,9 @@ bool Settle(const std::string& kind, const std::string& name) {
 }
 
 std::vector<std::string> BenchBalance() {
-    State& s = state();
-    std::lock_guard<std::mutex> lock(s.mutex);
+    const Locked state;
     std::vector<std::string> balance;
-    for (const auto& [what, count] : s.owed) {
+    for (const auto& [what, count] : state->owed) {
         const std::string text = what.first + " " + what.second;
         balance.push_back(count == 1 ? text : text + " (" + std::to_string(count) + " times)");
     }
@@ -175,27 +174,19 @@ std::vector<std::string> BenchBalance() {
 }
 
 void ClearBalance() {
-    State& s = state();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    s.owed.clear();
+    Locked()->owed.clear();
 }
 
 void Accuse(const std::string& sentence) {
-    State& s = state();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    s.accusations.push_back(sentence);
+    Locked()->accusations.push_back(sentence);
 }
 
 std::vector<std::string> Accusations() {
-    State& s = state();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    return s.accusations;
+    return Locked()->accusations;
 }
 
 void ClearAccusations() {
-    State& s = state();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    s.accusations.clear();
+    Locked()->accusations.clear();
 }
 
 void ResetBench() {

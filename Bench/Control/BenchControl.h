@@ -3,6 +3,7 @@
 // contract broken. Everything lives in BenchControl.dll, so there is one of each in a process. Safe from any thread.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,14 +29,16 @@ class BENCH_CONTROL_API Call {
     bool fails() const;
     // The code to fail with: the plan's, or `usual` when the plan names none.
     long failureCode(long usual) const;
+    // The failing call leaves garbage in its outputs instead of leaving them alone.
+    bool poisonsOutputs() const;
 
     void result(const std::string& text);
     void result(long code);
 
  private:
     bool fails_ = false;
-    bool hasCode_ = false;
-    long code_ = 0;
+    bool poisons_ = false;
+    std::optional<long> code_;
     size_t line_ = 0;
     bool quiet_ = false;
 };
@@ -55,7 +58,16 @@ BENCH_CONTROL_API void ClearJournal();
 // A line that is no call: a marker of the host or of a test ("-- command SorvSIL"). It is not counted as a call.
 BENCH_CONTROL_API void Note(const std::string& text);
 
-// Failure plan. `ordinal` counts from 1: the n-th call since the plan was last cleared, of all names or of one name.
+// Failure plan. Calls count from 1, since the plan was last cleared. How a call fails is its stand-in's matter: a null
+// handle, a code, a failing HRESULT, a connection that is refused.
+struct PlannedFailure {
+    std::string name;          // which calls count: "kbsaverec"; "kb*", all that begin so; empty, all
+    int ordinal = 1;           // the n-th of them fails
+    std::optional<long> code;  // none: the usual one of the call
+    bool fromThereOn = false;  // and so does every later one
+    bool poisonsOutputs = false;
+};
+BENCH_CONTROL_API void FailCalls(const PlannedFailure& failure);
 BENCH_CONTROL_API void FailCall(int ordinal);
 BENCH_CONTROL_API void FailCall(const char* name, int ordinal);
 BENCH_CONTROL_API void FailCall(const char* name, int ordinal, long code);

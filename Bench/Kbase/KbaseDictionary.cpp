@@ -1,69 +1,99 @@
 #include "KbaseDictionary.h"
 
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <sstream>
+
 #include "BenchTexts.h"
 #include "KbaseText.h"
 
 namespace bench {
+namespace {
+
+template <class Value>
+Value Load(const char* bytes) {
+    Value value;
+    std::memcpy(&value, bytes, sizeof value);
+    return value;
+}
+
+// The shortest decimal text that reads back as the same number.
+std::string FloatText(float value) {
+    char text[32] = "";
+    for (int precision = 6; precision <= 9; ++precision) {
+        std::snprintf(text, sizeof text, "%.*g", precision, static_cast<double>(value));
+        if (std::strtof(text, nullptr) == value) break;
+    }
+    return text;
+}
+
+std::string FieldText(size_t size, const char* bytes) {
+    if (size == 1) return std::to_string(Load<std::uint8_t>(bytes));
+    return size == 2 ? std::to_string(Load<std::int16_t>(bytes)) : FloatText(Load<float>(bytes));
+}
+
+bool AddField(const std::string& word, std::vector<KbaseField>& layout) {
+    const size_t colon = word.find(':');
+    const std::string type = colon == std::string::npos ? std::string() : word.substr(colon + 1);
+    if (type != "u8" && type != "i16" && type != "f32") return false;
+    layout.push_back({word.substr(0, colon), type == "u8" ? 1u : type == "i16" ? 2u : 4u});
+    return true;
+}
+
+}  // namespace
+
+size_t KbaseAttributeForm::elementSize() const {
+    size_t size = isText() ? 1 : 0;
+    for (const KbaseField& field : layout)
+        size += field.size;
+    return size;
+}
 
 std::vector<std::string> KbaseAttributeForm::Decode(std::string_view bytes) const {
     if (isText()) return {Escaped(bytes)};
-    std::vector<std::string> lines;
-    for (size_t offset = 0; offset + elementSize() <= bytes.size(); offset += elementSize())
-        lines.push_back(layout.Decode(bytes.substr(offset, elementSize())));
-    return lines;
+    std::vector<std::string> elements;
+    for (size_t at = 0; at + elementSize() <= bytes.size();) {
+        std::string text;
+        for (const KbaseField& field : layout) {
+            text += (text.empty() ? "" : " ") + field.name + '=' + FieldText(field.size, bytes.data() + at);
+            at += field.size;
+        }
+        elements.push_back(text);
+    }
+    return elements;
 }
 
 bool KbaseDictionary::Read(const std::string& path, std::string& error) {
-    classes_.clear();
-    attributes_.clear();
-    std::vector<std::string> lines;
-    if (!ReadLines(path, lines)) {
-        error = path + " cannot be read.";
+    *this = {};
+    KbaseText text;
+    if (!ReadKbaseText(path, "dictionary", text, error)) return false;
+    for (size_t i = 0; i < text.lines.size(); ++i) {
+        if (TakeLine(text.lines[i])) continue;
+        *this = {};
+        error = KbaseLineError(path, "dictionary", i);
         return false;
     }
-    if (lines.empty() || lines.front() != "Kbase dictionary 1") {
-        error = path + " is no dictionary.";
-        return false;
-    }
-    bool ended = false;
-    for (size_t i = 1; i < lines.size(); ++i) {
-        const std::vector<std::string> words = Words(lines[i].substr(0, lines[i].find('#')));
-        if (words.empty()) continue;
-        if (!ended && words == std::vector<std::string>{"end", "of", "dictionary"}) {
-            ended = true;
-        } else if (ended || !ReadLine(words)) {
-            error = path + " line " + std::to_string(i + 1) + " is no line of a dictionary.";
-            classes_.clear();
-            attributes_.clear();
-            return false;
-        }
-    }
-    if (!ended) {
-        error = path + " is cut off.";
-        classes_.clear();
-        attributes_.clear();
-    }
-    return ended;
+    return true;
 }
 
-bool KbaseDictionary::ReadLine(const std::vector<std::string>& words) {
-    long first = 0;
-    long second = 0;
-    if (words[0] == "class") {
-        if (words.size() != 4 || !ReadNumber(words[2], first) || !ReadNumber(words[3], second)) return false;
-        return classes_.emplace(words[1], KbaseClassId{first, second}).second;
+bool KbaseDictionary::TakeLine(const std::string& line) {
+    std::istringstream words(line.substr(0, line.find('#')));
+    std::string kind, symbol, form, field;
+    if (!(words >> kind)) return true;
+    if (kind == "class") {
+        KbaseClassId id = {};
+        words >> symbol >> id[0] >> id[1];
+        return words && (words >> std::ws).eof() && classes_.emplace(symbol, id).second;
     }
-    long number = 0;
-    if (words[0] != "attribute" || words.size() < 6 || !ReadNumber(words[1], number) || !ReadNumber(words[3], first) ||
-        !ReadNumber(words[4], second) || first < 0 || second < first)
-        return false;
-    KbaseAttributeForm form;
-    form.name = words[5];
-    form.fewest = static_cast<int>(first);
-    form.most = static_cast<int>(second);
-    const std::vector<std::string> layout(words.begin() + 6, words.end());
-    if (words[2] == "binary" ? !form.layout.Parse(layout) : words[2] != "text" || !layout.empty()) return false;
-    return attributes_.emplace(static_cast<int>(number), form).second;
+    int number = 0;
+    KbaseAttributeForm attribute;
+    words >> number >> form >> attribute.fewest >> attribute.most >> attribute.name;
+    if (kind != "attribute" || !words || attribute.fewest < 0 || attribute.most < attribute.fewest) return false;
+    while (words >> field)
+        if (!AddField(field, attribute.layout)) return false;
+    return form == (attribute.isText() ? "text" : "binary") && attributes_.emplace(number, attribute).second;
 }
 
 const KbaseClassId* KbaseDictionary::FindClass(const std::string& symbol) const {

@@ -1,6 +1,8 @@
 #include "KbaseFile.h"
 
+#include <algorithm>
 #include <fstream>
+#include <sstream>
 
 #include "BenchTexts.h"
 #include "KbaseText.h"
@@ -8,109 +10,53 @@
 namespace bench {
 namespace {
 
-const char kFirstLine[] = "Kbase database 1";
-const char kLastLine[] = "end of database";
+using Records = std::map<std::pair<std::string, std::string>, KbaseRecord>;
 
-std::string AfterBlanks(const std::string& line) {
-    const size_t start = line.find_first_not_of(" \t");
-    return start == std::string::npos ? std::string() : line.substr(start);
-}
-
-bool StartsWith(const std::string& text, const char* beginning) {
-    return text.rfind(beginning, 0) == 0;
-}
+const std::string kFirstLine = "Kbase database 1\n";
+const std::string kLastLine = "end of database\n";
 
 // Takes the lines of a file one by one; Take gives false for a line that cannot stand there.
-class DatabaseParser {
+class RecordReader {
  public:
-    bool Take(const std::string& rawLine) {
-        const std::string line = AfterBlanks(rawLine);
-        if (ended_) return line.empty();
-        if (inRecord_) return TakeInRecord(line);
-        if (line.empty() || line[0] == '#') return true;
-        if (line == kLastLine) {
-            ended_ = true;
-            return true;
-        }
-        return BeginRecord(line);
-    }
+    explicit RecordReader(Records& records) : records_(records) {}
 
-    bool ended() const { return ended_; }
-    std::vector<KbaseRecord>& records() { return records_; }
-
- private:
-    bool BeginRecord(const std::string& line) {
-        const std::vector<std::string> words = Words(line);
-        KbaseRecord record;
-        if (words.size() != 3 || words[0] != "record" || !FromEscaped(words[2], record.key)) return false;
-        record.className = words[1];
-        if (FindKbaseRecord(records_, record.className, record.key)) return false;
-        records_.push_back(record);
-        inRecord_ = true;
-        attribute_ = nullptr;
-        return true;
-    }
-
-    bool TakeInRecord(const std::string& line) {
-        if (line == "end") {
-            inRecord_ = false;
-            return true;
-        }
-        if (StartsWith(line, "hex")) return attribute_ && FromHex(AfterBlanks(line.substr(3)), attribute_->bytes);
-        if (StartsWith(line, "is ")) {
-            if (!attribute_) return false;
-            attribute_->decoded.push_back(AfterBlanks(line.substr(3)));
-            return true;
-        }
-        const std::vector<std::string> words = Words(line);
-        if (words.size() != 2) return false;
+    bool Take(const std::string& line) {
+        std::istringstream words(line);
+        std::string first, second;
+        words >> first;
+        const std::string rest = line.substr(std::min(line.find_first_not_of(" \t", first.size()), line.size()));
+        if (!record_) return first.empty() || first[0] == '#' || (first == "record" && Begin(rest));
+        if (line == "end") return record_ = nullptr, true;
+        if (first == "hex") return attribute_ && FromHex(rest, attribute_->bytes);
+        if (first == "is") return attribute_ && (attribute_->decoded.push_back(rest), true);
         long number = 0;
-        if (!ReadNumber(words[0], number) || number <= 0) return false;
-        const auto [place, isNew] = records_.back().attributes.emplace(static_cast<int>(number), KbaseAttribute());
+        if (!ReadNumber(first, number) || number <= 0 || !(words >> second) || !(words >> std::ws).eof()) return false;
+        const auto [place, isNew] = record_->attributes.try_emplace(static_cast<int>(number));
         attribute_ = &place->second;
-        attribute_->name = words[1];
+        attribute_->name = second;
         return isNew;
     }
 
-    std::vector<KbaseRecord> records_;
+    bool InRecord() const { return record_ != nullptr; }
+
+ private:
+    bool Begin(const std::string& classAndKey) {
+        KbaseRecord record;
+        const size_t blank = classAndKey.find(' ');
+        if (blank == std::string::npos || !FromEscaped(classAndKey.substr(blank + 1), record.key)) return false;
+        record.className = classAndKey.substr(0, blank);
+        const auto [place, isNew] = records_.emplace(std::pair(record.className, record.key), record);
+        record_ = &place->second;
+        attribute_ = nullptr;
+        return isNew;
+    }
+
+    Records& records_;
+    KbaseRecord* record_ = nullptr;
     KbaseAttribute* attribute_ = nullptr;
-    bool inRecord_ = false;
-    bool ended_ = false;
 };
 
-}  // namespace
-
-std::string BytesOf(const KbaseRecord& record, int attribute) {
-    const auto found = record.attributes.find(attribute);
-    return found == record.attributes.end() ? std::string() : found->second.bytes;
-}
-
-bool ReadKbaseDatabase(const std::string& path, std::vector<KbaseRecord>& records, std::string& error) {
-    records.clear();
-    std::vector<std::string> lines;
-    if (!ReadLines(path, lines)) {
-        error = path + " cannot be read.";
-        return false;
-    }
-    if (lines.empty() || lines.front() != kFirstLine) {
-        error = path + " is no database.";
-        return false;
-    }
-    DatabaseParser parser;
-    for (size_t i = 1; i < lines.size(); ++i) {
-        if (parser.Take(lines[i])) continue;
-        error = path + " line " + std::to_string(i + 1) + " is no line of a database.";
-        return false;
-    }
-    if (!parser.ended()) {
-        error = path + " is cut off.";
-        return false;
-    }
-    records.swap(parser.records());
-    return true;
-}
-
-std::string KbaseRecordText(const KbaseRecord& record) {
+std::string RecordText(const KbaseRecord& record) {
     std::string text = "record " + record.className + ' ' + Escaped(record.key) + '\n';
     for (const auto& [number, attribute] : record.attributes) {
         text += "  " + std::to_string(number) + ' ' + attribute.name + '\n';
@@ -118,25 +64,65 @@ std::string KbaseRecordText(const KbaseRecord& record) {
         for (const std::string& line : attribute.decoded)
             text += "    is  " + line + '\n';
     }
-    return text + "end\n";
+    return text + "end\n\n";
 }
 
-bool WriteKbaseDatabase(const std::string& path, const std::vector<KbaseRecord>& records, std::string& error) {
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
-    file << kFirstLine << "\n\n";
-    for (const KbaseRecord& record : records)
-        file << KbaseRecordText(record) << '\n';
-    file << kLastLine << '\n';
+}  // namespace
+
+std::string KbaseRecord::BytesOf(int attribute) const {
+    const auto found = attributes.find(attribute);
+    return found == attributes.end() ? std::string() : found->second.bytes;
+}
+
+bool KbaseFile::Read(const std::string& path, std::string& error) {
+    *this = {};
+    KbaseText text;
+    if (!ReadKbaseText(path, "database", text, error)) return false;
+    RecordReader reader(records_);
+    size_t taken = 0;
+    while (taken < text.lines.size() && reader.Take(text.lines[taken]))
+        ++taken;
+    if (taken < text.lines.size() || reader.InRecord()) {
+        *this = {};
+        error = KbaseLineError(path, "database", taken);
+        return false;
+    }
+    path_ = path;
+    end_ = text.end;
+    return true;
+}
+
+const KbaseRecord* KbaseFile::Find(const std::string& className, const std::string& key) const {
+    const auto found = records_.find({className, key});
+    return found == records_.end() ? nullptr : &found->second;
+}
+
+bool KbaseFile::Save(const KbaseRecord& record) {
+    const bool isNew = records_.insert_or_assign({record.className, record.key}, record).second;
+    if (!isNew) return Write();
+    const std::string text = RecordText(record);
+    std::fstream file(path_, std::ios::in | std::ios::out | std::ios::binary);
+    file.seekp(end_);
+    file << text << kLastLine;
     file.flush();
-    if (file) return true;
-    error = path + " cannot be written.";
-    return false;
+    if (file) end_ += static_cast<long long>(text.size());
+    return static_cast<bool>(file);
 }
 
-KbaseRecord* FindKbaseRecord(std::vector<KbaseRecord>& records, const std::string& className, const std::string& key) {
-    for (KbaseRecord& record : records)
-        if (record.className == className && record.key == key) return &record;
-    return nullptr;
+bool KbaseFile::Delete(const std::string& className, const std::string& key) {
+    records_.erase({className, key});
+    return Write();
+}
+
+bool KbaseFile::Write() {
+    std::string text = kFirstLine + '\n';
+    for (const auto& [name, record] : records_)
+        text += RecordText(record);
+    std::ofstream file(path_, std::ios::binary | std::ios::trunc);
+    file << text << kLastLine;
+    file.flush();
+    if (file) end_ = static_cast<long long>(text.size());
+    return static_cast<bool>(file);
 }
 
 }  // namespace bench

@@ -1,15 +1,15 @@
-// Database file of the record database: a text file that opens with "Kbase database 1" and closes with "end of
-// database", between them one block a record:
+// Database file of the record database: a text file (KbaseText.h) with one block a record:
 //   record CLASS "KEY"
 //     ATTRIBUTE NAME
 //       hex 0A00...          the bytes, which alone are read back
 //       is  Fnc=10 D1=200    what they mean, one line an element, for the reader
 //   end
-// Lines after "#" between records are comments. Failures are false with the reason in `error`.
+// Lines after "#" between records are comments.
 #pragma once
 
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace bench {
@@ -24,18 +24,31 @@ struct KbaseRecord {
     std::string className;
     std::string key;
     std::map<int, KbaseAttribute> attributes;
+
+    // An attribute's bytes, empty when the record has none of that number.
+    std::string BytesOf(int attribute) const;
 };
 
-// An attribute's bytes, empty when the record has none of that number.
-std::string BytesOf(const KbaseRecord& record, int attribute);
+class KbaseFile {
+ public:
+    // False with the reason in `error`.
+    bool Read(const std::string& path, std::string& error);
 
-bool ReadKbaseDatabase(const std::string& path, std::vector<KbaseRecord>& records, std::string& error);
-bool WriteKbaseDatabase(const std::string& path, const std::vector<KbaseRecord>& records, std::string& error);
+    // Ordered by class and key.
+    const std::map<std::pair<std::string, std::string>, KbaseRecord>& records() const { return records_; }
+    const KbaseRecord* Find(const std::string& className, const std::string& key) const;  // null when there is none
 
-// One record as its block of the file.
-std::string KbaseRecordText(const KbaseRecord& record);
+    // A new record is written at the end of the file; replacing or deleting one writes the file anew. False when the
+    // file cannot be written.
+    bool Save(const KbaseRecord& record);
+    bool Delete(const std::string& className, const std::string& key);
 
-// Null when there is none.
-KbaseRecord* FindKbaseRecord(std::vector<KbaseRecord>& records, const std::string& className, const std::string& key);
+ private:
+    bool Write();
+
+    std::string path_;
+    std::map<std::pair<std::string, std::string>, KbaseRecord> records_;
+    long long end_ = 0;  // where the last line begins
+};
 
 }  // namespace bench

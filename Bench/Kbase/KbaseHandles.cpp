@@ -1,6 +1,7 @@
 #include "KbaseHandles.h"
 
 #include <map>
+#include <memory>
 #include <utility>
 
 #include "BenchControl.h"

@@ -4,9 +4,7 @@
 // balance.
 #pragma once
 
-#include <memory>
 #include <string>
-#include <vector>
 
 #include "KbaseDictionary.h"
 #include "KbaseFile.h"
@@ -15,9 +13,8 @@
 namespace bench {
 
 struct OpenDatabase {
-    std::string path;
     KbaseDictionary dictionary;
-    std::vector<KbaseRecord> records;
+    KbaseFile file;
 };
 
 struct OpenRecord {

@@ -1,46 +1,43 @@
 #include "KbaseText.h"
 
+#include <algorithm>
 #include <fstream>
 
 namespace bench {
-namespace {
 
-bool IsBlank(char c) {
-    return c == ' ' || c == '\t';
-}
-
-}  // namespace
-
-std::vector<std::string> Words(std::string_view line) {
-    std::vector<std::string> words;
-    for (size_t i = 0; i < line.size();) {
-        if (IsBlank(line[i])) {
-            ++i;
-            continue;
-        }
-        const size_t start = i;
-        bool inQuotes = false;
-        for (; i < line.size() && (inQuotes || !IsBlank(line[i])); ++i) {
-            if (line[i] == '\\' && inQuotes && i + 1 < line.size())
-                ++i;
-            else if (line[i] == '"')
-                inQuotes = !inQuotes;
-        }
-        words.emplace_back(line.substr(start, i - start));
-    }
-    return words;
-}
-
-bool ReadLines(const std::string& path, std::vector<std::string>& lines) {
-    lines.clear();
+bool ReadKbaseText(const std::string& path, const std::string& kind, KbaseText& text, std::string& error) {
     std::ifstream file(path, std::ios::binary);
-    if (!file) return false;
-    std::string line;
-    while (std::getline(file, line)) {
-        if (!line.empty() && line.back() == '\r') line.pop_back();
-        lines.push_back(line);
+    if (!file) {
+        error = path + " cannot be read.";
+        return false;
     }
-    return true;
+    text = {};
+    bool begun = false;
+    bool ended = false;
+    std::string line;
+    for (long long start = 0; std::getline(file, line); start += static_cast<long long>(line.size()) + 1) {
+        std::string word = line.substr(std::min(line.find_first_not_of(" \t"), line.size()));
+        if (!word.empty() && word.back() == '\r') word.pop_back();
+        if (!begun && word != "Kbase " + kind + " 1") break;
+        if (ended && !word.empty() && word[0] != '#') {
+            error = path + " goes on after its end.";
+            return false;
+        }
+        if (begun && !ended) {
+            ended = word == "end of " + kind;
+            if (ended)
+                text.end = start;
+            else
+                text.lines.push_back(word);
+        }
+        begun = true;
+    }
+    if (!ended) error = path + (begun ? " is cut off." : " is no " + kind + ".");
+    return ended;
+}
+
+std::string KbaseLineError(const std::string& path, const std::string& kind, size_t line) {
+    return path + " line " + std::to_string(line + 2) + " is no line of a " + kind + ".";
 }
 
 }  // namespace bench

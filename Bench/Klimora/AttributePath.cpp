@@ -68,13 +68,6 @@ std::vector<TiXmlElement*> Matches(const TiXmlElement* parent, const PathStep& s
     return found;
 }
 
-std::vector<TiXmlElement*> FindElements(TiXmlElement* from, const AttributePath& path, size_t first) {
-    std::vector<TiXmlElement*> found = {from};
-    for (size_t i = first; i < path.steps.size() && !found.empty(); ++i)
-        found = Matches(found.front(), path.steps[i]);
-    return found;
-}
-
 TiXmlElement* FindOrMakeElement(TiXmlElement* from, const AttributePath& path, size_t first) {
     for (size_t i = first; i < path.steps.size(); ++i) {
         const PathStep& step = path.steps[i];

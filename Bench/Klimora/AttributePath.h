@@ -27,8 +27,6 @@ AttributePath ParseAttributePath(const std::string& text);
 
 // Child elements of `parent` that the step names.
 std::vector<TiXmlElement*> Matches(const TiXmlElement* parent, const PathStep& step);
-// Elements at the steps from `first` on, starting below `from`; a step on the way takes its first match.
-std::vector<TiXmlElement*> FindElements(TiXmlElement* from, const AttributePath& path, size_t first);
 // The one element at the path, made where it is missing; an index may only name an existing element or the next one.
 TiXmlElement* FindOrMakeElement(TiXmlElement* from, const AttributePath& path, size_t first);
 

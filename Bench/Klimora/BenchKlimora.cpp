@@ -1,29 +1,17 @@
 #include "BenchKlimora.h"
 
+#include "AutomationObjects.h"
 #include "BenchAutoCAD.h"
 #include "BenchControl.h"
-#include "InsertCommand.h"
-#include "InterfaceCount.h"
-#include "PartEntities.h"
+#include "InsertSilencer.h"
+#include "Parts.h"
 #include "ProjectFile.h"
 #include "Refusal.h"
-#include "Registration.h"
 #include "Server.h"
-#include "ServerObjects.h"
 
 namespace bench {
 namespace klimora {
 namespace {
-
-struct Registered {
-    RunningObject drawing;
-    RunningObject klimora;
-};
-
-Registered& TheRegistered() {
-    static Registered* const instance = new Registered;
-    return *instance;
-}
 
 // Entities of parts that the next project does not have go; those that both have stay.
 void EraseLeftEntities(const ProjectTree& next) {
@@ -38,7 +26,6 @@ bool Open(const std::string& xml, std::string& error) {
         AddMissingEntities(project);
         EraseLeftEntities(project);
         TheServer().project = std::move(project);
-        TheServer().dictionary.clear();
         return true;
     } catch (const Refusal& refusal) {
         error = refusal.what();
@@ -60,25 +47,16 @@ using namespace klimora;
 void StartKlimora(const KlimoraServer& settings) {
     StopKlimora();
     const Quiet quiet;
-    const InterfaceCount::Uncounted uncounted;
-    Server& server = TheServer();
-    server.settings = settings;
-    server.started = true;
-    if (settings.drawingInstalled) RegisterProgId(kDrawingProgId, kDrawingClass);
-    if (settings.klimoraInstalled) RegisterProgId(kKlimoraProgId, kKlimoraClass);
-    if (settings.drawingRunning) TheRegistered().drawing.Register(DrawingObject(), kDrawingClass);
-    if (settings.klimoraRunning) TheRegistered().klimora.Register(KlimoraObject(), kKlimoraClass);
+    TheServer().settings = settings;
+    TheServer().started = true;
+    PublishObjects(settings);
     AddForeignCommand(kInsertCommand, RunInsertCommand);
 }
 
 void StopKlimora() {
     const Quiet quiet;
-    const InterfaceCount::Uncounted uncounted;
+    WithdrawObjects();
     Server& server = TheServer();
-    TheRegistered().drawing.Revoke();
-    TheRegistered().klimora.Revoke();
-    RemoveProgId(kDrawingProgId);
-    RemoveProgId(kKlimoraProgId);
     if (server.started) RemoveForeignCommand(kInsertCommand);
     CloseProject();
     server.variables.Forget();
@@ -101,7 +79,6 @@ bool OpenProject(const std::string& file, std::string& error) {
 
 void CloseProject() {
     TheServer().project = ProjectTree();
-    TheServer().dictionary.clear();
 }
 
 std::string ProjectXml() {

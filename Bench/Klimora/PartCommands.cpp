@@ -1,13 +1,12 @@
 #include "PartCommands.h"
 
+#include <algorithm>
+
 #include "BenchAutoCAD.h"
 #include "BenchControl.h"
 #include "CommandXml.h"
-#include "Connections.h"
-#include "PartEntities.h"
 #include "PartGrammar.h"
-#include "PartTypes.h"
-#include "PipeEnds.h"
+#include "Parts.h"
 #include "Refusal.h"
 #include "Texts.h"
 
@@ -33,7 +32,7 @@ void CheckAgainstForms(const TiXmlElement* command) {
     throw Refusal(kBadCommand, "CreatePart: " + bestReason + ".");
 }
 
-void CheckNeighbours(const ProjectTree& project, const TiXmlElement* part) {
+void CheckNeighbours(ProjectTree& project, const TiXmlElement* part) {
     for (const TiXmlElement* connection : ConnectionsOf(part)) {
         const std::string handle = ValueAt(connection, "ConnectedTo");
         if (!handle.empty()) project.Part(handle);
@@ -48,16 +47,28 @@ void CheckBend(const Server& server, const TiXmlElement* part) {
         throw Refusal(kBadCommand, "CreatePart: this server's version takes the bend as the other coefficient.");
 }
 
-void FillType(const ProjectTree& project, TiXmlElement* part, const std::string& define) {
-    SetValueAt(part, "Type/Define", define);
-    SetValueAt(part, "Type/ID", std::to_string(TypeIdOfDefine(define)));
-    const TiXmlElement* system = project.System(ValueAt(part, "System/ID"));
-    if (system && ValueAt(part, "System/Type/ID").empty())
-        SetValueAt(part, "System/Type/ID", ValueAt(system, "Type/ID"));
+Point EndOfPipe(ProjectTree& project, TiXmlElement* connection) {
+    const std::string neighbour = ValueAt(connection, "ConnectedTo");
+    const std::string place = ValueAt(connection, "Position/WCS");
+    if (neighbour.empty() == place.empty())
+        throw Refusal(kBadCommand, "CreatePart: an end is either a connected part or a position.");
+    if (!neighbour.empty()) return PointAt(project.Part(neighbour), "Position/WCS");
+    SetValueAt(connection, "ConnectedTo", "0");
+    return PointAt(connection, "Position/WCS");
+}
+
+void PlacePipe(ProjectTree& project, TiXmlElement* pipe) {
+    const std::vector<TiXmlElement*> ends = ConnectionsOf(pipe);
+    if (ends.size() != 2) throw Refusal(kBadCommand, "CreatePart: a pipe has two ends.");
+    const Point start = EndOfPipe(project, ends[0]);
+    const Point end = EndOfPipe(project, ends[1]);
+    SetPointAt(pipe, "Position/WCS", start);
+    SetPointAt(pipe, "Direction/WCS", Unit({end.x - start.x, end.y - start.y, end.z - start.z}));
+    SetRealAt(pipe, "Length", Distance(start, end));
 }
 
 // Puts the finished element into drawing and project and connects its neighbours back to it.
-std::string Insert(const ProjectTree& project, const TiXmlElement& made) {
+std::string Insert(ProjectTree& project, const TiXmlElement& made) {
     TiXmlElement* part = project.Parts()->InsertEndChild(made)->ToElement();
     try {
         AddPartEntity(project, part);
@@ -79,8 +90,7 @@ std::string CreatePart(Server& server, const std::string& command) {
     const std::unique_ptr<TiXmlDocument> document = ParseCommand(command, "CreatePart");
     TiXmlElement* root = document->RootElement();
     CheckAgainstForms(root);
-    const ProjectTree& project = server.project;
-    project.Project();
+    ProjectTree& project = server.project;
     const TiXmlElement* sent = Child(root, "Part");
     CheckNeighbours(project, sent);
     CheckBend(server, sent);
@@ -90,7 +100,7 @@ std::string CreatePart(Server& server, const std::string& command) {
     if (define == kDuctDefine) PlacePipe(project, &part);
     for (const TiXmlElement* child = root->FirstChildElement(); child; child = child->NextSiblingElement())
         if (child != sent) part.LinkEndChild(child->Clone());
-    FillType(project, &part, define);
+    SetType(&part, define);
     return Insert(project, part);
 }
 
@@ -118,14 +128,11 @@ std::string CreateConnectionStub(Server& server, const std::string& command) {
 
     for (const TiXmlElement* child = root->FirstChildElement(); child; child = child->NextSiblingElement())
         part.LinkEndChild(child->Clone());
-    if (const TiXmlElement* first = Child(&part, "Connection"))
-        for (const char* path : {"Position/WCS", "Direction/WCS", "Normal/WCS"})
-            SetValueAt(&part, path, ValueAt(first, path));
-    FillType(server.project, &part, kStubDefine);
+    SetType(&part, kStubDefine);
     return Insert(server.project, part);
 }
 
-void ErasePart(Server& server, const std::string& command) {
+std::string ErasePart(Server& server, const std::string& command) {
     const std::unique_ptr<TiXmlDocument> document = ParseCommand(command, "ErasePart");
     CheckFields(Leaves(document->RootElement()), {{"PartList", Kind::kText}}, "ErasePart");
     const std::vector<std::string> handles = Split(ValueAt(document->RootElement(), "PartList"), " ,;\t\n");
@@ -138,27 +145,18 @@ void ErasePart(Server& server, const std::string& command) {
         if (!part) continue;  // named twice
         const std::string own = ProjectTree::Handle(part);
         server.project.Parts()->RemoveChild(part);
-        DisconnectAll(server.project, own);
+        for (TiXmlElement* neighbour : server.project.AllParts())
+            while (Rewire(neighbour, own, "0")) {
+            }
         EraseEntity(own);
     }
+    return {};
 }
 
-std::string SelectPart(Server& server, const std::string& command) {
-    KeepRequest(server, "selectPart", command);
-    const Quiet quiet;
-    const std::string picked = LastPick();
-    return server.project.FindPart(picked) ? picked : "0";
-}
-
-void KeepRequest(Server& server, const std::string& method, const std::string& command) {
+std::string TakeCommand(Server& server, const std::string& command) {
     ParseXml(command);
-    TiXmlElement* project = server.project.Project();
-    TiXmlElement* requests = Child(project, "Requests");
-    if (!requests) requests = project->InsertEndChild(TiXmlElement("Requests"))->ToElement();
-    TiXmlElement request("Request");
-    SetValueAt(&request, "Method", method);
-    SetValueAt(&request, "Command", command);
-    requests->InsertEndChild(request);
+    server.project.Project();
+    return {};
 }
 
 }  // namespace bench::klimora

@@ -9,13 +9,12 @@
 
 namespace bench::klimora {
 
-// Both return the handle of the new part.
+// Both return the handle of the new part. A pipe is placed between its two ends, each a connected part (whose position
+// counts) or a free position.
 std::string CreatePart(Server& server, const std::string& command);
 std::string CreateConnectionStub(Server& server, const std::string& command);
-void ErasePart(Server& server, const std::string& command);
-// Commands whose elements are not settled: well-formed XML is kept in the project under Requests, in order of arrival,
-// with the name of the method. SelectPart answers with the part picked last.
-std::string SelectPart(Server& server, const std::string& command);
-void KeepRequest(Server& server, const std::string& method, const std::string& command);
+std::string ErasePart(Server& server, const std::string& command);
+// Commands whose elements are not settled: well-formed XML is taken and nothing is done.
+std::string TakeCommand(Server& server, const std::string& command);
 
 }  // namespace bench::klimora

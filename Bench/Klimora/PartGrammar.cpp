@@ -6,61 +6,50 @@
 namespace bench::klimora {
 namespace {
 
-const Grammar kManifold = {
-    {"Part/Type/Define", Kind::kWord},    {"Part/System/ID", Kind::kInteger},   {"Part/System/Type/ID", Kind::kInteger},
-    {"Part/Position/WCS", Kind::kPoint},  {"Part/Direction/WCS", Kind::kPoint}, {"Part/Normal/WCS", Kind::kPoint},
-    {"Part/Geometry/Shape", Kind::kText},
-};
+Grammar operator+(Grammar first, const Grammar& second) {
+    first.insert(first.end(), second.begin(), second.end());
+    return first;
+}
 
-const Grammar kConnectedDevice = {
+const Grammar kProduct = {
     {"KPDClass/Name", Kind::kWord},
     {"Usercode", Kind::kText},
     {"Productfamilykey", Kind::kText},
     {"Productkey", Kind::kText},
-    {"Part/Type/Define", Kind::kWord},
-    {"Part/Position/WCS", Kind::kPoint},
-    {"Part/Normal/WCS", Kind::kPoint},
-    {"Part/Direction/WCS", Kind::kPoint},
-    {"Part/Connection/ConnectedTo", Kind::kWord},
 };
 
-const Grammar kAirTerminal = {
-    {"KPDClass/Name", Kind::kWord},
-    {"Usercode", Kind::kText},
-    {"Productfamilykey", Kind::kText},
-    {"Productkey", Kind::kText},
-    {"Part/Type/Define", Kind::kWord},
-    {"Part/System/ID", Kind::kInteger},
-    {"Part/Position/WCS", Kind::kPoint},
-    {"Part/Direction/WCS", Kind::kPoint},
-    {"Part/Normal/WCS", Kind::kPoint},
-    {"Part/qv_set/ls", Kind::kReal},
-    {"Part/GrilleAngle", Kind::kInteger, true},
-    {"Part/CollarLength", Kind::kInteger, true},
-};
+const Grammar kDefine = {{"Part/Type/Define", Kind::kWord}};
+const Grammar kSystem = {{"Part/System/ID", Kind::kInteger}};
+const Grammar kPlacement = {
+    {"Part/Position/WCS", Kind::kPoint}, {"Part/Direction/WCS", Kind::kPoint}, {"Part/Normal/WCS", Kind::kPoint}};
 
-const Grammar kRadiator = {
-    {"KPDClass/Name", Kind::kWord},
-    {"Usercode", Kind::kText},
-    {"Productfamilykey", Kind::kText},
-    {"Productkey", Kind::kText},
-    {"Part/Type/Define", Kind::kWord},
-    {"Part/System/ID", Kind::kInteger},
-    {"Part/Position/WCS", Kind::kPoint},
-    {"Part/Direction/WCS", Kind::kPoint},
-    {"Part/Normal/WCS", Kind::kPoint},
-    {"Part/Width", Kind::kInteger},
-    {"Part/Height", Kind::kInteger},
-    {"Part/P_Heating/W", Kind::kReal},
-    {"ConnectionSize", Kind::kInteger},
-    {"Filled", Kind::kInteger, true},
-    {"Inlet/ID", Kind::kInteger},
-    {"Outlet/ID", Kind::kInteger},
-    {"DrawValve", Kind::kInteger, true},
-    {"Valve/Usercode", Kind::kWord, true},
-    {"Valve/Productfamilykey", Kind::kWord, true},
-    {"Valve/Productkey", Kind::kWord, true},
-};
+const Grammar kManifold = kDefine + kSystem + Grammar{{"Part/System/Type/ID", Kind::kInteger}} + kPlacement +
+                          Grammar{{"Part/Geometry/Shape", Kind::kText}};
+
+const Grammar kConnectedDevice = kProduct + kDefine +
+                                 Grammar{
+                                     {"Part/Position/WCS", Kind::kPoint},
+                                     {"Part/Normal/WCS", Kind::kPoint},
+                                     {"Part/Direction/WCS", Kind::kPoint},
+                                     {"Part/Connection/ConnectedTo", Kind::kWord},
+                                 };
+
+const Grammar kAirTerminal = kProduct + kDefine + kSystem + kPlacement +
+                             Grammar{
+                                 {"Part/qv_set/ls", Kind::kReal},
+                                 {"Part/GrilleAngle", Kind::kInteger, true},
+                                 {"Part/CollarLength", Kind::kInteger, true},
+                             };
+
+const Grammar kRadiator = kProduct + kDefine + kSystem + kPlacement +
+                          Grammar{
+                              {"Part/Width", Kind::kInteger},          {"Part/Height", Kind::kInteger},
+                              {"Part/P_Heating/W", Kind::kReal},       {"ConnectionSize", Kind::kInteger},
+                              {"Filled", Kind::kInteger, true},        {"Inlet/ID", Kind::kInteger},
+                              {"Outlet/ID", Kind::kInteger},           {"DrawValve", Kind::kInteger, true},
+                              {"Valve/Usercode", Kind::kWord, true},   {"Valve/Productfamilykey", Kind::kWord, true},
+                              {"Valve/Productkey", Kind::kWord, true},
+                          };
 
 const Grammar kDuct = {
     {"Part/Type/Define", Kind::kWord},
@@ -79,11 +68,13 @@ const Grammar kDuct = {
     {"Part/Locked/Size", Kind::kInteger, true},
 };
 
-const Grammar kCustom = {
-    {"Part/Type/Define", Kind::kWord},    {"Part/System/ID", Kind::kInteger}, {"Part/Position/WCS", Kind::kPoint},
-    {"Part/Direction/WCS", Kind::kPoint}, {"Part/Normal/WCS", Kind::kPoint},  {"Part/Productcode", Kind::kWord, true},
-    {"Part/CustomPartType", Kind::kWord}, {"Part/ifcClassType", Kind::kWord}, {"Part/Geometry/Layer/Name", Kind::kText},
-};
+const Grammar kCustom = kDefine + kSystem + kPlacement +
+                        Grammar{
+                            {"Part/Productcode", Kind::kWord, true},
+                            {"Part/CustomPartType", Kind::kWord},
+                            {"Part/ifcClassType", Kind::kWord},
+                            {"Part/Geometry/Layer/Name", Kind::kText},
+                        };
 
 const Grammar kStub = {
     {"Function/Name", Kind::kWord},

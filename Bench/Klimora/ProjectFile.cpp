@@ -4,7 +4,7 @@
 #include <iterator>
 #include <set>
 
-#include "PartTypes.h"
+#include "Parts.h"
 #include "Refusal.h"
 #include "Texts.h"
 
@@ -37,10 +37,10 @@ void CheckDuct(const TiXmlElement* part, const std::string& name) {
     }
     RequireReal(part, "qv_sizingflow/ls", name);
     RequireReal(part, "Length", name);
-    if (Matches(part, PathStep{"Connection", -1, ""}).size() != 2) RefuseFile(name + " has not two connections.");
+    if (ConnectionsOf(part).size() != 2) RefuseFile(name + " has not two connections.");
 }
 
-void TakeSystemType(const ProjectTree& project, TiXmlElement* part, const std::string& name) {
+void TakeSystemType(ProjectTree& project, TiXmlElement* part, const std::string& name) {
     const std::string id = ValueAt(part, "System/ID");
     const TiXmlElement* system = project.System(id);
     if (!system) RefuseFile(name + " belongs to system '" + id + "', which is not listed.");
@@ -50,7 +50,7 @@ void TakeSystemType(const ProjectTree& project, TiXmlElement* part, const std::s
     SetValueAt(part, "System/Type/ID", type);
 }
 
-void CheckPart(const ProjectTree& project, TiXmlElement* part) {
+void CheckPart(ProjectTree& project, TiXmlElement* part) {
     const std::string name = "Part " + ProjectTree::Handle(part);
     if (!IsHandle(ProjectTree::Handle(part))) RefuseFile("a part has no hexadecimal handle.");
     long type = 0;
@@ -63,15 +63,15 @@ void CheckPart(const ProjectTree& project, TiXmlElement* part) {
 }
 
 bool PointsBack(const TiXmlElement* part, const std::string& handle) {
-    for (const TiXmlElement* connection : Matches(part, PathStep{"Connection", -1, ""}))
+    for (const TiXmlElement* connection : ConnectionsOf(part))
         if (SameName(ValueAt(connection, "ConnectedTo"), handle)) return true;
     return false;
 }
 
 void CheckConnections(const ProjectTree& project, const TiXmlElement* part) {
-    for (const TiXmlElement* connection : Matches(part, PathStep{"Connection", -1, ""})) {
+    for (const TiXmlElement* connection : ConnectionsOf(part)) {
         const std::string other = ValueAt(connection, "ConnectedTo");
-        if (other.empty() || other == "0") continue;
+        if (!IsConnectedHandle(other)) continue;
         const TiXmlElement* neighbour = project.FindPart(other);
         const std::string name = "Part " + ProjectTree::Handle(part) + " is connected to " + other;
         if (!neighbour) RefuseFile(name + ", which is no part.");

@@ -1,7 +1,10 @@
 #include "ProjectTree.h"
 
+#include <cctype>
+#include <utility>
+
+#include "Attributes.h"
 #include "Refusal.h"
-#include "SettableAttributes.h"
 #include "Texts.h"
 
 namespace bench::klimora {
@@ -13,6 +16,16 @@ constexpr char kClosed[] =
 
 std::string Subject(const std::string& part) {
     return part.empty() ? "the project" : "part " + part;
+}
+
+std::string LowerCase(std::string name) {
+    for (char& letter : name)
+        letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+    return name;
+}
+
+bool HoldsValue(const TiXmlElement* element) {
+    return !element->FirstChildElement();
 }
 
 }  // namespace
@@ -34,38 +47,52 @@ std::string ProjectTree::Xml() const {
     return printer.Str();
 }
 
-TiXmlElement* ProjectTree::Drawing() const {
-    return Child(document_->RootElement(), "dwg");
+const TiXmlElement* ProjectTree::Top(const char* name) const {
+    if (!IsOpen() && !SameName(name, "dwg")) throw Refusal(kNoProjectOpen, "No Klimora project is open.");
+    return Child(document_->RootElement(), name);
 }
 
-TiXmlElement* ProjectTree::Project() const {
-    if (!IsOpen()) throw Refusal(kNoProjectOpen, "No Klimora project is open.");
-    return Child(document_->RootElement(), "Project");
+TiXmlElement* ProjectTree::ToChange(const TiXmlElement* element) {
+    places_ = {};
+    return const_cast<TiXmlElement*>(element);
 }
 
-TiXmlElement* ProjectTree::Parts() const {
-    Project();
-    return Child(document_->RootElement(), "Parts");
+TiXmlElement* ProjectTree::Drawing() {
+    return ToChange(Top("dwg"));
+}
+TiXmlElement* ProjectTree::Project() {
+    return ToChange(Top("Project"));
+}
+TiXmlElement* ProjectTree::Parts() {
+    return ToChange(Top("Parts"));
 }
 
-std::vector<TiXmlElement*> ProjectTree::AllParts() const {
+std::vector<TiXmlElement*> ProjectTree::AllParts() {
     return IsOpen() ? Matches(Parts(), PathStep{"Part", -1, ""}) : std::vector<TiXmlElement*>();
 }
 
 std::vector<std::string> ProjectTree::Handles() const {
     std::vector<std::string> handles;
-    for (const TiXmlElement* part : AllParts())
+    if (!IsOpen()) return handles;
+    for (const TiXmlElement* part : Matches(Top("Parts"), PathStep{"Part", -1, ""}))
         handles.push_back(Handle(part));
     return handles;
 }
 
-TiXmlElement* ProjectTree::FindPart(const std::string& handle) const {
-    for (TiXmlElement* part : AllParts())
-        if (SameName(Handle(part), handle)) return part;
-    return nullptr;
+const TiXmlElement* ProjectTree::FindPart(const std::string& handle) const {
+    if (!IsOpen()) return nullptr;
+    if (places_.parts.empty())
+        for (const TiXmlElement* part : Matches(Top("Parts"), PathStep{"Part", -1, ""}))
+            places_.parts.emplace(LowerCase(Handle(part)), part);
+    const auto found = places_.parts.find(LowerCase(handle));
+    return found == places_.parts.end() ? nullptr : found->second;
 }
 
-TiXmlElement* ProjectTree::Part(const std::string& handle) const {
+TiXmlElement* ProjectTree::FindPart(const std::string& handle) {
+    return ToChange(std::as_const(*this).FindPart(handle));
+}
+
+TiXmlElement* ProjectTree::Part(const std::string& handle) {
     Project();
     TiXmlElement* part = FindPart(handle);
     if (!part) throw Refusal(kNoSuchPart, "There is no Klimora part " + handle + ".");
@@ -77,45 +104,72 @@ std::string ProjectTree::Handle(const TiXmlElement* part) {
     return handle ? *handle : "";
 }
 
-ProjectTree::Place ProjectTree::Locate(const std::string& part, const std::string& path) const {
-    Place place = {nullptr, ParseAttributePath(path)};
-    const std::string& first = place.path.steps.front().name;
-    if (!part.empty()) {
-        place.root = Part(part);
-        if (!SameName(first, "Part")) throw Refusal(kNoSuchAttribute, "'" + path + "' is not a path of a part.");
-    } else if (SameName(first, "dwg")) {
-        place.root = Drawing();
-    } else if (SameName(first, "Project")) {
-        place.root = Project();
-    } else {
-        throw Refusal(kNoSuchAttribute, "'" + path + "' is not a path of the project or the drawing.");
+const TiXmlElement* ProjectTree::RootOf(const std::string& part, const AttributePath& path,
+                                        const std::string& text) const {
+    const std::string& first = path.steps.front().name;
+    if (part.empty()) {
+        for (const char* name : {"dwg", "Project"})
+            if (SameName(first, name)) return Top(name);
+        throw Refusal(kNoSuchAttribute, "'" + text + "' is not a path of the project or the drawing.");
     }
-    return place;
+    Top("Project");
+    const TiXmlElement* root = FindPart(part);
+    if (!root) throw Refusal(kNoSuchPart, "There is no Klimora part " + part + ".");
+    if (!SameName(first, "Part")) throw Refusal(kNoSuchAttribute, "'" + text + "' is not a path of a part.");
+    return root;
+}
+
+ProjectTree::Elements ProjectTree::Find(const TiXmlElement* from, const AttributePath& path) const {
+    Elements found = {from};
+    for (size_t i = 1; i < path.steps.size() && !found.empty(); ++i) {
+        const PathStep& step = path.steps[i];
+        const auto [place, isNew] = places_.children.try_emplace({found.front(), LowerCase(step.name)});
+        if (isNew)
+            for (const TiXmlElement* child : Matches(found.front(), PathStep{step.name, -1, ""}))
+                place->second.push_back(child);
+        const Elements& named = place->second;
+        found.clear();
+        if (step.selector.empty() && step.index < 0) {
+            // A step on the way takes its first match.
+            const bool last = i + 1 == path.steps.size();
+            if (last && path.count)
+                found = named;
+            else if (!named.empty())
+                found = {named.front()};
+        } else if (step.selector.empty()) {
+            if (static_cast<size_t>(step.index) < named.size()) found = {named[static_cast<size_t>(step.index)]};
+        } else {
+            for (const TiXmlElement* child : named)
+                if (SameName(ValueAt(child, "Name"), step.selector)) found.push_back(child);
+        }
+    }
+    return found;
 }
 
 std::string ProjectTree::Attribute(const std::string& part, const std::string& path) const {
-    const Place place = Locate(part, path);
-    const std::vector<TiXmlElement*> found = FindElements(place.root, place.path, 1);
-    if (place.path.count) return std::to_string(found.size());
+    const AttributePath parsed = ParseAttributePath(path);
+    const Elements found = Find(RootOf(part, parsed, path), parsed);
+    if (parsed.count) return std::to_string(found.size());
     if (found.empty())
         throw Refusal(kNoSuchAttribute, "There is no attribute '" + path + "' in " + Subject(part) + ".");
-    if (found.front()->FirstChildElement())
+    if (!HoldsValue(found.front()))
         throw Refusal(kNoSuchAttribute, "'" + path + "' holds no value in " + Subject(part) + ".");
     return LeafText(found.front());
 }
 
 void ProjectTree::SetAttribute(const std::string& part, const std::string& path, const std::string& value) {
-    const Place place = Locate(part, path);
-    if (place.path.count) throw Refusal(kReadOnly, "A count cannot be set.");
-    CheckSettable(place.path, value);
-    const std::vector<TiXmlElement*> found = FindElements(place.root, place.path, 1);
-    const bool isValue = !found.empty() && !found.front()->FirstChildElement() && place.path.steps.size() > 1;
-    if (!isValue && !MayBeAdded(place.path))
+    const AttributePath parsed = ParseAttributePath(path);
+    TiXmlElement* root = ToChange(RootOf(part, parsed, path));
+    if (parsed.count) throw Refusal(kReadOnly, "A count cannot be set.");
+    CheckSettable(parsed, value);
+    const Elements found = Find(root, parsed);
+    const bool isValue = !found.empty() && HoldsValue(found.front()) && parsed.steps.size() > 1;
+    if (!isValue && !MayBeAdded(parsed))
         throw Refusal(kNoSuchAttribute, "There is no attribute '" + path + "' in " + Subject(part) + ".");
-    SetLeafText(FindOrMakeElement(place.root, place.path, 1), value);
+    SetLeafText(FindOrMakeElement(ToChange(root), parsed, 1), value);
 }
 
-TiXmlElement* ProjectTree::ProductClass(const std::string& className, bool make) const {
+TiXmlElement* ProjectTree::ProductClass(const std::string& className, bool make) {
     for (TiXmlElement* list : Matches(Project(), PathStep{"KPDClass", -1, ""}))
         if (ValueAt(list, "Name") == className) return list;
     if (!make) return nullptr;
@@ -125,7 +179,7 @@ TiXmlElement* ProjectTree::ProductClass(const std::string& className, bool make)
     return list;
 }
 
-TiXmlElement* ProjectTree::Product(const std::string& className, const std::string& userCode) const {
+TiXmlElement* ProjectTree::Product(const std::string& className, const std::string& userCode) {
     const TiXmlElement* list = ProductClass(className, false);
     if (!list) return nullptr;
     for (TiXmlElement* product : Matches(list, PathStep{"Part", -1, ""}))
@@ -133,7 +187,7 @@ TiXmlElement* ProjectTree::Product(const std::string& className, const std::stri
     return nullptr;
 }
 
-TiXmlElement* ProjectTree::System(const std::string& id) const {
+TiXmlElement* ProjectTree::System(const std::string& id) {
     const TiXmlElement* ductwork = Child(Project(), "Ductwork");
     if (!ductwork) return nullptr;
     for (TiXmlElement* system : Matches(ductwork, PathStep{"System", -1, ""}))

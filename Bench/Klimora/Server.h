@@ -16,7 +16,6 @@ struct Server {
     ProjectTree project;
     BinaryVariables variables;
     std::string lastError;
-    std::string dictionary;  // of the product file added last; serves product data that come without a file
 };
 
 Server& TheServer();

@@ -135,7 +135,7 @@ TEST(HostReports, TheRecordIsTheOneThatWasSavedLast) {
     ASSERT_TRUE(SavedRecord(journal, dictionary, record));
     EXPECT_EQ("A-1", record.key);
     EXPECT_EQ(2u, record.attributes.size()) << "a refused value is none";
-    EXPECT_EQ("O'Neil", BytesOf(record, 1503));
+    EXPECT_EQ("O'Neil", record.BytesOf(1503));
     EXPECT_THAT(RecordReport(record), HasSubstr("1651  DpCurve              Qv=50 Dp=4.5\n"));
 }
 

@@ -6,7 +6,6 @@
 #include <fstream>
 
 #include "BenchControl.h"
-#include "KbaseFixture.h"
 #include "WebServer.h"
 #include "gmock/gmock.h"
 

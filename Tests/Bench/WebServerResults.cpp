@@ -1,9 +1,11 @@
 // What the server publishes for a choice, in the form that makes a product record, and the database files it names.
+#include <fstream>
+#include <iterator>
 #include <set>
 
 #include "BenchControl.h"
 #include "Catalogue.h"
-#include "KbaseFixture.h"
+#include "KbaseFile.h"
 #include "WebServer.h"
 #include "WebServerClient.h"
 #include "gmock/gmock.h"
@@ -52,10 +54,10 @@ class WebServerResults : public testing::Test {
 };
 
 TEST_F(WebServerResults, EveryProductOfTheCatalogueHasWhatARecordNeeds) {
-    std::vector<bench::KbaseRecord> models;
+    bench::KbaseFile models;
     std::string error;
     const std::string catalogue = SORVIK_CATALOGUE;
-    ASSERT_TRUE(bench::ReadKbaseDatabase(catalogue.substr(0, catalogue.rfind('/')) + "/sorvik.kpd", models, error));
+    ASSERT_TRUE(models.Read(catalogue.substr(0, catalogue.rfind('/')) + "/sorvik.kpd", error));
     std::set<std::string> branches;
     std::set<std::string> shapes;
     for (const bench::Silencer& silencer : bench::ReadCatalogue(catalogue).silencers) {
@@ -69,7 +71,7 @@ TEST_F(WebServerResults, EveryProductOfTheCatalogueHasWhatARecordNeeds) {
         std::string model = TextOf(device, "KModelID");
         for (char& c : model)
             c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-        EXPECT_TRUE(bench::FindKbaseRecord(models, "KMD", model)) << model;
+        EXPECT_TRUE(models.Find("KMD", model)) << model;
         const TiXmlElement* dimensions = device->FirstChildElement("AirDeviceDimData");
         for (const char* name : {"Fnc", "D1", "D2", "Qvmin", "Qvmax", "Dpmin", "Dpmax"})
             EXPECT_NE(TextOf(dimensions, name), "") << name;
@@ -109,8 +111,10 @@ TEST_F(WebServerResults, TheDatabaseFilesLieWhereTheResultSays) {
     const TiXmlElement* root = Published("SRC-200-600");
     for (const auto& [element, file] : {std::pair("DdkFileUrl", "sorvik.ddk"), std::pair("KpdFileUrl", "sorvik.kpd")}) {
         const std::string address = TextOf(root, element);
+        std::ifstream sample(std::string(SORVIK_SAMPLE_FOLDER "/") + file, std::ios::binary);
         ASSERT_EQ(address.substr(0, sizeof kServer - 1), kServer);
-        EXPECT_EQ(Fetch(address.substr(sizeof kServer - 1)).body, SampleText(file));
+        EXPECT_EQ(Fetch(address.substr(sizeof kServer - 1)).body,
+                  std::string(std::istreambuf_iterator<char>(sample), std::istreambuf_iterator<char>()));
     }
 }
 

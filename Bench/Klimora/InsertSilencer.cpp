@@ -1,17 +1,24 @@
-#include "DuctSplit.h"
+#include "InsertSilencer.h"
+
+#include <windows.h>
+
+#include "acedads.h"
+#include "adscodes.h"
+
+#include <string>
 
 #include "BenchAutoCAD.h"
 #include "BenchControl.h"
-#include "Connections.h"
-#include "Geometry.h"
-#include "PartEntities.h"
-#include "PartTypes.h"
+#include "Parts.h"
 #include "Refusal.h"
+#include "Server.h"
 #include "Texts.h"
 
 namespace bench::klimora {
 namespace {
 
+constexpr char kSilencerClass[] = "dSilencerType";
+constexpr char kEnterPressed[] = "52";  // ERRNO after a pick prompt that was answered with Enter
 constexpr double kUsualSilencerLength = 900;
 // What a silencer shares with the duct around it.
 constexpr const char* kSharedElements[] = {"System", "Shape",         "Diameter",  "Width",
@@ -28,8 +35,7 @@ void CheckDuct(const TiXmlElement* duct, double length, double needed) {
 
 TiXmlElement MakeSilencer(const TiXmlElement* duct, const TiXmlElement* product, double length) {
     TiXmlElement silencer("Part");
-    SetValueAt(&silencer, "Type/ID", std::to_string(TypeIdOfDefine(kSilencerDefine)));
-    SetValueAt(&silencer, "Type/Define", kSilencerDefine);
+    SetType(&silencer, kSilencerDefine);
     for (const char* name : kSharedElements)
         if (const TiXmlElement* shared = Child(duct, name)) silencer.InsertEndChild(*shared);
     for (const char* name : {"UserCode", "ProductCode", "ProductFamilyKey"})
@@ -39,7 +45,7 @@ TiXmlElement MakeSilencer(const TiXmlElement* duct, const TiXmlElement* product,
 }
 
 // Both entities are there, or none.
-void AddEntities(const ProjectTree& project, TiXmlElement* silencer, TiXmlElement* secondDuct) {
+void AddEntities(ProjectTree& project, TiXmlElement* silencer, TiXmlElement* secondDuct) {
     const std::string handle = AddPartEntity(project, silencer);
     try {
         AddPartEntity(project, secondDuct);
@@ -50,14 +56,19 @@ void AddEntities(const ProjectTree& project, TiXmlElement* silencer, TiXmlElemen
     }
 }
 
-}  // namespace
+struct InsertedSilencer {
+    std::string silencer;  // handles
+    std::string secondDuct;
+    double fromStart = 0;  // mm from the start of the duct to the silencer
+};
 
+// Length of the silencer in mm: what its product says, else the usual one.
 double SilencerLength(const TiXmlElement* product) {
     double length = 0;
     return ReadNumber(ValueAt(product, "Length"), length) && length > 0 ? length : kUsualSilencerLength;
 }
 
-InsertedSilencer InsertIntoDuct(const ProjectTree& project, TiXmlElement* duct, const TiXmlElement* product) {
+InsertedSilencer InsertIntoDuct(ProjectTree& project, TiXmlElement* duct, const TiXmlElement* product) {
     const double needed = SilencerLength(product);
     const double length = ValueAt(duct, "Length").empty() ? 0 : RealAt(duct, "Length");
     CheckDuct(duct, length, needed);
@@ -87,6 +98,65 @@ InsertedSilencer InsertIntoDuct(const ProjectTree& project, TiXmlElement* duct, 
     project.Parts()->InsertAfterChild(duct, second);
     project.Parts()->InsertAfterChild(duct, silencer);
     return result;
+}
+
+void Say(const std::string& sentence) {
+    PrintText("\n" + sentence + "\n");
+}
+
+bool ReadLine(const wchar_t* prompt, std::string& line) {
+    wchar_t buffer[256] = {};
+    if (acedGetString(1, prompt, buffer, std::size(buffer)) != RTNORM) return false;
+    line = Utf8(buffer);
+    return true;
+}
+
+// Handle of the duct that the user points at, or of the one picked last on Enter; empty when the user cancelled.
+std::string AskForDuct(const std::string& userCode) {
+    const std::wstring prompt =
+        L"\nKlimora: Select the duct for silencer " + FromUtf8(userCode) + L" or press Enter for the duct picked last:";
+    for (;;) {
+        ads_name picked = {};
+        ads_point at = {};
+        const int answer = acedEntSel(prompt.c_str(), picked, at);
+        if (answer == RTNORM) return LastPick();
+        if (answer != RTERROR) return {};
+        if (SystemVariable("ERRNO") == kEnterPressed) return LastPick();
+    }
+}
+
+void Insert(const std::string& familyKey, const std::string& userCode) {
+    ProjectTree& project = TheServer().project;
+    const TiXmlElement* product = project.Product(kSilencerClass, userCode);
+    if (!product || ValueAt(product, "ProductFamilyKey") != familyKey) {
+        Say("KLIMSILX: product " + familyKey + " with user code " + userCode + " is not in the project.");
+        return;
+    }
+    const std::string handle = AskForDuct(userCode);
+    if (handle.empty()) {
+        Say("KLIMSILX: no duct was selected.");
+        return;
+    }
+    const InsertedSilencer inserted = InsertIntoDuct(project, project.Part(handle), product);
+    Say("Klimora: Silencer " + userCode + " was inserted as part " + inserted.silencer + " between ducts " + handle +
+        " and " + inserted.secondDuct + ", " + NumberText(inserted.fromStart) + " mm from the start of the duct.");
+}
+
+}  // namespace
+
+void RunInsertCommand() {
+    const Quiet quiet;
+    std::string familyKey;
+    std::string userCode;
+    if (!ReadLine(L"\nProduct family key: ", familyKey) || !ReadLine(L"\nUser code: ", userCode)) {
+        Say("KLIMSILX: cancelled.");
+        return;
+    }
+    try {
+        Insert(familyKey, userCode);
+    } catch (const Refusal& refusal) {
+        Say(std::string("KLIMSILX: ") + refusal.what());
+    }
 }
 
 }  // namespace bench::klimora

@@ -1,0 +1,16 @@
+// The command ManageProductData: adds a product of a product file to the project's list of its class, or replaces the
+// product that has the same user code there. The file is a record database, read through Kbase640.dll; its dictionary
+// lies beside it under the same name with the ending .ddk. Refuses (Refusal) what it cannot add and leaves the project
+// as it was.
+// Contract: rows P1 to P6.
+#pragma once
+
+#include <string>
+
+#include "Server.h"
+
+namespace bench::klimora {
+
+std::string ManageProductData(Server& server, const std::string& command);
+
+}  // namespace bench::klimora

@@ -1,0 +1,185 @@
+// The Klimora server: one way through its command, what it refuses, and what it says about broken clients.
+#include <windows.h>
+#include <oleauto.h>
+
+#include <gmock/gmock.h>
+
+#include "BenchAutoCAD.h"
+#include "BenchControl.h"
+#include "BenchKlimora.h"
+#include "KLIMCOMSRVLib.h"
+
+using KLIMCOMSRVLib::IKlimora200805;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+namespace {
+
+using bench::Answer;
+
+// AutoCAD with a drawing, a server with the sample project and one client. A case ends with an empty balance and no
+// accusation but those that it looked at.
+class Klimora : public testing::Test {
+ protected:
+    static void SetUpTestSuite() { bench::StartAutoCAD(); }
+    static void TearDownTestSuite() { bench::StopAutoCAD(); }
+    Klimora() {
+        bench::ResetBench();
+        bench::NewDrawing("office.dwg");
+        bench::StartKlimora({});
+        std::string error;
+        EXPECT_TRUE(bench::OpenProject(SORVIK_SAMPLE_FOLDER "/office.xml", error)) << error;
+        CLSID classId = {};
+        IUnknown* object = nullptr;
+        CLSIDFromProgID(L"KlimComSrv.Klimora", &classId);
+        EXPECT_EQ(GetActiveObject(classId, nullptr, &object), S_OK);
+        void* asked = nullptr;
+        EXPECT_EQ(object->QueryInterface(KLIMCOMSRVLib::IID_IKlimora200805, &asked), S_OK);
+        object->Release();
+        client_ = static_cast<IKlimora200805*>(asked);
+    }
+    ~Klimora() override {
+        client_->Release();
+        bench::StopKlimora();
+        bench::CloseDrawing();
+        EXPECT_THAT(bench::BenchBalance(), ElementsAre());
+        EXPECT_THAT(Said(), ElementsAre());
+        bench::ResetBench();
+    }
+
+    static BSTR Text(const std::string& text) {  // never freed
+        return SysAllocString(std::wstring(text.begin(), text.end()).c_str());
+    }
+    static std::vector<std::string> Said() {
+        const std::vector<std::string> said = bench::Accusations();
+        bench::ClearAccusations();
+        return said;
+    }
+    // Result of a command, -8 poisoned.
+    long Sends(HRESULT (STDMETHODCALLTYPE IKlimora200805::*method)(BSTR, long*), const std::string& command) {
+        long result = -8;
+        EXPECT_EQ((client_->*method)(Text(command), &result), S_OK);
+        return result;
+    }
+    long Creates(const std::string& command) {
+        long result = -8;
+        BSTR reply = nullptr;
+        EXPECT_EQ(client_->createPart(Text(command), &reply, &result), S_OK);
+        return result;
+    }
+    long SendsBytes(long variable, long offset, const char* hex) {
+        long result = -8;
+        EXPECT_EQ(client_->setBinVariableData(variable, offset, Text(hex), &result), S_OK);
+        return result;
+    }
+    static std::string Inserts(const char* key, const char* userCode, const std::vector<Answer>& answers) {
+        bench::ClearTranscript();
+        for (const Answer& answer : std::vector<Answer>{{Answer::kText, key}, {Answer::kText, userCode}})
+            bench::QueueAnswer(answer);
+        for (const Answer& answer : answers)
+            bench::QueueAnswer(answer);
+        EXPECT_TRUE(bench::RunCommand("KLIMSILX"));
+        return bench::Transcript();
+    }
+
+    IKlimora200805* client_ = nullptr;
+};
+
+TEST_F(Klimora, ReferencesAreOwedByInterfaceAndReleasedOnce) {
+    client_->AddRef();
+    EXPECT_THAT(bench::BenchBalance(), ElementsAre("interface reference IKlimora200805 (2 times)"));
+    client_->Release();
+    client_->Release();
+    client_->Release();
+    EXPECT_THAT(Said(), ElementsAre("Interface IKlimora200805 was released more often than it was handed out."));
+    client_->AddRef();
+    bench::StopKlimora();
+    long version = 77;
+    EXPECT_EQ(client_->getVersion(&version), HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE));
+    EXPECT_EQ(version, 77);
+}
+
+TEST_F(Klimora, APlannedFailureLeavesOrSpoilsTheOutputs) {
+    double x = 77, y = 77, z = 77;
+    long result = 77;
+    const auto reads = [&] {
+        return client_->getPartAttPoint(Text("2A3"), Text("/Part/Position/WCS"), &x, &y, &z, &result);
+    };
+    bench::FailCalls({"IKlimora200805::*", 1, RPC_E_DISCONNECTED, true, false});
+    EXPECT_EQ(reads(), RPC_E_DISCONNECTED);
+    EXPECT_EQ(x + y + z + result, 4 * 77);
+    bench::ClearFailures();
+    bench::FailCalls({"IKlimora200805::getPartAttPoint", 1, E_FAIL, false, true});
+    EXPECT_EQ(reads(), E_FAIL);
+    EXPECT_TRUE(x < -1e300 && y < -1e300 && z < -1e300 && result == 0x0BADF00D);
+    EXPECT_EQ(reads(), S_OK);
+    EXPECT_TRUE(x == 11300 && y == 9250 && z == 2800 && result == 0);
+}
+
+TEST_F(Klimora, WhatOnlyABrokenClientDoesWithABinaryVariableIsAccused) {
+    long result = -8;
+    EXPECT_EQ(SendsBytes(7, 0, "00"), -130);
+    client_->setBinVariableSize(7, 2, &result);
+    EXPECT_THAT(bench::BenchBalance(), testing::Contains("binary variable 7"));
+    for (const char* hex : {"0", "0a", "000000"})
+        EXPECT_EQ(SendsBytes(7, 0, hex), -130);
+    EXPECT_EQ(SendsBytes(7, 1, "FF"), 0);
+    client_->setPartAtt(Text("2A4"), Text("/Part/Geometry/Source[0]/gm_model/binvar"), Text("7"), &result);
+    EXPECT_EQ(result, -130);
+    EXPECT_THAT(Said(), ElementsAre("Binary variable 7 was sent data before its size was set.",
+                                    "Binary variable 7 was sent an odd number of hexadecimal digits, or none.",
+                                    "Binary variable 7 was sent data that are not upper-case hexadecimal digits.",
+                                    "Binary variable 7 was sent data beyond its size of 2.",
+                                    "Binary variable 7 was used before all of its bytes were sent."));
+    EXPECT_EQ(bench::BinaryVariable(7), std::string("\0\xFF", 2));
+    client_->freeBinVariable(7, &result);
+    EXPECT_EQ(result, 0);
+    EXPECT_EQ(client_->freeBinVariable(7, nullptr), E_POINTER);
+    EXPECT_THAT(Said(), ElementsAre("IKlimora200805::freeBinVariable was called without a place for its output."));
+}
+
+TEST_F(Klimora, CommandsThatAreNotAsClientsSendThemChangeNothing) {
+    const std::string before = bench::ProjectXml();
+    const std::string product =
+        "<ManageProductData><Function><Name>Add</Name></Function><KPD><Filename>" SORVIK_SAMPLE_FOLDER
+        "/sorvik.kpd</Filename></KPD><KPDClass><Name>dSilencerType</Name></KPDClass><Usercode>SORV2</Usercode>"
+        "<Productfamilykey>SRC-999</Productfamilykey></ManageProductData>";
+    const auto with = [&](const char* from, const char* to) {
+        std::string text = product;
+        return text.replace(text.find(from), std::string(from).size(), to);
+    };
+    EXPECT_EQ(Sends(&IKlimora200805::manageProductData, product), -120);
+    EXPECT_EQ(Sends(&IKlimora200805::manageProductData, with("sorvik.kpd", "none.kpd")), -121);
+    EXPECT_EQ(Sends(&IKlimora200805::manageProductData, with("SORV2", "SORV2345678")), -105);
+    for (const std::string& command :
+         {with("</ManageProductData>", ""), product + product, with("SORV2", "S&2"), with("SORV2", "S<2"),
+          with("SORV2", ""), with("<Usercode>", "<Usercode x=\"1\">"), with("</KPD>", "</KPD><Colour/>"),
+          with("Add", "Remove")})
+        EXPECT_EQ(Sends(&IKlimora200805::manageProductData, command), -110) << command;
+    EXPECT_EQ(Sends(&IKlimora200805::erasePart, "<ErasePart><PartList>2A4 7FF</PartList></ErasePart>"), -102);
+    EXPECT_EQ(Creates("<CreatePart><Part><Type><Define>EWAPART_CUSTOM</Define></Type></Part></CreatePart>"), -110);
+    EXPECT_EQ(Creates("<CreatePart><Part><Type><Define>EWAPART_UNKNOWN</Define></Type></Part></CreatePart>"), -110);
+    EXPECT_EQ(bench::ProjectXml(), before);
+}
+
+TEST_F(Klimora, TheSilencerSplitsADuctAndNothingElse) {
+    const std::string before = bench::ProjectXml();
+    EXPECT_THAT(Inserts("SRC-400", "SORV1", {}), HasSubstr("SRC-400 with user code SORV1 is not in the project."));
+    EXPECT_THAT(Inserts("SRC-400-1200", "SORV1", {{Answer::kPick, "2AA"}}),
+                HasSubstr("KLIMSILX: part 2AA is not a duct"));
+    EXPECT_THAT(Inserts("SRC-400-1200", "SORV1", {{Answer::kEscape, ""}}),
+                HasSubstr("KLIMSILX: no duct was selected."));
+    EXPECT_EQ(bench::ProjectXml(), before);
+    EXPECT_THAT(Inserts("SRC-400-1200", "SORV1", {{Answer::kMiss, ""}, {Answer::kPick, "2B3"}}),
+                HasSubstr("3650 mm from the start of the duct."));
+    std::string error;
+    EXPECT_TRUE(bench::OpenProjectText(bench::ProjectXml(), error)) << error << " (connections lead both ways)";
+    const std::string silencer = bench::PartAttribute("2B3", "/Part/Connection[1]/ConnectedTo");
+    const std::string second = bench::PartAttribute(silencer, "/Part/Connection[1]/ConnectedTo");
+    EXPECT_EQ(bench::PartAttribute(silencer, "/Part/Position/WCS"), "17150 6000 2800");
+    EXPECT_EQ(bench::PartAttribute(second, "/Part/Position/WCS"), "18350 6000 2800");
+    EXPECT_EQ(bench::PartAttribute(second, "/Part/Connection[1]/ConnectedTo"), "2B4");
+    EXPECT_THAT(Inserts("SRC-400-1200", "SORV1", {{Answer::kEnter, ""}}), HasSubstr("between ducts 2B3 and"));
+}
+
+}  // namespace
