@@ -51,7 +51,7 @@ std::optional<KeyValue> Parse(const resbuf* item) {
 // A key that would not be read back as it was written has no place in the data.
 bool IsReadable(const char* key) {
     const std::optional<KeyValue> entry = Parse(std::string(key) + "=");
-    return entry && entry->key == ToUpper(key) && entry->value.empty();
+    return entry && entry->key == ToUpper(key);
 }
 
 // The item before the one of that key, otherwise the last one. The chain is headed by the application's name, so there

@@ -3,11 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <cstring>
 #include <string>
 
 #include "DialogFixture.h"
-#include "ImportPatch.h"
+#include "RecordedCalls.h"
 #include "Util/PDialogControlButtons.h"
 #include "Util/PDialogControlLists.h"
 #include "Util/PDialogControlTexts.h"
@@ -39,22 +40,6 @@ ComboListData ListOf(std::initializer_list<std::pair<double, const char*>> items
     for (const auto& [value, text] : items)
         InsertComboListDataItem(&list, value, text);
     return list;
-}
-
-int freed = 0;
-void CountFree(void* block) {
-    ++freed;
-    static_cast<void>(block);
-}
-
-LRESULT(WINAPI* sendMessage)(HWND, UINT, WPARAM, LPARAM);
-std::string sent;  // selections asked of a list: "MESSAGE INDEX;"
-LRESULT WINAPI RefuseTwo(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    const bool adds = message == CB_ADDSTRING || message == LB_ADDSTRING;
-    if (adds && std::strcmp(reinterpret_cast<const char*>(lParam), "two") == 0) return -2;
-    if (message == CB_SETCURSEL || message == LB_SETCURSEL)
-        sent += std::to_string(message) + " " + std::to_string(wParam) + ";";
-    return sendMessage(window, message, wParam, lParam);
 }
 
 }  // namespace
@@ -127,8 +112,9 @@ TEST_F(DialogControls, ComboBoxesConsumeTheirList) {
         ComboListData list = ListOf({{1, "b"}, {2.5, "c"}, {0, "a"}});
         float value = c.before;
         PDialogControl* binder = nullptr;
-        freed = 0;
-        const ImportPatch patch("free", CountFree);
+        RecordedCalls calls;
+        calls.Record("free", std::free);
+        calls.Name(list, "list");
         Open("COMBOBOX", CBS_DROPDOWNLIST | CBS_SORT, [&](BoundDialog& self) {
             binder = &self.Bind<PDialogControlComboBox>(kControl, &list, &value);
             PDialogControl& unbound = self.Bind<PDialogControlComboBox>(kOther, nullptr, nullptr);
@@ -136,6 +122,7 @@ TEST_F(DialogControls, ComboBoxesConsumeTheirList) {
             EXPECT_EQ(unbound.FromDialog(), -1);
         });
         EXPECT_EQ(list, nullptr);
+        EXPECT_NE(calls.Take().find("free list\n"), std::string::npos);
         EXPECT_EQ(Send(CB_GETCOUNT), 3);
         EXPECT_EQ(Send(CB_GETCURSEL), c.selected) << c.before;
         EXPECT_EQ(binder->FromDialog(), 0);
@@ -160,9 +147,17 @@ TEST_F(DialogControls, ListsGoOnAfterARefusedTextAndStopAtAnEmptyOne) {
         ComboListData list = ListOf({{1, "one"}, {2, "two"}, {3, "three"}, {4, "x"}, {5, "five"}});
         list[3].text[0] = '\0';
         float value = c.wanted;
-        const ImportPatch patch("SendMessageA", RefuseTwo);
-        sendMessage = patch.original<decltype(RefuseTwo)>();
-        sent.clear();
+        std::string sent;  // selections asked for: "MESSAGE INDEX;"
+        auto calls = std::make_unique<RecordedCalls>();
+        calls->Record("SendMessageA", SendMessageA,
+                      [&](HWND window, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
+                          const bool adds = message == CB_ADDSTRING || message == LB_ADDSTRING;
+                          if (adds && reinterpret_cast<const char*>(lParam) == std::string("two")) return -2;
+                          if (message == CB_SETCURSEL || message == LB_SETCURSEL)
+                              sent += std::to_string(message) + " " + std::to_string(wParam) + ";";
+                          const auto procedure = reinterpret_cast<WNDPROC>(GetWindowLongPtrA(window, GWLP_WNDPROC));
+                          return CallWindowProcA(procedure, window, message, wParam, lParam);
+                      });
         Open(c.combo ? "COMBOBOX" : "LISTBOX", c.combo ? CBS_DROPDOWNLIST : WS_BORDER, [&](BoundDialog& self) {
             if (c.combo)
                 self.Bind<PDialogControlComboBox>(kControl, &list, &value);
@@ -229,7 +224,7 @@ TEST_F(DialogControls, DatesTakeAnySeparator) {
         std::strcpy(text, c.before);
         Open("SysDateTimePick32", DTS_SHOWNONE, [&](BoundDialog& self) {
             self.Bind<PDialogControlDate>(kControl, text, c.size);
-            self.Bind<PDialogControlDate>(kOther, text, 0);
+            self.Bind<PDialogControlDate>(kOther, nullptr, 8);
         });
         SYSTEMTIME date = {};
         EXPECT_EQ(Send(DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&date)), GDT_VALID);

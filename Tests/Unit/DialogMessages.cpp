@@ -8,8 +8,8 @@
 
 #include "DiagnosticsFixture.h"
 #include "DialogFixture.h"
-#include "ImportPatch.h"
 #include "ModuleNames.h"
+#include "RecordedCalls.h"
 #include "Util/PDialogControlButtons.h"
 #include "Util/PDialogControlTexts.h"
 
@@ -17,48 +17,6 @@ namespace {
 
 constexpr int kEdit = 1200;
 constexpr int kUnbound = 1201;
-
-// Windows calls by which a dialog ends and gives back, with the handle that each is about.
-std::vector<std::string> calls;
-std::string Call(const std::string& name, const void* handle) {
-    return name + " " + std::to_string(reinterpret_cast<uintptr_t>(handle));
-}
-
-BOOL WINAPI RecordEnd(HWND dialog, INT_PTR result) {
-    calls.push_back(Call("end " + std::to_string(result), dialog));
-    return TRUE;
-}
-
-TOOLINFOA added;
-LRESULT WINAPI RecordSend(HWND window, UINT message, WPARAM, LPARAM lParam) {
-    if (message == TTM_ADDTOOLA) added = *reinterpret_cast<TOOLINFOA*>(lParam);
-    if (message == TTM_DELTOOLA)
-        calls.push_back(Call("remove tool", reinterpret_cast<void*>(reinterpret_cast<TOOLINFOA*>(lParam)->uId)) + " " +
-                        Call("of", window));
-    return 0;
-}
-
-BOOL WINAPI RecordDestroy(HWND window) {
-    calls.push_back(Call("destroy", window));
-    return TRUE;
-}
-
-BOOL WINAPI RecordDelete(HGDIOBJ object) {
-    calls.push_back(Call("delete", object));
-    return TRUE;
-}
-
-// Puts down what is asked of the tooltip's window and makes none.
-CREATESTRUCTA created;
-HWND WINAPI RecordCreate(DWORD extended, LPCSTR, LPCSTR title, DWORD style, int x, int y, int width, int height,
-                         HWND owner, HMENU menu, HINSTANCE module, void*) {
-    created = {nullptr, module, menu, owner, height, width, y, x, static_cast<LONG>(style), title, "", extended};
-    return nullptr;
-}
-
-void WINAPI RecordInit() {
-    calls.push_back("InitCommonControls");
-}
 
 // A binder that answers every message with its own result.
 class Greedy : public PDialogControl {
@@ -73,10 +31,7 @@ class Greedy : public PDialogControl {
 
 class DialogMessages : public DiagnosticsTest {
  protected:
-    DialogMessages() {
-        g_diagSettings->errorBits = RF_LOG | RF_FUNCTION | RF_FILELINE;
-        calls.clear();
-    }
+    DialogMessages() { g_diagSettings->errorBits = RF_LOG | RF_FUNCTION | RF_FILELINE; }
     void Open(const std::function<void(BoundDialog&)>& bind) {
         dialog_->Open({{"EDIT", WS_BORDER, kEdit, "900"},
                        {"EDIT", WS_BORDER, kUnbound, "free"},
@@ -97,7 +52,9 @@ class DialogMessages : public DiagnosticsTest {
 
 TEST_F(DialogMessages, CommandsCountOnlyFromTheirButton) {
     Open([](BoundDialog&) {});
-    const ImportPatch patch("EndDialog", RecordEnd);
+    RecordedCalls calls;
+    calls.Give("EndDialog", EndDialog, TRUE);
+    calls.Name(dialog_->dialogWindow(), "dialog");
     const struct {
         int command;
         int from;  // control, 0 for none
@@ -109,14 +66,12 @@ TEST_F(DialogMessages, CommandsCountOnlyFromTheirButton) {
         {IDOK, IDCANCEL, 0, 0, 0},   {IDCANCEL, 0, 0, 0, 0}, {IDCANCEL, IDCANCEL, 0, 0, 2}, {IDCANCEL, IDOK, 0, 0, 0},
         {IDCLOSE, IDCLOSE, 0, 0, 2}, {IDCLOSE, 0, 0, 0, 0},  {IDCANCEL, IDCLOSE, 0, 0, 2},  {kEdit, kEdit, 0, 0, 0}};
     for (const auto& c : cases) {
-        calls.clear();
         dialog_->validations = 0;
         dialog_->verdict = c.verdict;
         EXPECT_EQ(Command(c.command, BN_CLICKED, c.from), 0);
         EXPECT_EQ(dialog_->validations, c.validations) << c.command << " from " << c.from;
-        std::vector<std::string> expected;
-        if (c.ends) expected = {Call("end " + std::to_string(c.ends), dialog_->dialogWindow())};
-        EXPECT_EQ(calls, expected) << c.command << " from " << c.from;
+        EXPECT_EQ(calls.Take(), c.ends ? "EndDialog dialog " + std::to_string(c.ends) + "\n" : "")
+            << c.command << " from " << c.from;
     }
 }
 
@@ -124,11 +79,11 @@ TEST_F(DialogMessages, TheFrameOnlyPostsACancelThatEndsNothing) {
     Open([](BoundDialog&) {});
     EXPECT_TRUE(dialog_->HasControl(IDOK));
     EXPECT_FALSE(dialog_->HasControl(9999));
+    RecordedCalls calls;
+    calls.Name(dialog_->dialogWindow(), "dialog");
+    calls.Give("PostMessageA", PostMessageA, TRUE);
     EXPECT_EQ(dialog_->HandleMessage(WM_CLOSE, 0, 0), 0);
-    MSG posted = {};
-    ASSERT_TRUE(PeekMessageA(&posted, dialog_->dialogWindow(), WM_COMMAND, WM_COMMAND, PM_REMOVE));
-    EXPECT_EQ(posted.wParam, static_cast<WPARAM>(IDCANCEL));
-    EXPECT_EQ(posted.lParam, 0);
+    EXPECT_EQ(calls.Take(), "PostMessageA dialog 0x111 0x2 0\n");
     EXPECT_EQ(dialog_->HandleMessage(WM_HELP, 0, 0), 1);
     EXPECT_EQ(dialog_->HandleMessage(WM_SIZE, 0, 0), 0);
 }
@@ -173,43 +128,54 @@ TEST_F(DialogMessages, TooltipsComeFromTheBinders) {
     EXPECT_EQ(textOf(IDOK, TTN_GETDISPINFOA), "Takes the values");
     EXPECT_EQ(textOf(kUnbound, TTN_GETDISPINFOA), "null");
     EXPECT_EQ(textOf(kEdit, TTN_GETDISPINFOW), "null") << "another notification";
+
     // Everything is given back at the end, the tools before the window.
     const HDC device = CreateCompatibleDC(nullptr);
-    const HBRUSH brush = dialog_->CtlColor(device, 0, RGB(1, 1, 1));
-    const HWND window = dialog_->dialogWindow(), edit = dialog_->GetControl(kEdit), ok = dialog_->GetControl(IDOK);
-    {
-        const ImportPatch send("SendMessageA", RecordSend), destroy("DestroyWindow", RecordDestroy),
-            erase("DeleteObject", RecordDelete);
-        dialog_.reset();
-    }
-    const std::string ofTips = " " + Call("of", tips);
-    EXPECT_EQ(calls, (std::vector<std::string>{Call("destroy", window), Call("remove tool", edit) + ofTips,
-                                               Call("remove tool", ok) + ofTips, Call("delete", brush),
-                                               Call("destroy", tips)}));
-    DestroyWindow(window);
-    DeleteObject(brush);
+    RecordedCalls calls;
+    calls.Name(dialog_->CtlColor(device, 0, RGB(1, 1, 1)), "brush");
+    calls.Name(tips, "tips");
+    calls.Name(dialog_->dialogWindow(), "dialog");
+    std::vector<UINT_PTR> tools, expected;
+    for (const int id : {kEdit, IDOK})
+        expected.push_back(reinterpret_cast<UINT_PTR>(dialog_->GetControl(id)));
+    calls.Record("DestroyWindow", DestroyWindow);
+    calls.Record("DeleteObject", DeleteObject);
+    calls.Record("SendMessageA", SendMessageA, [&](HWND window, UINT message, WPARAM, LPARAM lParam) {
+        EXPECT_EQ(window, tips);
+        EXPECT_EQ(message, static_cast<UINT>(TTM_DELTOOLA));
+        EXPECT_NE(calls.Take().find("SendMessageA"), std::string::npos);
+        tools.push_back(reinterpret_cast<TOOLINFOA*>(lParam)->uId);
+        return 0;
+    });
+    dialog_.reset();
+    EXPECT_EQ(tools, expected);
+    EXPECT_EQ(calls.Take(), "DeleteObject brush\nDestroyWindow tips\n");
     DeleteDC(device);
 }
 
 TEST_F(DialogMessages, TheTooltipWindowBelongsToDialogAndModule) {
     Open([](BoundDialog&) {});
-    const ImportPatch create("CreateWindowExA", RecordCreate), init("InitCommonControls", RecordInit);
+    RecordedCalls calls;
+    calls.Name(dialog_->dialogWindow(), "dialog");
+    calls.Name(GetModuleHandleA(kModuleFileName), "module");
+    calls.Record("InitCommonControls", InitCommonControls);
+    calls.Give("CreateWindowExA", CreateWindowExA, nullptr);
     EXPECT_EQ(dialog_->HandleMessage(WM_INITDIALOG, 0, 0), 0);
-    EXPECT_EQ(calls, std::vector<std::string>{"InitCommonControls"});
-    EXPECT_EQ(created.hwndParent, dialog_->dialogWindow());
-    EXPECT_EQ(created.hInstance, GetModuleHandleA(kModuleFileName));
-    EXPECT_EQ(static_cast<DWORD>(created.style), 0x80000003u);
-    EXPECT_EQ(created.lpszName, nullptr);
-    for (const int place : {created.x, created.y, created.cx, created.cy})
-        EXPECT_EQ(place, CW_USEDEFAULT);
-
-    const ImportPatch send("SendMessageA", RecordSend);
+    EXPECT_EQ(calls.Take(),
+              "InitCommonControls\nCreateWindowExA 0x0 \"tooltips_class32\" null 0x80000003 -2147483648 -2147483648 "
+              "-2147483648 -2147483648 dialog null module null\n");
+    calls.Record("SendMessageA", SendMessageA, [&](HWND, UINT message, WPARAM, LPARAM lParam) {
+        EXPECT_EQ(message, static_cast<UINT>(TTM_ADDTOOLA));
+        const auto* tool = reinterpret_cast<TOOLINFOA*>(lParam);
+        EXPECT_EQ(tool->cbSize, 72u);
+        EXPECT_EQ(tool->uFlags, 17u);
+        EXPECT_EQ(tool->hwnd, dialog_->dialogWindow());
+        EXPECT_EQ(tool->uId, reinterpret_cast<UINT_PTR>(dialog_->GetControl(kEdit)));
+        EXPECT_EQ(tool->lpszText, LPSTR_TEXTCALLBACKA);
+        return 0;
+    });
     dialog_->BindAs<Greedy>(kEdit, kControlNormal, "Length in mm", 0);
-    EXPECT_EQ(added.cbSize, 72u);
-    EXPECT_EQ(added.uFlags, 17u);
-    EXPECT_EQ(added.hwnd, dialog_->dialogWindow());
-    EXPECT_EQ(added.uId, reinterpret_cast<UINT_PTR>(dialog_->GetControl(kEdit)));
-    EXPECT_EQ(added.lpszText, LPSTR_TEXTCALLBACKA);
+    EXPECT_NE(calls.Take(), "");
 }
 
 TEST_F(DialogMessages, ColoursAreAnsweredWithOneBrush) {
@@ -225,17 +191,16 @@ TEST_F(DialogMessages, ColoursAreAnsweredWithOneBrush) {
     EXPECT_EQ(GetBkMode(device), TRANSPARENT);
     EXPECT_EQ(dialog_->CtlColor(device, 0, RGB(200, 0, 0)), red);
 
-    HBRUSH face = nullptr;
-    {
-        const ImportPatch erase("DeleteObject", RecordDelete);
-        face = dialog_->CtlColor(device, 0xFFFFFFFF, 0xFFFFFFFF);
-    }
-    EXPECT_EQ(calls, std::vector<std::string>{Call("delete", red)}) << "the brush before is deleted";
+    RecordedCalls calls;
+    calls.Name(red, "red");
+    calls.Record("DeleteObject", DeleteObject);
+    calls.Record("GetSysColor", GetSysColor);
+    const HBRUSH face = dialog_->CtlColor(device, 0xFFFFFFFF, 0xFFFFFFFF);
+    EXPECT_EQ(calls.Take(), "GetSysColor 18\nGetSysColor 15\nDeleteObject red\n");
     ASSERT_TRUE(GetObjectA(face, sizeof facts, &facts));
     EXPECT_EQ(facts.lbColor, GetSysColor(COLOR_BTNFACE));
     EXPECT_EQ(GetBkColor(device), GetSysColor(COLOR_BTNFACE));
     EXPECT_EQ(GetTextColor(device), GetSysColor(COLOR_BTNTEXT));
-    DeleteObject(red);
     DeleteDC(device);
 }
 

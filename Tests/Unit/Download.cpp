@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "BenchAutoCAD.h"
-#include "ImportPatch.h"
+#include "RecordedCalls.h"
 #include "TestFiles.h"
 #include "Util/Download.h"
 #include "WebServer.h"
@@ -31,171 +31,102 @@ class DownloadTest : public testing::Test {
     }
 };
 
-// Windows calls that a download makes, in order; one of them is told to fail.
-Texts calls;
-std::string failing;
-
-bool Enter(const std::string& call, const std::string& name) {
-    calls.push_back(call);
-    return name == failing;
-}
-
 const HINTERNET kSession = reinterpret_cast<HINTERNET>(0x51);
 const HINTERNET kAddress = reinterpret_cast<HINTERNET>(0x52);
-HANDLE file = nullptr;
-int readsLeft = 0;
-decltype(&CreateFileA) createFile;
-decltype(&CloseHandle) closeHandle;
 
-HANDLE WINAPI CreateTarget(const char* path, DWORD access, DWORD share, SECURITY_ATTRIBUTES* security,
-                           DWORD disposition, DWORD attributes, HANDLE likeness) {
-    EXPECT_EQ(security, nullptr);
-    EXPECT_EQ(likeness, nullptr);
-    calls.push_back("create " + std::to_string(access) + " " + std::to_string(share) + " " +
-                    std::to_string(disposition) + " " + std::to_string(attributes));
-    file = createFile(path, access, share, security, disposition, attributes, likeness);
-    return file;
-}
-
-BOOL WINAPI Connected(DWORD* flags, DWORD reserved) {
-    EXPECT_EQ(*flags, 7u);
-    EXPECT_EQ(reserved, 0u);
-    return !Enter("state", "state");
-}
-
-HINTERNET WINAPI OpenSession(const char* agent, DWORD access, const char* proxy, const char* bypass, DWORD flags) {
-    EXPECT_EQ(access, static_cast<DWORD>(INTERNET_OPEN_TYPE_PRECONFIG));
-    EXPECT_EQ(proxy, nullptr);
-    EXPECT_EQ(bypass, nullptr);
-    EXPECT_EQ(flags, 0u);
-    return Enter(agent, "session") ? nullptr : kSession;
-}
-
-BOOL WINAPI LimitWaiting(HINTERNET session, DWORD option, void* value, DWORD size) {
-    EXPECT_EQ(session, kSession);
-    EXPECT_EQ(size, 4u);
-    calls.push_back("limit " + std::to_string(option) + " " + std::to_string(*static_cast<DWORD*>(value)));
-    return FALSE;
-}
-
-HINTERNET WINAPI OpenAddress(HINTERNET session, const char* url, const char* headers, DWORD length, DWORD flags,
-                             DWORD_PTR context) {
-    EXPECT_EQ(session, kSession);
-    EXPECT_EQ(headers, nullptr);
-    EXPECT_EQ(length, 0u);
-    EXPECT_EQ(flags, 0x84000200u);
-    EXPECT_EQ(context, 0u);
-    return Enter(url, "address") ? nullptr : kAddress;
-}
-
-BOOL WINAPI Read(HINTERNET address, void* buffer, DWORD size, DWORD* read) {
-    EXPECT_EQ(address, kAddress);
-    EXPECT_EQ(size, 1024u);
-    if (failing == "throw") throw std::runtime_error("not the download's own");
-    *read = --readsLeft < 0 ? 0 : readsLeft ? 1024 : 10;
-    std::memset(buffer, 'x', *read);
-    return !Enter("read", "read");
-}
-
-BOOL WINAPI Write(HANDLE target, const void* bytes, DWORD size, DWORD* written, OVERLAPPED* overlapped) {
-    EXPECT_EQ(target, file);
-    EXPECT_EQ(overlapped, nullptr);
-    EXPECT_EQ(std::string(static_cast<const char*>(bytes), size), std::string(size, 'x'));
-    *written = failing == "short" ? size - 1 : size;
-    return !Enter("write " + std::to_string(size), "write");
-}
-
-BOOL WINAPI CloseInternet(HINTERNET handle) {
-    calls.push_back(handle == kAddress ? "close address" : handle == kSession ? "close session" : "close stranger");
-    return TRUE;
-}
-
-BOOL WINAPI CloseFile(HANDLE handle) {
-    if (handle == file) calls.push_back(handle == INVALID_HANDLE_VALUE ? "close invalid" : "close file");
-    return handle == INVALID_HANDLE_VALUE ? FALSE : closeHandle(handle);
-}
-
-// All calls of a download replaced by the ones above.
-struct FakeNetwork {
-    explicit FakeNetwork(const std::string& fail) {
-        calls.clear();
-        failing = fail;
-        readsLeft = 2;
-        createFile = create.original<decltype(CreateTarget)>();
-        closeHandle = closeFile.original<decltype(CloseFile)>();
+// The calls of a download, recorded; the network is made up and gives 1,024 bytes, 10 bytes and the end. One step may
+// fail.
+class MadeUpNetwork : public RecordedCalls {
+ public:
+    explicit MadeUpNetwork(const std::string& failing) {
+        Record("CreateFileA", CreateFileA);
+        Record("InternetGetConnectedState", InternetGetConnectedState, [failing](DWORD* flags, DWORD) {
+            EXPECT_EQ(*flags, 7u);
+            return failing != "state";
+        });
+        Give("InternetOpenA", InternetOpenA, failing == "session" ? nullptr : kSession);
+        Record("InternetSetOptionA", InternetSetOptionA, [](HINTERNET, DWORD, void* value, DWORD) {
+            EXPECT_EQ(*static_cast<DWORD*>(value), 30000u);
+            return FALSE;
+        });
+        Give("InternetOpenUrlA", InternetOpenUrlA, failing == "address" ? nullptr : kAddress);
+        Record("InternetReadFile", InternetReadFile, [this, failing](HINTERNET, void* buffer, DWORD, DWORD* read) {
+            if (failing == "throw") throw std::runtime_error("not the download's own");
+            *read = --readsLeft_ > 0 ? 1024 : readsLeft_ == 0 ? 10 : 0;
+            std::memset(buffer, 'x', *read);
+            return failing != "read";
+        });
+        Record("WriteFile", WriteFile, [failing](HANDLE, const void* bytes, DWORD size, DWORD* written, OVERLAPPED*) {
+            EXPECT_EQ(std::string(static_cast<const char*>(bytes), size), std::string(size, 'x'));
+            *written = failing == "short" ? size - 1 : size;
+            return failing != "write";
+        });
+        Give("InternetCloseHandle", InternetCloseHandle, TRUE);
+        Record("CloseHandle", CloseHandle);
     }
-    const ImportPatch create{"CreateFileA", CreateTarget};
-    const ImportPatch state{"InternetGetConnectedState", Connected};
-    const ImportPatch session{"InternetOpenA", OpenSession};
-    const ImportPatch limit{"InternetSetOptionA", LimitWaiting};
-    const ImportPatch address{"InternetOpenUrlA", OpenAddress};
-    const ImportPatch read{"InternetReadFile", Read};
-    const ImportPatch write{"WriteFile", Write};
-    const ImportPatch closeInternet{"InternetCloseHandle", CloseInternet};
-    const ImportPatch closeFile{"CloseHandle", CloseFile};
+
+ private:
+    int readsLeft_ = 2;
 };
 
 }  // namespace
 
 TEST_F(DownloadTest, EveryFailureHasItsStatusTextAndCleanUp) {
-    const Texts all = {"create 1073741824 0 2 128",
-                       "state",
-                       "http generic",
-                       "limit 2 30000",
-                       "limit 5 30000",
-                       "limit 6 30000",
-                       url_,
-                       "read",
-                       "write 1024",
-                       "read",
-                       "write 10",
-                       "read"};
+    const Texts steps = {"CreateFileA \"" + target_ + "\" 0x40000000 0x0 null 0x2 0x80 null\n",
+                         "InternetGetConnectedState & 0x0\n",
+                         "InternetOpenA \"http generic\" 0x0 null null 0x0\n",
+                         "InternetSetOptionA InternetOpenA 0x2 & 0x4\n"
+                         "InternetSetOptionA InternetOpenA 0x5 & 0x4\n"
+                         "InternetSetOptionA InternetOpenA 0x6 & 0x4\n"
+                         "InternetOpenUrlA InternetOpenA \"" +
+                             url_ + "\" null 0x0 0x84000200 0x0\n",
+                         "InternetReadFile InternetOpenUrlA & 0x400 &\n",
+                         "WriteFile CreateFileA & 0x400 & null\n",
+                         "InternetReadFile InternetOpenUrlA & 0x400 &\n"
+                         "WriteFile CreateFileA & 0xA & null\n"
+                         "InternetReadFile InternetOpenUrlA & 0x400 &\n"};
+    const Texts ends = {"InternetCloseHandle InternetOpenUrlA\n", "InternetCloseHandle InternetOpenA\n",
+                        "CloseHandle CreateFileA\n"};
     const struct {
         const char* failing;
         int status;
         std::string printed;
-        int calls;  // of `all`, before the closing ones
-        Texts closed;
+        int steps, ends;  // how many of them are seen, the first and the last ones
     } cases[] = {
-        {"", 1, "", 12, {"close address", "close session", "close file"}},
-        {"read", 0, "", 8, {"close address", "close session", "close file"}},
-        {"state", -2, ErrorLine("There is no connection to internet"), 2, {"close file"}},
-        {"session", -3, ErrorLine("Can't establish connection to internet"), 3, {"close file"}},
-        {"address", -4, ErrorLine("Can't open file from internet"), 7, {"close session", "close file"}},
-        {"write", -5, ErrorLine("Can't write to file"), 9, {"close address", "close session", "close file"}},
-        {"short", -6, ErrorLine("Can't write to file"), 9, {"close address", "close session", "close file"}},
-        {"throw",
-         -100,
-         "Sorvik Klimora Cloud Plugin: Error downloading file\n",
-         7,
-         {"close address", "close session", "close file"}},
+        {"", 1, "", 7, 3},
+        {"read", 0, "", 5, 3},
+        {"state", -2, ErrorLine("There is no connection to internet"), 2, 1},
+        {"session", -3, ErrorLine("Can't establish connection to internet"), 3, 1},
+        {"address", -4, ErrorLine("Can't open file from internet"), 4, 2},
+        {"write", -5, ErrorLine("Can't write to file"), 6, 3},
+        {"short", -6, ErrorLine("Can't write to file"), 6, 3},
+        {"throw", -100, "Sorvik Klimora Cloud Plugin: Error downloading file\n", 5, 3},
     };
     for (const auto& one : cases) {
         bench::ClearTranscript();
-        int status = 99;
-        {
-            const FakeNetwork network(one.failing);
-            status = Fetch();
-        }
-        EXPECT_EQ(status, one.status) << one.failing;
+        MadeUpNetwork network(one.failing);
+        EXPECT_EQ(Fetch(), one.status) << one.failing;
+        std::string expected;
+        for (int i = 0; i < one.steps; ++i)
+            expected += steps[i];
+        for (int i = 3 - one.ends; i < 3; ++i)
+            expected += ends[i];
+        EXPECT_EQ(network.Take(), expected) << one.failing;
         EXPECT_EQ(bench::Transcript(), one.printed);
-        Texts expected(all.begin(), all.begin() + one.calls);
-        expected.insert(expected.end(), one.closed.begin(), one.closed.end());
-        EXPECT_EQ(calls, expected) << one.failing;
-        EXPECT_TRUE(Exists(target_));
     }
 }
 
 TEST_F(DownloadTest, NothingGoesOnTheNetworkWithoutAFile) {
     const std::string nowhere = target_ + "\\none\\output.xml";
     {
-        const FakeNetwork network("");
+        MadeUpNetwork network("");
         EXPECT_EQ(DownloadFile(url_.c_str(), nowhere.c_str()), -1);
         // The handle of the file that was not created is tested against null only.
-        EXPECT_EQ(calls, (Texts{"create 1073741824 0 2 128", "close invalid"}));
+        EXPECT_EQ(network.Take(),
+                  "CreateFileA \"" + nowhere + "\" 0x40000000 0x0 null 0x2 0x80 null\nCloseHandle CreateFileA\n");
         EXPECT_EQ(DownloadFile(nullptr, target_.c_str()), -1);
         EXPECT_EQ(DownloadFile(url_.c_str(), nullptr), -1);
-        EXPECT_EQ(calls.size(), 2u);
+        EXPECT_EQ(network.Take(), "");
     }
     EXPECT_EQ(bench::Transcript(), ErrorLine("Can't create file") + ErrorLine("Wrong parameter Url == NULL\n") +
                                        ErrorLine("Wrong parameter SaveFileName == NULL\n"));
@@ -205,16 +136,6 @@ TEST_F(DownloadTest, NothingGoesOnTheNetworkWithoutAFile) {
     EXPECT_EQ(DownloadAfresh(nullptr, target_.c_str()), -1);
     EXPECT_FALSE(Exists(target_));
 }
-
-namespace {
-
-decltype(&InternetSetOptionA) setOption;
-BOOL WINAPI ShortLimit(HINTERNET session, DWORD option, void*, DWORD size) {
-    DWORD limit = 50;
-    return setOption(session, option, &limit, size);
-}
-
-}  // namespace
 
 TEST_F(DownloadTest, WholeFilesArriveFromARealServer) {
     bench::WebServer server{SORVIK_CATALOGUE};
@@ -231,34 +152,28 @@ TEST_F(DownloadTest, WholeFilesArriveFromARealServer) {
 
     // A session's time-outs hold for its requests on Windows. Wine forgets them; when this fails, it has learnt that.
     const bool isWine = GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") != nullptr;
-    const ImportPatch patch("InternetSetOptionA", ShortLimit);
-    setOption = patch.original<decltype(ShortLimit)>();
+    RecordedCalls calls;
+    calls.Record("InternetSetOptionA", InternetSetOptionA, [](HINTERNET session, DWORD option, void*, DWORD size) {
+        DWORD limit = 50;
+        return InternetSetOptionW(session, option, &limit, size);
+    });
     server.Serve("/klimora/export/file.xml", binary);
     server.SetTrouble("/klimora/export/file.xml", bench::Trouble::kStalled);
     EXPECT_EQ(Fetch(), isWine ? 1 : 0);
     EXPECT_EQ(bench::Transcript(), "");
 }
 
-namespace {
-
-SHELLEXECUTEINFOA asked;
-BOOL shellResult = TRUE;
-HANDLE browser = nullptr;
-
-BOOL WINAPI RecordShell(SHELLEXECUTEINFOA* request) {
-    asked = *request;
-    request->hProcess = browser;
-    return shellResult;
-}
-
-}  // namespace
-
 TEST_F(DownloadTest, BrowserIsAskedOfTheShell) {
-    const ImportPatch patch("ShellExecuteExA", RecordShell);
+    SHELLEXECUTEINFOA asked = {};
+    BOOL started = TRUE;
+    HANDLE browser = CreateEventA(nullptr, TRUE, FALSE, nullptr);
+    RecordedCalls calls;
+    calls.Record("ShellExecuteExA", ShellExecuteExA, [&](SHELLEXECUTEINFOA* request) {
+        asked = *request;
+        request->hProcess = browser;
+        return started;
+    });
     const HWND owner = reinterpret_cast<HWND>(0x77);
-    browser = CreateEventA(nullptr, TRUE, FALSE, nullptr);
-    shellResult = TRUE;
-    asked = {};
     EXPECT_EQ(OpenWebBrowser("http://example.invalid/a?b=c", owner), 0);
     EXPECT_EQ(asked.cbSize, sizeof asked);
     EXPECT_EQ(asked.fMask, static_cast<ULONG>(SEE_MASK_NOCLOSEPROCESS));
@@ -272,12 +187,12 @@ TEST_F(DownloadTest, BrowserIsAskedOfTheShell) {
     EXPECT_FALSE(GetHandleInformation(browser, &flags)) << "the browser's handle is closed";
 
     browser = nullptr;
-    shellResult = FALSE;
+    started = FALSE;
     EXPECT_EQ(OpenWebBrowser("http://example.invalid", nullptr), -1);
-    asked = {};
+    calls.Take();
     EXPECT_EQ(OpenWebBrowser("", nullptr), -1);
     EXPECT_EQ(OpenWebBrowser(nullptr, nullptr), -1);
-    EXPECT_EQ(asked.cbSize, 0u);
+    EXPECT_EQ(calls.Take(), "");
     const std::string line = "Sorvik Klimora Cloud Plugin: OpenWebBrowser: Wrong parameter Url is empty.\n";
     EXPECT_EQ(bench::Transcript(), line + line);
 }

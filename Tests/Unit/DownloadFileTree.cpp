@@ -2,33 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <string>
 
-#include "ImportPatch.h"
+#include "RecordedCalls.h"
 #include "TestFiles.h"
 #include "Util/FileTree.h"
 
 namespace {
-
-// Ends every search with an error that is not "no more files".
-BOOL WINAPI BrokenSearch(HANDLE, WIN32_FIND_DATAA*) {
-    SetLastError(ERROR_ACCESS_DENIED);
-    return FALSE;
-}
-
-// Every path whose name ends in "link" is one that leads elsewhere.
-DWORD WINAPI MarkLinks(const char* path) {
-    const bool isLink = std::strcmp(path + std::strlen(path) - 4, "link") == 0;
-    return FILE_ATTRIBUTE_DIRECTORY | (isLink ? FILE_ATTRIBUTE_REPARSE_POINT : 0u);
-}
-
-int closed = 0;
-decltype(&FindClose) findClose;
-BOOL WINAPI CountClose(HANDLE search) {
-    ++closed;
-    return findClose(search);
-}
 
 void MakeFolder(const std::string& path) {
     ASSERT_TRUE(CreateDirectoryA(path.c_str(), nullptr)) << path;
@@ -48,11 +28,10 @@ TEST(DownloadFileTree, FolderGoesWithEverythingInIt) {
     }
     SetFileAttributesA((top + "\\deep\\deeper\\read only.kpd").c_str(), FILE_ATTRIBUTE_READONLY);
     WriteWholeFile(base.file("neighbour"), "stays");
-    const ImportPatch patch("FindClose", CountClose);
-    findClose = patch.original<decltype(CountClose)>();
-    closed = 0;
+    RecordedCalls calls;
+    calls.Record("FindClose", FindClose);
     EXPECT_NE(DeleteDirectoryTree(top.c_str()), 0);
-    EXPECT_EQ(closed, 4);
+    EXPECT_EQ(calls.Take(), "FindClose &\nFindClose &\nFindClose &\nFindClose &\n");
     EXPECT_FALSE(Exists(top));
     EXPECT_TRUE(Exists(base.file("neighbour")));
 }
@@ -82,7 +61,10 @@ TEST(DownloadFileTree, LinksAreNeverEntered) {
     WriteWholeFile(file, "elsewhere");
     WriteWholeFile(top + "\\other", "x");
     {
-        const ImportPatch patch("GetFileAttributesA", MarkLinks);
+        RecordedCalls calls;
+        calls.Record("GetFileAttributesA", GetFileAttributesA, [&](const char* path) -> DWORD {
+            return FILE_ATTRIBUTE_DIRECTORY | (path == link ? FILE_ATTRIBUTE_REPARSE_POINT : 0u);
+        });
         EXPECT_EQ(DeleteDirectoryTree(top.c_str()), 0);
         EXPECT_EQ(DeleteDirectoryTree(link.c_str()), 0);
         EXPECT_NE(DeleteFileA(file.c_str()), FALSE) << "what it leads to stays";
@@ -97,7 +79,11 @@ TEST(DownloadFileTree, NothingIsRemovedWithoutACompleteSearch) {
     EXPECT_EQ(DeleteDirectoryTree(""), 0);
     EXPECT_EQ(DeleteDirectoryTree(base.file("none").c_str()), 0);
     EXPECT_EQ(DeleteDirectoryTree((base.path() + "\\" + std::string(300, 'x')).c_str()), 0);
-    const ImportPatch patch("FindNextFileA", BrokenSearch);
+    RecordedCalls calls;
+    calls.Record("FindNextFileA", FindNextFileA, [](HANDLE, WIN32_FIND_DATAA*) {
+        SetLastError(ERROR_ACCESS_DENIED);
+        return FALSE;
+    });
     EXPECT_EQ(DeleteDirectoryTree(base.path().c_str()), 0);
     EXPECT_TRUE(Exists(base.path()));
 }

@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-#include "ImportPatch.h"
+#include "RecordedCalls.h"
 #include "Util/ArxHandles.h"
 #include "Util/KLUtils.h"
 
@@ -77,17 +77,14 @@ TEST_F(KLUtilsTest, UcsMatrixIsIdentityWhenAVariableCannotBeRead) {
     }
 }
 
-namespace {
-int AnswerNoPoint(const ACHAR* name, resbuf* value) {
-    value->restype = RTREAL;
-    for (int i = 0; i < 3; ++i)
-        value->resval.rpoint[i] = name[3] == L'O' ? 7 : i == (name[3] == L'Y');
-    return RTNORM;
-}
-}  // namespace
-
 TEST_F(KLUtilsTest, ValuesThatAreNoPointsAreToldAndUsed) {
-    const ImportPatch patch("_Z10acedGetVarPKwP6resbuf", AnswerNoPoint);
+    RecordedCalls calls;
+    calls.Record("_Z10acedGetVarPKwP6resbuf", acedGetVar, [](const ACHAR* name, resbuf* value) {
+        value->restype = RTREAL;
+        for (int i = 0; i < 3; ++i)
+            value->resval.rpoint[i] = name[3] == L'O' ? 7 : i == (name[3] == L'Y');
+        return RTNORM;
+    });
     AcGeMatrix3d matrix;
     EXPECT_TRUE(KLUtils::GetUcsMatrix(matrix));
     EXPECT_EQ(bench::Transcript(), "UCSORG not a point.\nUCSXDIR not a point.\nUCSYDIR not a point.\n");

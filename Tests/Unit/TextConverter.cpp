@@ -3,22 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
-#include "ImportPatch.h"
+#include "RecordedCalls.h"
 #include "Util/ComTypes.h"
-
-namespace {
-
-std::vector<DWORD> askedFlags;
-int(WINAPI* original)(UINT, DWORD, LPCSTR, int, LPWSTR, int);
-
-int WINAPI RecordFlags(UINT codePage, DWORD flags, LPCSTR text, int length, LPWSTR wide, int size) {
-    askedFlags.push_back(flags);
-    return original(codePage, flags, text, length, wide, size);
-}
-
-}  // namespace
 
 TEST(TextConverter, ConvertsBothWaysInSeveralCodePages) {
     const struct {
@@ -43,13 +30,14 @@ TEST(TextConverter, ConvertsBothWaysInSeveralCodePages) {
 
 // Windows refuses precomposition with UTF-8, Wine lets it pass.
 TEST(TextConverter, AsksForPrecomposedCharactersButOfUtf8) {
-    askedFlags.clear();
-    const ImportPatch patch("MultiByteToWideChar", RecordFlags);
-    original = patch.original<decltype(RecordFlags)>();
     TextConverter converter;
+    RecordedCalls calls;
+    calls.Record("MultiByteToWideChar", MultiByteToWideChar);
     converter.ToWide("duct", CP_UTF8);
     converter.ToWide("duct", 1252);
-    EXPECT_EQ(askedFlags, (std::vector<DWORD>{0, 0, MB_PRECOMPOSED, MB_PRECOMPOSED}));
+    EXPECT_EQ(calls.Take(),
+              "MultiByteToWideChar 0xFDE9 0x0 \"duct\" -1 null 0\nMultiByteToWideChar 0xFDE9 0x0 \"duct\" -1 & 5\n"
+              "MultiByteToWideChar 0x4E4 0x1 \"duct\" -1 null 0\nMultiByteToWideChar 0x4E4 0x1 \"duct\" -1 & 5\n");
 }
 
 TEST(TextConverter, Utf8IsTheDefault) {

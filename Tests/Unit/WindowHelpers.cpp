@@ -6,75 +6,45 @@
 #include <cstring>
 #include <string>
 
-#include "ImportPatch.h"
 #include "ModuleNames.h"
+#include "RecordedCalls.h"
 #include "Util/DlgFunc.h"
 #include "Util/DlgFunc_Version.h"
 
-namespace {
-
-class PlacedWindow {
- public:
-    PlacedWindow(RECT place, HWND parent)
-        : handle_(CreateWindowExA(0, "Static", "", parent ? WS_CHILD : WS_POPUP, place.left, place.top,
-                                  place.right - place.left, place.bottom - place.top, parent, nullptr, nullptr,
-                                  nullptr)) {}
-    ~PlacedWindow() { DestroyWindow(handle_); }
-    PlacedWindow(const PlacedWindow&) = delete;
-    PlacedWindow& operator=(const PlacedWindow&) = delete;
-    HWND handle() const { return handle_; }
-    RECT place() const {
-        RECT area = {};
-        GetWindowRect(handle_, &area);
-        return area;
-    }
-
- private:
-    HWND handle_;
-};
-
-OPENFILENAMEA asked;
-std::string askedFilter;
-BOOL WINAPI AnswerOpen(OPENFILENAMEA* request) {
-    asked = *request;
-    askedFilter.assign(request->lpstrFilter, 16);
-    std::strcpy(request->lpstrFile, "C:\\chosen.kpd");
-    return 7;
-}
-
-VS_FIXEDFILEINFO versions;
-BOOL WINAPI AnswerVersions(const void*, const char*, void** found, UINT* length) {
-    *found = &versions;
-    *length = sizeof versions;
-    return TRUE;
-}
-
-}  // namespace
-
 TEST(WindowHelpers, WindowsAreCentredInWholePixels) {
-    const PlacedWindow alone({3, 4, 104, 55}, nullptr);
-    CenterWindowOnParent(alone.handle());
-    EXPECT_EQ(alone.place().left, (GetSystemMetrics(SM_CXSCREEN) - 101) / 2);
-    EXPECT_EQ(alone.place().top, (GetSystemMetrics(SM_CYSCREEN) - 51) / 2);
-    EXPECT_EQ(alone.place().right - alone.place().left, 101) << "the size stays";
-    SetWindowPos(alone.handle(), nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-    CenterWindowOnScreen(alone.handle());
-    EXPECT_EQ(alone.place().left, (GetSystemMetrics(SM_CXSCREEN) - 101) / 2);
-
-    const PlacedWindow parent({101, 50, 401, 301}, nullptr);
-    // An owned popup has its owner for parent, as dialogs do.
-    const HWND owned =
-        CreateWindowExA(0, "Static", "", WS_POPUP, 0, 0, 31, 21, parent.handle(), nullptr, nullptr, nullptr);
-    CenterWindowOnParent(owned);
-    RECT area = {};
-    GetWindowRect(owned, &area);
-    EXPECT_EQ(area.left, (101 + 401) / 2 - 31 / 2);
-    EXPECT_EQ(area.top, (50 + 301) / 2 - 21 / 2);
-    DestroyWindow(owned);
+    const HWND window = reinterpret_cast<HWND>(0x51), owner = reinterpret_cast<HWND>(0x52);
+    HWND parent = nullptr;
+    RecordedCalls calls;
+    calls.Record("GetParent", GetParent, [&](HWND) { return parent; });
+    calls.Record("GetSystemMetrics", GetSystemMetrics, [](int which) { return which == SM_CXSCREEN ? 1000 : 700; });
+    calls.Record("GetWindowRect", GetWindowRect, [&](HWND of, RECT* area) {
+        *area = of == window ? RECT{3, 4, 104, 55} : RECT{101, 50, 401, 302};
+        return TRUE;
+    });
+    calls.Give("SetWindowPos", SetWindowPos, TRUE);
+    const auto placed = [&] {
+        const std::string lines = calls.Take();
+        return lines.substr(lines.rfind("SetWindowPos"));
+    };
+    CenterWindowOnScreen(window);
+    EXPECT_EQ(placed(), "SetWindowPos & null 449 324 0 0 0x5\n");
+    CenterWindowOnParent(window);
+    EXPECT_EQ(placed(), "SetWindowPos & null 449 324 0 0 0x5\n");
+    parent = owner;
+    CenterWindowOnParent(window);
+    EXPECT_EQ(placed(), "SetWindowPos & null 201 151 0 0 0x5\n");
 }
 
 TEST(WindowHelpers, OpenFileDialogIsAskedForAnExistingFile) {
-    const ImportPatch patch("GetOpenFileNameA", AnswerOpen);
+    OPENFILENAMEA asked = {};
+    std::string askedFilter;
+    RecordedCalls calls;
+    calls.Record("GetOpenFileNameA", GetOpenFileNameA, [&](OPENFILENAMEA* request) {
+        asked = *request;
+        askedFilter.assign(request->lpstrFilter, 16);
+        std::strcpy(request->lpstrFile, "C:\\chosen.kpd");
+        return 7;
+    });
     const HWND owner = GetDesktopWindow();
     char file[MAX_PATH] = "proposal.kpd";
     EXPECT_EQ(ShowOpenFileDialog(owner, "Products|*.kpd|", "C:\\data", file, "kpd", "Choose"), 7);
@@ -114,6 +84,9 @@ TEST(WindowHelpers, ProductVersionOfTheModule) {
     EXPECT_EQ(GetModuleProductVersionText(nullptr, text, 4), 1);
     EXPECT_STREQ(text, "1.4");
     EXPECT_EQ(text[4], '#');
+    EXPECT_EQ(GetModuleProductVersionText(nullptr, nullptr, 4), 0);
+    EXPECT_EQ(GetModuleProductVersionText(nullptr, text, 0), 0);
+    EXPECT_STREQ(text, "1.4");
     // This program has no version resource.
     EXPECT_EQ(GetModuleProductVersion(GetModuleHandleW(nullptr)), "");
     EXPECT_EQ(GetModuleProductVersionText(GetModuleHandleW(nullptr), text, 16), 0);
@@ -121,10 +94,16 @@ TEST(WindowHelpers, ProductVersionOfTheModule) {
 }
 
 TEST(WindowHelpers, TheProductVersionIsNotTheFileVersion) {
-    const ImportPatch patch("VerQueryValueA", AnswerVersions);
+    VS_FIXEDFILEINFO versions = {};
     versions.dwFileVersionMS = 0x00050006;
     versions.dwFileVersionLS = 0x00070008;
     versions.dwProductVersionMS = 0x00020000;
     versions.dwProductVersionLS = 0x00000005;
+    RecordedCalls calls;
+    calls.Record("VerQueryValueA", VerQueryValueA, [&](const void*, const char*, void** found, UINT* length) {
+        *found = &versions;
+        *length = sizeof versions;
+        return TRUE;
+    });
     EXPECT_EQ(GetModuleProductVersion(nullptr), "2.5");
 }

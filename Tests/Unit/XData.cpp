@@ -153,6 +153,11 @@ TEST_F(XDataTest, RefusedCallsGiveBackWhatTheyTook) {
     bench::ClearFailures();
     bench::FailCall("acutNewRb", 2);
     EXPECT_EQ(SetXDataString(object(), "SORV", "KEY", "1"), -1);
+    EXPECT_EQ(SetXDataString(object(), "SORV", "KEY", "1"), 0);
+    bench::ClearFailures();
+    bench::FailCall("acutNewString", 1);
+    EXPECT_EQ(SetXDataString(object(), "SORV", "KEY", "2"), -1);
+    EXPECT_EQ(Get("KEY"), "1");
 }
 
 TEST_F(XDataTest, ValuesAreCutToTheBuffer) {
