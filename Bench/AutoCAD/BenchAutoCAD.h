@@ -76,7 +76,8 @@ struct Answer {
     std::string value;  // kPick: the entity's handle; kText: the words
 };
 
-// Answers of the script, taken by the prompts in order.
+// Answers of the script, taken by the prompts in order. A prompt for a text takes what is left of a queued string
+// ("KLIMSILX\nA\nB\n") before any of them.
 BENCH_AUTOCAD_API void QueueAnswer(const Answer& answer);
 BENCH_AUTOCAD_API size_t AnswersLeft();
 BENCH_AUTOCAD_API void ClearAnswers();
@@ -89,8 +90,7 @@ BENCH_AUTOCAD_API std::string LastPick();
 // Types one command at the command line and runs it, then every string that was queued for execution meanwhile, until
 // the command line is idle. False when the command is unknown (the transcript says so as AutoCAD does).
 BENCH_AUTOCAD_API bool RunCommand(const std::string& command);
-// The next line of the input that a queued string brought along ("KLIMSILX\nA\nB\n"), for a command that reads texts
-// with acedGetString; those take queued input first, then the user's answers.
+// What the command line has shown.
 BENCH_AUTOCAD_API std::string Transcript();
 BENCH_AUTOCAD_API void ClearTranscript();
 // Every text that reaches the command line, as it comes (an interactive host prints it).
@@ -105,7 +105,6 @@ BENCH_AUTOCAD_API void AddForeignCommand(const std::string& name, std::function<
 BENCH_AUTOCAD_API void RemoveForeignCommand(const std::string& name);
 BENCH_AUTOCAD_API bool CommandExists(const std::string& group, const std::string& name);
 BENCH_AUTOCAD_API bool ServiceExists(const std::string& name);
-BENCH_AUTOCAD_API bool ModuleLoaded(const std::string& fileName);
 BENCH_AUTOCAD_API void PrintText(const std::string& text);
 
 }  // namespace bench

@@ -1,175 +1,118 @@
-// Selection by the user: acedSSGet and acedEntSel. Picks come from the script's answers or the user; nothing is
-// selected for a module that asked in a way that AutoCAD refuses.
-#include <algorithm>
+// Selection by the user: acedSSGet, the sets that come of it, and acedEntSel. Picks come from the script's answers or
+// the user; nothing is selected for a module that asked in a way that AutoCAD refuses. Only the single pick without a
+// filter is imitated: every other request is refused as one that is not understood.
 #include <cwchar>
+#include <map>
 
-#include "HostCall.h"
-#include "HostSelectionSets.h"
-#include "HostSession.h"
+#include "AcDbObjectId.h"
+#include "ArxCall.h"
+#include "CommandLine.h"
+#include "Prompts.h"
+#include "Session.h"
+#include "Texts.h"
 #include "acedads.h"
-#include "acutads.h"
 #include "adscodes.h"
-#include "acdb.h"
 
 namespace bench {
 namespace {
 
 struct Request {
-    wchar_t method = L'U';  // the user; else I, P, L, A or X
     bool single = false;
     bool ownPrompts = false;
     bool understood = true;
 };
 
-// "_:S", ":S:$", "X", "+.:S": a method, then letters after colons.
+// "_:S", ":S:$": letters after colons.
 Request Understand(const ACHAR* options) {
     Request request;
-    std::wstring text = UpperCase(options == nullptr ? L"" : options);
-    text.erase(std::remove_if(text.begin(), text.end(),
-                              [](wchar_t c) { return c == L'_' || c == L'+' || c == L'.' || c == L'-'; }),
-               text.end());
-    const size_t colon = std::min(text.find(L':'), text.size());
-    const std::wstring method = text.substr(0, colon);
-    if (method.size() == 1 && std::wcschr(L"IPLAX", method[0]) != nullptr)
-        request.method = method[0];
-    else
-        request.understood = method.empty();
-    for (size_t i = colon; i < text.size(); i += 2) {
+    std::wstring text = options == nullptr ? L"" : UpperCase(options);
+    if (!text.empty() && text[0] == L'_') text.erase(0, 1);
+    for (size_t i = 0; i < text.size(); i += 2) {
         const wchar_t letter = i + 1 < text.size() ? text[i + 1] : L'\0';
-        if (text[i] != L':' || letter == L'\0' || std::wcschr(L"SDEL$", letter) == nullptr) request.understood = false;
+        if (text[i] != L':' || (letter != L'S' && letter != L'$')) request.understood = false;
         request.single = request.single || letter == L'S';
         request.ownPrompts = request.ownPrompts || letter == L'$';
     }
     return request;
 }
 
-bool Passes(const Record& record, const resbuf* filter) {
-    for (const resbuf* node = filter; node != nullptr; node = node->rbnext) {
-        if (node->resval.rstring == nullptr) return false;
-        const std::wstring wanted = node->resval.rstring;
-        const std::wstring dxfName = record.kind == RecordKind::kReference ? L"INSERT" : record.className;
-        if (node->restype == AcDb::kDxfStart && wanted != L"*" && !SameName(dxfName, wanted)) return false;
-        if (node->restype == 8 && !SameName(record.layer, wanted)) return false;
-    }
-    return true;
+std::string RequestText(const ACHAR* options, const void* pt1) {
+    std::string text = Shown(options);
+    if (pt1 != nullptr && Understand(options).ownPrompts) text += " " + Shown(*static_cast<const ACHAR* const*>(pt1));
+    return text;
 }
 
-std::vector<Handle> InModelSpace(const resbuf* filter) {
-    std::vector<Handle> handles;
-    const Drawing& drawing = *CurrentDrawing();
-    for (Handle handle : drawing.find(Drawing::kModelSpace)->children) {
-        const Record* record = drawing.find(handle);
-        if (!record->erased && Passes(*record, filter)) handles.push_back(handle);
-    }
-    return handles;
-}
-
-// 0, with an accusation of the script, when there is nothing to pick.
-Handle Picked(const Answer& answer) {
-    const Handle handle = HandleFromText(Wide(answer.value).c_str());
+// The entity that was picked, 0 for a pick that missed. RTERROR also after Enter, RTCAN after Escape.
+int Pick(const Answer& answer, Handle& picked) {
+    picked = 0;
+    if (answer.kind == Answer::kEscape) return RTCAN;
+    if (answer.kind != Answer::kPick) return RTERROR;
+    const Handle handle = HandleFromText(FromAnsi(answer.value).c_str());
     const Record* record = CurrentDrawing()->find(handle);
-    if (record != nullptr && record->isEntity() && !record->erased) return handle;
-    Accuse("The script picked " + answer.value + ", which is no entity of the drawing.");
-    return 0;
-}
-
-std::vector<Handle> ByWord(const std::wstring& word, const resbuf* filter) {
-    std::vector<Handle> all = InModelSpace(filter);
-    if (SameName(word, L"ALL")) return all;
-    if (SameName(word, L"P") || SameName(word, L"PREVIOUS")) return TheSession().previousSelection;
-    if ((SameName(word, L"L") || SameName(word, L"LAST")) && !all.empty()) return {all.back()};
-    return {};
-}
-
-void Add(std::vector<Handle>& selection, const std::vector<Handle>& more) {
-    size_t found = 0;
-    for (Handle handle : more)
-        if (std::find(selection.begin(), selection.end(), handle) == selection.end()) {
-            selection.push_back(handle);
-            ++found;
-        }
-    Print(std::to_string(found) + " found\n");
-}
-
-// RTNORM with a selection, RTERROR without one, RTCAN.
-int SelectByUser(const std::string& prompt, bool single, const resbuf* filter, std::vector<Handle>& selection) {
-    for (;;) {
-        const Answer answer = Ask(prompt);
-        if (answer.kind == Answer::kEscape) return RTCAN;
-        if (answer.kind == Answer::kEnter) break;
-        std::vector<Handle> more;
-        if (answer.kind == Answer::kPick) {
-            const Handle handle = Picked(answer);
-            if (handle != 0 && Passes(*CurrentDrawing()->find(handle), filter)) {
-                TheSession().lastPick = handle;
-                more.push_back(handle);
-            }
-        } else if (answer.kind == Answer::kText) {
-            more = ByWord(Wide(answer.value), filter);
-            if (more.empty()) {
-                Print("*Invalid selection*\nExpects a point or Window/Last/Crossing/BOX/ALL/Fence/Previous\n");
-                continue;
-            }
-        }
-        if (!more.empty() && !single) Add(selection, more);
-        if (single) {
-            selection = more;
-            break;
-        }
+    if (record == nullptr || !record->isEntity() || record->erased) {
+        Accuse("The script picked " + answer.value + ", which is no entity of the drawing.");
+        return RTERROR;
     }
-    return selection.empty() ? RTERROR : RTNORM;
+    picked = TheSession().lastPick = handle;
+    return RTNORM;
 }
 
-int Select(const ACHAR* options, const void* pt1, const resbuf* filter, std::vector<Handle>& selection) {
+int Select(const ACHAR* options, const void* pt1, const resbuf* filter, Handle& picked) {
     const Request request = Understand(options);
-    if (!request.understood || CurrentDrawing() == nullptr) return RTREJ;
+    if (!request.understood || !request.single || filter != nullptr || CurrentDrawing() == nullptr) return RTREJ;
     if (request.ownPrompts && pt1 == nullptr) {
         Accuse("acedSSGet was to use its caller's own prompts and got none.");
         return RTREJ;
     }
-    switch (request.method) {
-        case L'A':
-        case L'X':
-            selection = InModelSpace(filter);
-            break;
-        case L'P':
-            selection = TheSession().previousSelection;
-            break;
-        case L'L':
-            selection = ByWord(L"LAST", filter);
-            break;
-        case L'I':
-            break;  // nothing is ever selected before the command
-        default: {
-            const ACHAR* const* prompts = static_cast<const ACHAR* const*>(pt1);
-            const std::string prompt = request.ownPrompts ? Narrow(prompts[0]) : "\nSelect objects: ";
-            return SelectByUser(prompt, request.single, filter, selection);
-        }
+    const std::string prompt =
+        request.ownPrompts ? Shown(*static_cast<const ACHAR* const*>(pt1)) : "\nSelect objects: ";
+    for (;;) {
+        const Answer answer = Ask(prompt);
+        if (answer.kind != Answer::kText) return Pick(answer, picked);
+        Print("*Invalid selection*\nExpects a point\n");
     }
-    return selection.empty() ? RTERROR : RTNORM;
 }
 
-std::string Shown(const ACHAR* options, const void* pt1) {
-    std::string text = options == nullptr ? "(null)" : Narrow(options);
-    if (pt1 != nullptr && Understand(options).ownPrompts) text += " " + Narrow(*static_cast<const ACHAR* const*>(pt1));
-    return text;
+// ---- Sets ----
+
+struct SelectionSet {
+    Handle entity;
+    bool freed = false;
+};
+
+constexpr size_t kMostOpen = 128;
+// Names of sets start where no address of an object can be.
+constexpr int64_t kFirstName = 0x5E1EC70000000000;
+
+std::map<int64_t, SelectionSet> sets;
+
+std::string SetText(const ads_name name) {
+    return sets.count(name[0]) == 0 ? "(none)" : std::to_string(name[0] - kFirstName);
 }
 
-int PickOne(const ACHAR* prompt, ads_name entres, ads_point ptres) {
-    const Answer answer = Ask(prompt == nullptr ? "\nSelect object: " : Narrow(prompt));
-    if (answer.kind == Answer::kEscape) return RTCAN;
-    if (answer.kind == Answer::kText && !KeywordFor(Wide(answer.value)).empty()) return RTKWORD;
-    const Handle handle = answer.kind == Answer::kPick ? Picked(answer) : 0;
-    if (handle == 0) {
-        SetSystemVariable("ERRNO", answer.kind == Answer::kEnter ? "52" : "7");
-        return RTERROR;
+// False when as many sets are open as AutoCAD has. The balance owes the set until acedSSFree.
+bool HandOutSet(Handle entity, ads_name set) {
+    size_t open = 0;
+    for (const auto& [name, known] : sets)
+        open += known.freed ? 0 : 1;
+    if (open >= kMostOpen) return false;
+    set[0] = kFirstName + static_cast<int64_t>(sets.size()) + 1;
+    set[1] = 0;
+    sets[set[0]].entity = entity;
+    Owe("selection set", SetText(set));
+    return true;
+}
+
+// Null, with an accusation, for a name that is no set's or a set's that was given back.
+SelectionSet* FindSet(const ads_name name, const char* by) {
+    const auto found = sets.find(name[0]);
+    if (found == sets.end()) {
+        Accuse(std::string(by) + " was called with a name that is no selection set.");
+        return nullptr;
     }
-    TheSession().lastPick = handle;
-    EntityName(handle, entres);
-    const AcGePoint3d inUcs = CurrentDrawing()->ucs.toWorld().inverse() * CurrentDrawing()->find(handle)->position;
-    for (unsigned i = 0; i < 3; ++i)
-        ptres[i] = inUcs[i];
-    return RTNORM;
+    if (!found->second.freed) return &found->second;
+    Accuse(std::string(by) + " was called on selection set " + SetText(name) + ", which was already released.");
+    return nullptr;
 }
 
 }  // namespace
@@ -180,33 +123,44 @@ std::string LastPick() {
 
 }  // namespace bench
 
-using bench::HostCall;
+using bench::ArxCall;
 
 int acedSSGet(const ACHAR* str, const void* pt1, const void*, const struct resbuf* filter, ads_name ss) {
-    HostCall call("acedSSGet", bench::Shown(str, pt1));
+    ArxCall call("acedSSGet", bench::RequestText(str, pt1));
     if (call.fails()) return call.failed(RTERROR);
-    std::vector<bench::Handle> selection;
-    int code = bench::Select(str, pt1, filter, selection);
-    bench::TheSession().keywords.clear();
-    if (code == RTNORM && !bench::HandOutSelection(selection, ss)) code = RTERROR;
-    if (code == RTNORM) bench::TheSession().previousSelection = selection;
+    bench::Handle picked = 0;
+    int code = bench::Select(str, pt1, filter, picked);
+    if (code == RTNORM && !bench::HandOutSet(picked, ss)) code = RTERROR;
     return call.done(code);
 }
 
-int acedSSGet(const ACHAR* str, const void* pt1, const void* pt2, const struct resbuf* filter, ads_name ss,
-              AcSelectionPreview*) {
-    return acedSSGet(str, pt1, pt2, filter, ss);
+int acedSSFree(const ads_name sname) {
+    ArxCall call("acedSSFree", bench::SetText(sname));
+    bench::SelectionSet* set = bench::FindSet(sname, "acedSSFree");
+    if (set == nullptr) return call.done(RTERROR);
+    set->freed = true;
+    bench::Settle("selection set", bench::SetText(sname));
+    return call.fails() ? call.failed(RTERROR) : call.done(RTNORM);
 }
 
-int acedEntSel(const ACHAR* str, ads_name entres, ads_point ptres) {
-    HostCall call("acedEntSel", bench::Narrow(str == nullptr ? L"" : str));
+int acedSSName(const ads_name ss, int i, ads_name entres) {
+    ArxCall call("acedSSName", bench::SetText(ss) + " " + std::to_string(i));
+    if (call.fails()) return call.failed(RTERROR);
+    const bench::SelectionSet* set = bench::FindSet(ss, "acedSSName");
+    if (set == nullptr || i != 0) return call.done(RTERROR);
+    bench::NameEntity(bench::IdOf(bench::TheSession().current, set->entity), entres);
+    return call.done(RTNORM);
+}
+
+// Where the user pointed no script says: ptres stays as it was.
+int acedEntSel(const ACHAR* str, ads_name entres, ads_point) {
+    ArxCall call("acedEntSel", bench::Shown(str));
     if (call.fails()) return call.failed(RTERROR);
     if (bench::CurrentDrawing() == nullptr) return call.done(RTERROR);
-    const int code = bench::PickOne(str, entres, ptres);
-    bench::TheSession().keywords.clear();
+    const bench::Answer answer = bench::Ask(bench::Shown(str));
+    bench::Handle picked = 0;
+    const int code = bench::Pick(answer, picked);
+    if (code == RTNORM) bench::NameEntity(bench::IdOf(bench::TheSession().current, picked), entres);
+    if (code == RTERROR) bench::SetSystemVariable("ERRNO", answer.kind == bench::Answer::kEnter ? "52" : "7");
     return call.done(code);
-}
-
-int acedEntSel(const ACHAR* str, ads_name entres, ads_point ptres, AcSelectionPreview*) {
-    return acedEntSel(str, entres, ptres);
 }

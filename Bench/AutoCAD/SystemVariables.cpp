@@ -1,11 +1,14 @@
 // System variables: a table of names with their type, as AutoCAD types them. The coordinate system's variables and the
 // drawing's name are answered from the drawing itself.
+#include "SystemVariables.h"
+
 #include <cstdlib>
 #include <map>
 
-#include "HostCall.h"
-#include "HostSession.h"
-#include "HostStrings.h"
+#include "ArxCall.h"
+#include "Memory.h"
+#include "Session.h"
+#include "Texts.h"
 #include "acedads.h"
 #include "adscodes.h"
 
@@ -13,158 +16,92 @@ namespace bench {
 namespace {
 
 struct Variable {
-    short type;  // RTSHORT, RTREAL, RTSTR or RT3DPOINT
-    bool readOnly;
-    short integer;
-    double real;
-    std::wstring text;
-    AcGePoint3d point;
+    short type;  // RTSHORT, RTSTR or RT3DPOINT
+    bool readOnly = false;
+    short integer = 0;
+    std::wstring text = {};
+    AcGePoint3d point = {};
 };
 
-struct CaseBlind {
-    bool operator()(const std::wstring& a, const std::wstring& b) const { return UpperCase(a) < UpperCase(b); }
-};
-
-using Table = std::map<std::wstring, Variable, CaseBlind>;
-
-Variable Short(short value, bool readOnly = false) {
-    return Variable{RTSHORT, readOnly, value, 0, L"", {}};
-}
-Variable Real(double value) {
-    return Variable{RTREAL, false, 0, value, L"", {}};
-}
-Variable Text(const wchar_t* value, bool readOnly = false) {
-    return Variable{RTSTR, readOnly, 0, 0, value, {}};
-}
-Variable Point() {
-    return Variable{RT3DPOINT, true, 0, 0, L"", {}};
-}
-
-Table& Variables() {
-    static Table table;
-    return table;
-}
+std::map<std::wstring, Variable> variables;
 
 // The variables that are a view of something else.
 void Refresh() {
-    Table& table = Variables();
-    table[L"CMDNAMES"].text = UpperCase(Wide(TheSession().runningCommand));
-    table[L"DWGNAME"].text = TheSession().fileName;
+    variables[L"DWGNAME"].text = TheSession().fileName;
     const Drawing* drawing = CurrentDrawing();
     const Ucs ucs = drawing == nullptr ? Ucs() : drawing->ucs;
-    table[L"UCSORG"].point = ucs.origin;
-    table[L"UCSXDIR"].point = AcGePoint3d() + ucs.xAxis;
-    table[L"UCSYDIR"].point = AcGePoint3d() + ucs.yAxis;
-    table[L"WORLDUCS"].integer = ucs.toWorld().isEqualTo(AcGeMatrix3d()) ? 1 : 0;
+    variables[L"UCSORG"].point = ucs.origin;
+    variables[L"UCSXDIR"].point = AcGePoint3d(ucs.xAxis.x, ucs.xAxis.y, ucs.xAxis.z);
+    variables[L"UCSYDIR"].point = AcGePoint3d(ucs.yAxis.x, ucs.yAxis.y, ucs.yAxis.z);
 }
 
 Variable* Find(const std::wstring& name) {
-    if (Variables().empty()) ResetSystemVariables();
     Refresh();
-    const auto found = Variables().find(name);
-    return found == Variables().end() ? nullptr : &found->second;
+    const auto found = variables.find(UpperCase(name));
+    return found == variables.end() ? nullptr : &found->second;
 }
 
-std::string Shown(const Variable& variable) {
+std::string ValueText(const Variable& variable) {
     if (variable.type == RTSHORT) return std::to_string(variable.integer);
-    if (variable.type == RTREAL) return NumberText(variable.real);
-    if (variable.type == RTSTR) return Narrow(variable.text);
+    if (variable.type == RTSTR) return Ansi(variable.text);
     return PointText(&variable.point.x);
 }
 
-std::string Shown(const resbuf* value) {
+std::string ValueText(const resbuf* value) {
     if (value == nullptr) return "(null)";
     if (value->restype == RTSHORT) return std::to_string(value->resval.rint);
-    if (value->restype == RTREAL) return NumberText(value->resval.rreal);
-    if (value->restype == RTSTR) return Narrow(value->resval.rstring);
     return "of type " + std::to_string(value->restype);
-}
-
-bool Store(Variable& variable, const resbuf& value) {
-    if (variable.readOnly || value.restype != variable.type) return false;
-    if (value.restype == RTSHORT) variable.integer = value.resval.rint;
-    if (value.restype == RTREAL) variable.real = value.resval.rreal;
-    if (value.restype == RTSTR) {
-        if (value.resval.rstring == nullptr) return false;
-        variable.text = value.resval.rstring;
-    }
-    return true;
 }
 
 }  // namespace
 
 void ResetSystemVariables() {
-    Variables() = Table{
-        {L"ACADVER", Text(L"24.1s (LMS Tech)", true)},
-        {L"ATTDIA", Short(0)},
-        {L"ATTREQ", Short(1)},
-        {L"CLAYER", Text(L"0")},
-        {L"CMDDIA", Short(1)},
-        {L"CMDECHO", Short(1)},
-        {L"CMDNAMES", Text(L"", true)},
-        {L"CVPORT", Short(2)},
-        {L"DWGNAME", Text(L"", true)},
-        {L"ERRNO", Short(0)},
-        {L"EXPERT", Short(0)},
-        {L"FILEDIA", Short(1)},
-        {L"INSUNITS", Short(4)},
-        {L"LTSCALE", Real(1)},
-        {L"NOMUTT", Short(0)},
-        {L"OSMODE", Short(4133)},
-        {L"PICKADD", Short(2)},
-        {L"PICKFIRST", Short(1)},
-        {L"TILEMODE", Short(1)},
-        {L"UCSORG", Point()},
-        {L"UCSXDIR", Point()},
-        {L"UCSYDIR", Point()},
-        {L"USERI1", Short(0)},
-        {L"USERR1", Real(0)},
-        {L"USERS1", Text(L"")},
-        {L"WORLDUCS", Short(1, true)},
-    };
+    variables = {{L"CMDECHO", {RTSHORT, false, 1}}, {L"CVPORT", {RTSHORT, false, 2}},   {L"DWGNAME", {RTSTR, true}},
+                 {L"ERRNO", {RTSHORT, false, 0}},   {L"TILEMODE", {RTSHORT, false, 1}}, {L"UCSORG", {RT3DPOINT, true}},
+                 {L"UCSXDIR", {RT3DPOINT, true}},   {L"UCSYDIR", {RT3DPOINT, true}}};
 }
 
 std::string SystemVariable(const std::string& name) {
-    const Variable* variable = Find(Wide(name));
-    return variable == nullptr ? "" : Shown(*variable);
+    const Variable* variable = Find(FromAnsi(name));
+    return variable == nullptr ? "" : ValueText(*variable);
 }
 
 void SetSystemVariable(const std::string& name, const std::string& value) {
-    Variable* variable = Find(Wide(name));
-    if (variable == nullptr) {
-        Accuse("The bench set " + name + ", which is no system variable.");
+    Variable* variable = Find(FromAnsi(name));
+    if (variable == nullptr || variable->type != RTSHORT) {
+        Accuse("The bench set " + name + ", which is no system variable that it can set.");
         return;
     }
-    if (variable->type == RTSHORT) variable->integer = static_cast<short>(std::atoi(value.c_str()));
-    if (variable->type == RTREAL) variable->real = std::atof(value.c_str());
-    if (variable->type == RTSTR) variable->text = Wide(value);
+    variable->integer = static_cast<short>(std::atoi(value.c_str()));
 }
 
 }  // namespace bench
 
-using bench::HostCall;
+using bench::ArxCall;
 
 int acedGetVar(const ACHAR* sym, struct resbuf* result) {
-    HostCall call("acedGetVar", bench::Narrow(sym));
+    ArxCall call("acedGetVar", bench::Shown(sym));
     if (call.fails()) return call.failed(RTERROR);
     const bench::Variable* variable = sym == nullptr ? nullptr : bench::Find(sym);
     if (variable == nullptr || result == nullptr || !bench::LivingNode(result, "acedGetVar")) return call.done(RTERROR);
     result->restype = variable->type;
     if (variable->type == RTSHORT) result->resval.rint = variable->integer;
-    if (variable->type == RTREAL) result->resval.rreal = variable->real;
     if (variable->type == RTSTR)
-        result->resval.rstring = bench::HandOut(variable->text, "value of " + bench::Narrow(bench::UpperCase(sym)));
+        result->resval.rstring = bench::HandOut(variable->text, "value of " + bench::Ansi(bench::UpperCase(sym)));
     if (variable->type == RT3DPOINT)
         for (unsigned i = 0; i < 3; ++i)
             result->resval.rpoint[i] = variable->point[i];
-    call.result(bench::Shown(*variable));
+    call.result(bench::ValueText(*variable));
     return RTNORM;
 }
 
 int acedSetVar(const ACHAR* sym, const struct resbuf* val) {
-    HostCall call("acedSetVar", bench::Narrow(sym) + " " + bench::Shown(val));
+    ArxCall call("acedSetVar", bench::Shown(sym) + " " + bench::ValueText(val));
     if (call.fails()) return call.failed(RTERROR);
     bench::Variable* variable = sym == nullptr ? nullptr : bench::Find(sym);
-    if (variable == nullptr || val == nullptr || !bench::LivingNode(val, "acedSetVar")) return call.done(RTERROR);
-    return call.done(bench::Store(*variable, *val) ? RTNORM : RTERROR);
+    if (variable == nullptr || val == nullptr || !bench::LivingNode(val, "acedSetVar") || variable->readOnly ||
+        val->restype != variable->type)
+        return call.done(RTERROR);
+    variable->integer = val->resval.rint;
+    return call.done(RTNORM);
 }

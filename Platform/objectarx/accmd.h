@@ -16,7 +16,7 @@ class AcEdUIContext;
 
 typedef void (*AcRxFunctionPtr)();
 
-class AcEdCommandStack : public AcRxObject {
+class ACCORE_PORT AcEdCommandStack : public AcRxObject {
  public:
     ACRX_DECLARE_MEMBERS(AcEdCommandStack)
     // fcode -1: FunctionAddr is called.
@@ -25,7 +25,6 @@ class AcEdCommandStack : public AcRxObject {
                                          AcRxFunctionPtr FunctionAddr, AcEdUIContext* UIContext = NULL, int fcode = -1,
                                          const AcRxResourceInstance& resourceInstance = AcRxResourceInstance::empty(),
                                          AcEdCommand** cmdPtrRet = NULL) = 0;
-    virtual Acad::ErrorStatus removeCmd(const ACHAR* cmdGroupName, const ACHAR* cmdGlobalName) = 0;
     // eKeyNotFound when there is no such group.
     virtual Acad::ErrorStatus removeGroup(const ACHAR* groupName) = 0;
 };

@@ -1,19 +1,10 @@
-// The transaction manager of a document; null where no document is open. actrTransactionManager is a macro.
+// The transaction manager of a document; null where no document is open.
 #pragma once
 
 #include "acdocman.h"
 #include "dbtrans.h"
 
-class AcTransactionManager : public AcDbTransactionManager {
+class ACCORE_PORT AcTransactionManager : public AcDbTransactionManager {
  public:
     ACRX_DECLARE_MEMBERS(AcTransactionManager)
-    virtual int enableGraphicsFlush(bool doEnable) = 0;
-    virtual void flushGraphics() = 0;
 };
-
-inline AcTransactionManager* acTransactionManagerPtr() {
-    AcApDocument* document = acDocManagerPtr()->curDocument();
-    return document == nullptr ? nullptr : document->transactionManager();
-}
-
-#define actrTransactionManager acTransactionManagerPtr()

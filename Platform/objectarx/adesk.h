@@ -1,5 +1,6 @@
-// Fixed-width types of the host. Adesk is a struct, not a namespace; Boolean is bool. Like the host's own header this
-// one leaves NULL as a plain 0, so that NULL prefers an int overload to a pointer.
+// Fixed-width types of the host, and the mark of what its libraries export. Adesk is a struct, not a namespace; Boolean
+// is bool. Like the host's own header this one leaves NULL as a plain 0, so that NULL prefers an int overload to a
+// pointer.
 #pragma once
 
 #include <stddef.h>
@@ -7,24 +8,19 @@
 
 #include "AdAChar.h"
 
+// Nothing for a module; whoever builds the library in AutoCAD's place exports by it.
+#ifndef ACCORE_PORT
+#define ACCORE_PORT
+#endif
+
 struct Adesk {
-    typedef int8_t Int8;
     typedef int16_t Int16;
     typedef int32_t Int32;
-    typedef int64_t Int64;
-    typedef uint8_t UInt8;
-    typedef uint16_t UInt16;
     typedef uint32_t UInt32;
     typedef uint64_t UInt64;
     typedef int64_t LongPtr;
-    typedef uint64_t ULongPtr;
-    typedef int64_t IntPtr;
-    typedef uint64_t UIntPtr;
     typedef LongPtr IntDbId;
-    typedef IntPtr GsMarker;
     typedef bool Boolean;
-    static const bool kFalse = false;
-    static const bool kTrue = true;
 };
 
 #undef NULL

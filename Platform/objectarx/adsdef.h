@@ -10,7 +10,6 @@
 
 typedef double ads_real;
 typedef ads_real ads_point[3];
-typedef ads_real ads_matrix[4][4];
 typedef int64_t ads_name[2];
 
 #undef X
@@ -25,7 +24,6 @@ enum { T = 3 };
 #undef FALSE
 #define TRUE 1
 #define FALSE 0
-#define EOS L'\0'
 
 #pragma pack(push, 8)
 
@@ -54,15 +52,3 @@ struct resbuf {
 };
 
 #pragma pack(pop)
-
-// Bits of acedInitGet.
-enum {
-    RSG_NONULL = 0x01,
-    RSG_NOZERO = 0x02,
-    RSG_NONEG = 0x04,
-    RSG_NOLIM = 0x08,
-    RSG_GETZ = 0x10,
-    RSG_DASH = 0x20,
-    RSG_2D = 0x40,
-    RSG_OTHER = 0x80,
-};

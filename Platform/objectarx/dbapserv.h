@@ -7,22 +7,18 @@
 class AcDbDatabase;
 class AcDbTransactionManager;
 
-class AcDbHostApplicationServices : public AcRxObject {
+class ACCORE_PORT AcDbHostApplicationServices : public AcRxObject {
  public:
     ACRX_DECLARE_MEMBERS(AcDbHostApplicationServices)
-    AcDbHostApplicationServices();
-    virtual ~AcDbHostApplicationServices();
-
-    virtual const ACHAR* program();
     virtual const ACHAR* product();
-    virtual const ACHAR* releaseMajorMinorString();
     virtual int releaseMajorVersion();
     virtual int releaseMinorVersion();
     virtual AcDbTransactionManager* workingTransactionManager();
-    void setWorkingDatabase(AcDbDatabase* pDatabase);
     AcDbDatabase* workingDatabase() const;
 
- private:
+ protected:
+    AcDbHostApplicationServices();
+    virtual ~AcDbHostApplicationServices();
     AcDbDatabase* mpWorkingDatabase;
 };
 
@@ -30,4 +26,4 @@ inline AcDbDatabase* AcDbHostApplicationServices::workingDatabase() const {
     return mpWorkingDatabase;
 }
 
-AcDbHostApplicationServices* acdbHostApplicationServices();
+ACCORE_PORT AcDbHostApplicationServices* acdbHostApplicationServices();

@@ -1,38 +1,24 @@
-// Identity of a database object within this session: one pointer in size, cheap to copy, no ownership. It never fits
-// into a long, so that form is closed.
+// Identity of a database object within this session: one pointer in size, cheap to copy, no ownership.
 #pragma once
 
 #include "dbhandle.h"
 
-class AcDbDatabase;
 class AcDbStub;
-class AcRxClass;
 
-class AcDbObjectId {
+class ACCORE_PORT AcDbObjectId {
  public:
     AcDbObjectId();
     AcDbObjectId(const AcDbStub* id);
 
-    static const AcDbObjectId kNull;
-
     bool isNull() const;
     void setNull();
-    bool isValid() const;
-    bool isErased() const;
-    AcDbDatabase* database() const;
-    AcRxClass* objectClass() const;
     // The null handle for a null id.
     AcDbHandle handle() const;
 
-    Adesk::IntDbId asOldId() const;
-    AcDbObjectId& setFromOldId(Adesk::IntDbId oldId);
     operator AcDbStub*() const;
     bool operator==(const AcDbObjectId& other) const;
-    bool operator!=(const AcDbObjectId& other) const;
-    bool operator<(const AcDbObjectId& other) const;
 
  private:
-    AcDbObjectId& setFromOldId(long oldId);
     AcDbStub* mId;
 };
 
@@ -44,24 +30,9 @@ inline bool AcDbObjectId::isNull() const {
 inline void AcDbObjectId::setNull() {
     mId = nullptr;
 }
-inline Adesk::IntDbId AcDbObjectId::asOldId() const {
-    return reinterpret_cast<Adesk::IntDbId>(mId);
-}
-inline AcDbObjectId& AcDbObjectId::setFromOldId(Adesk::IntDbId oldId) {
-    mId = reinterpret_cast<AcDbStub*>(oldId);
-    return *this;
-}
 inline AcDbObjectId::operator AcDbStub*() const {
     return mId;
 }
 inline bool AcDbObjectId::operator==(const AcDbObjectId& other) const {
     return mId == other.mId;
 }
-inline bool AcDbObjectId::operator!=(const AcDbObjectId& other) const {
-    return mId != other.mId;
-}
-inline bool AcDbObjectId::operator<(const AcDbObjectId& other) const {
-    return mId < other.mId;
-}
-
-__declspec(selectany) const AcDbObjectId AcDbObjectId::kNull;

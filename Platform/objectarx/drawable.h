@@ -3,7 +3,7 @@
 
 #include "rxobject.h"
 
-class AcGiDrawable : public AcRxObject {
+class ACCORE_PORT AcGiDrawable : public AcRxObject {
  public:
     ACRX_DECLARE_MEMBERS(AcGiDrawable)
     virtual ~AcGiDrawable();

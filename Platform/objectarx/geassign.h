@@ -1,5 +1,5 @@
-// The same three numbers seen as a geometry object or as an array: no copy is made, and a const object gives a pointer
-// that is not. Include gepnt3d.h as well; the classes are only announced here.
+// A geometry object's numbers seen as an array: no copy is made, and a const object gives a pointer that is not.
+// Include gepnt3d.h as well; the classes are only announced here.
 #pragma once
 
 class AcGePoint3d;
@@ -10,10 +10,4 @@ inline double* asDblArray(const AcGePoint3d& pnt) {
 }
 inline double* asDblArray(const AcGeVector3d& vec) {
     return (double*)&vec;
-}
-inline AcGePoint3d& asPnt3d(const double* pnt) {
-    return *((AcGePoint3d*)pnt);
-}
-inline AcGeVector3d& asVec3d(const double* vec) {
-    return *((AcGeVector3d*)vec);
 }

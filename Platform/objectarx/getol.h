@@ -1,4 +1,5 @@
-// Tolerances of geometric comparison: points closer than equalPoint, directions closer than equalVector, are equal.
+// Tolerance of geometric comparison: numbers closer than equalPoint are equal, a vector shorter than equalVector has no
+// direction.
 #pragma once
 
 #include "adesk.h"
@@ -7,14 +8,11 @@
 #define GE_DLLDATAEXIMP __declspec(dllimport)
 #endif
 
-class AcGeTol {
+class ACCORE_PORT AcGeTol {
  public:
     AcGeTol();
-
     double equalPoint() const;
     double equalVector() const;
-    void setEqualPoint(double val);
-    void setEqualVector(double val);
 
  private:
     double mTolArr[2];
@@ -25,10 +23,4 @@ inline double AcGeTol::equalPoint() const {
 }
 inline double AcGeTol::equalVector() const {
     return mTolArr[1];
-}
-inline void AcGeTol::setEqualPoint(double val) {
-    mTolArr[0] = val;
-}
-inline void AcGeTol::setEqualVector(double val) {
-    mTolArr[1] = val;
 }

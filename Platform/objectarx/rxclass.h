@@ -1,23 +1,16 @@
-// Description of one class: its name and what it derives from. Owned by the host.
+// Description of one class: what it derives from. Owned by the host.
 #pragma once
 
 #include "rxobject.h"
 
-class AcRxImpClass;
-
-class AcRxClass : public AcRxObject {
+class ACCORE_PORT AcRxClass : public AcRxObject {
  public:
     ACRX_DECLARE_MEMBERS(AcRxClass)
-    virtual ~AcRxClass();
-    const ACHAR* name() const;
-    const ACHAR* dxfName() const;
-    bool isDerivedFrom(const AcRxClass* pOtherClass) const;
     static bool isDerivedFrom(const AcRxClass* pDerived, const AcRxClass* pBase);
 
- private:
-    friend class AcRxImpClass;
+ protected:
     AcRxClass();
-    AcRxImpClass* m_pImp;
+    virtual ~AcRxClass();
 };
 
 inline bool AcRxObject::isKindOf(const AcRxClass* aClass) const {

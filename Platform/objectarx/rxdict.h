@@ -6,17 +6,13 @@
 #include "rxnames.h"
 #include "rxobject.h"
 
-class AcRxDictionary : public AcRxObject {
+class ACCORE_PORT AcRxDictionary : public AcRxObject {
  public:
     ACRX_DECLARE_MEMBERS(AcRxDictionary)
     virtual AcRxObject* at(const ACHAR* key) const = 0;
-    virtual AcRxObject* at(Adesk::UInt32 id) const = 0;
-    virtual AcRxObject* atPut(const ACHAR* key, AcRxObject* pObject, Adesk::UInt32& retId) = 0;
     virtual AcRxObject* remove(const ACHAR* key) = 0;
-    virtual AcRxObject* remove(Adesk::UInt32 id) = 0;
-    virtual Adesk::Boolean has(const ACHAR* entryName) const = 0;
 };
 
-extern "C" AcRxDictionary* acrxSysRegistry();
+extern "C" ACCORE_PORT AcRxDictionary* acrxSysRegistry();
 
 #define acrxServiceDictionary AcRxDictionary::cast(acrxSysRegistry()->at(ACRX_SERVICE_DICTIONARY))

@@ -3,6 +3,5 @@
 
 #include "AdAChar.h"
 
-#define ACRX_CLASS_DICTIONARY ACRX_T("ClassDictionary")
 #define ACRX_SERVICE_DICTIONARY ACRX_T("ServiceDictionary")
 #define ACRX_DYNAMIC_LINKER ACRX_T("DynamicLinker")

@@ -3,7 +3,7 @@
 
 #include "rxboiler.h"
 
-class AcRxObject {
+class ACCORE_PORT AcRxObject {
  public:
     static AcRxObject* cast(const AcRxObject* inPtr) { return const_cast<AcRxObject*>(inPtr); }
     static AcRxClass* desc();

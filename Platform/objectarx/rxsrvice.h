@@ -3,15 +3,9 @@
 
 #include "rxobject.h"
 
-class AcRxService : public AcRxObject {
+class ACCORE_PORT AcRxService : public AcRxObject {
  public:
     ACRX_DECLARE_MEMBERS(AcRxService)
     AcRxService();
     virtual ~AcRxService();
-    void addDependency();
-    void removeDependency();
-    Adesk::Boolean unloadable() const;
-
- private:
-    int m_dependencies;
 };

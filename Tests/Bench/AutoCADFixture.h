@@ -6,36 +6,48 @@
 
 #include <gmock/gmock.h>
 
-#include <functional>
 #include <string>
 #include <vector>
 
 #include "BenchAutoCAD.h"
 #include "BenchControl.h"
-#include "acdocman.h"
 #include "acedads.h"
 #include "acutads.h"
+#include "acutmem.h"
 #include "adscodes.h"
+#include "dbapserv.h"
 #include "dbents.h"
-#include "dbmain.h"
 #include "dbsymtb.h"
 
 class AutoCADTest : public testing::Test {
  protected:
-    void SetUp() override;
-    void TearDown() override;
+    void SetUp() override {
+        bench::ResetBench();
+        bench::StartAutoCAD();
+        bench::NewDrawing("plan.dwg");
+    }
+    void TearDown() override {
+        bench::StopAutoCAD();
+        EXPECT_THAT(bench::BenchBalance(), testing::IsEmpty());
+        EXPECT_THAT(TakeAccusations(), testing::IsEmpty());
+        bench::ResetBench();
+    }
 
-    std::vector<std::string> TakeAccusations();
-    // Runs the function as a command of that name, then what was queued.
-    void RunAs(const std::string& name, std::function<void()> body);
-
-    std::string AddDuct(const std::string& layer = "0") { return bench::AddEntity({"", "EwaDuct", layer}); }
-    // A reference of block "TAG" at 100,200,0 with the attributes CODE=A, CODE=B and NOTE=C.
-    std::string AddTaggedReference(double rotation = 0);
-    AcDbObjectId Id(const std::string& handle);
-    AcDbDatabase* Database();
-    AcApDocument* Document();
-    AcDbEntity* Opened(const std::string& handle, AcDb::OpenMode mode);
+    static std::vector<std::string> TakeAccusations() {
+        std::vector<std::string> accusations = bench::Accusations();
+        bench::ClearAccusations();
+        return accusations;
+    }
+    static std::string AddDuct(const std::string& layer = "0") { return bench::AddEntity({"", "EwaDuct", layer}); }
+    static AcDbDatabase* Database() { return acdbHostApplicationServices()->workingDatabase(); }
+    static AcDbObjectId Id(const std::string& handle) {
+        AcDbObjectId id;
+        EXPECT_EQ(Database()->getAcDbObjectId(id, false, AcDbHandle(std::stoull(handle, nullptr, 16))), Acad::eOk);
+        return id;
+    }
+    static AcDbEntity* Opened(const std::string& handle, AcDb::OpenMode mode) {
+        AcDbEntity* entity = nullptr;
+        EXPECT_EQ(acdbOpenObject(entity, Id(handle), mode), Acad::eOk);
+        return entity;
+    }
 };
-
-std::string Narrowed(const wchar_t* text);

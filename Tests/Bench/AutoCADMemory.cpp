@@ -1,42 +1,23 @@
 // Who owns which text and which chain.
 #include "AutoCADFixture.h"
 
-#include "acutmem.h"
-
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 using AutoCADMemory = AutoCADTest;
 
-TEST_F(AutoCADMemory, ChainStaysOwedUntilEveryPartIsReleased) {
+TEST_F(AutoCADMemory, ChainStaysOwedUntilEveryNodeAndTextIsReleased) {
     resbuf* chain = acutBuildList(1001, L"SORV", 1000, L"A=1", 1000, L"B=2", RTNONE);
     resbuf* middle = chain->rbnext;
     chain->rbnext = middle->rbnext;
     middle->rbnext = nullptr;
     EXPECT_EQ(acutRelRb(chain), RTNORM);
     EXPECT_THAT(bench::BenchBalance(), ElementsAre("resbuf chain acutBuildList 1001"));
+    ACHAR* text = middle->resval.rstring;
+    middle->resval.rstring = nullptr;
     EXPECT_EQ(acutRelRb(middle), RTNORM);
-    EXPECT_THAT(bench::BenchBalance(), IsEmpty());
-}
-
-TEST_F(AutoCADMemory, TextReplacedInAChainMustBeFreed) {
-    for (const bool frees : {true, false}) {
-        resbuf* chain = acutBuildList(1000, L"A=1", RTNONE);
-        if (frees) acutDelString(chain->resval.rstring);
-        ASSERT_EQ(acutNewString(L"A=2", chain->resval.rstring), Acad::eOk);
-        EXPECT_EQ(acutRelRb(chain), RTNORM);
-        EXPECT_EQ(bench::BenchBalance().empty(), frees);
-        bench::ClearBalance();
-    }
-}
-
-TEST_F(AutoCADMemory, JoinedChainsAreReleasedAsOne) {
-    resbuf* head = acutNewRb(RTSHORT);
-    head->rbnext = acutBuildList(RTSTR, L"tail", RTREAL, 2.5, RTNONE);
-    EXPECT_EQ(head->rbnext->rbnext->resval.rreal, 2.5);
-    EXPECT_EQ(acutRelRb(head), RTNORM);
-    EXPECT_THAT(bench::BenchBalance(), IsEmpty());
+    EXPECT_THAT(bench::BenchBalance(), ElementsAre("resbuf chain acutBuildList 1001"));
+    acutDelString(text);
 }
 
 TEST_F(AutoCADMemory, WrongReleasesAreAccused) {
@@ -48,11 +29,12 @@ TEST_F(AutoCADMemory, WrongReleasesAreAccused) {
     EXPECT_EQ(acutRelRb(chain), RTERROR);
     wchar_t* text = nullptr;
     acutDelString(text);
-    ASSERT_EQ(acutNewString(L"text", text), Acad::eOk);
+    ASSERT_EQ(acutUpdString(L"text", text), Acad::eOk);
+    EXPECT_THAT(bench::BenchBalance(), ElementsAre("string acutUpdString text"));
     wchar_t* again = text;
     acutDelString(text);
     EXPECT_EQ(text, nullptr);
-    EXPECT_NE(again[0], L't');
+    EXPECT_STREQ(again, L"\xDD\xDD\xDD\xDD");
     acutDelString(again);
     wchar_t foreign[] = L"foreign";
     wchar_t* notOurs = foreign;
@@ -61,22 +43,25 @@ TEST_F(AutoCADMemory, WrongReleasesAreAccused) {
                                                HasSubstr("already released"), HasSubstr("did not hand out")));
 }
 
-TEST_F(AutoCADMemory, UnknownTypesBuildNoList) {
-    EXPECT_EQ(acutBuildList(RTSTR, L"text", 4711, 5, RTNONE), nullptr);
-    EXPECT_EQ(acutBuildList(RTNONE), nullptr);
-    EXPECT_THAT(bench::BenchBalance(), IsEmpty());
-    resbuf* start = acutBuildList(AcDb::kDxfStart, L"INSERT", 0);
-    EXPECT_STREQ(start->resval.rstring, L"INSERT");
-    EXPECT_EQ(start->rbnext, nullptr);
-    acutRelRb(start);
-}
-
-TEST_F(AutoCADMemory, NewBuffersAreNotZeroed) {
-    wchar_t* buffer = nullptr;
-    ASSERT_EQ(acutNewString(buffer, 8), Acad::eOk);
-    EXPECT_EQ(buffer[0], L'\xCD');
-    EXPECT_EQ(acutUpdString(L"now a text", buffer), Acad::eOk);
-    EXPECT_STREQ(buffer, L"now a text");
-    acutDelString(buffer);
-    EXPECT_EQ(acutNewString(buffer, 0), Acad::eInvalidInput);
+TEST_F(AutoCADMemory, XdataIsCheckedBeforeItIsStored) {
+    EXPECT_EQ(acdbRegApp(L"SORV"), RTNORM);
+    const std::string duct = AddDuct();
+    const std::wstring much(9000, L'x');
+    const std::pair<resbuf*, Acad::ErrorStatus> cases[] = {
+        {acutBuildList(1001, L"SORV", 1000, L"A=1", RTNONE), Acad::eOk},
+        {nullptr, Acad::eInvalidResBuf},
+        {acutBuildList(1000, L"A=2", RTNONE), Acad::eBadDxfSequence},
+        {acutBuildList(1001, L"UNKNOWN", 1000, L"A=2", RTNONE), Acad::eRegappIdNotFound},
+        {acutBuildList(1001, L"SORV", RTSHORT, 5, RTNONE), Acad::eInvalidDxfCode},
+        {acutBuildList(1001, L"SORV", 1000, much.c_str(), 1000, much.c_str(), RTNONE), Acad::eXdataSizeExceeded},
+    };
+    AcDbEntity* entity = Opened(duct, AcDb::kForWrite);
+    for (const auto& [chain, status] : cases) {
+        EXPECT_EQ(entity->setXData(chain), status);
+        if (chain != nullptr) acutRelRb(chain);
+        EXPECT_THAT(bench::DrawingState(), HasSubstr("xdata SORV\n      1000 A=1\nblock"));
+    }
+    EXPECT_EQ(entity->setXData(cases[0].first), Acad::eInvalidResBuf);
+    entity->close();
+    EXPECT_THAT(TakeAccusations(), ElementsAre(HasSubstr("setXData was called on a result buffer that was already")));
 }

@@ -1,176 +1,140 @@
-// Opening and closing of objects, and what happens to those who do not keep the rules.
+// Opening and closing of objects, transactions, and what happens to those who do not keep the rules.
 #include "AutoCADFixture.h"
 
-#include "acutmem.h"
+#include <thread>
+
+#include "actrans.h"
 
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 using AutoCADObjects = AutoCADTest;
 
 TEST_F(AutoCADObjects, WriterIsAloneAndReadersShare) {
-    const std::string duct = AddDuct();
+    const std::string duct = AddDuct("DUCTS");
     AcDbEntity* first = Opened(duct, AcDb::kForRead);
     AcDbEntity* second = Opened(duct, AcDb::kForRead);
     AcDbEntity* third = second;
     EXPECT_EQ(acdbOpenObject(third, Id(duct), AcDb::kForWrite), Acad::eWasOpenForRead);
     EXPECT_EQ(third, nullptr);
-    EXPECT_EQ(first->upgradeOpen(), Acad::eHadMultipleReaders);
     EXPECT_EQ(second->close(), Acad::eOk);
-    EXPECT_EQ(first->upgradeOpen(), Acad::eOk);
+    EXPECT_EQ(first->close(), Acad::eOk);
+    first = Opened(duct, AcDb::kForWrite);
     EXPECT_EQ(acdbOpenObject(third, Id(duct), AcDb::kForRead), Acad::eWasOpenForWrite);
     EXPECT_THAT(bench::BenchBalance(), ElementsAre("open object " + duct));
     EXPECT_EQ(first->close(), Acad::eOk);
-    EXPECT_EQ(Opened(duct, AcDb::kForWrite)->close(), Acad::eOk);
-}
-
-TEST_F(AutoCADObjects, LockedLayerRefusesWritersOnly) {
-    const std::string duct = AddDuct("DUCTS");
     bench::LockLayer("ducts", true);
-    AcDbEntity* entity = nullptr;
-    EXPECT_EQ(acdbOpenObject(entity, Id(duct), AcDb::kForWrite), Acad::eOnLockedLayer);
-    entity = Opened(duct, AcDb::kForRead);
-    EXPECT_EQ(entity->upgradeOpen(), Acad::eOnLockedLayer);
-    EXPECT_EQ(entity->erase(), Acad::eNotOpenForWrite);
-    EXPECT_EQ(entity->close(), Acad::eOk);
-    bench::LockLayer("DUCTS", false);
-    EXPECT_EQ(Opened(duct, AcDb::kForWrite)->close(), Acad::eOk);
+    EXPECT_EQ(acdbOpenObject(third, Id(duct), AcDb::kForWrite), Acad::eOnLockedLayer);
+    EXPECT_EQ(Opened(duct, AcDb::kForRead)->close(), Acad::eOk);
 }
 
-TEST_F(AutoCADObjects, ClassAndErasureDecideWhatOpens) {
-    const std::string duct = AddDuct();
+TEST_F(AutoCADObjects, ClassErasureAndDrawingDecideWhatOpens) {
+    const AcDbObjectId duct = Id(AddDuct()), erased = Id(AddDuct());
     AcDbBlockReference* reference = nullptr;
-    EXPECT_EQ(acdbOpenObject(reference, Id(duct)), Acad::eNotThatKindOfClass);
+    EXPECT_EQ(acdbOpenObject(reference, duct), Acad::eNotThatKindOfClass);
     AcDbEntity* entity = nullptr;
-    EXPECT_EQ(acdbOpenObject(entity, Database()->blockTableId()), Acad::eNotAnEntity);
-    EXPECT_EQ(acdbOpenObject(entity, AcDbObjectId::kNull), Acad::eNullObjectId);
-    entity = Opened(duct, AcDb::kForRead);
-    EXPECT_STREQ(entity->isA()->name(), L"EwaDuct");
-    EXPECT_EQ(AcDbBlockReference::cast(entity), nullptr);
-    EXPECT_EQ(AcDbEntity::cast(entity), entity);
-    entity->close();
-    ASSERT_TRUE(bench::EraseEntity(duct));
-    EXPECT_EQ(acdbOpenObject(entity, Id(duct)), Acad::eWasErased);
-    EXPECT_EQ(acdbOpenObject(entity, Id(duct), AcDb::kForRead, true), Acad::eOk);
-    entity->close();
+    EXPECT_EQ(acdbOpenObject(entity, Id("1F")), Acad::eNotAnEntity);
+    EXPECT_EQ(acdbOpenObject(entity, AcDbObjectId()), Acad::eNullObjectId);
+    EXPECT_EQ(acdbOpenObject(entity, AcDbObjectId(reinterpret_cast<AcDbStub*>(this))), Acad::eInvalidInput);
+    EXPECT_THAT(TakeAccusations(), ElementsAre(HasSubstr("no id of this session")));
+    ASSERT_TRUE(bench::EraseEntity("201"));
+    EXPECT_EQ(acdbOpenObject(entity, erased), Acad::eWasErased);
+    bench::NewDrawing("other.dwg");
+    EXPECT_EQ(acdbOpenObject(entity, duct), Acad::ePermanentlyErased);
 }
 
-TEST_F(AutoCADObjects, UseAfterCloseIsAccused) {
+TEST_F(AutoCADObjects, UseAfterCloseAndDeletionAreAccused) {
     const std::string duct = AddDuct();
-    AcDbEntity* entity = Opened(duct, AcDb::kForRead);
+    AcDbEntity* entity = Opened(duct, AcDb::kForWrite);
     EXPECT_EQ(entity->close(), Acad::eOk);
     EXPECT_EQ(entity->close(), Acad::eNotOpenForRead);
     EXPECT_EQ(entity->layer(), nullptr);
-    EXPECT_TRUE(entity->objectId().isNull());
     EXPECT_EQ(entity->xData(), nullptr);
+    EXPECT_EQ(AcDbBlockReference::cast(entity), nullptr);
+    EXPECT_EQ(entity->transformBy(AcGeMatrix3d()), Acad::eNotOpenForWrite);
+    delete Opened(duct, AcDb::kForRead);
     EXPECT_THAT(TakeAccusations(),
                 ElementsAre("The object " + duct + " was closed a second time.", HasSubstr("layer was called on"),
-                            HasSubstr("objectId was called on"), HasSubstr("xData was called on")));
-}
-
-TEST_F(AutoCADObjects, DeletingADrawingsObjectIsAccused) {
-    const std::string duct = AddDuct();
-    delete Opened(duct, AcDb::kForRead);
-    EXPECT_THAT(TakeAccusations(), ElementsAre(HasSubstr("was deleted by its user")));
+                            HasSubstr("xData was called on"), HasSubstr("isA was called on"),
+                            HasSubstr("transformBy was called on"), HasSubstr("was deleted by its user")));
     EXPECT_THAT(bench::BenchBalance(), ElementsAre("open object " + duct));
     bench::ClearBalance();
 }
 
-TEST_F(AutoCADObjects, NewEntityIsTheCallersUntilItIsAppended) {
-    AcDbBlockTable* blocks = nullptr;
-    ASSERT_EQ(Database()->getSymbolTable(blocks), Acad::eOk);
-    AcDbBlockTableRecord* space = nullptr;
-    ASSERT_EQ(blocks->getAt(ACDB_MODEL_SPACE, space, AcDb::kForRead), Acad::eOk);
-    blocks->close();
-    AcDbBlockReference* reference = new AcDbBlockReference(AcGePoint3d(1, 2, 3), space->objectId());
-    EXPECT_THAT(bench::BenchBalance(), testing::Contains("unowned object AcDbBlockReference"));
-    AcDbObjectId id;
-    EXPECT_EQ(space->appendAcDbEntity(id, reference), Acad::eNotOpenForWrite);
-    EXPECT_TRUE(id.isNull());
-    ASSERT_EQ(space->upgradeOpen(), Acad::eOk);
-    ASSERT_EQ(space->appendAcDbEntity(id, reference), Acad::eOk);
-    EXPECT_EQ(space->appendAcDbEntity(id, reference), Acad::eAlreadyInDb);
-    space->close();
-    EXPECT_EQ(reference->close(), Acad::eOk);
-    EXPECT_EQ(bench::Entities().size(), 1u);
-    EXPECT_THAT(bench::DrawingState(), HasSubstr("AcDbBlockReference layer=0 block=*Model_Space at=1,2,3"));
-}
-
-TEST_F(AutoCADObjects, AttributesAreWalkedAndChanged) {
-    AcDbBlockReference* reference = nullptr;
-    ASSERT_EQ(acdbOpenObject(reference, Id(AddTaggedReference())), Acad::eOk);
-    AcDbObjectIterator* iterator = reference->attributeIterator();
-    std::string tags;
-    for (; !iterator->done(); iterator->step()) {
-        AcDbAttribute* attribute = nullptr;
-        ASSERT_EQ(reference->openAttribute(attribute, iterator->objectId(), AcDb::kForWrite), Acad::eOk);
-        ACHAR* tag = attribute->tag();
-        tags += Narrowed(tag) + ";";
-        acutDelString(tag);
-        EXPECT_EQ(attribute->setTextString(L"new"), Acad::eOk);
-        attribute->recordGraphicsModified();
-        attribute->close();
-    }
-    delete iterator;
-    reference->close();
-    EXPECT_EQ(tags, "CODE;CODE;NOTE;");
-    EXPECT_THAT(bench::DrawingState(), HasSubstr("NOTE=new"));
-    EXPECT_THAT(bench::DrawingState(), testing::Not(HasSubstr("CODE=A")));
-}
-
 TEST_F(AutoCADObjects, ReaderCanChangeNothing) {
-    const std::string before = AddTaggedReference();
+    const std::string handle = bench::AddBlockReference({"", "TAG", "0", {1, 2, 3}, 0, {0, 0, 1}, {{"CODE", "A"}}});
     const std::string state = bench::DrawingState();
-    AcDbEntity* entity = Opened(before, AcDb::kForRead);
-    AcDbBlockReference* reference = AcDbBlockReference::cast(entity);
-    EXPECT_EQ(reference->setPosition(AcGePoint3d(9, 9, 9)), Acad::eNotOpenForWrite);
+    AcDbBlockReference* reference = AcDbBlockReference::cast(Opened(handle, AcDb::kForRead));
     EXPECT_EQ(reference->transformBy(AcGeMatrix3d::translation(AcGeVector3d::kXAxis)), Acad::eNotOpenForWrite);
-    EXPECT_EQ(reference->setLayer(L"0"), Acad::eNotOpenForWrite);
     reference->recordGraphicsModified();
-    EXPECT_THAT(TakeAccusations(), ElementsAre(HasSubstr("which is not open for writing")));
+    AcDbObjectIterator* attributes = reference->attributeIterator();
+    AcDbAttribute* attribute = nullptr;
+    ASSERT_EQ(acdbOpenObject(attribute, attributes->objectId()), Acad::eOk);
+    EXPECT_EQ(attribute->setTextString(L"new"), Acad::eNotOpenForWrite);
+    attribute->close();
+    attributes->step();
+    EXPECT_TRUE(attributes->objectId().isNull());
+    EXPECT_THAT(bench::BenchBalance(), testing::Contains("attribute iterator " + handle));
+    delete attributes;
     reference->close();
     EXPECT_EQ(bench::DrawingState(), state);
+    EXPECT_THAT(TakeAccusations(), ElementsAre(HasSubstr("which is not open for writing"), HasSubstr("its end")));
 }
 
-TEST_F(AutoCADObjects, NamesLeadToObjectsAndBack) {
-    const std::string duct = AddDuct();
-    ads_name name = {-1, -1};
-    ASSERT_EQ(acdbGetAdsName(name, Id(duct)), Acad::eOk);
-    AcDbObjectId id;
-    EXPECT_EQ(acdbGetObjectId(id, name), Acad::eOk);
-    EXPECT_EQ(id, Id(duct));
-    const ads_name wrong = {0x1234, 0};
-    EXPECT_EQ(acdbGetObjectId(id, wrong), Acad::eInvalidAdsName);
-    EXPECT_EQ(Database()->getAcDbObjectId(id, false, AcDbHandle(L"FFFF")), Acad::eUnknownHandle);
-    EXPECT_EQ(Database()->getAcDbObjectId(id, false, AcDbHandle(L"no handle")), Acad::eNullHandle);
-    ACHAR digits[AcDbHandle::kStrSiz];
-    ASSERT_TRUE(Id(duct).handle().getIntoAsciiBuffer(digits));
-    EXPECT_EQ(Narrowed(digits), duct);
-    EXPECT_FALSE(Id(duct).handle().getIntoAsciiBuffer(digits, duct.size()));
+TEST_F(AutoCADObjects, NewEntityIsTheCallersUntilItIsAppended) {
+    AcDbBlockTable* blocks = nullptr;
+    ASSERT_EQ(Database()->getBlockTable(blocks), Acad::eOk);
+    AcDbBlockTableRecord* space = nullptr;
+    ASSERT_EQ(blocks->getAt(ACDB_MODEL_SPACE, space, AcDb::kForRead), Acad::eOk);
+    AcDbBlockReference* reference = new AcDbBlockReference(AcGePoint3d(1, 2, 3), Id("1B"));
+    EXPECT_THAT(bench::BenchBalance(), testing::Contains("unowned object AcDbBlockReference"));
+    AcDbObjectId id = Id("1B");
+    EXPECT_EQ(space->appendAcDbEntity(id, reference), Acad::eNotOpenForWrite);
+    EXPECT_TRUE(id.isNull());
+    EXPECT_EQ(reference->close(), Acad::eNotInDatabase);
+    space->close();
+    ASSERT_EQ(blocks->getAt(ACDB_MODEL_SPACE, space, AcDb::kForWrite), Acad::eOk);
+    ASSERT_EQ(space->appendAcDbEntity(id, reference), Acad::eOk);
+    EXPECT_EQ(space->appendAcDbEntity(id, reference), Acad::eAlreadyInDb);
+    EXPECT_EQ(reference->close(), Acad::eOk);
+    EXPECT_EQ(space->appendAcDbEntity(id, reference), Acad::eAlreadyInDb);
+    space->close();
+    blocks->close();
+    EXPECT_EQ(bench::Entities().size(), 1u);
+    EXPECT_THAT(TakeAccusations(), ElementsAre(HasSubstr("to be deleted"), HasSubstr("after it had been closed")));
 }
 
-TEST_F(AutoCADObjects, IdsOfAClosedDrawingOpenNothing) {
-    const AcDbObjectId id = Id(AddDuct());
-    bench::NewDrawing("other.dwg");
-    AcDbEntity* entity = nullptr;
-    EXPECT_EQ(acdbOpenObject(entity, id), Acad::ePermanentlyErased);
-    EXPECT_FALSE(id.isValid());
+TEST_F(AutoCADObjects, AbortAndFailedEndTakeBackEverythingSinceTheStart) {
+    const std::string duct = AddDuct("DUCTS"), before = bench::DrawingState();
+    AcDbTransactionManager* manager = acdbTransactionManager;
+    ASSERT_NE(manager->startTransaction(), nullptr);
+    ASSERT_NE(manager->startTransaction(), nullptr);
+    EXPECT_EQ(acdbRegApp(L"SORV"), RTNORM);
+    AcDbEntity* entity = Opened(duct, AcDb::kForWrite);
+    EXPECT_EQ(entity->transformBy(AcGeMatrix3d::translation(AcGeVector3d(1, 0, 0))), Acad::eOk);
+    entity->close();
+    const std::string added = AddDuct("NEW LAYER"), changed = bench::DrawingState();
+    EXPECT_EQ(manager->endTransaction(), Acad::eOk);
+    EXPECT_EQ(bench::DrawingState(), changed);
+    EXPECT_EQ(manager->abortTransaction(), Acad::eOk);
+    EXPECT_EQ(bench::DrawingState(), before);
+
+    ASSERT_NE(manager->startTransaction(), nullptr);
+    EXPECT_NE(AddDuct(), added) << "a handle is not given again";
+    bench::FailCall("AcTransactionManager::endTransaction", 2);
+    EXPECT_EQ(manager->endTransaction(), Acad::eLockViolation);
+    EXPECT_EQ(bench::DrawingState(), before);
 }
 
-TEST_F(AutoCADObjects, PlannedFailuresReachTheCallerAndLeaveNothingOpen) {
-    const std::string duct = AddDuct();
-    bench::FailCall("acdbOpenObject", 1, Acad::eWasErased);
-    AcDbEntity* entity = nullptr;
-    EXPECT_EQ(acdbOpenObject(entity, Id(duct)), Acad::eWasErased);
-    EXPECT_EQ(entity, nullptr);
-    entity = Opened(duct, AcDb::kForRead);
-    bench::FailCall("AcDbEntity::layer", 1);
-    EXPECT_EQ(entity->layer(), nullptr);
-    bench::FailCall("AcDbObject::close", 1);
-    EXPECT_NE(entity->close(), Acad::eOk);
-    EXPECT_THAT(bench::BenchBalance(), IsEmpty());
-    EXPECT_THAT(bench::Journal(), ElementsAre("acdbOpenObject " + duct + " read AcDbEntity -> 80",
-                                              "acdbOpenObject " + duct + " read AcDbEntity -> 0",
-                                              "AcDbEntity::layer " + duct, "AcDbObject::close " + duct + " -> 85"));
+TEST_F(AutoCADObjects, TransactionsThatDoNotMatchAndForeignThreadsAreAccused) {
+    AcDbTransactionManager* manager = acdbTransactionManager;
+    EXPECT_EQ(manager->endTransaction(), Acad::eNoActiveTransactions);
+    EXPECT_EQ(manager->abortTransaction(), Acad::eNoActiveTransactions);
+    bench::AddForeignCommand("FORGETS", [&] { manager->startTransaction(); });
+    EXPECT_TRUE(bench::RunCommand("FORGETS"));
+    EXPECT_THAT(bench::BenchBalance(), ElementsAre("transaction of plan.dwg"));
+    std::thread([&] { manager->abortTransaction(); }).join();
+    EXPECT_THAT(TakeAccusations(), ElementsAre(HasSubstr("endTransaction"), HasSubstr("abortTransaction"),
+                                               HasSubstr("FORGETS returned without ending its transaction"),
+                                               HasSubstr("thread that is not AutoCAD's own")));
 }

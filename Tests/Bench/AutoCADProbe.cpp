@@ -7,36 +7,27 @@
 #include "BenchControl.h"
 #include "accmd.h"
 #include "rxdefs.h"
-#include "rxdlinkr.h"
 #include "rxregsvc.h"
-#include "rxsrvice.h"
 
 namespace {
 
-bool Told(const char* what) {
-    char told[16] = "";
-    GetEnvironmentVariableA("BENCH_PROBE", told, sizeof told);
-    return std::string(told) == what;
-}
-
-void Probe() {
-    bench::Note("probe: command");
-}
+void Probe() {}
 
 }  // namespace
 
-extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
-    bench::Note("probe: message " + std::to_string(msg));
-    if (msg == AcRx::kInitAppMsg) {
-        if (Told("refuse")) return AcRx::kRetError;
-        acedRegCmds->addCommand(L"PROBE_CMDS", L"Probe", L"Probe", ACRX_CMD_MODAL, Probe);
-        acrxRegisterService(L"PROBE");
-        if (!Told("locked")) acrxUnlockApplication(pkt);
-        acrxDynamicLinker->registerAppMDIAware(pkt);
-    }
-    if (msg == AcRx::kUnloadAppMsg && !Told("leave")) {
-        acedRegCmds->removeGroup(L"PROBE_CMDS");
-        delete acrxServiceDictionary->remove(L"PROBE");
-    }
+extern "C" __declspec(dllexport) AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
+    bench::Note("probe: " + std::to_string(msg));
+    if (msg != AcRx::kInitAppMsg) return AcRx::kRetOK;
+    char told[16] = "";
+    GetEnvironmentVariableA("BENCH_PROBE", told, sizeof told);
+    if (told == std::string("refuse")) return AcRx::kRetError;
+    if (told == std::string("locked")) return AcRx::kRetOK;
+    acedRegCmds->addCommand(L"PROBE_CMDS", L"Probe", L"Probe", ACRX_CMD_MODAL, Probe);
+    acrxRegisterService(L"PROBE");
+    acrxUnlockApplication(pkt);
     return AcRx::kRetOK;
+}
+
+extern "C" __declspec(dllexport) int acrxGetApiVersion() {
+    return 24;
 }

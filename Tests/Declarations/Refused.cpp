@@ -39,39 +39,6 @@ void f(AcDbEntity* entity) {
 #endif
 }
 
-#elif defined(CASE_AdsNamesAreArrays)
-#ifdef WRONG
-void f(int64_t* name, AcDbObjectId id) {
-    acdbGetAdsName(name, id);
-}
-#else
-void f(ads_name& name, AcDbObjectId id) {
-    acdbGetAdsName(name, id);
-}
-#endif
-
-#elif defined(CASE_SelectionLengthIsInt32)
-#ifdef WRONG
-void f(ads_name set, long* length) {
-    acedSSLength(set, length);
-}
-#else
-void f(ads_name set, Adesk::Int32* length) {
-    acedSSLength(set, length);
-}
-#endif
-
-#elif defined(CASE_KeywordsHaveALength)
-#ifdef WRONG
-void f(wchar_t* word) {
-    acedGetKword(L"P", word);
-}
-#else
-void f(wchar_t* word) {
-    acedGetKword(L"P", word, 64);
-}
-#endif
-
 #elif defined(CASE_HandleTextsHaveALength)
 #ifdef WRONG
 void f(AcDbHandle handle, wchar_t* text) {
@@ -101,36 +68,14 @@ AcRxService* service = acrxRegisterService(L"S");
 void* service = acrxRegisterService(L"S");
 #endif
 
-#elif defined(CASE_IdsDoNotFitIntoLong)
-#ifdef WRONG
-void f(AcDbObjectId id, long old) {
-    id.setFromOldId(old);
-}
-#else
-void f(AcDbObjectId id, Adesk::IntDbId old) {
-    id.setFromOldId(old);
-}
-#endif
-
 #elif defined(CASE_TransformByIsFinal)
 class Mine : public AcDbEntity {
 #ifdef WRONG
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& xform) override;
 #else
-    Acad::ErrorStatus setLayer(const ACHAR*, Adesk::Boolean, bool) override;
+    Acad::ErrorStatus setXData(const resbuf* xdata) override;
 #endif
 };
-
-#elif defined(CASE_HandlesAreRead)
-#ifdef WRONG
-AcDbHandle f(AcDbObject* object) {
-    return object->getAcDbHandle();
-}
-#else
-void f(AcDbObject* object, AcDbHandle& handle) {
-    object->getAcDbHandle(handle);
-}
-#endif
 
 #elif defined(CASE_DxfCodesAreNoType)
 #ifdef WRONG

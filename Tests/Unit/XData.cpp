@@ -144,7 +144,7 @@ TEST_F(XDataTest, BadArgumentsChangeNothing) {
 }
 
 TEST_F(XDataTest, RefusedCallsGiveBackWhatTheyTook) {
-    for (const char* call : {"acutNewRb", "acutNewString", "AcDbObject::setXData"}) {
+    for (const char* call : {"acutNewRb", "acutUpdString", "AcDbObject::setXData"}) {
         bench::ClearFailures();
         bench::FailCall(call, 1);
         EXPECT_EQ(SetXDataString(object(), "SORV", "KEY", "1"), -1) << call;

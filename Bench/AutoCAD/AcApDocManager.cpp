@@ -1,0 +1,62 @@
+// The document manager and its one document.
+#include <cwchar>
+
+#include "AcRxClass.h"
+#include "AcTransactionManager.h"
+#include "ArxCall.h"
+#include "Session.h"
+#include "Texts.h"
+
+ACRX_DEFINE_MEMBERS(AcApDocument, AcRxObject)
+ACRX_DEFINE_MEMBERS(AcApDocManager, AcRxObject)
+
+namespace bench {
+namespace {
+
+class Document : public AcApDocument {
+ public:
+    AcTransactionManager* transactionManager() const override {
+        ArxCall call("AcApDocument::transactionManager", "");
+        return call.fails() || TheSession().current == nullptr ? nullptr : TheTransactionManager();
+    }
+};
+
+Document& TheDocument() {
+    static Document document;
+    return document;
+}
+
+class DocumentManager : public AcApDocManager {
+ public:
+    AcApDocument* curDocument() const override {
+        ArxCall call("AcApDocManager::curDocument", "");
+        return call.fails() || TheSession().current == nullptr ? nullptr : &TheDocument();
+    }
+
+    Acad::ErrorStatus sendStringToExecute(AcApDocument* pAcTargetDocument, const ACHAR* pszExecute, bool bActivate,
+                                          bool bWrapUpInactiveDoc, bool bEchoString) override {
+        ArxCall call("AcApDocManager::sendStringToExecute", Shown(pszExecute) + " activate=" + (bActivate ? "1" : "0") +
+                                                                " wrapUp=" + (bWrapUpInactiveDoc ? "1" : "0") +
+                                                                " echo=" + (bEchoString ? "1" : "0"));
+        if (call.fails()) return call.failed(Acad::eInvalidContext);
+        if (pAcTargetDocument == nullptr || TheSession().current == nullptr) return call.done(Acad::eNoDocument);
+        if (pAcTargetDocument != &TheDocument()) return call.done(Acad::eNotFromThisDocument);
+        if (pszExecute == nullptr || *pszExecute == L'\0') return call.done(Acad::eInvalidInput);
+        const std::wstring text = pszExecute;
+        if (std::wcschr(L" \n\r", text.back()) == nullptr) {
+            Accuse("The text \"" + Ansi(text) +
+                   "\" was sent to the command line without a blank or newline at its end.");
+            return call.done(Acad::eInvalidInput);
+        }
+        TheSession().queue.push_back(text);
+        return call.done(Acad::eOk);
+    }
+};
+
+}  // namespace
+}  // namespace bench
+
+AcApDocManager* acDocManagerPtr() {
+    static bench::DocumentManager manager;
+    return &manager;
+}

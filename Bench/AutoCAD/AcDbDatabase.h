@@ -1,0 +1,23 @@
+// The database of a drawing: its records, and who has which of its objects open. Kept when the drawing is closed.
+#pragma once
+
+#include <map>
+
+#include "Drawing.h"
+#include "dbmain.h"
+
+namespace bench {
+
+class DrawingDatabase : public AcDbDatabase {
+ public:
+    struct Openings {
+        int readers = 0;
+        int writers = 0;
+    };
+
+    Drawing drawing;
+    bool open = true;
+    std::map<Handle, Openings> openings;
+};
+
+}  // namespace bench

@@ -1,0 +1,46 @@
+#include "AcDbObjectIterator.h"
+
+#include "AcDbObjectId.h"
+#include "AcRxClass.h"
+#include "ArxCall.h"
+#include "Texts.h"
+
+using bench::ArxCall;
+using bench::AttributeIterator;
+
+namespace bench {
+
+AttributeIterator::AttributeIterator(DrawingDatabase* drawing, const Record& reference)
+    : database(drawing), owner(reference.handle), handles(reference.children) {
+    Owe("attribute iterator", HandleText(owner));
+}
+
+AttributeIterator::~AttributeIterator() {
+    Settle("attribute iterator", HandleText(owner));
+}
+
+}  // namespace bench
+
+ACRX_DEFINE_MEMBERS(AcDbObjectIterator, AcRxObject)
+AcDbObjectIterator::AcDbObjectIterator() = default;
+AcDbObjectIterator::~AcDbObjectIterator() = default;
+
+bool AcDbObjectIterator::done() const {
+    const auto& walk = static_cast<const AttributeIterator&>(*this);
+    ArxCall call("AcDbObjectIterator::done", bench::HandleText(walk.owner));
+    return call.done(walk.place >= walk.handles.size());
+}
+
+void AcDbObjectIterator::step(bool, bool) {
+    auto& walk = static_cast<AttributeIterator&>(*this);
+    ArxCall call("AcDbObjectIterator::step", bench::HandleText(walk.owner));
+    ++walk.place;
+}
+
+AcDbObjectId AcDbObjectIterator::objectId() {
+    auto& walk = static_cast<AttributeIterator&>(*this);
+    ArxCall call("AcDbObjectIterator::objectId", bench::HandleText(walk.owner));
+    const bool ended = walk.place >= walk.handles.size();
+    if (ended) bench::Accuse("An attribute iterator was asked for an object although it had reached its end.");
+    return ended || call.fails() ? AcDbObjectId() : bench::IdOf(walk.database, walk.handles[walk.place]);
+}

@@ -1,0 +1,13 @@
+// Where a block reference stands: a position, a rotation about its normal, and the matrix from block to world that
+// follows from them.
+#pragma once
+
+#include "gemat3d.h"
+
+namespace bench {
+
+AcGeMatrix3d BlockPlacement(const AcGePoint3d& position, double rotation, const AcGeVector3d& normal);
+AcGeVector3d NormalOf(const AcGeMatrix3d& placement);
+double RotationOf(const AcGeMatrix3d& placement);
+
+}  // namespace bench

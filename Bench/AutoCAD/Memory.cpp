@@ -1,0 +1,131 @@
+#include "Memory.h"
+
+#include <cstdlib>
+#include <cwchar>
+#include <map>
+
+#include "BenchControl.h"
+#include "adscodes.h"
+
+namespace bench {
+namespace {
+
+struct Text {
+    std::string name;  // of a text for the module to keep
+    int chain = 0;     // or the chain that it goes with
+    bool released = false;
+};
+
+struct Chain {
+    std::string name;
+    int parts = 0;
+};
+
+struct Node {
+    int chain;
+    bool released;
+};
+
+std::map<void*, Text> texts;
+std::map<int, Chain> chains;
+std::map<const resbuf*, Node> nodes;
+int lastChain = 0;
+
+wchar_t* Allocate(const std::wstring& text, const std::string& name, int chain) {
+    wchar_t* memory = static_cast<wchar_t*>(std::calloc(text.size() + 1, sizeof(wchar_t)));
+    if (memory == nullptr) std::abort();
+    text.copy(memory, text.size());
+    texts[memory] = Text{name, chain, false};
+    return memory;
+}
+
+void ReleaseChainPart(int chain) {
+    Chain& known = chains[chain];
+    if (--known.parts == 0) Settle("resbuf chain", known.name);
+}
+
+}  // namespace
+
+wchar_t* HandOut(const std::wstring& text, const std::string& name) {
+    Owe("string", name);
+    return Allocate(text, name, 0);
+}
+
+wchar_t* HandOutInChain(const std::wstring& text, int chain) {
+    ++chains[chain].parts;
+    return Allocate(text, "", chain);
+}
+
+void ReleaseString(void* text, const char* by) {
+    const auto found = texts.find(text);
+    if (found == texts.end()) {
+        Accuse(std::string(by) + " was called on a text that AutoCAD did not hand out.");
+        return;
+    }
+    Text& known = found->second;
+    if (known.released) {
+        Accuse(std::string(by) + " was called on a text that was already released.");
+        return;
+    }
+    known.released = true;
+    for (wchar_t* c = static_cast<wchar_t*>(text); *c != L'\0'; ++c)
+        *c = L'\xDD';
+    if (known.chain != 0)
+        ReleaseChainPart(known.chain);
+    else
+        Settle("string", known.name);
+}
+
+int BeginChain(const std::string& name) {
+    chains[++lastChain] = Chain{name, 0};
+    Owe("resbuf chain", name);
+    return lastChain;
+}
+
+resbuf* AddNode(int chain, resbuf* last, short type) {
+    resbuf* node = static_cast<resbuf*>(std::calloc(1, sizeof(resbuf)));
+    if (node == nullptr) std::abort();
+    node->restype = type;
+    nodes[node] = Node{chain, false};
+    ++chains[chain].parts;
+    if (last != nullptr) last->rbnext = node;
+    return node;
+}
+
+bool LivingNode(const resbuf* node, const char* by) {
+    const auto found = nodes.find(node);
+    if (found == nodes.end() || !found->second.released) return true;
+    Accuse(std::string(by) + " was called on a result buffer that was already released.");
+    return false;
+}
+
+bool ReleaseNode(resbuf*& node, const char* by) {
+    const auto found = nodes.find(node);
+    if (found == nodes.end()) {
+        Accuse(std::string(by) + " was called on a result buffer that AutoCAD did not make.");
+        return false;
+    }
+    if (!LivingNode(node, by)) return false;
+    // The text's pointer stays: it points at the pattern of released memory.
+    if (HoldsText(node->restype) && node->resval.rstring != nullptr) ReleaseString(node->resval.rstring, by);
+    node = node->rbnext;
+    found->second.released = true;
+    ReleaseChainPart(found->second.chain);
+    return true;
+}
+
+bool HoldsText(short type) {
+    return type == RTSTR || (type >= 1000 && type <= 1003) || type == 1005;
+}
+
+void FreeMemory() {
+    for (const auto& [node, known] : nodes)
+        std::free(const_cast<resbuf*>(node));
+    for (const auto& [memory, text] : texts)
+        std::free(memory);
+    nodes.clear();
+    chains.clear();
+    texts.clear();
+}
+
+}  // namespace bench

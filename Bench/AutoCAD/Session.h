@@ -1,0 +1,64 @@
+// What AutoCAD has once in a process. The document, its objects and every text or chain handed out stay allocated until
+// StopAutoCAD, so that a pointer used too late is recognised and accused instead of crashing.
+#pragma once
+
+#include <windows.h>
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "BenchAutoCAD.h"
+#include "Drawing.h"
+
+namespace bench {
+
+class DrawingDatabase;
+
+struct Command {
+    std::wstring group;
+    std::wstring globalName;
+    std::wstring localName;
+    void (*function)() = nullptr;
+    std::function<void()> foreign;
+};
+
+struct Module {
+    std::wstring path;
+    HMODULE handle = nullptr;
+    bool locked = true;
+};
+
+struct Session {
+    DWORD mainThread = 0;
+    HWND mainWindow = nullptr;
+
+    std::wstring product = L"AutoCAD";
+    int releaseMajor = 24;
+    int releaseMinor = 1;
+
+    // The one open drawing; null when none is. Databases of closed drawings are kept.
+    DrawingDatabase* current = nullptr;
+    std::wstring fileName;
+    Handle lastPick = 0;
+
+    std::vector<Command> commands;
+    std::vector<std::unique_ptr<Module>> modules;
+    std::string runningCommand;  // empty: idle
+    std::string lastCommand;
+    std::deque<std::wstring> queue;  // texts sent for execution
+    std::wstring input;              // rest of the queued text that is being worked off
+
+    std::deque<Answer> answers;
+    std::function<Answer(const std::string&)> user;
+
+    std::string transcript;
+    std::function<void(const std::string&)> echo;
+};
+
+Session& TheSession();
+Drawing* CurrentDrawing();  // null when none is open
+
+}  // namespace bench

@@ -1,0 +1,36 @@
+// The system registry: where a module finds command stack, services and loader.
+#include "AcEdCommandStack.h"
+#include "ArxCall.h"
+#include "Modules.h"
+#include "Services.h"
+#include "Texts.h"
+#include "rxnames.h"
+
+namespace {
+
+using bench::ArxCall;
+
+class SystemRegistry : public AcRxDictionary {
+ public:
+    AcRxObject* at(const ACHAR* key) const override {
+        ArxCall call("AcRxDictionary::at", bench::Shown(key));
+        if (call.fails() || key == nullptr) return nullptr;
+        if (bench::SameName(key, ACRX_COMMAND_DOCK)) return bench::TheCommandStack();
+        if (bench::SameName(key, ACRX_SERVICE_DICTIONARY)) return bench::ServiceDictionary();
+        return bench::SameName(key, ACRX_DYNAMIC_LINKER) ? bench::TheDynamicLinker() : nullptr;
+    }
+
+    AcRxObject* remove(const ACHAR* key) override {
+        ArxCall call("AcRxDictionary::remove", bench::Shown(key));
+        bench::Accuse("The entry " + bench::Shown(key) + " of the system registry was to be removed.");
+        return nullptr;
+    }
+};
+
+}  // namespace
+
+AcRxDictionary* acrxSysRegistry() {
+    ArxCall call("acrxSysRegistry", "");
+    static SystemRegistry registry;
+    return &registry;
+}

@@ -1,0 +1,8 @@
+// The system variables of the drawing.
+#pragma once
+
+namespace bench {
+
+void ResetSystemVariables();
+
+}  // namespace bench
