@@ -46,6 +46,7 @@ TEST_F(PartAttributes, ReadsEachKind) {
     EXPECT_TRUE(direction.x == 0 && direction.y == 1 && direction.z == 0);
     EXPECT_TRUE(utils_.IsPartTypeID("2A3", 68));
     EXPECT_FALSE(utils_.IsPartTypeID("2AA", 68));
+    EXPECT_FALSE(utils_.IsPartTypeID("FFFF", 68));
     EXPECT_TRUE(utils_.IsPartTypeDefine("2A3", "EWAPART_DUCT"));
     EXPECT_FALSE(utils_.IsPartTypeDefine("2A3", "ewapart_duct"));
     utils_.SetPartAtt("2A3", kText, std::string("1 2"), true);
@@ -129,6 +130,9 @@ TEST_F(PartAttributes, RecordsBeforeAFailureStay) {
     EXPECT_EQ(records.size(), 1u);
     const std::string place = "KLComUtils(280):KLComUtils::GetAttributes";
     EXPECT_EQ(Printed(), Report("Failed to get attributes.", place, "KLComUtils::GetPartAtt"));
+    bench::FailCall("IKlimora200805::getPartAtt", 5, 3);
+    EXPECT_EQ(utils_.GetAttributes("", "/Project/Ductwork/System", {"Name"}, records), 0) << "no count, no elements";
+    EXPECT_EQ(records.size(), 1u);
     EXPECT_EQ(utils_.GetAttributes("", "Parts", {"ID"}, records), -1);
     EXPECT_EQ(Printed(), Report("Failed to get attributes.", place, "Can't find '/' in a parent path Parts"));
 }
