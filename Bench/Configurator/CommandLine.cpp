@@ -3,6 +3,8 @@
 #include <windows.h>
 #include <shellapi.h>
 
+#include "BenchTexts.h"
+
 namespace {
 
 std::string Refusal(const std::vector<std::string>& words) {
@@ -18,11 +20,11 @@ std::string Refusal(const std::vector<std::string>& words) {
 
 CommandLine ReadCommandLine(const wchar_t* raw) {
     CommandLine line;
-    line.raw = Utf8(raw);
+    line.raw = bench::Utf8(raw);
     int count = 0;
     if (wchar_t** words = CommandLineToArgvW(raw, &count)) {
         for (int i = 0; i < count; ++i)
-            line.words.push_back(Utf8(words[i]));
+            line.words.push_back(bench::Utf8(words[i]));
         if (count == 4) {
             line.address = line.words[2];
             line.title = words[3];
@@ -31,12 +33,4 @@ CommandLine ReadCommandLine(const wchar_t* raw) {
     }
     line.refusal = Refusal(line.words);
     return line;
-}
-
-std::string Utf8(const std::wstring& text) {
-    const int length = static_cast<int>(text.size());
-    const int size = WideCharToMultiByte(CP_UTF8, 0, text.c_str(), length, nullptr, 0, nullptr, nullptr);
-    std::string narrow(static_cast<size_t>(size), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.c_str(), length, narrow.data(), size, nullptr, nullptr);
-    return narrow;
 }

@@ -14,5 +14,3 @@ struct CommandLine {
 };
 
 CommandLine ReadCommandLine(const wchar_t* raw);
-
-std::string Utf8(const std::wstring& text);

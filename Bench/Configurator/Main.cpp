@@ -4,13 +4,14 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
 #include "CommandLine.h"
 #include "MakerSite.h"
 #include "ProductWindow.h"
-#include "Recorder.h"
+#include "RequestTarget.h"
 #include "Script.h"
 
 namespace {
@@ -47,13 +48,9 @@ int Hang() {
 }
 
 bool AllFit(const std::string& chosen, const std::vector<Product>& products) {
-    for (size_t start = 0; start <= chosen.size();) {
-        const size_t end = std::min(chosen.find(',', start), chosen.size());
-        const std::string id = chosen.substr(start, end - start);
+    for (const std::string& id : bench::SplitAtCommas(chosen))
         if (std::none_of(products.begin(), products.end(), [&](const Product& product) { return product.id == id; }))
             return false;
-        start = end + 1;
-    }
     return true;
 }
 
@@ -78,10 +75,10 @@ int Ask(const CommandLine& line, const std::vector<Product>& products) {
 }
 
 int Run(const CommandLine& line) {
-    const Script script = ParseScript(Environment("SORVIK_BENCH_CONFIGURATOR"));
-    if (script.act == Script::Act::kHang) return Hang();
-    if (script.act == Script::Act::kCrash) Crash();
-    if (script.act == Script::Act::kExit) return script.exitCode;
+    const Script script = ReadScript();
+    if (script.verb == "hang") return Hang();
+    if (script.verb == "crash") Crash();
+    if (script.verb == "exit") return std::atoi(script.object.c_str());
 
     std::vector<Product> products;
     std::string error;
@@ -91,16 +88,10 @@ int Run(const CommandLine& line) {
     }
     for (const Product& product : products)
         Record("fits", product.id);
-    switch (script.act) {
-        case Script::Act::kAsk:
-            return Ask(line, products);
-        case Script::Act::kChoose:
-            return Choose(line, products, script.products);
-        case Script::Act::kChooseFirst:
-            return Choose(line, products, products.empty() ? std::string() : products.front().id);
-        default:
-            return kNotExported;
-    }
+    if (script.verb == "ask") return Ask(line, products);
+    if (script.verb != "choose") return kNotExported;
+    if (script.object != "first") return Choose(line, products, script.object);
+    return Choose(line, products, products.empty() ? std::string() : products.front().id);
 }
 
 }  // namespace

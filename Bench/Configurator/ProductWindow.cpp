@@ -5,6 +5,7 @@
 
 #include <iterator>
 
+#include "BenchTexts.h"
 #include "RequestTarget.h"
 #include "Resource.h"
 
@@ -94,8 +95,7 @@ void Export(HWND dialog, Window& window) {
         EndDialog(dialog, IDOK);
         return;
     }
-    MessageBoxW(dialog, std::wstring(error.begin(), error.end()).c_str(), window.line.title.c_str(),
-                MB_OK | MB_ICONERROR);
+    MessageBoxW(dialog, bench::FromUtf8(error).c_str(), window.line.title.c_str(), MB_OK | MB_ICONERROR);
 }
 
 INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {

@@ -2,29 +2,23 @@
 
 #include <windows.h>
 
-#include <cstdlib>
+#include <fstream>
 
-Script ParseScript(const std::string& text) {
+Script ReadScript() {
+    const std::string text = Environment("SORVIK_BENCH_CONFIGURATOR");
     const size_t blank = text.find(' ');
-    const std::string verb = text.substr(0, blank);
-    const std::string object = blank == std::string::npos ? std::string() : text.substr(blank + 1);
-    Script script;
-    if (verb == "ask") script.act = Script::Act::kAsk;
-    if (verb == "hang") script.act = Script::Act::kHang;
-    if (verb == "crash") script.act = Script::Act::kCrash;
-    if (verb == "exit") {
-        script.act = Script::Act::kExit;
-        script.exitCode = static_cast<int>(std::strtol(object.c_str(), nullptr, 10));
-    }
-    if (verb == "choose") {
-        script.act = object == "first" ? Script::Act::kChooseFirst : Script::Act::kChoose;
-        script.products = object;
-    }
-    return script;
+    return {text.substr(0, blank), blank == std::string::npos ? std::string() : text.substr(blank + 1)};
 }
 
 std::string Environment(const char* name) {
     char value[1024] = "";
     const DWORD length = GetEnvironmentVariableA(name, value, sizeof value);
     return length < sizeof value ? std::string(value, length) : std::string();
+}
+
+void Record(const std::string& what, const std::string& text) {
+    const std::string path = Environment("SORVIK_BENCH_CONFIGURATOR_RECORD");
+    if (path.empty()) return;
+    std::ofstream file(path, std::ios::binary | std::ios::app);
+    file << what << ' ' << text << '\n';
 }

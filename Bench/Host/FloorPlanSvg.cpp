@@ -4,6 +4,7 @@
 #include <cmath>
 #include <set>
 
+#include "BenchTexts.h"
 #include "SvgWriter.h"
 
 namespace bench {
@@ -95,7 +96,7 @@ class Drawing {
     }
     double Size(double millimetres, double atLeast) const { return std::max(millimetres * scale_, atLeast); }
     static std::string Stroke(const char* colour, double width) {
-        return std::string("stroke='") + colour + "' stroke-width='" + SvgNumber(width) + "'";
+        return std::string("stroke='") + colour + "' stroke-width='" + NumberText(width, 2) + "'";
     }
 
     void Definitions() {
@@ -211,21 +212,24 @@ class Drawing {
         return "font-size='" + std::to_string(size) + "' " + more;
     }
 
+    // Size and airflow along the duct, one above the other where it is short, and its handle on the other side.
     void DuctLabel(const PlanPart& part) {
-        std::string text = part.size;
-        if (!part.airflow.empty()) text += " \xC2\xB7 " + part.airflow + " l/s";
-        const double room = part.length * scale_;
-        if (room < kCharacter * static_cast<double>(part.size.size())) return;
-        if (room < kCharacter * static_cast<double>(text.size())) text = part.size;
         const double degrees = Upright(-std::atan2(part.direction.y, part.direction.x) * 180 / kPi);
         const double radians = degrees * kPi / 180;
-        const double away = Size(part.across, 5) / 2 + 6;
+        const double room = part.length * scale_;
         const SvgPoint middle = Place(Along(part.start, part.direction, part.length / 2));
-        svg_.Text({middle.x + std::sin(radians) * away, middle.y - std::cos(radians) * away}, text,
-                  Letters(12, "text-anchor='middle' fill='#26323c'"), degrees);
-        if (room < 110) return;
-        svg_.Text({middle.x - std::sin(radians) * (away + 9), middle.y + std::cos(radians) * (away + 9)}, part.handle,
-                  Letters(10, "text-anchor='middle' fill='#8a97a3'"), degrees);
+        const auto write = [&](const std::string& text, double away, int size, const char* colour) {
+            if (room < kCharacter * size / 12 * static_cast<double>(text.size())) return;
+            svg_.Text({middle.x + std::sin(radians) * away, middle.y - std::cos(radians) * away}, text,
+                      Letters(size, std::string("text-anchor='middle' fill='") + colour + "'"), degrees);
+        };
+        const double away = Size(part.across, 5) / 2 + 6;
+        const std::string airflow = part.airflow.empty() ? "" : part.airflow + " l/s";
+        const std::string line = airflow.empty() ? part.size : part.size + " \xC2\xB7 " + airflow;
+        const bool fits = room >= kCharacter * static_cast<double>(line.size());
+        write(fits ? line : airflow, away, 12, "#26323c");
+        if (!fits) write(part.size, away + 13, 12, "#26323c");
+        write(part.handle, -away - 9, 10, "#8a97a3");
     }
 
     void SilencerLabel(const PlanPart& part) {
@@ -297,7 +301,7 @@ class Drawing {
                 {left + i * step, top}, step, 7,
                 std::string("fill='") + (i % 2 ? "#ffffff" : "#26323c") + "' stroke='#26323c' stroke-width='1'");
         for (int i = 0; i <= 4; i += 2)
-            svg_.Text({left + i * step, top + 22}, SvgNumber(metres * i / 4) + (i == 4 ? " m" : ""),
+            svg_.Text({left + i * step, top + 22}, NumberText(metres * i / 4) + (i == 4 ? " m" : ""),
                       Letters(12, "text-anchor='middle' fill='#26323c'"));
     }
 

@@ -8,6 +8,7 @@
 #include "InteractiveRun.h"
 #include "Options.h"
 #include "Output.h"
+#include "Run.h"
 #include "ScriptRun.h"
 
 namespace {

@@ -7,9 +7,12 @@
 namespace bench {
 namespace {
 
-std::string LowerCase(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) { return std::tolower(c); });
-    return text;
+// "--Out", "-out" and "/out" are one switch, "out"; empty when the word is none.
+std::string SwitchName(const std::string& word) {
+    if (word.empty() || (word[0] != '/' && word[0] != '-')) return {};
+    std::string name = word.substr(word.compare(0, 2, "--") == 0 ? 2 : 1);
+    std::transform(name.begin(), name.end(), name.begin(), [](unsigned char c) { return std::tolower(c); });
+    return name;
 }
 
 }  // namespace
@@ -18,25 +21,25 @@ std::string ReadOptions(const std::vector<std::string>& words, const std::string
     const struct {
         const char* name;
         std::string HostOptions::*value;
-    } withValue[] = {{"/i", &HostOptions::project},
-                     {"/ld", &HostOptions::module},
-                     {"/s", &HostOptions::script},
-                     {"/catalogue", &HostOptions::catalogue},
-                     {"/out", &HostOptions::outputFolder}};
+    } withValue[] = {{"i", &HostOptions::project},
+                     {"ld", &HostOptions::module},
+                     {"s", &HostOptions::script},
+                     {"catalogue", &HostOptions::catalogue},
+                     {"out", &HostOptions::outputFolder}};
     options = {};
     for (size_t i = 0; i < words.size(); ++i) {
-        const std::string name = LowerCase(words[i]);
+        const std::string name = SwitchName(words[i]);
         const auto found = std::find_if(std::begin(withValue), std::end(withValue),
                                         [&](const auto& candidate) { return name == candidate.name; });
         if (found != std::end(withValue)) {
-            if (i + 1 == words.size() || words[i + 1].empty()) return "The switch " + name + " needs a value.";
+            if (i + 1 == words.size() || words[i + 1].empty()) return "The switch " + words[i] + " needs a value.";
             options.*(found->value) = words[++i];
-        } else if (name == "/interactive") {
+        } else if (name == "interactive") {
             options.interactive = true;
-        } else if (name == "/?" || name == "/help") {
+        } else if (name == "help" || name == "h" || name == "?") {
             options.help = true;
         } else {
-            return "The switch " + words[i] + " is not known. benchcad /? lists them all.";
+            return "The switch " + words[i] + " is not known. --help lists them all.";
         }
     }
     if (options.interactive && !options.script.empty()) return "A run is either interactive or has a script, not both.";
@@ -66,20 +69,18 @@ std::string MissingFile(const HostOptions& options) {
 }
 
 std::string Usage() {
-    return "benchcad runs the module inside a stand-in for AutoCAD, with stand-ins for its other neighbours.\n"
+    return "The bench host runs the module inside a stand-in for AutoCAD, with stand-ins for its other neighbours.\n"
            "\n"
-           "  benchcad [/i PROJECT] [/ld MODULE] [/s SCRIPT] [/out FOLDER] [/catalogue FILE]\n"
-           "  benchcad [/i PROJECT] [/ld MODULE] /interactive [/out FOLDER] [/catalogue FILE]\n"
+           "  --interactive       you are the user: commands at the keyboard, dialogs and configurator on the screen\n"
+           "  --s SCRIPT          other answers than those of sample.script, which lies beside the program\n"
+           "  --i PROJECT         the Klimora project to open      (office.xml beside the program)\n"
+           "  --ld MODULE         the module to load               (Sorvik_R24_x64.arx beside the program)\n"
+           "  --catalogue FILE    the maker's catalogue            (catalogue.xml beside the program)\n"
+           "  --out FOLDER        where to leave what the run makes\n"
+           "  --help, -h          this list\n"
            "\n"
-           "  /i           Klimora project to open         (office.xml beside the program)\n"
-           "  /ld          module to load                  (Sorvik_R24_x64.arx beside the program)\n"
-           "  /s           script to run                   (sample.script beside the program)\n"
-           "  /interactive commands from the keyboard, dialogs on the screen\n"
-           "  /out         folder for what the run leaves  (bench-output)\n"
-           "  /catalogue   the maker's catalogue           (catalogue.xml beside the program)\n"
-           "\n"
-           "Exit codes: 0 the run did all it should, 1 it did not, 2 wrong switches or files, 3 it hung, 4 it "
-           "crashed.\n";
+           "A slash serves as well as dashes. Exit codes: 0 the run did all it should, 1 it did not, 2 wrong switches\n"
+           "or files, 3 it hung, 4 it crashed.\n";
 }
 
 }  // namespace bench

@@ -1,7 +1,5 @@
-// Switches of the bench host, as AutoCAD's own console host has them, with two of our own:
-//   benchcad /i PROJECT /ld MODULE /s SCRIPT [/out FOLDER] [/catalogue FILE]
-//   benchcad /i PROJECT /ld MODULE /interactive [/out FOLDER] [/catalogue FILE]
-// What is left out is taken from the files that lie beside the program.
+// Switches of the bench host, as AutoCAD's own console host has them, with some of our own; Usage lists them. A switch
+// begins with a slash, a dash or two dashes. What is left out is taken from the files that lie beside the program.
 #pragma once
 
 #include <string>

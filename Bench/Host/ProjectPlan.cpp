@@ -145,15 +145,16 @@ FloorPlan PlanOfProject(const std::string& title, const std::string& subtitle, c
 
 std::vector<std::string> PartList(const FloorPlan& plan) {
     static const char* const kinds[] = {"duct", "silencer", "fitting", "terminal", "unit"};
-    std::vector<std::string> lines;
+    std::vector<std::string> lines = {"  No  Handle Kind      Size (mm)    Airflow  System User code"};
     for (const PlanPart& part : plan.parts) {
         const std::string system = part.system < plan.systems.size() ? plan.systems[part.system].id : "";
         const std::string airflow = part.airflow.empty() ? "" : part.airflow + " l/s";
-        const size_t wider = part.size.size() > 1 && part.size.find('\xC3') != std::string::npos ? 1 : 0;
+        // The width counts bytes, and the signs of diameter and product are two.
+        const int wide = part.size.find('\xC3') == std::string::npos ? 10 : 11;
         char line[160];
-        std::snprintf(line, sizeof line, "%4zu  %-6s %-9s %-*s %9s  %-6s %s", lines.size() + 1, part.handle.c_str(),
-                      kinds[static_cast<int>(part.kind)], static_cast<int>(10 + wider), part.size.c_str(),
-                      airflow.c_str(), system.c_str(), part.userCode.c_str());
+        std::snprintf(line, sizeof line, "%4zu  %-6s %-9s %-*s %9s  %-6s %s", lines.size(), part.handle.c_str(),
+                      kinds[static_cast<int>(part.kind)], wide, part.size.c_str(), airflow.c_str(), system.c_str(),
+                      part.userCode.c_str());
         lines.push_back(line);
     }
     return lines;

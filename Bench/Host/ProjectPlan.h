@@ -15,7 +15,7 @@ std::set<std::string> HandlesOfProject();
 // Parts whose handle is not among `known` are marked as new.
 FloorPlan PlanOfProject(const std::string& title, const std::string& subtitle, const std::set<std::string>& known);
 
-// One numbered line a part: handle, kind, size, airflow and system.
+// A heading, and one numbered line a part: handle, kind, size, airflow, system and user code.
 std::vector<std::string> PartList(const FloorPlan& plan);
 
 }  // namespace bench

@@ -22,60 +22,43 @@ std::string TakeWord(std::string& line) {
     return word;
 }
 
-std::string WithLineBreaks(const std::string& text) {
-    std::string result;
-    for (size_t i = 0; i < text.size(); ++i) {
-        const bool lineBreak = text[i] == '\\' && i + 1 < text.size() && text[i + 1] == 'n';
-        result += lineBreak ? '\n' : text[i];
-        if (lineBreak) ++i;
-    }
-    return result;
-}
-
 class Reader {
  public:
     Reader(const std::string& outputFolder, Script& script) : outputFolder_(outputFolder), script_(script) {}
 
     std::string Read(const std::string& text) {
-        script_ = {};
+        script_.clear();
         std::istringstream lines(text);
         std::string line;
-        while (std::getline(lines, line)) {
-            ++line_;
+        for (int number = 1; std::getline(lines, line); ++number) {
             line = Trim(line);
             if (line.empty() || line[0] == '#') continue;
             const std::string trouble = Step(line);
-            if (!trouble.empty()) return "Line " + std::to_string(line_) + ": " + trouble;
+            if (!trouble.empty()) return "Line " + std::to_string(number) + ": " + trouble;
         }
-        if (next_) return Unfinished();
-        return script_.commands.empty() ? "The script has no command." : std::string();
+        if (dialog_) return kUnfinished;
+        return script_.empty() ? "The script has no command." : std::string();
     }
 
  private:
+    static constexpr char kUnfinished[] = "the dialog before is neither answered nor closed.";
+
     std::string Step(std::string rest) {
         const std::string verb = TakeWord(rest);
-        if (verb == "command") return Command(rest);
-        if (script_.commands.empty()) return "\"" + verb + "\" comes before the first command.";
-        if (verb == "configurator") {
-            script_.commands.back().configurator = rest;
-            return rest.empty() ? "\"configurator\" needs words, as in \"configurator choose first\"." : "";
+        if (verb == "command") {
+            if (rest.empty()) return "\"command\" needs a name.";
+            if (dialog_) return kUnfinished;
+            script_.emplace_back();
+            script_.back().name = rest;
+            return {};
         }
+        if (script_.empty()) return "\"" + verb + "\" comes before the first command.";
         if (verb == "dialog") return DialogStep(rest);
-        if (verb == "box") return BoxStep(rest);
-        if (verb == "screenshot") {
-            screenshot_ = rest;
-            return rest.empty() ? "\"screenshot\" needs a file name." : "";
+        if (verb == "configurator" || verb == "screenshot") {
+            (verb == "screenshot" ? screenshot_ : script_.back().configurator) = rest;
+            return rest.empty() ? "\"" + verb + "\" needs a value." : std::string();
         }
         return AnswerStep(verb, rest);
-    }
-
-    std::string Command(const std::string& name) {
-        if (name.empty()) return "\"command\" needs a name.";
-        if (next_) return Unfinished();
-        script_.commands.emplace_back();
-        script_.commands.back().line = line_;
-        script_.commands.back().name = name;
-        return {};
     }
 
     std::string AnswerStep(const std::string& verb, const std::string& rest) {
@@ -87,80 +70,36 @@ class Reader {
         const auto kind = kinds.find(verb);
         if (kind == kinds.end()) return "\"" + verb + "\" is no step.";
         const bool needsValue = verb == "pick" || verb == "text";
-        if (needsValue && rest.empty()) return "\"" + verb + "\" needs a value.";
-        if (!needsValue && !rest.empty()) return "\"" + verb + "\" takes no value.";
-        script_.commands.back().answers.push_back({kind->second, rest});
+        if (needsValue == rest.empty()) return "\"" + verb + (needsValue ? "\" needs a value." : "\" takes no value.");
+        script_.back().answers.push_back({kind->second, rest});
         return {};
     }
 
     std::string DialogStep(std::string rest) {
         const std::string verb = TakeWord(rest);
-        if (next_ && isBox_) return Unfinished();
+        if (!dialog_) dialog_ = AnyDialog();
         if (verb == "type" || verb == "shows") {
             char* end = nullptr;
             const std::string number = TakeWord(rest);
             const int control = static_cast<int>(std::strtol(number.c_str(), &end, 10));
             if (number.empty() || *end) return "\"dialog " + verb + "\" needs the number of a field.";
-            Next(false);
-            if (verb == "type")
-                next_->Type(control, rest);
-            else
-                next_->Shows(control, rest);
+            verb == "type" ? dialog_->Type(control, rest) : dialog_->Shows(control, rest);
             return {};
         }
-        if (verb == "press" && !rest.empty()) {
-            Next(false);
-            return End([&](Expectation& dialog) { dialog.AnswerWith(rest); });
-        }
-        if (verb == "close" && rest.empty()) {
-            Next(false);
-            return End([](Expectation& dialog) { dialog.Close(); });
-        }
-        return "a dialog step is \"shows ID TEXT\", \"type ID TEXT\", \"press BUTTON\" or \"close\".";
-    }
-
-    std::string BoxStep(std::string rest) {
-        const std::string verb = TakeWord(rest);
-        if (next_ && !isBox_) return Unfinished();
-        if (verb == "says" && !rest.empty()) {
-            if (next_) return "this box has its text already.";
-            next_ = Box(WithLineBreaks(rest));
-            isBox_ = true;
-            return {};
-        }
-        if (verb == "answer" && !rest.empty()) {
-            Next(true);
-            return End([&](Expectation& box) { box.AnswerWith(rest); });
-        }
-        return "a box step is \"says TEXT\" or \"answer BUTTON\".";
-    }
-
-    void Next(bool isBox) {
-        if (next_) return;
-        next_ = isBox ? AnyBox() : AnyDialog();
-        isBox_ = isBox;
-    }
-
-    template <typename Last>
-    std::string End(Last last) {
-        if (!screenshot_.empty()) next_->Screenshot(outputFolder_ + "\\" + screenshot_);
+        const bool press = verb == "press" && !rest.empty();
+        if (!press && (verb != "close" || !rest.empty()))
+            return "a dialog step is \"shows ID TEXT\", \"type ID TEXT\", \"press BUTTON\" or \"close\".";
+        if (!screenshot_.empty()) dialog_->Screenshot(outputFolder_ + "\\" + screenshot_);
         screenshot_.clear();
-        last(*next_);
-        script_.commands.back().dialogs.push_back(*next_);
-        next_.reset();
+        script_.back().dialogs.push_back(press ? dialog_->AnswerWith(rest) : dialog_->Close());
+        dialog_.reset();
         return {};
-    }
-
-    std::string Unfinished() const {
-        return isBox_ ? "the box before has no answer." : "the dialog before is neither answered nor closed.";
     }
 
     const std::string outputFolder_;
     Script& script_;
-    int line_ = 0;
-    std::optional<Expectation> next_;
-    bool isBox_ = false;
-    std::string screenshot_;
+    std::optional<Expectation> dialog_;  // whose steps are being read
+    std::string screenshot_;             // of the next dialog
 };
 
 }  // namespace

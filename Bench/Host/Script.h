@@ -4,9 +4,8 @@
 //   configurator WORDS                                     how the configurator window is answered
 //   dialog shows ID TEXT | dialog type ID TEXT             in the next dialog
 //   dialog press BUTTON | dialog close                     ends a dialog's steps
-//   box says TEXT | box answer BUTTON                      the next message box; "\n" in TEXT is a line break
-//   screenshot FILE                                        picture of the next dialog or box, into the output folder
-// Dialogs and boxes are met in the order in which the script ends their steps.
+//   screenshot FILE                                        picture of the next dialog, into the output folder
+// Dialogs are met in the order in which the script ends their steps.
 #pragma once
 
 #include <string>
@@ -18,16 +17,13 @@
 namespace bench {
 
 struct ScriptCommand {
-    int line = 0;
     std::string name;
-    std::string configurator;  // empty: its own default
+    std::string configurator = "choose first";
     std::vector<Answer> answers;
     std::vector<Expectation> dialogs;
 };
 
-struct Script {
-    std::vector<ScriptCommand> commands;
-};
+using Script = std::vector<ScriptCommand>;
 
 // `outputFolder` receives the screenshots. An empty text on success, otherwise a sentence that opens with the line.
 std::string ReadScript(const std::string& text, const std::string& outputFolder, Script& script);

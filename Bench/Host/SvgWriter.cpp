@@ -1,31 +1,15 @@
 #include "SvgWriter.h"
 
-#include <cmath>
-#include <cstdio>
+#include "BenchTexts.h"
 
 namespace bench {
 namespace {
 
-std::string Attribute(const char* name, double value) {
-    return std::string(" ") + name + "='" + SvgNumber(value) + "'";
+std::string Number(double value) {
+    return NumberText(value, 2);
 }
 
-std::string Pair(SvgPoint point) {
-    return SvgNumber(point.x) + " " + SvgNumber(point.y);
-}
-
-}  // namespace
-
-std::string SvgNumber(double value) {
-    char text[32];
-    std::snprintf(text, sizeof text, "%.2f", std::fabs(value) < 0.005 ? 0.0 : value);
-    std::string number = text;
-    number.erase(number.find_last_not_of('0') + 1);
-    if (number.back() == '.') number.pop_back();
-    return number;
-}
-
-std::string SvgEscaped(const std::string& text) {
+std::string XmlText(const std::string& text) {
     std::string escaped;
     for (char c : text) {
         if (c == '&')
@@ -39,6 +23,16 @@ std::string SvgEscaped(const std::string& text) {
     }
     return escaped;
 }
+
+std::string Attribute(const char* name, double value) {
+    return std::string(" ") + name + "='" + Number(value) + "'";
+}
+
+std::string Pair(SvgPoint point) {
+    return Number(point.x) + " " + Number(point.y);
+}
+
+}  // namespace
 
 SvgWriter::SvgWriter(double width, double height) : width_(width), height_(height) {}
 
@@ -74,14 +68,14 @@ void SvgWriter::Circle(SvgPoint centre, double radius, const std::string& style)
 
 void SvgWriter::Text(SvgPoint place, const std::string& text, const std::string& style, double degrees) {
     body_ += "<text" + Attribute("x", place.x) + Attribute("y", place.y);
-    if (degrees != 0) body_ += " transform='rotate(" + SvgNumber(degrees) + " " + Pair(place) + ")'";
-    body_ += " " + style + ">" + SvgEscaped(text) + "</text>\n";
+    if (degrees != 0) body_ += " transform='rotate(" + Number(degrees) + " " + Pair(place) + ")'";
+    body_ += " " + style + ">" + XmlText(text) + "</text>\n";
 }
 
 std::string SvgWriter::Document() const {
     return "<?xml version='1.0' encoding='UTF-8'?>\n<svg xmlns='http://www.w3.org/2000/svg'" +
-           Attribute("width", width_) + Attribute("height", height_) + " viewBox='0 0 " + SvgNumber(width_) + " " +
-           SvgNumber(height_) + "' font-family='Segoe UI, Helvetica, Arial, sans-serif'>\n<defs>\n" + definitions_ +
+           Attribute("width", width_) + Attribute("height", height_) + " viewBox='0 0 " + Number(width_) + " " +
+           Number(height_) + "' font-family='Segoe UI, Helvetica, Arial, sans-serif'>\n<defs>\n" + definitions_ +
            "</defs>\n" + body_ + "</svg>\n";
 }
 

@@ -36,7 +36,4 @@ class SvgWriter {
     std::string body_;
 };
 
-std::string SvgNumber(double value);
-std::string SvgEscaped(const std::string& text);
-
 }  // namespace bench

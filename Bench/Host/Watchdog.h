@@ -2,8 +2,10 @@
 // object; the destructor joins it.
 #pragma once
 
-#include <memory>
+#include <condition_variable>
+#include <mutex>
 #include <string>
+#include <thread>
 
 namespace bench {
 
@@ -14,14 +16,19 @@ class Watchdog {
     Watchdog(const Watchdog&) = delete;
     Watchdog& operator=(const Watchdog&) = delete;
 
-    // The step before is over; this one may take `seconds`.
+    // The step before is over; this one may take `seconds`. An empty text: nothing is awaited.
     void Step(const std::string& whatIsAwaited, int seconds);
-    // Nothing is awaited.
-    void Rest();
 
  private:
-    struct Implementation;
-    std::unique_ptr<Implementation> implementation_;
+    void Watch();
+
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::string step_;
+    int seconds_ = 0;
+    unsigned generation_ = 0;
+    bool stop_ = false;
+    std::thread thread_;  // last: it uses all the others
 };
 
 }  // namespace bench

@@ -61,7 +61,6 @@ void LookAtControl(HWND control, SeenDialog& seen) {
     const std::string className = ClassOf(control);
     const LONG style = GetWindowLongA(control, GWL_STYLE);
     const int id = GetDlgCtrlID(control);
-    const bool enabled = IsWindowEnabled(control) != FALSE;
     if (className == "Static" && (style & SS_TYPEMASK) == SS_ICON) {
         seen.icon = KindOf(reinterpret_cast<HICON>(Ask(control, STM_GETICON, 0, 0)));
     } else if (className == "Static") {
@@ -70,9 +69,9 @@ void LookAtControl(HWND control, SeenDialog& seen) {
     } else if (className == "Button") {
         const LONG type = style & BS_TYPEMASK;
         if (type == BS_PUSHBUTTON || type == BS_DEFPUSHBUTTON)
-            seen.buttons.push_back({id, WithoutAmpersand(TextOf(control)), type == BS_DEFPUSHBUTTON, enabled});
+            seen.buttons.push_back({id, WithoutAmpersand(TextOf(control))});
     } else if (className == "Edit") {
-        seen.edits.push_back({id, TextOf(control), static_cast<size_t>(Ask(control, EM_GETLIMITTEXT, 0, 0)), enabled});
+        seen.edits.push_back({id, TextOf(control), static_cast<size_t>(Ask(control, EM_GETLIMITTEXT, 0, 0))});
     }
 }
 
@@ -110,14 +109,12 @@ SeenDialog LookAt(HWND dialog, HWND watched) {
     seen.largeIcon = reinterpret_cast<HICON>(Ask(dialog, WM_GETICON, ICON_BIG, 0));
     GUITHREADINFO thread{};
     thread.cbSize = sizeof thread;
-    if (GetGUIThreadInfo(GetWindowThreadProcessId(dialog, nullptr), &thread)) seen.focus = thread.hwndFocus;
-    if (seen.focus && IsChild(dialog, seen.focus)) seen.focusId = GetDlgCtrlID(seen.focus);
+    if (GetGUIThreadInfo(GetWindowThreadProcessId(dialog, nullptr), &thread) && IsChild(dialog, thread.hwndFocus))
+        seen.focusId = GetDlgCtrlID(thread.hwndFocus);
     seen.owner = GetWindow(dialog, GW_OWNER);
-    seen.ownerEnabled = seen.owner && IsWindowEnabled(seen.owner);
     seen.watchedEnabled = watched && IsWindowEnabled(watched);
     GetWindowRect(dialog, &seen.rectangle);
     if (seen.owner) GetWindowRect(seen.owner, &seen.ownerRectangle);
-    SystemParametersInfoA(SPI_GETWORKAREA, 0, &seen.workArea, 0);
     return seen;
 }
 
@@ -145,17 +142,6 @@ int ButtonNamed(const SeenDialog& dialog, const std::string& text) {
     for (const SeenButton& button : dialog.buttons)
         if (button.text == text) return button.id;
     return 0;
-}
-
-std::string PressKeyIn(HWND dialog, int virtualKey) {
-    GUITHREADINFO thread{};
-    thread.cbSize = sizeof thread;
-    GetGUIThreadInfo(GetWindowThreadProcessId(dialog, nullptr), &thread);
-    HWND target = thread.hwndFocus;
-    if (!target || (target != dialog && !IsChild(dialog, target))) return "the dialog does not have the keyboard focus";
-    PostMessageA(target, WM_KEYDOWN, static_cast<WPARAM>(virtualKey), 1);
-    PostMessageA(target, WM_KEYUP, static_cast<WPARAM>(virtualKey), 0xC0000001);
-    return {};
 }
 
 std::string CloseByFrame(HWND dialog) {

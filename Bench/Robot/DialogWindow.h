@@ -22,8 +22,6 @@ std::string TypeInto(HWND dialog, int control, const std::string& text);
 std::string PressButtonOf(HWND dialog, int button);
 // The id of the push button with this text (without ampersand), 0 when there is none.
 int ButtonNamed(const SeenDialog& dialog, const std::string& text);
-// A key for the control with the focus.
-std::string PressKeyIn(HWND dialog, int virtualKey);
 // The close button of the frame, which a box that must be answered has greyed.
 std::string CloseByFrame(HWND dialog);
 

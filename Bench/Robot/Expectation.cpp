@@ -3,6 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "BenchTexts.h"
+#include "DialogWindow.h"
+#include "WindowPicture.h"
+
 namespace bench {
 namespace {
 
@@ -12,15 +16,6 @@ std::string Join(const std::vector<std::string>& words) {
         line += (line.empty() ? "" : " ") + word;
     return line;
 }
-
-std::string Quoted(const std::string& text) {
-    std::string line;
-    for (char c : text)
-        line += c == '\n' ? std::string("\\n") : std::string(1, c);
-    return "\"" + line + "\"";
-}
-
-}  // namespace
 
 const char* NameOf(BoxIcon icon) {
     switch (icon) {
@@ -40,6 +35,8 @@ const char* NameOf(BoxIcon icon) {
     return "an icon of its own";
 }
 
+}  // namespace
+
 std::string SeenDialog::ButtonTexts() const {
     std::vector<std::string> texts;
     for (const SeenButton& button : buttons)
@@ -48,35 +45,25 @@ std::string SeenDialog::ButtonTexts() const {
 }
 
 std::string SeenDialog::Describe() const {
-    return std::string(edits.empty() ? "the box " : "the dialog ") + Quoted(text) + ", caption " + Quoted(caption) +
+    return std::string(edits.empty() ? "the box " : "the dialog ") + Escaped(text) + ", caption " + Escaped(caption) +
            ", buttons " + ButtonTexts() + ", " + NameOf(icon);
 }
 
 Expectation Box(const std::string& text) {
-    Expectation expectation;
-    expectation.knownBy_ = Expectation::KnownBy::kText;
-    expectation.text_ = text;
-    return expectation;
-}
-
-Expectation AnyBox() {
-    Expectation expectation;
-    expectation.knownBy_ = Expectation::KnownBy::kBeingABox;
-    return expectation;
-}
-
-Expectation AnyDialog() {
-    Expectation expectation;
-    expectation.knownBy_ = Expectation::KnownBy::kBeingADialog;
-    return expectation;
+    return {"the box " + Escaped(text),
+            [text](const SeenDialog& seen) { return seen.edits.empty() && seen.text == text; }};
 }
 
 Expectation Dialog(const std::string& caption) {
-    Expectation expectation;
-    expectation.knownBy_ = Expectation::KnownBy::kCaption;
-    expectation.caption_ = caption;
-    return expectation;
+    return {"the dialog " + Escaped(caption), [caption](const SeenDialog& seen) { return seen.caption == caption; }};
 }
+
+Expectation AnyDialog() {
+    return {"a dialog", [](const SeenDialog& seen) { return !seen.edits.empty(); }};
+}
+
+Expectation::Expectation(const std::string& name, std::function<bool(const SeenDialog&)> meant)
+    : name_(name), meant_(std::move(meant)) {}
 
 Expectation& Expectation::Captioned(const std::string& caption) {
     caption_ = caption;
@@ -108,61 +95,47 @@ Expectation& Expectation::Limit(int control, size_t characters) {
     return *this;
 }
 
-Expectation& Expectation::Type(int control, const std::string& text) {
-    steps_.push_back(TypeText{control, text});
+Expectation& Expectation::Do(Step step) {
+    steps_.push_back(std::move(step));
     return *this;
+}
+
+Expectation& Expectation::Type(int control, const std::string& text) {
+    return Do([=](const SeenDialog& seen) { return TypeInto(seen.window, control, text); });
 }
 
 Expectation& Expectation::Press(int button) {
-    steps_.push_back(PressButton{button});
-    return *this;
+    return Do([=](const SeenDialog& seen) { return PressButtonOf(seen.window, button); });
 }
 
 Expectation& Expectation::AnswerWith(const std::string& buttonText) {
-    steps_.push_back(PressNamed{buttonText});
-    return *this;
-}
-
-Expectation& Expectation::Key(int virtualKey) {
-    steps_.push_back(PressKey{virtualKey});
-    return *this;
+    return Do([=](const SeenDialog& seen) {
+        const int id = ButtonNamed(seen, buttonText);
+        return id ? PressButtonOf(seen.window, id) : "there is no button " + Escaped(buttonText);
+    });
 }
 
 Expectation& Expectation::Close() {
-    steps_.push_back(CloseWindowByFrame{});
-    return *this;
+    return Do([](const SeenDialog& seen) { return CloseByFrame(seen.window); });
 }
 
 Expectation& Expectation::Screenshot(const std::string& file) {
-    steps_.push_back(TakePicture{file});
-    return *this;
+    return Do([=](const SeenDialog& seen) { return SavePictureOf(seen.window, file); });
 }
 
 Expectation& Expectation::Look(std::function<void(const SeenDialog&)> observer) {
-    steps_.push_back(Observe{std::move(observer)});
-    return *this;
-}
-
-bool Expectation::Meant(const SeenDialog& seen) const {
-    switch (knownBy_) {
-        case KnownBy::kText:
-            return seen.edits.empty() && seen.text == *text_;
-        case KnownBy::kCaption:
-            return seen.caption == *caption_;
-        case KnownBy::kBeingABox:
-            return seen.edits.empty();
-        case KnownBy::kBeingADialog:
-            return !seen.edits.empty();
-    }
-    return false;
+    return Do([=](const SeenDialog& seen) {
+        observer(seen);
+        return std::string();
+    });
 }
 
 std::vector<std::string> Expectation::Differences(const SeenDialog& seen) const {
     std::vector<std::string> sentences;
     const auto differ = [&](const std::string& what, const std::string& expected, const std::string& found) {
         if (expected != found)
-            sentences.push_back("The " + what + " of " + Describe() + " was expected to be " + Quoted(expected) +
-                                " and is " + Quoted(found) + ".");
+            sentences.push_back("The " + what + " of " + name_ + " was expected to be " + Escaped(expected) +
+                                " and is " + Escaped(found) + ".");
     };
     if (caption_) differ("caption", *caption_, seen.caption);
     if (text_) differ("text", *text_, seen.text);
@@ -173,27 +146,13 @@ std::vector<std::string> Expectation::Differences(const SeenDialog& seen) const 
                                         [&](const SeenEdit& edit) { return edit.id == field.control; });
         const std::string name = "field " + std::to_string(field.control);
         if (found == seen.edits.end()) {
-            sentences.push_back("There is no " + name + " in " + Describe() + ".");
+            sentences.push_back("There is no " + name + " in " + name_ + ".");
             continue;
         }
         if (field.text) differ(name, *field.text, found->text);
         if (field.limit) differ("limit of " + name, std::to_string(*field.limit), std::to_string(found->limit));
     }
     return sentences;
-}
-
-std::string Expectation::Describe() const {
-    switch (knownBy_) {
-        case KnownBy::kText:
-            return "the box " + Quoted(*text_);
-        case KnownBy::kCaption:
-            return "the dialog " + Quoted(*caption_);
-        case KnownBy::kBeingABox:
-            return "a box";
-        case KnownBy::kBeingADialog:
-            break;
-    }
-    return "a dialog";
 }
 
 }  // namespace bench

@@ -9,37 +9,20 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <variant>
 #include <vector>
 
 #include "SeenDialog.h"
 
 namespace bench {
 
-struct TypeText {
-    int control;
-    std::string text;  // replaces what the field holds, key by key, so that the field's own limit holds
-};
-struct PressButton {
-    int id;
-};
-struct PressNamed {
-    std::string text;
-};
-struct PressKey {
-    int key;  // virtual key, as VK_RETURN or VK_ESCAPE
-};
-struct CloseWindowByFrame {};
-struct TakePicture {
-    std::string file;  // .png
-};
-struct Observe {
-    std::function<void(const SeenDialog&)> observer;  // runs on the robot's thread while the dialog is up
-};
-using DialogStep = std::variant<TypeText, PressButton, PressNamed, PressKey, CloseWindowByFrame, TakePicture, Observe>;
-
 class Expectation {
  public:
+    // What is done with the dialog, on the robot's thread: an empty text, or what hindered it.
+    using Step = std::function<std::string(const SeenDialog& seen)>;
+
+    // `name` is how a complaint calls it, `meant` tells whether a dialog is the one.
+    Expectation(const std::string& name, std::function<bool(const SeenDialog& seen)> meant);
+
     Expectation& Captioned(const std::string& caption);
     Expectation& Saying(const std::string& text);
     Expectation& Icon(BoxIcon icon);
@@ -49,49 +32,44 @@ class Expectation {
     Expectation& Shows(int control, const std::string& text);
     Expectation& Limit(int control, size_t characters);
 
+    // Replaces what the field holds, key by key, so that the field's own limit holds.
     Expectation& Type(int control, const std::string& text);
     Expectation& Press(int button);
     Expectation& AnswerWith(const std::string& buttonText);
-    Expectation& Key(int virtualKey);
     Expectation& Close();
-    Expectation& Screenshot(const std::string& file);
-    Expectation& Look(std::function<void(const SeenDialog&)> observer);
+    Expectation& Screenshot(const std::string& file);  // .png
+    Expectation& Look(std::function<void(const SeenDialog& seen)> observer);
 
-    // Whether this is the dialog that was meant.
-    bool Meant(const SeenDialog& seen) const;
+    const std::string& name() const { return name_; }
+    bool Meant(const SeenDialog& seen) const { return meant_(seen); }
     // Everything that differs, one sentence each.
     std::vector<std::string> Differences(const SeenDialog& seen) const;
-    std::string Describe() const;
-    const std::vector<DialogStep>& steps() const { return steps_; }
+    const std::vector<Step>& steps() const { return steps_; }
 
  private:
-    friend Expectation Box(const std::string& text);
-    friend Expectation AnyBox();
-    friend Expectation AnyDialog();
-    friend Expectation Dialog(const std::string& caption);
+    Expectation& Do(Step step);
 
-    enum class KnownBy { kText, kCaption, kBeingABox, kBeingADialog } knownBy_ = KnownBy::kText;
     struct Field {
         int control;
         std::optional<std::string> text;
         std::optional<size_t> limit;
     };
 
+    std::string name_;
+    std::function<bool(const SeenDialog&)> meant_;
     std::optional<std::string> caption_;
     std::optional<std::string> text_;
     std::optional<BoxIcon> icon_;
     std::optional<std::vector<std::string>> buttons_;
     std::vector<Field> fields_;
-    std::vector<DialogStep> steps_;
+    std::vector<Step> steps_;
 };
 
-// A message box with exactly this text.
+// A message box (no edit fields) with exactly this text.
 Expectation Box(const std::string& text);
-// A message box (a dialog without edit fields), whatever it says.
-Expectation AnyBox();
-// A dialog with edit fields, whatever its caption.
-Expectation AnyDialog();
 // A dialog with exactly this caption.
 Expectation Dialog(const std::string& caption);
+// A dialog with edit fields, whatever its caption.
+Expectation AnyDialog();
 
 }  // namespace bench

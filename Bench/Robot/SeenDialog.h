@@ -10,20 +10,16 @@
 namespace bench {
 
 enum class BoxIcon { kNone, kError, kWarning, kQuestion, kInformation, kOther };
-const char* NameOf(BoxIcon icon);
 
 struct SeenButton {
     int id;
     std::string text;  // without the ampersand
-    bool isDefault;
-    bool enabled;
 };
 
 struct SeenEdit {
     int id;
     std::string text;
     size_t limit;  // most characters that can be typed; the system's own limit is 30000 or more
-    bool enabled;
 };
 
 struct SeenDialog {
@@ -36,13 +32,10 @@ struct SeenDialog {
     HICON smallIcon = nullptr;  // as the window answers WM_GETICON
     HICON largeIcon = nullptr;
     int focusId = 0;  // control with the keyboard focus, 0 when none of this dialog has it
-    HWND focus = nullptr;
     HWND owner = nullptr;
-    bool ownerEnabled = false;
     bool watchedEnabled = false;  // the window that the robot was told to watch
     RECT rectangle{};
     RECT ownerRectangle{};
-    RECT workArea{};  // of the primary monitor
 
     // Texts of the buttons, in their order, joined by blanks: "Yes No".
     std::string ButtonTexts() const;

@@ -10,6 +10,7 @@ using std::max;  // the header of GDI+ takes these for macros
 using std::min;
 #include <gdiplus.h>
 
+#include "BenchTexts.h"
 #include "MessageMarker.h"
 
 namespace bench {
@@ -106,10 +107,8 @@ std::string SavePictureOf(HWND window, const std::string& file) {
     const GdiPlus library;
     if (!library) return "GDI+, which writes the picture " + file + ", did not start";
     const CLSID png = {0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
-    std::wstring wide(MultiByteToWideChar(CP_ACP, 0, file.c_str(), -1, nullptr, 0), L'\0');
-    MultiByteToWideChar(CP_ACP, 0, file.c_str(), -1, &wide[0], static_cast<int>(wide.size()));
     Gdiplus::Bitmap picture(bitmap.get(), nullptr);
-    if (picture.Save(wide.c_str(), &png, nullptr) != Gdiplus::Ok)
+    if (picture.Save(FromAnsi(file).c_str(), &png, nullptr) != Gdiplus::Ok)
         return "the picture " + file + " could not be written";
     return {};
 }

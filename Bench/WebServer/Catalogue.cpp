@@ -44,7 +44,6 @@ CurvePoint Point(const TiXmlElement& element) {
 
 Series ReadSeries(const TiXmlElement& element) {
     Series series;
-    series.name = Required(element, "name");
     series.shape = Required(element, "shape");
     series.model = Required(element, "model");
     series.marketArea = Attribute(element, "marketArea");

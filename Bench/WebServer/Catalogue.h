@@ -20,7 +20,6 @@ struct CurvePoint {
 };
 
 struct Series {
-    std::string name;
     std::string shape;  // "0" round, "1" rectangular
     std::string model;
     std::string marketArea;

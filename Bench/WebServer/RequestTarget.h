@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace bench {
 
@@ -12,11 +13,14 @@ struct RequestTarget {
 
     // Path and query as they stood in the target, without scheme and host.
     std::string text() const { return query.empty() ? path : path + '?' + query; }
-    // The value of the first "name=" in the query with its percent signs undone; empty when there is none.
+    // The value of the first "name=" in the query as it stands there; empty when there is none.
     std::string Value(const std::string& name) const;
 };
 
 RequestTarget ParseRequestTarget(const std::string& target);
+
+// Ids as a choice names several; at least one, which may be empty.
+std::vector<std::string> SplitAtCommas(const std::string& text);
 
 // 32 upper-case hexadecimal digits.
 bool IsSessionIdentifier(const std::string& text);

@@ -14,6 +14,8 @@ const char kProductsPath[] = "/klimora";
 const char kChoosePath[] = "/klimora/choose";
 const char kExportPath[] = "/klimora/export/";
 const char kExportEnding[] = ".xml";
+const char kMovedPath[] = "/moved";
+constexpr size_t kHugeSize = 5 * 1024 * 1024;
 
 bool StartsWith(const std::string& text, const std::string& beginning) {
     return text.compare(0, beginning.size(), beginning) == 0;
@@ -21,6 +23,13 @@ bool StartsWith(const std::string& text, const std::string& beginning) {
 
 double Number(const std::string& text) {
     return std::strtod(text.c_str(), nullptr);
+}
+
+// An error page as a server shows it to people.
+WebAnswer Page(int status, const std::string& text) {
+    return {status, "text/html",
+            "<html><head><title>" + std::to_string(status) + "</title></head><body><p>" + text + "<br></body></html>\n",
+            ""};
 }
 
 WebAnswer File(const std::string& path) {
@@ -32,29 +41,37 @@ WebAnswer File(const std::string& path) {
     return answer;
 }
 
-std::vector<std::string> SplitAtCommas(const std::string& text) {
-    std::vector<std::string> parts;
-    for (size_t start = 0; start <= text.size();) {
-        size_t end = text.find(',', start);
-        if (end == std::string::npos) end = text.size();
-        parts.push_back(text.substr(start, end - start));
-        start = end + 1;
-    }
-    return parts;
-}
-
 }  // namespace
-
-WebAnswer Page(int status, const std::string& text) {
-    return {status, "text/html",
-            "<html><head><title>" + std::to_string(status) + "</title></head><body><p>" + text + "<br></body></html>\n",
-            ""};
-}
 
 Site::Site(Catalogue catalogue, std::string server) : catalogue_(std::move(catalogue)), server_(std::move(server)) {}
 
-WebAnswer Site::Handle(const std::string& method, const RequestTarget& target) {
+Trouble Site::Arrived(const std::string& method, const RequestTarget& target) {
     const std::lock_guard<std::mutex> lock(mutex_);
+    requests_.push_back(method + ' ' + target.text());
+    Trouble trouble = Trouble::kNone;
+    size_t longest = 0;
+    for (const auto& [path, planned] : troubles_) {
+        if (path.size() < longest || !StartsWith(target.path, path)) continue;
+        longest = path.size();
+        trouble = planned;
+    }
+    return trouble;
+}
+
+WebAnswer Site::Answer(const std::string& method, RequestTarget target, Trouble trouble) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    // A redirected request that comes again gets its first path back.
+    if (StartsWith(target.path, std::string(kMovedPath) + '/')) target.path.erase(0, sizeof kMovedPath - 1);
+    if (trouble == Trouble::kNotFound) return Page(404, "The page was not found.");
+    if (trouble == Trouble::kEmpty) return {};
+    if (trouble == Trouble::kRedirected) return {302, "text/plain", "", server_ + kMovedPath + target.text()};
+    WebAnswer answer = Handle(method, target);
+    // Empty lines at its end change no document and no database file.
+    if (trouble == Trouble::kHuge && answer.body.size() < kHugeSize) answer.body.resize(kHugeSize, '\n');
+    return answer;
+}
+
+WebAnswer Site::Handle(const std::string& method, const RequestTarget& target) {
     if (const auto fixed = fixed_.find(target.path); fixed != fixed_.end())
         return {200, "text/plain", fixed->second, ""};
     if (method == "POST")
@@ -66,7 +83,7 @@ WebAnswer Site::Handle(const std::string& method, const RequestTarget& target) {
     return Page(404, "There is no such page.");
 }
 
-WebAnswer Site::Products(const RequestTarget& target) {
+WebAnswer Site::Products(const RequestTarget& target) const {
     if (target.Value("action") != "ljudprog") return Page(400, "The action is not known.");
     if (!IsSessionIdentifier(target.Value("klsid"))) return Page(400, "The session identifier is not valid.");
     const Duct duct{Number(target.Value("diameter")), Number(target.Value("width")), Number(target.Value("height")),
@@ -84,7 +101,7 @@ WebAnswer Site::Choose(const RequestTarget& target) {
     return {200, "text/plain", "published\n", ""};
 }
 
-WebAnswer Site::Result(const std::string& fileName) {
+WebAnswer Site::Result(const std::string& fileName) const {
     const size_t ending = sizeof kExportEnding - 1;
     const bool named = fileName.size() > ending && fileName.substr(fileName.size() - ending) == kExportEnding;
     const std::string session = named ? fileName.substr(0, fileName.size() - ending) : std::string();
@@ -94,6 +111,11 @@ WebAnswer Site::Result(const std::string& fileName) {
     const std::string body =
         instead_.empty() ? ResultDocument(catalogue_, choice->second, server_, rootTexts_) : instead_;
     return {200, "text/xml; charset=utf-8", body, ""};
+}
+
+void Site::SetTrouble(const std::string& path, Trouble trouble) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    troubles_[path] = trouble;
 }
 
 void Site::Serve(const std::string& path, const std::string& body) {
@@ -113,9 +135,15 @@ void Site::PublishInstead(const std::string& body) {
 
 void Site::Reset() {
     const std::lock_guard<std::mutex> lock(mutex_);
+    troubles_.clear();
     fixed_.clear();
     rootTexts_.clear();
     instead_.clear();
+}
+
+std::vector<std::string> Site::requests() const {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return requests_;
 }
 
 }  // namespace bench

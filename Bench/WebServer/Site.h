@@ -13,6 +13,18 @@
 
 namespace bench {
 
+enum class Trouble {
+    kNone,
+    kNotFound,    // 404 with a page of text
+    kEmpty,       // 200 and no byte
+    kTruncated,   // the connection closes in an orderly way before the announced length
+    kReset,       // the connection is reset in the middle of the body: a read fails
+    kRefused,     // the connection is reset before any answer: the address cannot be opened
+    kStalled,     // a short pause in the middle, then the rest
+    kRedirected,  // 302 to the same file under another path
+    kHuge         // five megabytes
+};
+
 struct WebAnswer {
     int status = 200;
     std::string type = "text/plain";
@@ -20,30 +32,40 @@ struct WebAnswer {
     std::string location;  // of a redirection
 };
 
-// An error page as a server shows it to people.
-WebAnswer Page(int status, const std::string& text);
-
 class Site {
  public:
     // `server` is the scheme and host that results name, without a trailing slash.
     Site(Catalogue catalogue, std::string server);
 
-    WebAnswer Handle(const std::string& method, const RequestTarget& target);
-
+    // The next requests whose path begins with `path` meet this trouble; of several paths the longest counts.
+    void SetTrouble(const std::string& path, Trouble trouble);
+    // A fixed answer for a path, instead of the catalogue's.
     void Serve(const std::string& path, const std::string& body);
+    // Edits to the result that is published for a choice: an element text of the root ("error", "warning"), or a whole
+    // replacement of the result.
     void PublishWith(const std::string& elementName, const std::string& text);
     void PublishInstead(const std::string& body);
-    // Choices stay; fixed answers and edits of results go.
+    // Troubles, fixed answers and edits are forgotten; choices stay.
     void Reset();
 
+    // Requests so far, as in the journal but without their results, also those that the configurator made.
+    std::vector<std::string> requests() const;
+
+    // Once for each request as it arrives: notes it and tells its trouble.
+    Trouble Arrived(const std::string& method, const RequestTarget& target);
+    WebAnswer Answer(const std::string& method, RequestTarget target, Trouble trouble);
+
  private:
-    WebAnswer Products(const RequestTarget& target);
+    WebAnswer Handle(const std::string& method, const RequestTarget& target);
+    WebAnswer Products(const RequestTarget& target) const;
     WebAnswer Choose(const RequestTarget& target);
-    WebAnswer Result(const std::string& fileName);
+    WebAnswer Result(const std::string& fileName) const;
 
     const Catalogue catalogue_;
     const std::string server_;
-    std::mutex mutex_;
+    mutable std::mutex mutex_;
+    std::vector<std::string> requests_;
+    std::map<std::string, Trouble> troubles_;
     std::map<std::string, std::string> fixed_;
     std::map<std::string, std::vector<std::string>> choices_;  // by session identifier
     std::vector<std::pair<std::string, std::string>> rootTexts_;

@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "WebServer.h"
+#include "Site.h"
 #include "httplib.h"
 
 namespace bench {

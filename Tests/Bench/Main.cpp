@@ -4,9 +4,12 @@
 
 #include <gmock/gmock.h>
 
+#include "TestProgram.h"
+
 int main(int argc, char** argv) {
-    OleInitialize(nullptr);
     testing::InitGoogleMock(&argc, argv);
+    if (!BeginTests()) return kWrongUse;
+    OleInitialize(nullptr);
     const int failed = RUN_ALL_TESTS();
     OleUninitialize();
     return failed;

@@ -4,11 +4,8 @@
 #include <fstream>
 #include <sstream>
 
-#include "acedads.h"
-
 namespace {
 
-constexpr wchar_t kModule[] = L"Sorvik_R24_x64.arx";
 constexpr char kOwedCommand[] = "command group SORV_CMDS";
 constexpr char kOwedService[] = "service SORV";
 constexpr char kRecordFile[] = "configurator-record.txt";
@@ -51,9 +48,7 @@ std::string WithoutAccessFlag(std::string project) {
 CommandBench::CommandBench() : robot_(bench::MainWindow()) {
     TheWebServer().Reset();
     bench::ClearStatisticsEvents();
-    bench::NewDrawing("Office.dwg");
     bench::ClearAnswers();
-    bench::SetUser(nullptr);
     DeleteFileA(kRecordFile);
     SetEnvironmentVariableA("SORVIK_BENCH_CONFIGURATOR_RECORD", kRecordFile);
     InTheConfigurator("cancel");
@@ -61,7 +56,7 @@ CommandBench::CommandBench() : robot_(bench::MainWindow()) {
     bench::ResetBench();
     {
         bench::Quiet quiet;
-        if (acedArxLoad(kModule) != 5100) ADD_FAILURE() << "the module cannot be loaded:\n" << bench::Transcript();
+        EXPECT_EQ(TheStage().LoadModule("Sorvik_R24_x64.arx"), "") << bench::Transcript();
     }
     bench::ClearTranscript();
 }
@@ -72,7 +67,7 @@ CommandBench::~CommandBench() {
     EXPECT_EQ(bench::AnswersLeft(), 0u) << "answers that no prompt asked for";
     {
         bench::Quiet quiet;
-        EXPECT_EQ(acedArxUnload(kModule), 5100);
+        EXPECT_EQ(TheStage().UnloadModule(), "");
     }
     bench::StopKlimora();
     for (const std::string& sentence : bench::Accusations())
@@ -83,11 +78,7 @@ CommandBench::~CommandBench() {
 }
 
 void CommandBench::UseServer(const bench::KlimoraServer& server) {
-    bench::StopKlimora();
-    bench::NewDrawing("Office.dwg");
-    bench::StartKlimora(server);
-    std::string error;
-    if (!bench::OpenProject("office.xml", error)) ADD_FAILURE() << error;
+    EXPECT_EQ(TheStage().OpenProject("office.xml", server), "");
 }
 
 void CommandBench::Picks(const std::string& handle) {

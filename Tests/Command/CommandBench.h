@@ -14,13 +14,16 @@
 #include "BenchKlimora.h"
 #include "BenchStatistics.h"
 #include "Robot.h"
-#include "WebServer.h"
+#include "Stage.h"
 #include "gtest/gtest.h"
 
 inline constexpr char kName[] = "Sorvik Klimora Cloud Plugin";
 
-// One server for the whole program, started by main.
-bench::WebServer& TheWebServer();
+// One web server and one AutoCAD for the whole program, started by main.
+bench::Stage& TheStage();
+inline bench::WebServer& TheWebServer() {
+    return TheStage().server();
+}
 
 class CommandBench : public testing::Test {
  protected:

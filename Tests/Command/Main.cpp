@@ -1,26 +1,30 @@
-// The AutoCAD stand-in with the maker's web server beside it, for all cases of the program.
+// The stage for all cases of the program.
 #include <windows.h>
 
-#include "BenchAutoCAD.h"
+#include <cstdio>
+#include <stdexcept>
+
 #include "CommandBench.h"
+#include "TestProgram.h"
 
 namespace {
-bench::WebServer* g_server = nullptr;
+bench::Stage* g_stage = nullptr;
 }
 
-bench::WebServer& TheWebServer() {
-    return *g_server;
+bench::Stage& TheStage() {
+    return *g_stage;
 }
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     if (testing::GTEST_FLAG(list_tests)) return RUN_ALL_TESTS();
-    bench::WebServer server("catalogue.xml");
-    server.UseAsProxy();
-    g_server = &server;
-    bench::StartAutoCAD();
-    const int result = RUN_ALL_TESTS();
-    bench::StopAutoCAD();
-    g_server = nullptr;
-    return result;
+    if (!BeginTests()) return kWrongUse;
+    try {
+        bench::Stage stage("catalogue.xml");
+        g_stage = &stage;
+        return RUN_ALL_TESTS();
+    } catch (const std::runtime_error& problem) {
+        std::printf("%s\n", problem.what());
+        return kWrongUse;
+    }
 }

@@ -7,6 +7,7 @@
 
 #include "BenchAutoCAD.h"
 #include "BenchControl.h"
+#include "TestProgram.h"
 #include "gtest/gtest.h"
 
 namespace {
@@ -31,9 +32,10 @@ class BenchWatch : public testing::EmptyTestEventListener {
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     if (testing::GTEST_FLAG(list_tests)) return RUN_ALL_TESTS();
+    if (!BeginTests()) return kWrongUse;
     if (!LoadLibraryA("Sorvik_R24_x64.arx")) {
         std::fprintf(stderr, "Sorvik_R24_x64.arx cannot be loaded: error %lu\n", GetLastError());
-        return 2;
+        return kWrongUse;
     }
     bench::StartAutoCAD();
     testing::UnitTest::GetInstance()->listeners().Append(new BenchWatch);

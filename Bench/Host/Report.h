@@ -1,4 +1,4 @@
-// What a run did, as data, and the summary of it that a person reads. Pure: everything is collected by the caller.
+// What a run did, as data, and how it reads for a person. Pure: everything is collected by the caller.
 #pragma once
 
 #include <string>
@@ -6,6 +6,7 @@
 
 #include "BenchStatistics.h"
 #include "FloorPlan.h"
+#include "KbaseFile.h"
 
 namespace bench {
 
@@ -19,14 +20,7 @@ struct CommandReport {
     std::vector<std::string> requests;            // that reached the web server
     std::vector<std::string> queued;              // texts that the module sent for execution
     std::vector<PlanPart> inserted;               // parts that are new
-};
-
-struct RunReport {
-    std::vector<CommandReport> commands;
-    std::string productRecord;  // already readable, empty when none was saved
-    std::vector<StatisticsEvent> events;
-    FloorPlan after;
-    std::vector<std::string> failures;  // everything that was wrong, one sentence each
+    std::vector<std::string> accusations;
 };
 
 // From the journal's lines of one command: it ended its transaction and aborted none, and ending it succeeded.
@@ -34,9 +28,13 @@ bool Committed(const std::vector<std::string>& journal);
 // The lines of one call, without its name.
 std::vector<std::string> CallsOf(const std::vector<std::string>& journal, const std::string& name);
 
+std::string Heading(const std::string& text);
+// `plan` names the systems of the parts.
+std::string CommandText(const CommandReport& command, const FloorPlan& plan);
+// Number, name and decoded value of every attribute; empty for a record without a class.
+std::string RecordText(const KbaseRecord& record);
 std::string StatisticsText(const std::vector<StatisticsEvent>& events);
-std::string SummaryText(const RunReport& report);
-// Everything that was wrong, or that nothing was.
-std::string VerdictText(const RunReport& report);
+// Everything that was wrong, one sentence each, or that nothing was.
+std::string VerdictText(const std::vector<std::string>& failures);
 
 }  // namespace bench

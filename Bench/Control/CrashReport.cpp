@@ -24,7 +24,8 @@ void PrintPlace(DWORD64 address) {
 }
 
 LONG WINAPI Report(EXCEPTION_POINTERS* exception) {
-    std::printf("\nbenchcad: crashed with exception %08lx at\n", exception->ExceptionRecord->ExceptionCode);
+    std::fflush(nullptr);  // what the program had printed is wanted too
+    std::printf("\nbench: crashed with exception %08lx at\n", exception->ExceptionRecord->ExceptionCode);
     CONTEXT context = *exception->ContextRecord;
     for (int depth = 0; depth < kDeepest && context.Rip; ++depth) {
         PrintPlace(context.Rip);

@@ -1,0 +1,132 @@
+#include "Run.h"
+
+#include <windows.h>
+
+#include <fstream>
+#include <stdexcept>
+
+#include "BenchAutoCAD.h"
+#include "BenchControl.h"
+#include "BenchKbase.h"
+#include "BenchKlimora.h"
+#include "FloorPlanSvg.h"
+#include "Output.h"
+#include "ProjectPlan.h"
+
+namespace bench {
+namespace {
+
+constexpr int kSetUpSeconds = 60;
+constexpr int kCloseSeconds = 30;
+
+std::vector<std::string> LinesOf(const std::string& file) {
+    std::vector<std::string> lines;
+    std::ifstream stream(file, std::ios::binary);
+    for (std::string line; std::getline(stream, line);)
+        lines.push_back(line);
+    return lines;
+}
+
+std::vector<std::string> Beyond(const std::vector<std::string>& lines, size_t count) {
+    return {lines.begin() + static_cast<std::ptrdiff_t>(count), lines.end()};
+}
+
+}  // namespace
+
+bool Run::Open() {
+    watchdog_.Step("the stand-ins and the module to start", kSetUpSeconds);
+    std::string problem;
+    try {
+        stage_ = std::make_unique<Stage>(options_.catalogue);
+        SetEcho(Say);
+        problem = stage_->OpenProject(options_.project, {});
+        Note("-- load module");
+        if (problem.empty()) problem = stage_->LoadModule(options_.module);
+    } catch (const std::runtime_error& error) {
+        problem = error.what();
+    }
+    watchdog_.Step({}, 0);
+    if (!problem.empty()) {
+        Say("\nbenchcad: " + problem + "\n");
+        return false;
+    }
+    handlesBefore_ = HandlesOfProject();
+    SavePlan("floor-before.svg", "Floor plan before the run");
+    return true;
+}
+
+CommandReport Run::Command(const std::string& name, const std::string& configurator, int seconds) {
+    const std::string recordFile = options_.outputFolder + "\\configurator.txt";
+    SetEnvironmentVariableA("SORVIK_BENCH_CONFIGURATOR", configurator.c_str());
+    SetEnvironmentVariableA("SORVIK_BENCH_CONFIGURATOR_RECORD", recordFile.c_str());
+    DeleteFileA(recordFile.c_str());
+    CommandReport report;
+    report.name = name;
+    report.configuratorScript = configurator;
+    const std::set<std::string> known = HandlesOfProject();
+    const FloorPlan before = PlanOfProject("", "", known);
+    const size_t requestsBefore = stage_->server().requests().size();
+    Note("-- command " + name);
+    const size_t journalBefore = Journal().size();
+    const size_t accusedBefore = Accusations().size();
+
+    if (seconds > 0) watchdog_.Step("the command " + name, seconds);
+    report.known = RunCommand(name);
+    watchdog_.Step({}, 0);
+
+    const std::vector<std::string> journal = Beyond(Journal(), journalBefore);
+    report.committed = Committed(journal);
+    for (const PlanPart& part : before.parts)
+        if (part.handle == LastPick()) report.picked.push_back(part);
+    report.accusations = Beyond(Accusations(), accusedBefore);
+    report.queued = CallsOf(journal, "AcApDocManager::sendStringToExecute");
+    report.requests = Beyond(stage_->server().requests(), requestsBefore);
+    report.configuratorRecord = LinesOf(recordFile);
+    DeleteFileA(recordFile.c_str());
+    const FloorPlan after = PlanOfProject("", "", known);
+    for (const PlanPart& part : after.parts)
+        if (part.marked) report.inserted.push_back(part);
+    if (report.known) Say(CommandText(report, after));
+    return report;
+}
+
+int Run::Finish() {
+    const std::string record = RecordText(LastSavedRecord());
+    const std::string statistics = StatisticsText(StatisticsEvents());
+    Save("record.txt", record);
+    Save("statistics.txt", statistics);
+    Save("project.xml", ProjectXml());
+    SavePlan("floor-after.svg", "Floor plan after the run");
+    Save("transcript.txt", Transcript());
+    if (!record.empty()) Say(Heading("Product record") + record);
+    if (!statistics.empty()) Say(Heading("Usage statistics") + statistics);
+
+    watchdog_.Step("the module to unload and the stand-ins to close", kCloseSeconds);
+    Note("-- unload module");
+    const std::string unloading = stage_->Close();
+    watchdog_.Step({}, 0);
+    Save("journal.txt", JoinLines(Journal()));
+    if (!unloading.empty()) Fail(unloading);
+    for (const std::string& sentence : Accusations())
+        Fail(sentence);
+    for (const std::string& owed : BenchBalance())
+        Fail("Not given back: " + owed + ".");
+    Say(VerdictText(failures_) + "\nWritten to " + ShownPath(options_.outputFolder) + "\n");
+    return failures_.empty() ? kAllWell : kWentWrong;
+}
+
+void Run::Save(const char* file, const std::string& text) {
+    const std::string problem = WriteText(options_.outputFolder + "\\" + file, text);
+    if (!problem.empty()) Fail(problem);
+}
+
+void Run::SavePlan(const char* file, const char* title) {
+    std::string subtitle = "Drawn from ";
+    {
+        const Quiet quiet;
+        subtitle += PartAttribute("", "/dwg/kpjfilename");
+    }
+    Save(file, FloorPlanSvg(PlanOfProject(title, subtitle, handlesBefore_)));
+}
+
+}  // namespace bench

@@ -1,0 +1,100 @@
+// The robot against real message boxes: how it answers, and that it complains about everything that the script did not
+// foresee.
+#include "Robot.h"
+
+#include <windows.h>
+
+#include <gmock/gmock.h>
+
+#include <iterator>
+
+namespace bench {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+int ShowBox(const char* text, UINT style) {
+    return MessageBoxA(nullptr, text, "Robot at work", style);
+}
+
+TEST(RobotTest, ReadsAndAnswersEveryKindOfBox) {
+    const struct {
+        UINT style;
+        BoxIcon icon;
+        std::vector<std::string> buttons;
+        const char* answer;
+        int result;
+    } cases[] = {
+        {MB_OK, BoxIcon::kNone, {"OK"}, "OK", IDOK},
+        {MB_OKCANCEL | MB_ICONWARNING, BoxIcon::kWarning, {"OK", "Cancel"}, "Cancel", IDCANCEL},
+        {MB_YESNO | MB_ICONQUESTION, BoxIcon::kQuestion, {"Yes", "No"}, "No", IDNO},
+        {MB_YESNOCANCEL | MB_ICONINFORMATION, BoxIcon::kInformation, {"Yes", "No", "Cancel"}, "Yes", IDYES},
+        {MB_RETRYCANCEL | MB_ICONERROR, BoxIcon::kError, {"Retry", "Cancel"}, "Retry", IDRETRY},
+    };
+    Robot robot;
+    for (const auto& c : cases) {
+        robot.Expect(Box("First line\nsecond line")
+                         .Captioned("Robot at work")
+                         .Icon(c.icon)
+                         .Buttons(c.buttons)
+                         .AnswerWith(c.answer));
+        EXPECT_EQ(c.result, ShowBox("First line\nsecond line", c.style)) << c.answer << " of " << c.style;
+    }
+    EXPECT_THAT(robot.Complaints(), IsEmpty());
+    EXPECT_EQ(std::size(cases), robot.Seen().size());
+}
+
+TEST(RobotTest, EveryDifferenceIsAComplaintAndTheAnswerIsGivenAllTheSame) {
+    Robot robot;
+    robot.Expect(Box("Sure?").Captioned("Other").Icon(BoxIcon::kError).Buttons({"No", "Yes"}).AnswerWith("Yes"));
+    EXPECT_EQ(IDYES, ShowBox("Sure?", MB_YESNO | MB_ICONWARNING));
+    EXPECT_THAT(
+        robot.Complaints(),
+        ElementsAre("The caption of the box \"Sure?\" was expected to be \"Other\" and is \"Robot at work\".",
+                    "The icon of the box \"Sure?\" was expected to be \"error icon\" and is \"warning icon\".",
+                    "The row of buttons of the box \"Sure?\" was expected to be \"No Yes\" and is \"Yes No\"."));
+
+    SeenDialog dialog;
+    dialog.text = "User code";
+    dialog.edits = {{1102, "SORV1", 10}};
+    EXPECT_THAT(Dialog("Code").Saying("Code").Shows(1102, "SORV2").Limit(1102, 5).Shows(7, "").Differences(dialog),
+                ElementsAre("The text of the dialog \"Code\" was expected to be \"Code\" and is \"User code\".",
+                            "The field 1102 of the dialog \"Code\" was expected to be \"SORV2\" and is \"SORV1\".",
+                            "The limit of field 1102 of the dialog \"Code\" was expected to be \"5\" and is \"10\".",
+                            "There is no field 7 in the dialog \"Code\"."));
+}
+
+TEST(RobotTest, UnexpectedBoxesAreClosedAndUnmetExpectationsTold) {
+    const struct {
+        UINT style;
+        int result;
+    } cases[] = {{MB_OK, IDOK}, {MB_YESNO, IDNO}, {MB_OKCANCEL, IDCANCEL}, {MB_ABORTRETRYIGNORE, IDABORT}};
+    Robot robot;
+    for (const auto& c : cases)
+        EXPECT_EQ(c.result, ShowBox("Surprise", c.style)) << c.style;
+    robot.Expect(Box("Never shown").AnswerWith("OK"));
+    EXPECT_EQ(IDOK, ShowBox("Another", MB_OK));
+    const std::vector<std::string> complaints = robot.Complaints();
+    ASSERT_EQ(std::size(cases) + 2, complaints.size());
+    EXPECT_THAT(complaints.front(), HasSubstr("Nothing was expected any more, but there came the box \"Surprise\""));
+    EXPECT_THAT(complaints[4], HasSubstr("Expected was the box \"Never shown\", but there came the box \"Another\""));
+    EXPECT_THAT(complaints[5], HasSubstr("it never came: the box \"Never shown\""));
+    robot.Reset();
+    EXPECT_THAT(robot.Complaints(), IsEmpty());
+}
+
+TEST(RobotTest, WhatTheBoxDoesNotOfferIsAComplaint) {
+    Robot robot;
+    robot.Expect(Box("Choose").Type(1102, "A").Press(IDRETRY).Close().AnswerWith("Maybe"));
+    EXPECT_EQ(IDNO, ShowBox("Choose", MB_YESNO));
+    EXPECT_THAT(robot.Complaints(), ElementsAre("At the box \"Choose\" there is no control 1102 to type into.",
+                                                "At the box \"Choose\" there is no button 4.",
+                                                "At the box \"Choose\" the frame's close button is greyed.",
+                                                "At the box \"Choose\" there is no button \"Maybe\".",
+                                                HasSubstr("Nothing was expected any more")));
+}
+
+}  // namespace
+}  // namespace bench

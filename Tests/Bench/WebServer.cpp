@@ -1,0 +1,164 @@
+// The web server as a WinINet client meets it: one plain way from the products to the result, every trouble that can be
+// put on a connection, and what it refuses.
+#include "WebServer.h"
+
+#include <windows.h>
+#include <wininet.h>
+
+#include <algorithm>
+#include <fstream>
+#include <stdexcept>
+
+#include "BenchControl.h"
+#include "gmock/gmock.h"
+
+using bench::Trouble;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+namespace {
+
+const char kSession[] = "0123456789ABCDEF0123456789ABCDEF";
+constexpr size_t kSize = 10000;
+
+struct Fetched {
+    bool opened = false;
+    bool cleanEnd = false;  // the last InternetReadFile said TRUE and no bytes
+    DWORD status = 0;
+    std::string body;
+};
+
+Fetched Fetch(const char* method, const std::string& path) {
+    Fetched fetched;
+    const HINTERNET session = InternetOpenA("http generic", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0);
+    const HINTERNET connection =
+        InternetConnectA(session, "klimora.sorvik.example", 80, nullptr, nullptr, INTERNET_SERVICE_HTTP, 0, 0);
+    const HINTERNET request =
+        HttpOpenRequestA(connection, method, path.c_str(), nullptr, nullptr, nullptr,
+                         INTERNET_FLAG_RELOAD | INTERNET_FLAG_NO_CACHE_WRITE | INTERNET_FLAG_NO_UI, 0);
+    fetched.opened = HttpSendRequestA(request, nullptr, 0, nullptr, 0) == TRUE;
+    DWORD size = sizeof fetched.status;
+    if (fetched.opened)
+        HttpQueryInfoA(request, HTTP_QUERY_STATUS_CODE | HTTP_QUERY_FLAG_NUMBER, &fetched.status, &size, nullptr);
+    char buffer[1024];
+    for (DWORD read = 1; fetched.opened && read > 0;) {
+        read = 0;
+        fetched.cleanEnd = InternetReadFile(request, buffer, sizeof buffer, &read) == TRUE;
+        fetched.body.append(buffer, read);
+    }
+    for (const HINTERNET handle : {request, connection, session})
+        InternetCloseHandle(handle);
+    return fetched;
+}
+
+class WebServer : public testing::Test {
+ protected:
+    WebServer() : server_(SORVIK_CATALOGUE) {
+        bench::ResetBench();
+        server_.UseAsProxy();
+        server_.Serve("/file", std::string(kSize, 'x'));
+    }
+    ~WebServer() override { bench::ResetBench(); }
+
+    static Fetched Choose(const std::string& products) {
+        return Fetch("POST", std::string("/klimora/choose?klsid=") + kSession + "&product=" + products);
+    }
+    static std::string Result() { return Fetch("GET", std::string("/klimora/export/") + kSession + ".xml").body; }
+
+    bench::WebServer server_;
+};
+
+TEST_F(WebServer, OffersWhatFitsAndPublishesWhatWasChosen) {
+    const std::string request = std::string("/klimora?action=ljudprog&klsid=") + kSession;
+    const std::string page = Fetch("GET", request + "&diameter=200&airflow=171").body;
+    EXPECT_THAT(page, HasSubstr("<product id=\"SRC-200-600\" code=\"SRC 200 600\" length=\"600\" "
+                                "pressureDrop=\"7.1\" attenuation250=\"10\" />"));
+    EXPECT_EQ(page.find("SRC-250"), std::string::npos);
+    EXPECT_THAT(Fetch("GET", request + "&width=400&height=200&airflow=300").body, HasSubstr("SRR-400x200-1000"));
+    EXPECT_EQ(Choose("SRC-200-600,SRK-200-900").status, 200u);
+    server_.PublishWith("warning", "Price < 1 & old");
+    EXPECT_THAT(Result(), HasSubstr("<warning>Price &lt; 1 &amp; old</warning>"));
+    EXPECT_THAT(Result(), HasSubstr("<ID>SRK-200-900</ID>"));
+    EXPECT_THAT(Result(), HasSubstr("length 600 mm")) << "the size is filled into the series' description";
+    server_.Reset();
+    EXPECT_EQ(Result().find("warning"), std::string::npos);
+}
+
+TEST_F(WebServer, RefusesWhatAServerWould) {
+    const struct {
+        const char* method;
+        std::string path;
+        DWORD status;
+    } cases[] = {{"GET", std::string("/klimora?action=sound&klsid=") + kSession, 400},
+                 {"GET", "/klimora?action=ljudprog&klsid=0123456789abcdef0123456789abcdef", 400},
+                 {"GET", "/klimora?action=ljudprog&klsid=0123456789ABCDEF0123456789ABCDE", 400},
+                 {"GET", std::string("/klimora/export/") + kSession, 400},
+                 {"GET", std::string("/klimora/export/") + kSession + ".xml", 404},
+                 {"POST", "/klimora/choose?klsid=1&product=SRC-200-600", 400},
+                 {"POST", std::string("/klimora/choose?klsid=") + kSession + "&product=SRC-200-600,NONE", 404},
+                 {"GET", std::string("/klimora/export/") + kSession + ".xml", 404},  // half a choice is none
+                 {"POST", "/klimora", 404},
+                 {"GET", "/nowhere", 404}};
+    for (const auto& one : cases)
+        EXPECT_EQ(Fetch(one.method, one.path).status, one.status) << one.path;
+}
+
+TEST_F(WebServer, EachTroubleIsMetAsItsNameSays) {
+    const struct {
+        Trouble trouble;
+        bool opens;
+        bool endsCleanly;
+        DWORD status;
+        size_t least, most;  // bytes
+    } cases[] = {{Trouble::kNone, true, true, 200, kSize, kSize},
+                 {Trouble::kNotFound, true, true, 404, 40, 400},
+                 {Trouble::kEmpty, true, true, 200, 0, 0},
+                 {Trouble::kTruncated, true, true, 200, kSize / 2, kSize / 2},
+                 {Trouble::kReset, true, false, 200, 1, kSize / 2},
+                 {Trouble::kRefused, false, false, 0, 0, 0},
+                 {Trouble::kStalled, true, true, 200, kSize, kSize},
+                 {Trouble::kRedirected, true, true, 200, kSize, kSize},
+                 {Trouble::kHuge, true, true, 200, 5 * 1024 * 1024, 5 * 1024 * 1024}};
+    for (const auto& one : cases) {
+        SCOPED_TRACE(static_cast<int>(one.trouble));
+        server_.SetTrouble("/f", Trouble::kEmpty);
+        server_.SetTrouble("/fi", one.trouble);  // the longer path counts
+        const Fetched fetched = Fetch("GET", "/file");
+        EXPECT_EQ(fetched.opened, one.opens);
+        EXPECT_EQ(fetched.cleanEnd, one.endsCleanly);
+        EXPECT_EQ(fetched.status, one.status);
+        EXPECT_GE(fetched.body.size(), one.least);
+        EXPECT_LE(fetched.body.size(), one.most);
+        const size_t ofFile = one.status == 200 ? std::min(kSize, fetched.body.size()) : 0;
+        EXPECT_EQ(fetched.body.substr(0, ofFile), std::string(ofFile, 'x'));
+    }
+}
+
+TEST_F(WebServer, APlannedFailureDropsTheConnectionAndPublishesNothing) {
+    bench::FailCall("POST", 1);
+    EXPECT_FALSE(Choose("SRC-200-600").opened);
+    Result();
+    server_.SetTrouble("/file", Trouble::kRedirected);
+    Fetch("GET", "/file?a=b&c=d");
+    EXPECT_THAT(bench::Journal(),
+                ElementsAre(std::string("POST /klimora/choose?klsid=") + kSession + "&product=SRC-200-600 -> dropped",
+                            std::string("GET /klimora/export/") + kSession + ".xml -> 404", "GET /file?a=b&c=d -> 302",
+                            "GET /moved/file?a=b&c=d -> 200"));
+    EXPECT_EQ(server_.requests().back(), "GET /moved/file?a=b&c=d");
+}
+
+TEST(WebServerCatalogue, SaysWhatIsWrongWithIt) {
+    EXPECT_THROW(bench::WebServer("no such catalogue.xml"), std::runtime_error);
+    const std::string path = "broken_catalogue.xml";
+    const std::string files = "<catalogue><dictionary file='a' path='/a'/><database file='b' path='/b'/>";
+    for (const std::string& text :
+         {std::string("<list/>"), std::string("<catalogue/>"), files + "<series shape='0'/></catalogue>",
+          files + "<series shape='0' model='m'><silencer id='1' code='c' fnc='10' d1='1' d2='0' length='1'>"
+                  "<insertionLoss lw='1 2 3'/></silencer></series></catalogue>"}) {
+        std::ofstream(path, std::ios::trunc) << text;
+        EXPECT_THROW(bench::ReadCatalogue(path), std::runtime_error) << text;
+    }
+    DeleteFileA(path.c_str());
+}
+
+}  // namespace

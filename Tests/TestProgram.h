@@ -1,0 +1,24 @@
+// What the test programs begin with. They read the sample and leave their files in the current folder, which must be
+// the one where they lie.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdio>
+#include <string>
+
+#include "CrashReport.h"
+
+inline constexpr int kWrongUse = 2;
+
+// False, after a sentence for the user, when the program was started elsewhere than in its folder.
+inline bool BeginTests() {
+    bench::ReportCrashes();
+    char path[MAX_PATH] = "";
+    GetModuleFileNameA(nullptr, path, MAX_PATH);
+    const std::string program = path;
+    const size_t folder = program.find_last_of('\\');
+    if (GetFileAttributesA(program.c_str() + folder + 1) != INVALID_FILE_ATTRIBUTES) return true;
+    std::printf("%s must be started in its own folder.\n", path);
+    return false;
+}
