@@ -7,6 +7,7 @@
 #include "BenchAutoCAD.h"
 #include "KeyboardLines.h"
 #include "Output.h"
+#include "PlanWindow.h"
 #include "ProjectPlan.h"
 #include "Run.h"
 
@@ -15,8 +16,11 @@ namespace {
 
 constexpr char kHelp[] =
     "Commands: SorvSIL inserts a silencer; parts lists the parts; help shows this; quit ends.\n"
-    "At a prompt: a handle (2A3) or a number of the list (#4) picks a part, parts shows the list, an empty line is\n"
-    "Enter, esc is Escape, everything else is typed as text.\n";
+    "At a prompt: a click in AutoCAD's window, a handle (2A3) or a number of the list (#4) picks a part, parts shows "
+    "the\n"
+    "list, an empty line is Enter, esc is Escape, everything else is typed as text.\n";
+constexpr char kMiss[] = "#0";  // no part has this number
+constexpr char kWanted[] = "(a click, handle or #number picks a part; Enter; esc) ";
 
 // True when the line asked for help or the list and was answered.
 bool Informs(const std::string& line) {
@@ -28,6 +32,7 @@ bool Informs(const std::string& line) {
 Answer AnswerTo(const std::string& prompt, KeyboardLines& keyboard) {
     std::string line;
     for (;;) {
+        Say(kWanted);
         if (!keyboard.Next(line) || line == "esc") return {Answer::kEscape, ""};
         if (line.empty()) return {Answer::kEnter, ""};
         if (!Informs(line)) break;
@@ -50,13 +55,26 @@ int RunInteractively(const HostOptions& options) {
     Run run(options);
     if (!run.Open()) return kWentWrong;
     KeyboardLines keyboard;
-    SetUser([&](const std::string& prompt) { return AnswerTo(prompt, keyboard); });
+    bool asked = false;  // a click means something at a prompt only
+    PlanWindow window(MainWindow(), [&](const std::string& handle) {
+        if (!asked) return;
+        Say(handle + "\n");
+        keyboard.Type(handle.empty() ? kMiss : handle);
+    });
+    window.Show(run.Plan("The project"));
+    SetUser([&](const std::string& prompt) {
+        asked = true;
+        const Answer answer = AnswerTo(prompt, keyboard);
+        asked = false;
+        return answer;
+    });
     Say(std::string("\n") + kHelp);
     std::string line;
     for (;;) {
         Say("\nCommand: ");
         if (!keyboard.Next(line) || line == "quit" || line == "exit") break;
         if (!line.empty() && !Informs(line)) run.Command(line, "ask", 0);
+        window.Show(run.Plan("The project"));
     }
     SetUser(nullptr);
     return run.Finish();

@@ -20,13 +20,17 @@ struct KeyboardLines::Queue {
     Queue(const Queue&) = delete;
     Queue& operator=(const Queue&) = delete;
 
+    void Add(const std::string& line) {
+        std::lock_guard<std::mutex> lock(mutex);
+        lines.push_back(line);
+        SetEvent(changed);
+    }
+
     void Read() {
         std::string line;
         while (std::getline(std::cin, line)) {
             if (!line.empty() && line.back() == '\r') line.pop_back();
-            std::lock_guard<std::mutex> lock(mutex);
-            lines.push_back(line);
-            SetEvent(changed);
+            Add(line);
         }
         std::lock_guard<std::mutex> lock(mutex);
         ended = true;
@@ -39,6 +43,10 @@ KeyboardLines::KeyboardLines() : queue_(std::make_shared<Queue>()) {
 }
 
 KeyboardLines::~KeyboardLines() = default;
+
+void KeyboardLines::Type(const std::string& line) {
+    queue_->Add(line);
+}
 
 bool KeyboardLines::Next(std::string& line) {
     for (;;) {

@@ -17,6 +17,8 @@ class KeyboardLines {
 
     // False at the end of the input.
     bool Next(std::string& line);
+    // A line as if it had been typed.
+    void Type(const std::string& line);
 
  private:
     struct Queue;

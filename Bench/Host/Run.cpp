@@ -9,7 +9,7 @@
 #include "BenchControl.h"
 #include "BenchKbase.h"
 #include "BenchKlimora.h"
-#include "FloorPlanSvg.h"
+#include "FloorPlanDrawing.h"
 #include "Output.h"
 #include "ProjectPlan.h"
 
@@ -51,7 +51,7 @@ bool Run::Open() {
         return false;
     }
     handlesBefore_ = HandlesOfProject();
-    SavePlan("floor-before.svg", "Floor plan before the run");
+    Save("floor-before.svg", FloorPlanSvg(Plan("Floor plan before the run")));
     return true;
 }
 
@@ -96,7 +96,7 @@ int Run::Finish() {
     Save("record.txt", record);
     Save("statistics.txt", statistics);
     Save("project.xml", ProjectXml());
-    SavePlan("floor-after.svg", "Floor plan after the run");
+    Save("floor-after.svg", FloorPlanSvg(Plan("Floor plan after the run")));
     Save("transcript.txt", Transcript());
     if (!record.empty()) Say(Heading("Product record") + record);
     if (!statistics.empty()) Say(Heading("Usage statistics") + statistics);
@@ -120,13 +120,9 @@ void Run::Save(const char* file, const std::string& text) {
     if (!problem.empty()) Fail(problem);
 }
 
-void Run::SavePlan(const char* file, const char* title) {
-    std::string subtitle = "Drawn from ";
-    {
-        const Quiet quiet;
-        subtitle += PartAttribute("", "/dwg/kpjfilename");
-    }
-    Save(file, FloorPlanSvg(PlanOfProject(title, subtitle, handlesBefore_)));
+FloorPlan Run::Plan(const char* title) const {
+    const Quiet quiet;
+    return PlanOfProject(title, "Drawn from " + PartAttribute("", "/dwg/kpjfilename"), handlesBefore_);
 }
 
 }  // namespace bench

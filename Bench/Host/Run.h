@@ -28,6 +28,8 @@ class Run {
     // Runs one command and says what it did. `configurator` steers the configurator window; the command may take
     // `seconds`, or any time when that is 0.
     CommandReport Command(const std::string& name, const std::string& configurator, int seconds);
+    // The project now; what is new since the run began is marked.
+    FloorPlan Plan(const char* title) const;
     // Everything that was wrong, one sentence each, ends up in the verdict.
     void Fail(const std::string& sentence) { failures_.push_back(sentence); }
     // Writes the folder, closes the stage, says the verdict and gives the exit code.
@@ -35,7 +37,6 @@ class Run {
 
  private:
     void Save(const char* file, const std::string& text);
-    void SavePlan(const char* file, const char* title);
 
     const HostOptions& options_;
     Watchdog watchdog_;

@@ -1,16 +1,10 @@
 #include "WindowPicture.h"
 
-#include <objidl.h>
-
-#include <algorithm>
 #include <memory>
 #include <type_traits>
 
-using std::max;  // the header of GDI+ takes these for macros
-using std::min;
-#include <gdiplus.h>
-
 #include "BenchTexts.h"
+#include "GdiPlus.h"
 #include "MessageMarker.h"
 
 namespace bench {
@@ -42,24 +36,6 @@ class WindowDc {
  private:
     HWND window_;
     HDC dc_;
-};
-
-class GdiPlus {
- public:
-    GdiPlus() {
-        const Gdiplus::GdiplusStartupInput input;
-        started_ = Gdiplus::GdiplusStartup(&token_, &input, nullptr) == Gdiplus::Ok;
-    }
-    ~GdiPlus() {
-        if (started_) Gdiplus::GdiplusShutdown(token_);
-    }
-    GdiPlus(const GdiPlus&) = delete;
-    GdiPlus& operator=(const GdiPlus&) = delete;
-    explicit operator bool() const { return started_; }
-
- private:
-    ULONG_PTR token_ = 0;
-    bool started_ = false;
 };
 
 bool NeedsPainting(HWND window) {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "FloorPlanSvg.h"
+#include "FloorPlanDrawing.h"
 #include "Options.h"
 #include "Report.h"
 #include "Script.h"
