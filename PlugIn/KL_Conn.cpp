@@ -6,6 +6,7 @@
 #include <ole2.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
 #include <utility>
 
@@ -107,7 +108,7 @@ KlConn::KlConn() : document_("SorvikKlimora"), statistics_(3, L"sorvik-autocad-p
     // Without the module's folder there is no data folder, and the run works in a temporary one.
     char folder[MAX_PATH] = "";
     if (GetModuleFolder(kModuleFileName, folder, sizeof folder) == 0)
-        Store(dataFolder_, std::string(folder) + "/Sorvik");
+        std::snprintf(dataFolder_, sizeof dataFolder_, "%s/Sorvik", folder);
 }
 
 KlConn::~KlConn() {

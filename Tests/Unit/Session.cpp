@@ -3,6 +3,7 @@
 #include <cstring>
 #include <stdexcept>
 
+#include "FailingAllocations.h"
 #include "ImportPatch.h"
 #include "KL_Conn_SorvSilencer.h"
 #include "Lib/Diagnostics.h"
@@ -40,6 +41,10 @@ BOOL WINAPI NoFolder(LPCSTR, LPSECURITY_ATTRIBUTES) {
     return FALSE;
 }
 BOOL WINAPI NoNetwork(LPDWORD, DWORD) {
+    return FALSE;
+}
+BOOL WINAPI NoProgram(LPCSTR, LPSTR, LPSECURITY_ATTRIBUTES, LPSECURITY_ATTRIBUTES, BOOL, DWORD, LPVOID, LPCSTR,
+                      LPSTARTUPINFOA, LPPROCESS_INFORMATION) {
     return FALSE;
 }
 DWORD WINAPI NoName(HMODULE, LPSTR, DWORD) {
@@ -162,6 +167,10 @@ TEST_F(Session, ListsOfTheProject) {
     EXPECT_EQ(session.ExportExistingDevices(nullptr, "SorvSIL"), -1);
     EXPECT_EQ(session.ExportExistingDevices(session.Root(), "sorvsil"), -1);
     EXPECT_EQ(session.ExportDuctworkSystems(nullptr), -1);
+    bench::FailCall("IKlimora200805::getPartAtt", 3, -9);
+    ticpp::Element other("other");
+    EXPECT_EQ(session.ExportExistingDevices(&other, "SorvSIL"), -1) << "a code that cannot be read";
+    EXPECT_EQ(other.ToString(), "<other><SilencerDevices /></other>");
     EXPECT_EQ(session.ExportExistingDevices(session.Root(), "SorvSIL"), 0);
     EXPECT_EQ(session.ExportDuctworkSystems(session.Root()), 0);
     const ticpp::Element* silencer = session.Root()->FirstChildElement("SilencerDevices")->FirstChildElement();
@@ -382,6 +391,31 @@ TEST_F(Session, TheCommandLetsNothingOut) {
     }
     EXPECT_EQ(Printed(), Line("SorvSilencer PlugIn/KL_Conn_SorvSilencer(246):SorvSilencer no pick"));
     EXPECT_EQ(Calls("AcTransactionManager::abortTransaction").size(), 1u);
+}
+
+TEST_F(Session, TheCommandEndsCleanlyWhereverMemoryRunsOut) {
+    const ImportPatch patch("CreateProcessA", NoProgram);  // as far as the configurator
+    bench::Robot robot(bench::MainWindow());               // closes what boxes come
+    int granted = 0;
+    for (bool refused = true; refused && !HasFailure(); ++granted) {
+        bench::ClearAnswers();
+        bench::QueueAnswer({bench::Answer::kPick, "2A3"});
+        bench::QueueAnswer({bench::Answer::kEscape, ""});
+        bench::ClearJournal();
+        {
+            const FailingAllocations failing(granted);
+            SorvSilencer();
+            refused = failing.refused() > 0;
+        }
+        SCOPED_TRACE(granted);
+        EXPECT_EQ(Calls("AcTransactionManager::abortTransaction").size(), 1u);
+        EXPECT_EQ(bench::BenchBalance(), std::vector<std::string>{});
+        EXPECT_EQ(bench::Accusations(), std::vector<std::string>{});
+        EXPECT_TRUE(IsWindowEnabled(bench::MainWindow()));
+    }
+    EXPECT_GT(granted, 50);
+    bench::ClearAnswers();
+    EXPECT_NE(Printed().find("Can not execute "), std::string::npos) << "the last run had all it needed";
 }
 
 }  // namespace
