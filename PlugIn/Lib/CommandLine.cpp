@@ -7,7 +7,7 @@
 #include "FormatText.h"
 #include "acutads.h"
 
-int PrintCommandLine(const char* format, ...) noexcept {
+int PrintCommandLine(const char* format, ...) {
     BoundedText text;
     va_list arguments;
     va_start(arguments, format);

@@ -8,7 +8,7 @@
 #include "Text.h"
 #include "ticpp.h"
 
-void ReportException(const char* message, const char* source, int line, const char* function) noexcept {
+void ReportException(const char* message, const char* source, int line, const char* function) noexcept try {
     const auto print = [=](const char* blank, const char* text) {
         PrintCommandLine("\n%s: %s %s(%d):%s%s%s\n", kDisplayName, OrEmpty(message), OrEmpty(source), line,
                          OrEmpty(function), blank, OrEmpty(text));
@@ -26,4 +26,6 @@ void ReportException(const char* message, const char* source, int line, const ch
     } catch (...) {
         print("", "");
     }
+} catch (...) {
+    // A command line that cannot be printed to has nobody to tell.
 }

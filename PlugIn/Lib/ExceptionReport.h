@@ -1,6 +1,7 @@
 // The end of an operation that works with exceptions: prints the exception in flight on the command line as
 // "\n<display name>: <message> <source>(<line>):<function> <text of the exception>\n". Call it only from inside a
-// catch-all handler. It swallows the exception and returns, also when there is no memory left; nothing goes to the
+// catch-all handler. It swallows the exception and returns, also when there is no memory left or nothing can be
+// printed; nothing goes to the
 // debug log. Null texts are empty ones.
 #pragma once
 

@@ -80,9 +80,13 @@ TEST(Clipboard, BlocksOfOthersAreReadAsFarAsTheyAreSound) {
         std::string block;
         const char* pasted;
     } cases[] = {
-        {std::string("\2\0AB\3\0\0\0xyz", 11), "AB|3|xyz"}, {std::string("\1\0A\0\0\0\0", 7), "A|0"},
-        {std::string("\xFF\xFF\2\0\0\0ab", 8), "|2|ab"},    {std::string("\1\0A\xFE\xFF\xFF\xFF", 7), "A|-2"},
-        {std::string("\0\2AB\3\0\0\0xyz", 11), "|0"},       {std::string("\2\0AB\xFF\xFF\xFF\x7Fxyz", 11), "|0"},
+        {std::string("\2\0AB\3\0\0\0xyz", 11), "AB|3|xyz"},
+        {std::string("\1\0A\0\0\0\0", 7), "A|0"},
+        {std::string("\0\0\1\0\0\0x", 7), "|1|x"},
+        {std::string("\xFF\xFF\2\0\0\0ab", 8), "|2|ab"},
+        {std::string("\1\0A\xFE\xFF\xFF\xFF", 7), "A|-2"},
+        {std::string("\0\2AB\3\0\0\0xyz", 11), "|0"},
+        {std::string("\2\0AB\xFF\xFF\xFF\x7Fxyz", 11), "|0"},
     };
     for (const auto& one : cases) {
         const GlobalMemory block(GlobalBlock(one.block));

@@ -30,6 +30,10 @@ class DetailedException : public ticpp::Exception {
     const char* what() const noexcept override { return "what"; }
 };
 
+int ThrowInsteadOfPrint(const wchar_t*, ...) {
+    throw 1;
+}
+
 using DiagnosticsCommandLine = DrawingTest;
 
 }  // namespace
@@ -83,4 +87,10 @@ TEST_F(DiagnosticsCommandLine, ExceptionsAreToldByKind) {
         EXPECT_EQ(bench::Transcript(), head + one.text);
     }
     std::locale::global(classic);
+    const ImportPatch patch("_Z10acutPrintfPKwz", ThrowInsteadOfPrint);
+    try {
+        throw "plain";
+    } catch (...) {
+        ReportException("It failed.", "PlugIn/Unit", 1, "Unit::Work");
+    }
 }

@@ -86,14 +86,6 @@ TEST_F(DiagnosticsLogTest, NoFolderLeavesTheLogClosedAndTheNextReportTriesAgain)
     EXPECT_EQ(LogLines(), "Error  -    -  \"kept\"\n");
 }
 
-TEST_F(DiagnosticsLogTest, RestartThatFailsLeavesTheLogClosed) {
-    WriteWholeFile(LogPath(), std::string(20000, 'x'));
-    RecordedCalls calls;
-    calls.Give("fopen", std::fopen, nullptr, 1);
-    EXPECT_EQ(OpenDebugLog(), -1);
-    EXPECT_EQ(calls.Take(), Opened(LogPath()) + Opened(LogPath()));
-}
-
 TEST_F(DiagnosticsLogTest, ProgramWithoutFolderUsesTheTemporaryOne) {
     RecordedCalls calls;
     calls.Record("GetModuleFileNameA", GetModuleFileNameA, NameWithoutFolder);

@@ -16,25 +16,17 @@ TEST(DialogTexts, FieldsOfASeparatedText) {
         const char* field;
         int next;  // offset of the returned position, -1 for null
     } cases[] = {
-        {"a;b;c", ';', 0, 10, "a", 2},
         {"a;b;c", ';', 1, 10, "b", 4},
         {"a;b;c", ';', 2, 10, "c", 5},
         {"a;b;c", ';', 3, 10, "", -1},
-        {"a;b;c;", ';', 2, 10, "c", 6},
         {"a;b;c;", ';', 3, 10, "", -1},
         {"a;;c", ';', 1, 10, "", 3},
-        {";a", ';', 0, 10, "", 1},
-        {"", ';', 0, 10, "", -1},
         {"width;height", ';', 0, 4, "wid", 6},
-        {"width;height", ';', 1, 4, "hei", 12},
         {"width;height", ';', 0, 6, "width", 6},
         {"width", ';', 0, 1, "", 5},
-        {"a;b", ',', 0, 10, "a;b", 3},
         {"a;b", '\0', 0, 10, "a;b", 3},
-        {"a;b", '\0', 1, 10, "", -1},
         {"a;b", ';', -1, 10, "", -1},
         {"a;b", ';', 0, 0, "", -1},
-        {"a;b", ';', 0, -5, "", -1},
         {nullptr, ';', 0, 10, "", -1},
     };
     for (const auto& c : cases) {

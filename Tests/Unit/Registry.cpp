@@ -80,6 +80,7 @@ TEST_F(RegistryTest, KeysAreMadeAndBecomeCurrent) {
     EXPECT_TRUE(registry.KeyExists(path.c_str()));
     EXPECT_FALSE(registry.KeyExists((path + "\\C").c_str()));
     RemoveKeys();
+    EXPECT_FALSE(registry.KeyExists(""));
     EXPECT_FALSE(registry.IsKeyPathValid());
     EXPECT_EQ(registry.CreateKey(nullptr), 0) << "the current key once more";
     EXPECT_TRUE(IsThere(HKEY_CURRENT_USER, child));

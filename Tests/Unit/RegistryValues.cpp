@@ -107,6 +107,8 @@ TEST_F(RegistryValuesTest, AreStoredAndReadBack) {
     EXPECT_EQ(registry_.SetBinaryValue("v", "a\0b\0", 4), 0);
     EXPECT_EQ(Stored(HKEY_CURRENT_USER, "v"), std::string("3:a\0b\0", 6));
     EXPECT_EQ(ReadText(), (Read{0, "a"})) << "up to the first zero";
+    Put(HKEY_CURRENT_USER, "v", REG_BINARY, "ab");
+    EXPECT_EQ(ReadBuffer(4), (Read{0, std::string("ab\0P", 4)}));
     EXPECT_EQ(registry_.SetStringValue("v", std::string("abc")), 0);
     EXPECT_EQ(registry_.GetValueSize("v"), 3) << "without a terminator";
     EXPECT_EQ(registry_.GetValueType("v"), 1);
@@ -221,7 +223,7 @@ TEST_F(RegistryValuesTest, BadBuffersAreReported) {
     EXPECT_EQ(registry_.GetStringValue("n", value, 0, "d"), -4002);
     EXPECT_EQ(registry_.SetBinaryValue(nullptr, "abc", 2), -4002);
     EXPECT_EQ(registry_.SetBinaryValue("n", nullptr, 2), -4002);
-    EXPECT_EQ(registry_.SetBinaryValue("n", "abc", -1), -4002);
+    EXPECT_EQ(registry_.SetBinaryValue("n", "abc", 0), -4002);
     const char* const place = reinterpret_cast<const char*>(0x1234);
     EXPECT_EQ(registry_.GetBinaryValue("", value, 0, place), -4002);
     EXPECT_EQ(registry_.GetBinaryValue("n", nullptr, 3, place), -4002);
@@ -241,7 +243,7 @@ TEST_F(RegistryValuesTest, BadBuffersAreReported) {
                        getter(R"(ValueName="n", Value="", ValueSize=0, DefaultValue="d")") +
                        setter(R"(ValueName="NULL", Value="ab", ValueSize=2)") +
                        setter(R"(ValueName="n", Value="NULL", ValueSize=2)") +
-                       setter(R"(ValueName="n", Value="", ValueSize=-1)"));
+                       setter(R"(ValueName="n", Value="", ValueSize=0)"));
     EXPECT_EQ(pointers.substr(pointers.find('\n') + 1),
               Line("GetBinaryValue",
                    "Registry::GetBinaryValue ValueName=\"n\", Value=\"0000000000000000\", ValueSize=3, "
