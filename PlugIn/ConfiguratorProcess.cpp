@@ -18,6 +18,9 @@ namespace {
 constexpr char kConfiguratorAddress[] = SORVIK_WEB_SERVER "/klimora";
 constexpr char kResultAddress[] = SORVIK_WEB_SERVER "/klimora/export/";
 
+// The wait for the configurator goes on at a message, which AutoCAD's own windows may be long in getting.
+constexpr UINT kWakeUpPeriod = 15;  // ms
+
 bool IsGiven(const char* text) {
     return text && *text;
 }
@@ -38,8 +41,10 @@ class ModalState {
         SetWindowLongPtrA(waiting_, GWL_EXSTYLE, (style | WS_EX_TOOLWINDOW) & ~static_cast<LONG_PTR>(WS_EX_APPWINDOW));
         ShowWindow(waiting_, SW_SHOW);
         SetForegroundWindow(waiting_);
+        timer_ = SetTimer(waiting_, 1, kWakeUpPeriod, nullptr);
     }
     ~ModalState() {
+        KillTimer(waiting_, timer_);
         EnableWindow(mainWindow_, TRUE);
         DestroyWindow(waiting_);
         SetForegroundWindow(mainWindow_);
@@ -52,6 +57,7 @@ class ModalState {
     HWND mainWindow_;
     HWND focus_;
     HWND waiting_ = nullptr;
+    UINT_PTR timer_ = 0;
 };
 
 // Dispatches every pending message; false when the thread was told to quit, which is then still to be seen by AutoCAD.
@@ -115,7 +121,7 @@ int KlConn::LaunchConfigurator(const char* program, const char* commandName, con
 }
 
 // 0 when the program has ended; -1 when AutoCAD is quitting, or when Windows does not say whether it has. The session's
-// end terminates it then. AutoCAD's own timers wake the wait up.
+// end terminates it then.
 int KlConn::WaitForConfigurator() {
     for (;;) {
         WaitMessage();

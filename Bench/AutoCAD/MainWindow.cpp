@@ -8,8 +8,6 @@ namespace bench {
 namespace {
 
 constexpr const wchar_t* kClassName = L"AutoCADFrame";
-constexpr UINT_PTR kTimer = 1;
-constexpr UINT kTimerPeriod = 100;  // ms
 
 LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     // The user can not close AutoCAD under a running bench.
@@ -45,15 +43,12 @@ void ShowFileName() {
 void OpenMainWindow() {
     if (frame == nullptr || GetWindowThreadProcessId(frame, nullptr) != GetCurrentThreadId()) frame = CreateFrame();
     TheSession().mainWindow = frame;
-    if (frame == nullptr) return;
-    SetTimer(frame, kTimer, kTimerPeriod, nullptr);
     ShowFileName();
 }
 
 void CloseMainWindow() {
     if (TheSession().mainWindow == nullptr) return;
     if (!IsWindowEnabled(frame)) Accuse("AutoCAD's main window was still disabled when AutoCAD ended.");
-    KillTimer(frame, kTimer);
     EnableWindow(frame, TRUE);
     SetWindowTextW(frame, L"AutoCAD has ended");
     TheSession().mainWindow = nullptr;

@@ -1,5 +1,5 @@
-// AutoCAD's main window: visible, captioned with product and drawing, and with a timer of its own, so that a module
-// that waits for messages on this thread wakes up now and then as it does in AutoCAD.
+// AutoCAD's main window: visible and captioned with product and drawing. It has no timer: a module that waits for
+// messages on this thread has to see to them itself.
 #pragma once
 
 #include <windows.h>

@@ -51,6 +51,14 @@ BOOL WINAPI RecordForeground(HWND window) {
     launch.push_back(NameOf(window) + " foreground");
     return TRUE;
 }
+UINT_PTR WINAPI RecordTimer(HWND window, UINT_PTR, UINT period, TIMERPROC procedure) {
+    launch.push_back(NameOf(window) + (period > 0 && period <= 20 && !procedure ? " timer" : " ?"));
+    return 77;
+}
+BOOL WINAPI RecordKill(HWND window, UINT_PTR timer) {
+    launch.push_back(NameOf(window) + " timer killed " + std::to_string(timer));
+    return TRUE;
+}
 BOOL WINAPI RecordDestroy(HWND window) {
     launch.push_back(NameOf(window) + " destroyed");
     return TRUE;
@@ -138,9 +146,14 @@ TEST_F(ConfiguratorLaunch, LaunchLeavesEverythingAsItWas) {
     char module[MAX_PATH] = "";
     GetModuleFileNameA(GetModuleHandleA("Sorvik_R24_x64.arx"), module, MAX_PATH);
     const std::string path = module, program = path.substr(0, path.rfind('\\')) + "\\CAD.exe";
-    const std::vector<std::string> begin = {"main disabled", "dialog 10000", "waiting shown tool", "waiting foreground",
+    const std::vector<std::string> begin = {"main disabled",
+                                            "dialog 10000",
+                                            "waiting shown tool",
+                                            "waiting foreground",
+                                            "waiting timer",
                                             program + "|run /SorvSIL \"http://x?\"y\"\" \"A title\""},
-                                   end = {"main enabled", "waiting destroyed", "main foreground", "focus focused"};
+                                   end = {"waiting timer killed 77", "main enabled", "waiting destroyed",
+                                          "main foreground", "focus focused"};
     const struct {
         BOOL starts;
         std::vector<DWORD> waits;
@@ -191,6 +204,8 @@ TEST_F(ConfiguratorLaunch, LaunchLeavesEverythingAsItWas) {
                                            {"CreateDialogParamA", RecordDialog},
                                            {"ShowWindow", RecordShow},
                                            {"SetForegroundWindow", RecordForeground},
+                                           {"SetTimer", RecordTimer},
+                                           {"KillTimer", RecordKill},
                                            {"DestroyWindow", RecordDestroy},
                                            {"SetFocus", RecordFocus},
                                            {"CreateProcessA", RecordStart},
