@@ -20,8 +20,8 @@ namespace bench {
 
 // ---- Application -------------------------------------------------------------------------------------------------
 
-// Opens the main window (visible, with a timer as AutoCAD's has), initialises OLE and makes the system registry with
-// command stack, service dictionary and dynamic linker. No drawing is open yet.
+// Opens the main window, initialises OLE and makes the system registry with command stack, service dictionary and
+// dynamic linker. No drawing is open yet.
 BENCH_AUTOCAD_API void StartAutoCAD();
 // Unloads what is still loaded, closes drawing and window. What the balance still names afterwards was leaked.
 BENCH_AUTOCAD_API void StopAutoCAD();
