@@ -28,26 +28,40 @@ struct Fetched {
     std::string body;
 };
 
-Fetched Fetch(const char* method, const std::string& path) {
+Fetched ReadAnswer(HINTERNET request) {
     Fetched fetched;
-    const HINTERNET session = InternetOpenA("http generic", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0);
-    const HINTERNET connection =
-        InternetConnectA(session, "klimora.sorvik.example", 80, nullptr, nullptr, INTERNET_SERVICE_HTTP, 0, 0);
-    const HINTERNET request =
-        HttpOpenRequestA(connection, method, path.c_str(), nullptr, nullptr, nullptr,
-                         INTERNET_FLAG_RELOAD | INTERNET_FLAG_NO_CACHE_WRITE | INTERNET_FLAG_NO_UI, 0);
-    fetched.opened = HttpSendRequestA(request, nullptr, 0, nullptr, 0) == TRUE;
+    fetched.opened = request != nullptr;
     DWORD size = sizeof fetched.status;
     if (fetched.opened)
         HttpQueryInfoA(request, HTTP_QUERY_STATUS_CODE | HTTP_QUERY_FLAG_NUMBER, &fetched.status, &size, nullptr);
     char buffer[1024];
-    for (DWORD read = 1; fetched.opened && read > 0;) {
-        read = 0;
+    while (fetched.opened) {
+        DWORD read = 0xDEAD;
         fetched.cleanEnd = InternetReadFile(request, buffer, sizeof buffer, &read) == TRUE;
+        if (!fetched.cleanEnd || read == 0) break;
         fetched.body.append(buffer, read);
     }
+    return fetched;
+}
+
+// A GET makes the same calls as a download of the module: how a reset is met depends on them.
+Fetched Fetch(const char* method, const std::string& path) {
+    const DWORD flags = INTERNET_FLAG_RELOAD | INTERNET_FLAG_NO_CACHE_WRITE | INTERNET_FLAG_NO_UI;
+    const char host[] = "klimora.sorvik.example";
+    const HINTERNET session = InternetOpenA("http generic", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0);
+    HINTERNET connection = nullptr;
+    HINTERNET request = nullptr;
+    Fetched fetched;
+    if (std::string(method) == "GET") {
+        request = InternetOpenUrlA(session, ("http://" + (host + path)).c_str(), nullptr, 0, flags, 0);
+        fetched = ReadAnswer(request);
+    } else {
+        connection = InternetConnectA(session, host, 80, nullptr, nullptr, INTERNET_SERVICE_HTTP, 0, 0);
+        request = HttpOpenRequestA(connection, method, path.c_str(), nullptr, nullptr, nullptr, flags, 0);
+        fetched = ReadAnswer(HttpSendRequestA(request, nullptr, 0, nullptr, 0) ? request : nullptr);
+    }
     for (const HINTERNET handle : {request, connection, session})
-        InternetCloseHandle(handle);
+        if (handle) InternetCloseHandle(handle);
     return fetched;
 }
 
