@@ -155,7 +155,7 @@ TEST_F(XDataTest, RefusedCallsGiveBackWhatTheyTook) {
     EXPECT_EQ(SetXDataString(object(), "SORV", "KEY", "1"), -1);
     EXPECT_EQ(SetXDataString(object(), "SORV", "KEY", "1"), 0);
     bench::ClearFailures();
-    bench::FailCall("acutNewString", 1);
+    bench::FailCall("acutUpdString", 1);
     EXPECT_EQ(SetXDataString(object(), "SORV", "KEY", "2"), -1);
     EXPECT_EQ(Get("KEY"), "1");
 }
