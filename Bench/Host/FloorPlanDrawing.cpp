@@ -229,7 +229,7 @@ class Drawing {
         const PenPoint middle = Place(Along(part.start, part.direction, part.length / 2));
         const double wide =
             20 + std::max(80.0, 7.6 * static_cast<double>(std::max(part.userCode.size(), part.product.size())));
-        const PenPoint corner = {middle.x + 34, middle.y - Size(part.across + kInsulation, 13) / 2 - 82};
+        const PenPoint corner = {middle.x + 52, middle.y - Size(part.across + kInsulation, 13) / 2 - 82};
         pen_.Line(middle, {corner.x + 10, corner.y + 42}, Stroke(0x26323c, 1));
         pen_.Circle(middle, 2.6, {0x26323c});
         pen_.Rectangle(corner, wide, 42, Filled(0xffffff, part.marked ? 0xc8102e : colour.line, 1.6));
