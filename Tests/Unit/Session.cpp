@@ -30,7 +30,7 @@ DWORD WINAPI Ticks() {
 std::string temporaryName;
 UINT WINAPI NameTemporaryFile(LPCSTR folder, LPCSTR prefix, UINT unique, LPSTR name) {
     temporaryName = std::string(prefix) + " " + std::to_string(unique);
-    std::strcpy(name, (std::string(folder) + "Sorvik.tmp").c_str());
+    std::strcpy(name, (std::string(folder) + std::string(180, 'S')).c_str());
     return 1;
 }
 UINT WINAPI NoTemporaryName(LPCSTR, LPCSTR, UINT, LPSTR name) {
@@ -39,6 +39,9 @@ UINT WINAPI NoTemporaryName(LPCSTR, LPCSTR, UINT, LPSTR name) {
 }
 BOOL WINAPI NoFolder(LPCSTR, LPSECURITY_ATTRIBUTES) {
     return FALSE;
+}
+int WINAPI NoBox(HWND, LPCSTR, LPCSTR, UINT) {
+    return 0;
 }
 BOOL WINAPI NoNetwork(LPDWORD, DWORD) {
     return FALSE;
@@ -107,11 +110,12 @@ TEST_F(Session, BeginsWithItsOwnIdentifierAndFolder) {
         EXPECT_EQ(session.CurrentDevice(), nullptr);
         EXPECT_EQ(temporaryName, "Sorvik 0");
         folder = session.WorkingFolder();
-        EXPECT_EQ(folder, TemporaryFolder() + "Sorvik.tmp");
+        EXPECT_EQ(folder, TemporaryFolder() + std::string(180, 'S'));
         WriteWholeFile(folder + "/output.xml", "x");
         SetFileAttributesA((folder + "/output.xml").c_str(), FILE_ATTRIBUTE_READONLY);
         session.Shutdown();
         EXPECT_FALSE(Exists(folder));
+        EXPECT_EQ(session.WorkingFolder(), "");
         session.Shutdown();
     }
     EXPECT_EQ(Calls("KlimoraPluginsStatisticsWrapper::CloseStatistics").size(), 2u);
@@ -121,14 +125,18 @@ TEST_F(Session, FolderThatCannotBeHadIsTold) {
     const std::string told =
         "Failed to initialize application. Klimora is not loaded. "
         "PlugIn/KL_Conn(175):KlConn::Initialize ";
+    const ImportPatch ticking("GetTickCount", Ticks);
     KlConn session;
     {
         const ImportPatch patch("GetTempFileNameA", NoTemporaryName);
         EXPECT_EQ(session.Initialize(), -1);
         EXPECT_EQ(Printed(), Line(told + "Can't get a name for the temporary folder."));
     }
+    const std::string id = session.SessionId();
+    ++ticks;
     const ImportPatch patch("CreateDirectoryA", NoFolder);
     EXPECT_EQ(session.Initialize(), -1);
+    EXPECT_EQ(session.SessionId(), id);
     EXPECT_EQ(Printed().find(Line(told + "Can't create temporary folder " + TemporaryFolder() + "Sor").substr(0, 150)),
               0u);
     EXPECT_EQ(session.WorkingFolder(), "");
@@ -155,6 +163,7 @@ TEST_F(Session, OleEndsWhatItBeganBeforeKlimoraIsLeft) {
         {
             KlConn session;
             ASSERT_EQ(session.Initialize(), 0);
+            session.Shutdown();
         }
         EXPECT_EQ(ole,
                   SUCCEEDED(answer) ? (std::vector<std::string>{"begun", "ended"}) : std::vector<std::string>{"begun"});
@@ -231,6 +240,10 @@ TEST_F(Session, ResultsAndTheirCodes) {
         EXPECT_TRUE(robot.Complaints().empty()) << robot.Complaints().front();
         for (const bench::SeenDialog& box : robot.Seen())
             EXPECT_EQ(box.owner, bench::MainWindow());
+    }
+    {
+        const ImportPatch patch("MessageBoxA", NoBox);
+        EXPECT_EQ(Take(session, "<r>" + warning + "<device/></r>"), -5) << "a question that cannot be put is no yes";
     }
     DeleteFileA(file.c_str());
     EXPECT_EQ(session.GetResultsFromConfigurator(nullptr), -2);

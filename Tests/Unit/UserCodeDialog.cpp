@@ -11,8 +11,12 @@ using bench::BoxIcon;
 // The dialog's procedure, from a dialog that Windows does not show.
 DLGPROC procedure = nullptr;
 INT_PTR WINAPI ShowNothing(HINSTANCE, LPCSTR, HWND, DLGPROC given, LPARAM) {
+    const INT_PTR failure = procedure ? 0 : -1;  // no owner, no template
     procedure = given;
-    return -1;
+    return failure;
+}
+int WINAPI NoBox(HWND, LPCSTR, LPCSTR, UINT) {
+    return 0;
 }
 int WINAPI ReadNothing(HWND, LPSTR, int) {
     return 0;
@@ -90,6 +94,12 @@ TEST_F(UserCodeDialog, EmptyAndUsedCodesAreQuestioned) {
     EXPECT_EQ(Show(), -1);
     EXPECT_EQ(Device(), "<device><UserCode>SORV1</UserCode></device>")
         << "the element has the code before the question";
+    {
+        const ImportPatch patch("MessageBoxA", NoBox);
+        Types("SORV1");
+        robot_.Expect(bench::Dialog("Configurator").Shows(1102, "SORV1").Close());
+        EXPECT_EQ(Show(), -1) << "a question that cannot be put is no yes";
+    }
     Types("ABCDEFGHIJK");
     EXPECT_EQ(Show(), 0);
     EXPECT_EQ(Device(), "<device UserCode=\"ABCDEFGHIJ\"><UserCode>ABCDEFGHIJ</UserCode></device>");
@@ -116,8 +126,9 @@ TEST_F(UserCodeDialog, WhatItCannotDoIsTold) {
     {
         const ImportPatch patch("DialogBoxParamA", ShowNothing);
         EXPECT_EQ(Show(), -1);
+        EXPECT_EQ(Show(), -1);
     }
-    EXPECT_EQ(Printed(), Line("Can not show the user code dialog."));
+    EXPECT_EQ(Printed(), Line("Can not show the user code dialog.") + Line("Can not show the user code dialog."));
     EXPECT_EQ(procedure(nullptr, WM_COMMAND, IDOK, 0), FALSE) << "a command before WM_INITDIALOG";
 }
 

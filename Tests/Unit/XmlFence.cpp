@@ -68,7 +68,8 @@ TEST(XmlFence, SeesElementsWhereTheParserSeesThem) {
         {"<?xml version=\"1.0\" encoding='" + many + "'?><r/>", false},
         {"<r x='\"' y=\"'\">" + many, true},
         {"<r x = \">\"/ >" + many, false},  // the parser gives up at the stroke
-        {"<r x=1/>" + many, true},
+        {"<_a.b:c-d\x7F x=1/>" + many, true},
+        {"<r x=1'>" + many, false},
         {"<r x=>" + many, true},
         {"<r><!" + many, true},  // a declaration ends at the first ">"
         {"<r><?p " + many, true},
@@ -80,9 +81,14 @@ TEST(XmlFence, SeesElementsWhereTheParserSeesThem) {
         {Repeated("<a>x</a >", 500), false},
         {many + "\xE2", true},
         // In UTF-8 a lead byte takes what follows with it, as the parser has it; in other codings it does not.
-        {"<?xml version='1.0'?><r x='\xE2'><!--'>" + many, true},
+        {"<?xml version='1.0'?><r x='\xE2x'><!--'>" + many, true},
+        {"<?xml version='1.0' encoding='UTF-8'?><r x='\xF0xx'><!--'>" + many, true},
+        {"<?xml encoding='utf8'?><r x='\xC2'><!--'>" + many, true},
+        {"<?xml?><r x='\xC1'><!--'>" + many, false},
+        {"<?xml?><r x='\xF5'><!--'>" + many, false},
+        {"<a><?xml?><r x='\xE2x'><!--'>" + many, false},  // too late to say it
         {"<?xml version='1.0' encoding='Latin-1'?><r x='\xE2'><!--'>" + many, false},
-        {"\xEF\xBB\xBF<r x='\xE2'><!--'>" + many, true},
+        {"\xEF\xBB\xBF<?xml encoding='Latin-1'?><r x='\xE2'><!--'>" + many, true},
         {"<r x='\xE2'><!--'>" + many, false},
         {"<r x='&#x><!--x41;'>" + many, true},
         {"<r x='&#><!--#65;'>" + many, true},
