@@ -64,18 +64,26 @@ TEST_F(AutoCADCommands, BadRequestsAreRefused) {
     EXPECT_EQ(stack->removeGroup(L"g"), Acad::eOk);
     EXPECT_EQ(stack->removeGroup(L"G"), Acad::eKeyNotFound);
     EXPECT_EQ(acrxSysRegistry()->remove(ACRX_COMMAND_DOCK), nullptr);
-    EXPECT_THAT(TakeAccusations(), ElementsAre(HasSubstr("was to be removed")));
+    bench::SetSystemVariable("DWGNAME", "1");
+    EXPECT_THAT(TakeAccusations(), ElementsAre(HasSubstr("was to be removed"), HasSubstr("The bench set DWGNAME")));
 }
 
 TEST_F(AutoCADCommands, SelectionThatAutoCADRefusesGivesNoSet) {
-    for (const wchar_t* options : {L"Q", L":Z:S", L"_:S:", L"X"})
+    for (const wchar_t* options : {L"Q", L":Z:S", L"_:S:", L"X", L""})
         EXPECT_EQ(acedSSGet(options, nullptr, nullptr, nullptr, set_), RTREJ);
     EXPECT_EQ(acedSSGet(L":$:S", nullptr, nullptr, nullptr, set_), RTREJ);
-    bench::QueueAnswer({Answer::kPick, "FFFF"});
-    EXPECT_EQ(SelectOne(), RTERROR);
+    const resbuf filter = {};
+    EXPECT_EQ(acedSSGet(L":S", nullptr, nullptr, &filter, set_), RTREJ);
+    const std::string erased = AddDuct();
+    ASSERT_TRUE(bench::EraseEntity(erased));
+    for (const std::string& handle : {std::string("FFFF"), erased}) {
+        bench::QueueAnswer({Answer::kPick, handle});
+        EXPECT_EQ(SelectOne(), RTERROR);
+    }
     EXPECT_EQ(SelectOne(), RTCAN);
-    EXPECT_THAT(TakeAccusations(), ElementsAre(HasSubstr("own prompts"), HasSubstr("The script picked FFFF"),
-                                               "Nobody answered the prompt \"\nSelect a duct:\"."));
+    EXPECT_THAT(TakeAccusations(),
+                ElementsAre(HasSubstr("own prompts"), HasSubstr("picked FFFF"), HasSubstr("picked " + erased),
+                            "Nobody answered the prompt \"\nSelect a duct:\"."));
 }
 
 TEST_F(AutoCADCommands, SetsAreLimitedReleasedOnceAndNotUsedAfterwards) {

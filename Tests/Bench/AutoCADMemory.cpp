@@ -27,6 +27,8 @@ TEST_F(AutoCADMemory, WrongReleasesAreAccused) {
     resbuf* chain = acutNewRb(RTSHORT);
     EXPECT_EQ(acutRelRb(chain), RTNORM);
     EXPECT_EQ(acutRelRb(chain), RTERROR);
+    EXPECT_EQ(acedGetVar(L"CMDECHO", chain), RTERROR);
+    EXPECT_EQ(acedSetVar(L"CMDECHO", chain), RTERROR);
     wchar_t* text = nullptr;
     acutDelString(text);
     ASSERT_EQ(acutUpdString(L"text", text), Acad::eOk);
@@ -39,17 +41,20 @@ TEST_F(AutoCADMemory, WrongReleasesAreAccused) {
     wchar_t foreign[] = L"foreign";
     wchar_t* notOurs = foreign;
     acutDelString(notOurs);
-    EXPECT_THAT(TakeAccusations(), ElementsAre(HasSubstr("did not make"), HasSubstr("already released"),
-                                               HasSubstr("already released"), HasSubstr("did not hand out")));
+    EXPECT_THAT(TakeAccusations(),
+                ElementsAre(HasSubstr("did not make"), HasSubstr("already released"), HasSubstr("acedGetVar"),
+                            HasSubstr("acedSetVar"), HasSubstr("already released"), HasSubstr("did not hand out")));
 }
 
 TEST_F(AutoCADMemory, XdataIsCheckedBeforeItIsStored) {
     EXPECT_EQ(acdbRegApp(L"SORV"), RTNORM);
+    EXPECT_EQ(acdbRegApp(L"sorv"), RSERR);
     const std::string duct = AddDuct();
     const std::wstring much(9000, L'x');
     const std::pair<resbuf*, Acad::ErrorStatus> cases[] = {
         {acutBuildList(1001, L"SORV", 1000, L"A=1", RTNONE), Acad::eOk},
         {nullptr, Acad::eInvalidResBuf},
+        {acutNewRb(1001), Acad::eInvalidResBuf},
         {acutBuildList(1000, L"A=2", RTNONE), Acad::eBadDxfSequence},
         {acutBuildList(1001, L"UNKNOWN", 1000, L"A=2", RTNONE), Acad::eRegappIdNotFound},
         {acutBuildList(1001, L"SORV", RTSHORT, 5, RTNONE), Acad::eInvalidDxfCode},

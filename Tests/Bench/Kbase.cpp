@@ -104,6 +104,7 @@ TEST_F(KbaseLibrary, ReplacingAndDeletingLeaveTheRestOfTheFileAsItWas) {
     EXPECT_EQ(kbsaverec(database_, record_), 0);
     EXPECT_EQ(Saved().Find("dSilencerType", "A")->BytesOf(1503), "Sorvik");
     EXPECT_EQ(kbdeleterec(database_, &silencers_, "A"), 0);
+    EXPECT_EQ(kbdeleterec(database_, &silencers_, "A"), -1);
     EXPECT_EQ(FileText(kDatabase), before);
     const HANDLE owner = CreateFileA(kDatabase, GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     EXPECT_EQ(kbsaverec(database_, record_), -2) << "a file that cannot be written";
@@ -197,11 +198,13 @@ TEST_F(KbaseLibrary, SecondReleasesLateUsesAndForeignRecordsAreAccused) {
     record_ = nullptr;
 }
 
-TEST_F(KbaseLibrary, APlannedFailureOfTheLookUpMayPoisonTheClassId) {
+TEST_F(KbaseLibrary, APlannedFailureGivesNoRecordAndMayPoisonTheClassId) {
     KB_CLASSID id = {{-1, -1}};
     bench::FailCalls({"ddk_classsymboltoID", 2, 0, true, true});
     EXPECT_EQ(ddk_classsymboltoID(dictionary_, "KMD", &id), 0);
     EXPECT_EQ(id.value[1], 0x0BADF00D);
+    bench::FailCall("kbcreaterec", 2);
+    EXPECT_FALSE(Create("B"));
 }
 
 }  // namespace

@@ -96,6 +96,7 @@ TEST_F(Klimora, ReferencesAreOwedByInterfaceAndReleasedOnce) {
     bench::StopKlimora();
     long version = 77;
     EXPECT_EQ(client_->getVersion(&version), HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE));
+    EXPECT_EQ(client_->freeBinVariable(7, &version), HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE));
     EXPECT_EQ(version, 77);
 }
 
@@ -112,17 +113,30 @@ TEST_F(Klimora, APlannedFailureLeavesOrSpoilsTheOutputs) {
     bench::FailCalls({"IKlimora200805::getPartAttPoint", 1, E_FAIL, false, true});
     EXPECT_EQ(reads(), E_FAIL);
     EXPECT_TRUE(x < -1e300 && y < -1e300 && z < -1e300 && result == 0x0BADF00D);
+    bench::FailCalls({"IKlimora200805::getPartAttPoint", 2, -7});
     EXPECT_EQ(reads(), S_OK);
+    EXPECT_TRUE(x == 0 && y == 0 && z == 0 && result == -7);
+    BSTR text = nullptr;
+    client_->getLastErrorText(&text);
+    EXPECT_STREQ(text, L"IKlimora200805::getPartAttPoint was planned to fail.");
+    EXPECT_EQ(reads(), S_OK);
+    client_->getLastErrorText(&text);
+    EXPECT_STREQ(text, L"");
+    bench::FailCall("IKlimora200805::getLastErrorText", 3);
+    EXPECT_EQ(client_->getLastErrorText(&text), E_FAIL);
     EXPECT_TRUE(x == 11300 && y == 9250 && z == 2800 && result == 0);
 }
 
 TEST_F(Klimora, WhatOnlyABrokenClientDoesWithABinaryVariableIsAccused) {
     long result = -8;
     EXPECT_EQ(SendsBytes(7, 0, "00"), -130);
+    client_->setBinVariableSize(7, 0, &result);
+    EXPECT_EQ(result, -130);
     client_->setBinVariableSize(7, 2, &result);
     EXPECT_THAT(bench::BenchBalance(), testing::Contains("binary variable 7"));
     for (const char* hex : {"0", "0a", "000000"})
         EXPECT_EQ(SendsBytes(7, 0, hex), -130);
+    EXPECT_EQ(SendsBytes(7, -1, "FF"), -130);
     EXPECT_EQ(SendsBytes(7, 1, "FF"), 0);
     client_->setPartAtt(Text("2A4"), Text("/Part/Geometry/Source[0]/gm_model/binvar"), Text("7"), &result);
     EXPECT_EQ(result, -130);
@@ -130,12 +144,18 @@ TEST_F(Klimora, WhatOnlyABrokenClientDoesWithABinaryVariableIsAccused) {
                                     "Binary variable 7 was sent an odd number of hexadecimal digits, or none.",
                                     "Binary variable 7 was sent data that are not upper-case hexadecimal digits.",
                                     "Binary variable 7 was sent data beyond its size of 2.",
+                                    "Binary variable 7 was sent data beyond its size of 2.",
                                     "Binary variable 7 was used before all of its bytes were sent."));
     EXPECT_EQ(bench::BinaryVariable(7), std::string("\0\xFF", 2));
+    EXPECT_EQ(SendsBytes(7, 0, "00"), 0);
+    client_->setPartAtt(Text("2A4"), Text("/Part/Geometry/Source[0]/gm_model/binvar"), Text("7"), &result);
+    EXPECT_NE(result, -130);
     client_->freeBinVariable(7, &result);
     EXPECT_EQ(result, 0);
     EXPECT_EQ(client_->freeBinVariable(7, nullptr), E_POINTER);
-    EXPECT_THAT(Said(), ElementsAre("IKlimora200805::freeBinVariable was called without a place for its output."));
+    EXPECT_EQ(client_->reservedSlot17(), E_NOTIMPL);
+    EXPECT_THAT(Said(), ElementsAre("IKlimora200805::freeBinVariable was called without a place for its output.",
+                                    HasSubstr("Slot 17")));
 }
 
 TEST_F(Klimora, CommandsThatAreNotAsClientsSendThemChangeNothing) {
@@ -180,6 +200,9 @@ TEST_F(Klimora, TheSilencerSplitsADuctAndNothingElse) {
     EXPECT_EQ(bench::PartAttribute(second, "/Part/Position/WCS"), "18350 6000 2800");
     EXPECT_EQ(bench::PartAttribute(second, "/Part/Connection[1]/ConnectedTo"), "2B4");
     EXPECT_THAT(Inserts("SRC-400-1200", "SORV1", {{Answer::kEnter, ""}}), HasSubstr("between ducts 2B3 and"));
+    Inserts("SRC-400-1200", "SORV1", {{Answer::kEnter, ""}});
+    EXPECT_THAT(Inserts("SRC-400-1200", "SORV1", {{Answer::kEnter, ""}}),
+                HasSubstr("part 2B3 is 12.5 mm long, too short for a silencer of 1200 mm"));
 }
 
 }  // namespace

@@ -59,6 +59,7 @@ TEST(RobotTest, EveryDifferenceIsAComplaintAndTheAnswerIsGivenAllTheSame) {
     SeenDialog dialog;
     dialog.text = "User code";
     dialog.edits = {{1102, "SORV1", 10}};
+    EXPECT_FALSE(Dialog("Code").Meant(dialog));
     EXPECT_THAT(Dialog("Code").Saying("Code").Shows(1102, "SORV2").Limit(1102, 5).Shows(7, "").Differences(dialog),
                 ElementsAre("The text of the dialog \"Code\" was expected to be \"Code\" and is \"User code\".",
                             "The field 1102 of the dialog \"Code\" was expected to be \"SORV2\" and is \"SORV1\".",
