@@ -99,10 +99,6 @@ void CommandBench::AcceptsTheProposal(const std::string& proposal) {
     robot_.Expect(bench::Dialog("Configurator").Shows(1102, proposal).Press(IDOK));
 }
 
-void CommandBench::TypesUserCode(const std::string& code) {
-    robot_.Expect(bench::Dialog("Configurator").Type(1102, code).Press(IDOK));
-}
-
 void CommandBench::CancelsTheDialog() {
     robot_.Expect(bench::Dialog("Configurator").Press(IDCANCEL));
 }

@@ -33,8 +33,7 @@ class CommandBench : public testing::Test {
     // ---- Neighbours other than usual, before the command ----------------------------------------------------------
     void UseServer(const bench::KlimoraServer& server);
 
-    // ---- The user
-    // ------------------------------------------------------------------------------------------------------
+    // ---- The user -------------------------------------------------------------------------------------------------
     void Picks(const std::string& handle);
     void PressesEscape();
     void PressesEnter();
@@ -42,7 +41,6 @@ class CommandBench : public testing::Test {
     void InTheConfigurator(const std::string& script);
     // The dialog as it opens, proposing `proposal`, is confirmed.
     void AcceptsTheProposal(const std::string& proposal);
-    void TypesUserCode(const std::string& code);
     void CancelsTheDialog();
     // A message box of the plug-in comes and is answered.
     void MeetsBox(const std::string& text, bench::BoxIcon icon, const std::vector<std::string>& buttons,

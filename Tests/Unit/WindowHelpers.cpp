@@ -61,19 +61,6 @@ TEST(WindowHelpers, OpenFileDialogIsAskedForAnExistingFile) {
     EXPECT_EQ(asked.Flags, 0x9804u);
 }
 
-TEST(WindowHelpers, ProductVersionsLeaveZerosOut) {
-    const struct {
-        uint32_t most;
-        uint32_t least;
-        const char* text;
-    } cases[] = {{0x00020000, 0x00000005, "2.5"},
-                 {0x00010004, 0x00020A33, "1.4.2.2611"},
-                 {0, 0, ""},
-                 {0x0000FFFF, 0x00030000, "65535.3"}};
-    for (const auto& c : cases)
-        EXPECT_EQ(ProductVersionText(c.most, c.least), c.text);
-}
-
 TEST(WindowHelpers, ProductVersionOfTheModule) {
     const HMODULE module = GetModuleHandleA(kModuleFileName);
     const std::string version = GetModuleProductVersion(nullptr);
