@@ -8,6 +8,7 @@
 #include <string>
 
 #include "CrashReport.h"
+#include "gtest/gtest.h"
 
 inline constexpr int kWrongUse = 2;
 
@@ -21,4 +22,12 @@ inline bool BeginTests() {
     if (GetFileAttributesA(program.c_str() + folder + 1) != INVALID_FILE_ATTRIBUTES) return true;
     std::printf("%s must be started in its own folder.\n", path);
     return false;
+}
+
+// As RUN_ALL_TESTS; a filter that fits no case is a wrong use, not a success.
+inline int RunTests() {
+    const int failed = RUN_ALL_TESTS();
+    if (testing::UnitTest::GetInstance()->test_to_run_count() > 0) return failed;
+    std::printf("no case fits --gtest_filter=%s\n", testing::GTEST_FLAG(filter).c_str());
+    return kWrongUse;
 }

@@ -10,7 +10,7 @@ int main(int argc, char** argv) {
     testing::InitGoogleMock(&argc, argv);
     if (!BeginTests()) return kWrongUse;
     OleInitialize(nullptr);
-    const int failed = RUN_ALL_TESTS();
+    const int failed = RunTests();
     OleUninitialize();
     return failed;
 }

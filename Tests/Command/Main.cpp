@@ -17,12 +17,11 @@ bench::Stage& TheStage() {
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
-    if (testing::GTEST_FLAG(list_tests)) return RUN_ALL_TESTS();
     if (!BeginTests()) return kWrongUse;
     try {
         bench::Stage stage("catalogue.xml");
         g_stage = &stage;
-        return RUN_ALL_TESTS();
+        return RunTests();
     } catch (const std::runtime_error& problem) {
         std::printf("%s\n", problem.what());
         return kWrongUse;

@@ -31,7 +31,6 @@ class BenchWatch : public testing::EmptyTestEventListener {
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
-    if (testing::GTEST_FLAG(list_tests)) return RUN_ALL_TESTS();
     if (!BeginTests()) return kWrongUse;
     if (!LoadLibraryA("Sorvik_R24_x64.arx")) {
         std::fprintf(stderr, "Sorvik_R24_x64.arx cannot be loaded: error %lu\n", GetLastError());
@@ -39,7 +38,7 @@ int main(int argc, char** argv) {
     }
     bench::StartAutoCAD();
     testing::UnitTest::GetInstance()->listeners().Append(new BenchWatch);
-    const int result = RUN_ALL_TESTS();
+    const int result = RunTests();
     bench::StopAutoCAD();
     return result;
 }
