@@ -10,6 +10,7 @@
 #include "BenchAutoCAD.h"
 #include "BenchControl.h"
 #include "Parts.h"
+#include "Products.h"
 #include "Refusal.h"
 #include "Server.h"
 #include "Texts.h"
@@ -17,7 +18,6 @@
 namespace bench::klimora {
 namespace {
 
-constexpr char kSilencerClass[] = "dSilencerType";
 constexpr char kEnterPressed[] = "52";  // ERRNO after a pick prompt that was answered with Enter
 constexpr double kUsualSilencerLength = 900;
 // What a silencer shares with the duct around it.

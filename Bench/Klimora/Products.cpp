@@ -16,8 +16,8 @@ namespace {
 
 constexpr size_t kLongestUserCode = 10;
 
-constexpr const char* kProductClasses[] = {"hZoneValveType", "hStopValveType", "dSupplyType",  "dExtractType",
-                                           "dOutdoorType",   "dExhaustType",   "dSilencerType"};
+constexpr const char* kProductClasses[] = {"hZoneValveType", "hStopValveType", "dSupplyType", "dExtractType",
+                                           "dOutdoorType",   "dExhaustType",   kSilencerClass};
 
 const std::vector<Field> kAddFields = {
     {"Function/Name", Kind::kWord}, {"KPD/Filename", Kind::kWord},     {"KPDClass/Name", Kind::kWord},
@@ -78,6 +78,18 @@ double LengthOf(const KbaseRecord& record) {
     return length;
 }
 
+// Silencers that are drawn under a code are of its product: where that was replaced, they are of the new one from then
+// on. They keep their place and the length that they were drawn with.
+void LetDrawnSilencersFollow(ProjectTree& project, const TiXmlElement* product) {
+    for (TiXmlElement* part : project.AllParts()) {
+        if (ValueAt(part, "Type/Define") != kSilencerDefine ||
+            ValueAt(part, "UserCode") != ValueAt(product, "UserCode"))
+            continue;
+        for (const char* name : {"ProductCode", "ProductFamilyKey"})
+            SetValueAt(part, name, ValueAt(product, name));
+    }
+}
+
 void CheckWords(const TiXmlElement* command) {
     if (ValueAt(command, "Function/Name") != "Add")
         throw Refusal(kBadCommand, "ManageProductData knows no function " + ValueAt(command, "Function/Name") + ".");
@@ -121,6 +133,7 @@ std::string ManageProductData(Server& server, const std::string& command) {
     SetValueAt(product, "ProductKey", productKey);
     SetValueAt(product, "ProductFamilyKey", familyKey);
     if (LengthOf(record) > 0) SetRealAt(product, "Length", LengthOf(record));
+    if (className == kSilencerClass) LetDrawnSilencersFollow(project, product);
     return {};
 }
 

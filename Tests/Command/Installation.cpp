@@ -1,4 +1,4 @@
-// The last step in a whole run: Klimora refuses the product, or AutoCAD the command.
+// The last step in a whole run: Klimora refuses the product or replaces one, or AutoCAD refuses the command.
 #include "CommandBench.h"
 
 namespace {
@@ -34,6 +34,23 @@ TEST_F(Installation, QueueingFails) {
     ASSERT_EQ(bench::StatisticsEvents().size(), 1u) << "the event is recorded whatever became of the queueing";
     EXPECT_TRUE(bench::StatisticsEvents()[0].sent);
     EXPECT_EQ(CountOf("KLIMSILX"), 0u);
+}
+
+TEST_F(Installation, YesReplacesTheProductOfThatCodeAndOfItsDrawnSilencers) {
+    Picks("2A3");
+    InTheConfigurator("choose SRC-250-900");
+    robot().Expect(bench::Dialog("Configurator").Type(1102, "SORV1").Press(IDOK));
+    robot().Expect(
+        bench::Box("User code is already in use.\nDo you want to replace existing product?").AnswerWith("Yes"));
+    ConfirmsInsertion();
+    Run();
+    ExpectCommitted();
+    EXPECT_EQ(bench::PartAttribute("", "Count(/Project/KPDClass[dSilencerType]/Part)"), "1");
+    for (const char* silencer : {"2AE", "206"}) {
+        EXPECT_EQ(bench::PartAttribute(silencer, "/Part/UserCode"), "SORV1") << silencer;
+        EXPECT_EQ(bench::PartAttribute(silencer, "/Part/ProductFamilyKey"), "SRC-250-900") << silencer;
+    }
+    EXPECT_EQ(bench::PartAttribute("2AE", "/Part/Length"), "1200") << "as it was drawn";
 }
 
 }  // namespace
