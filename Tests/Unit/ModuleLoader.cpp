@@ -8,7 +8,7 @@
 #include "BenchAutoCAD.h"
 #include "BenchControl.h"
 #include "Entry.h"
-#include "ImportPatch.h"
+#include "RecordedCalls.h"
 #include "gtest/gtest.h"
 
 namespace {
@@ -50,7 +50,11 @@ TEST(ModuleLoader, LibraryIsLoadedByItsUpperCasedPath) {
     ModuleRecord record = {"Kbase640.dll", nullptr};
     EXPECT_EQ(LoadModule(record, Folder().c_str()), 0);
     EXPECT_EQ(record.handle, GetModuleHandleA("Kbase640.dll"));
-    FreeModules(&record, 1);
+    RecordedCalls calls;
+    calls.Record("FreeLibrary", FreeLibrary);
+    calls.Name(record.handle, "library");
+    StopApplication(&record, 1);
+    EXPECT_EQ(calls.Take(), "FreeLibrary library\n");
     EXPECT_EQ(record.handle, nullptr);
     EXPECT_EQ(Printed(), "");
 }
@@ -71,6 +75,9 @@ TEST(ModuleLoader, ArxModuleGoesThroughAutoCAD) {
     ASSERT_NE(line, std::string::npos) << printed;
     EXPECT_NE(printed.find(" - cannot load arx-module: " + path + "\n", line), std::string::npos) << printed;
     EXPECT_EQ(bench::Journal().at(0), "acedArxLoad " + path + " -> -5001");
+    const ImportPatch patch(
+        "_Z11acedArxLoadPKw", +[](const wchar_t*) { return 0; });
+    EXPECT_EQ(LoadModule(record, Folder().c_str()), -2);
 }
 
 TEST(ModuleLoader, ArxModulesStayLoaded) {

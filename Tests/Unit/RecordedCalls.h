@@ -124,6 +124,7 @@ class RecordedCalls {
     template <class T>
     std::string Shown(T value) const {
         if constexpr (std::is_same_v<T, const char*>) {
+            if (value && IS_INTRESOURCE(value)) return std::to_string(reinterpret_cast<ULONG_PTR>(value));
             return value ? '"' + std::string(value) + '"' : "null";
         } else if constexpr (std::is_pointer_v<T> && !std::is_function_v<std::remove_pointer_t<T>>) {
             const auto known = names_.find(value);

@@ -3,72 +3,22 @@
 #include <cstring>
 #include <stdexcept>
 
+#include <windows.h>
+#include <wininet.h>
+
 #include "FailingAllocations.h"
 #include "ImportPatch.h"
 #include "KL_Conn_SorvSilencer.h"
 #include "Lib/Diagnostics.h"
+#include "RecordedCalls.h"
 #include "SessionBench.h"
 #include "adsdef.h"
 
 namespace {
 
-// What Windows is asked for, and what it answers.
-HRESULT oleAnswer = S_OK;
-std::vector<std::string> ole;
-HRESULT WINAPI BeginOle(LPVOID) {
-    ole.push_back("begun");
-    return oleAnswer;
-}
-void WINAPI EndOle() {
-    // Klimora's interfaces are given back after OLE's end.
-    ole.push_back(bench::BenchBalance().size() > 1 ? "ended" : "ended too late");
-}
-DWORD ticks = 0;
-DWORD WINAPI Ticks() {
-    return ticks;
-}
-std::string temporaryName;
-UINT WINAPI NameTemporaryFile(LPCSTR folder, LPCSTR prefix, UINT unique, LPSTR name) {
-    temporaryName = std::string(prefix) + " " + std::to_string(unique);
-    std::strcpy(name, (std::string(folder) + std::string(180, 'S')).c_str());
-    return 1;
-}
-UINT WINAPI NoTemporaryName(LPCSTR, LPCSTR, UINT, LPSTR name) {
-    std::strcpy(name, "Z:\\none");
-    return 0;
-}
-BOOL WINAPI NoFolder(LPCSTR, LPSECURITY_ATTRIBUTES) {
-    return FALSE;
-}
-int WINAPI NoBox(HWND, LPCSTR, LPCSTR, UINT) {
-    return 0;
-}
-BOOL WINAPI NoNetwork(LPDWORD, DWORD) {
-    return FALSE;
-}
 BOOL WINAPI NoProgram(LPCSTR, LPSTR, LPSECURITY_ATTRIBUTES, LPSECURITY_ATTRIBUTES, BOOL, DWORD, LPVOID, LPCSTR,
                       LPSTARTUPINFOA, LPPROCESS_INFORMATION) {
     return FALSE;
-}
-DWORD WINAPI NoName(HMODULE, LPSTR, DWORD) {
-    return 0;
-}
-
-// Neighbours that throw, as nothing in the session does by itself.
-int ThrowInsteadOfAccess(const char*, int) {
-    throw std::runtime_error("no access");
-}
-int ThrowInsteadOfPick(const wchar_t*, const void*, const void*, const resbuf*, int64_t*) {
-    throw std::runtime_error("no pick");
-}
-void ThrowInsteadOfAdding(KlimoraPluginsStatisticsWrapper*, const wchar_t*, PluginStat*) {
-    throw std::runtime_error("no event");
-}
-void ThrowInsteadOfClosing(KlimoraPluginsStatisticsWrapper*) {
-    throw std::runtime_error("no end");
-}
-void* ThrowInsteadOfDocuments() {
-    throw std::runtime_error("no documents");
 }
 std::string printed;
 int linesPrinted = 0;
@@ -93,11 +43,15 @@ class Session : public SessionBench {
 };
 
 TEST_F(Session, BeginsWithItsOwnIdentifierAndFolder) {
-    const ImportPatch ticking("GetTickCount", Ticks), naming("GetTempFileNameA", NameTemporaryFile);
+    RecordedCalls calls;
+    calls.Record("GetTempFileNameA", GetTempFileNameA, [](LPCSTR folder, LPCSTR, UINT, LPSTR name) {
+        std::strcpy(name, (std::string(folder) + std::string(180, 'S')).c_str());
+        return 1u;
+    });
     std::string folder;
     for (const auto& [tick, id] : {std::pair{12345u, "827CCB0EEA8A706C4C34A16891F84E7B"},
                                    {0xFFFFFFFFu, "6BB61E3B7BCE0931DA574D19D1D82C88"}}) {  // of "12345" and "-1"
-        ticks = tick;
+        calls.Give("GetTickCount", GetTickCount, tick);
         SetReportLevels(0x3386, 0x3182, 0x3182, 0x3181);
         KlConn session;
         EXPECT_EQ(g_diagSettings->fatalBits, 0x1081u);
@@ -108,7 +62,10 @@ TEST_F(Session, BeginsWithItsOwnIdentifierAndFolder) {
         EXPECT_EQ(session.SessionId(), id);
         EXPECT_EQ(session.Root()->ToString(), "<SorvikKlimora />");
         EXPECT_EQ(session.CurrentDevice(), nullptr);
-        EXPECT_EQ(temporaryName, "Sorvik 0");
+        EXPECT_EQ(calls.Take(), "GetTickCount\nGetTempFileNameA \"" + TemporaryFolder() + "\" \"Sorvik\" 0x0 &\n");
+        bool trace[] = {false, false, true};
+        session.GetTrace(&trace[0], &trace[1], &trace[2]);
+        EXPECT_TRUE(trace[0] && trace[1] && !trace[2]);
         folder = session.WorkingFolder();
         EXPECT_EQ(folder, TemporaryFolder() + std::string(180, 'S'));
         WriteWholeFile(folder + "/output.xml", "x");
@@ -125,16 +82,15 @@ TEST_F(Session, FolderThatCannotBeHadIsTold) {
     const std::string told =
         "Failed to initialize application. Klimora is not loaded. "
         "PlugIn/KL_Conn(175):KlConn::Initialize ";
-    const ImportPatch ticking("GetTickCount", Ticks);
+    RecordedCalls calls;
+    calls.Give("GetTickCount", GetTickCount, 1);
     KlConn session;
-    {
-        const ImportPatch patch("GetTempFileNameA", NoTemporaryName);
-        EXPECT_EQ(session.Initialize(), -1);
-        EXPECT_EQ(Printed(), Line(told + "Can't get a name for the temporary folder."));
-    }
+    calls.Give("GetTempFileNameA", GetTempFileNameA, 0, 0, 1);
+    EXPECT_EQ(session.Initialize(), -1);
+    EXPECT_EQ(Printed(), Line(told + "Can't get a name for the temporary folder."));
     const std::string id = session.SessionId();
-    ++ticks;
-    const ImportPatch patch("CreateDirectoryA", NoFolder);
+    calls.Give("GetTickCount", GetTickCount, 2);
+    calls.Give("CreateDirectoryA", CreateDirectoryA, FALSE);
     EXPECT_EQ(session.Initialize(), -1);
     EXPECT_EQ(session.SessionId(), id);
     EXPECT_EQ(Printed().find(Line(told + "Can't create temporary folder " + TemporaryFolder() + "Sor").substr(0, 150)),
@@ -145,7 +101,8 @@ TEST_F(Session, FolderThatCannotBeHadIsTold) {
 TEST_F(Session, WithoutItsModulesFolderItWorksInATemporaryOne) {
     std::string folder;
     {
-        const ImportPatch patch("GetModuleFileNameA", NoName);
+        RecordedCalls calls;
+        calls.Give("GetModuleFileNameA", GetModuleFileNameA, 0);
         KlConn session;
         ASSERT_EQ(session.Initialize(), 0);
         folder = session.WorkingFolder();
@@ -156,17 +113,14 @@ TEST_F(Session, WithoutItsModulesFolderItWorksInATemporaryOne) {
 }
 
 TEST_F(Session, OleEndsWhatItBeganBeforeKlimoraIsLeft) {
-    const ImportPatch begin("OleInitialize", BeginOle), end("OleUninitialize", EndOle);
     for (const HRESULT answer : {S_OK, S_FALSE, static_cast<HRESULT>(RPC_E_CHANGED_MODE)}) {
-        ole.clear();
-        oleAnswer = answer;
-        {
-            KlConn session;
-            ASSERT_EQ(session.Initialize(), 0);
-            session.Shutdown();
-        }
-        EXPECT_EQ(ole,
-                  SUCCEEDED(answer) ? (std::vector<std::string>{"begun", "ended"}) : std::vector<std::string>{"begun"});
+        RecordedCalls calls;
+        calls.Give("OleInitialize", OleInitialize, answer);
+        calls.Record("OleUninitialize", OleUninitialize, [] { EXPECT_GT(bench::BenchBalance().size(), 1u); });
+        KlConn session;
+        ASSERT_EQ(session.Initialize(), 0);
+        session.Shutdown();
+        EXPECT_EQ(calls.Take(), FAILED(answer) ? "OleInitialize null\n" : "OleInitialize null\nOleUninitialize\n");
     }
 }
 
@@ -242,7 +196,8 @@ TEST_F(Session, ResultsAndTheirCodes) {
             EXPECT_EQ(box.owner, bench::MainWindow());
     }
     {
-        const ImportPatch patch("MessageBoxA", NoBox);
+        RecordedCalls calls;
+        calls.Give("MessageBoxA", MessageBoxA, 0);
         EXPECT_EQ(Take(session, "<r>" + warning + "<device/></r>"), -5) << "a question that cannot be put is no yes";
     }
     DeleteFileA(file.c_str());
@@ -264,12 +219,16 @@ TEST_F(Session, ResultBesideTheModuleIsUsedAndNeverFetched) {
         Printed();
         EXPECT_EQ(session.GetResultsFromConfigurator("http://x"), 0);
         EXPECT_EQ(Printed(), "Sorvik Klimora Cloud Plugin: Local data used.\n");
+        EXPECT_NE(session.CurrentDevice(), nullptr);
+        EXPECT_EQ(session.Initialize(), 0);
+        EXPECT_EQ(session.CurrentDevice(), nullptr);
         WriteWholeFile(file, "<r>");
         EXPECT_EQ(session.GetResultsFromConfigurator("http://x"), -2);
         EXPECT_EQ(ReadWholeFile(file), "<r>");
         DeleteFileA(file.c_str());
         Printed();
-        const ImportPatch patch("InternetGetConnectedState", NoNetwork);
+        RecordedCalls calls;
+        calls.Give("InternetGetConnectedState", InternetGetConnectedState, FALSE);
         EXPECT_EQ(session.GetResultsFromConfigurator("http://x"), -1);
         EXPECT_EQ(Printed().find("Sorvik Klimora Cloud Plugin: Error DownloadFile: There is no connection"), 0u);
     }
@@ -358,15 +317,20 @@ TEST_F(Session, ProductThatCannotBeInsertedIsToldAndStatisticsAreNoFailure) {
             EXPECT_EQ(bench::StatisticsEvents().size(), 1u);
         }
         {
-            const ImportPatch patch("_Z15acDocManagerPtrv", ThrowInsteadOfDocuments);
+            const ImportPatch patch(
+                "_Z15acDocManagerPtrv", +[]() -> void* { throw std::runtime_error("no documents"); });
             EXPECT_EQ(install(nullptr), -1);
             const std::string told = Printed();
             EXPECT_NE(told.find(place + "no documents\n" + half), std::string::npos) << told;
         }
-        const ImportPatch patch(kAdd, ThrowInsteadOfAdding);
+        const ImportPatch patch(
+            kAdd, +[](KlimoraPluginsStatisticsWrapper*, const wchar_t*, PluginStat*) {
+                throw std::runtime_error("no event");
+            });
         EXPECT_EQ(install(nullptr), 0);
         EXPECT_NE(Printed().find(place + "no event\n"), std::string::npos);
-        const ImportPatch close(kClose, ThrowInsteadOfClosing);
+        const ImportPatch close(
+            kClose, +[](KlimoraPluginsStatisticsWrapper*) { throw std::runtime_error("no end"); });
         session.Shutdown();
         EXPECT_EQ(Printed(), head + "Failed to close the statistics. PlugIn/KL_Conn(204):KlConn::Shutdown no end\n");
     }
@@ -378,7 +342,8 @@ TEST_F(Session, UnexpectedFailuresAreToldWhereTheyHappen) {
     ASSERT_EQ(session.Initialize(), 0);
     Printed();
     {
-        const ImportPatch patch("_access", ThrowInsteadOfAccess);
+        const ImportPatch patch(
+            "_access", +[](const char*, int) -> int { throw std::runtime_error("no access"); });
         EXPECT_EQ(session.GetResultsFromConfigurator("http://x"), -1);
     }
     EXPECT_EQ(
@@ -399,7 +364,11 @@ TEST_F(Session, TheCommandLetsNothingOut) {
     bench::ClearJournal();
     Printed();
     {
-        const ImportPatch patch("_Z9acedSSGetPKwPKvS2_PK6resbufPx", ThrowInsteadOfPick);
+        const ImportPatch patch(
+            "_Z9acedSSGetPKwPKvS2_PK6resbufPx",
+            +[](const wchar_t*, const void*, const void*, const resbuf*, int64_t*) -> int {
+                throw std::runtime_error("no pick");
+            });
         SorvSilencer();
     }
     EXPECT_EQ(Printed(), Line("SorvSilencer PlugIn/KL_Conn_SorvSilencer(246):SorvSilencer no pick"));

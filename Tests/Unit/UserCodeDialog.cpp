@@ -1,31 +1,12 @@
 // The user-code dialog: how it opens, what it refuses, and which code the device gets.
 #include "ConfiguratorDialog.h"
-#include "ImportPatch.h"
+#include "RecordedCalls.h"
 #include "SessionBench.h"
 #include "Util/KLUtils_Text.h"
 
 namespace {
 
 using bench::BoxIcon;
-
-// The dialog's procedure, from a dialog that Windows does not show.
-DLGPROC procedure = nullptr;
-INT_PTR WINAPI ShowNothing(HINSTANCE, LPCSTR, HWND, DLGPROC given, LPARAM) {
-    const INT_PTR failure = procedure ? 0 : -1;  // no owner, no template
-    procedure = given;
-    return failure;
-}
-int WINAPI NoBox(HWND, LPCSTR, LPCSTR, UINT) {
-    return 0;
-}
-int WINAPI ReadNothing(HWND, LPSTR, int) {
-    return 0;
-}
-HCURSOR cursorWhileOpening = nullptr;
-BOOL WINAPI LookAndFill(HWND dialog, int control, LPCSTR text) {
-    cursorWhileOpening = GetCursor();
-    return SetWindowTextA(GetDlgItem(dialog, control), text);
-}
 
 class UserCodeDialog : public SessionBench {
  protected:
@@ -65,10 +46,13 @@ TEST_F(UserCodeDialog, OpensCentredWithTheProposalAndFocusOnOk) {
                       .Shows(1102, "SORV2")
                       .Look([&](const bench::SeenDialog& d) { seen = d; })
                       .Press(IDCANCEL));
-    const ImportPatch patch("SetDlgItemTextA", LookAndFill);
+    RecordedCalls calls;
+    calls.Record("SetDlgItemTextA", SetDlgItemTextA, [](HWND dialog, int control, LPCSTR text) {
+        EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_WAIT));
+        return SetWindowTextA(GetDlgItem(dialog, control), text);
+    });
     SetCursor(LoadCursorW(nullptr, IDC_ARROW));
     EXPECT_EQ(Show(), -1);
-    EXPECT_EQ(cursorWhileOpening, LoadCursorW(nullptr, IDC_WAIT));
     EXPECT_EQ(seen.focusId, IDOK);
     EXPECT_EQ(seen.owner, bench::MainWindow());
     EXPECT_FALSE(seen.watchedEnabled);
@@ -95,7 +79,8 @@ TEST_F(UserCodeDialog, EmptyAndUsedCodesAreQuestioned) {
     EXPECT_EQ(Device(), "<device><UserCode>SORV1</UserCode></device>")
         << "the element has the code before the question";
     {
-        const ImportPatch patch("MessageBoxA", NoBox);
+        RecordedCalls calls;
+        calls.Give("MessageBoxA", MessageBoxA, 0);
         Types("SORV1");
         robot_.Expect(bench::Dialog("Configurator").Shows(1102, "SORV1").Close());
         EXPECT_EQ(Show(), -1) << "a question that cannot be put is no yes";
@@ -112,24 +97,24 @@ TEST_F(UserCodeDialog, EmptyAndUsedCodesAreQuestioned) {
 
 TEST_F(UserCodeDialog, WhatItCannotDoIsTold) {
     const std::string place = "Failed to take the user code. PlugIn/ConfiguratorDialog(93):ShowUserCodeDialog ";
-    {
-        const ImportPatch patch("GetWindowTextA", ReadNothing);
-        robot_.Expect(bench::Dialog("Configurator").Press(IDOK));
-        EXPECT_EQ(Show(), -1);
-    }
+    RecordedCalls calls;
+    calls.Give("GetWindowTextA", GetWindowTextA, 0, 0, 1);
+    robot_.Expect(bench::Dialog("Configurator").Press(IDOK));
+    EXPECT_EQ(Show(), -1);
     EXPECT_EQ(Printed(), Line(place + "Can not read the user code."));
     Take(session_, "<r/>");
     Printed();
     robot_.Expect(bench::Dialog("Configurator").Press(IDOK));
     EXPECT_EQ(Show(), -1);
     EXPECT_EQ(Printed(), Line(place + "There is no product to give a user code."));
-    {
-        const ImportPatch patch("DialogBoxParamA", ShowNothing);
+    for (const INT_PTR failure : {0, -1}) {  // no owner, no template
+        calls.Record("DialogBoxParamA", DialogBoxParamA, [&](HINSTANCE, LPCSTR, HWND, DLGPROC procedure, LPARAM) {
+            EXPECT_EQ(procedure(nullptr, WM_COMMAND, IDOK, 0), FALSE) << "a command before WM_INITDIALOG";
+            return failure;
+        });
         EXPECT_EQ(Show(), -1);
-        EXPECT_EQ(Show(), -1);
+        EXPECT_EQ(Printed(), Line("Can not show the user code dialog."));
     }
-    EXPECT_EQ(Printed(), Line("Can not show the user code dialog.") + Line("Can not show the user code dialog."));
-    EXPECT_EQ(procedure(nullptr, WM_COMMAND, IDOK, 0), FALSE) << "a command before WM_INITDIALOG";
 }
 
 TEST_F(UserCodeDialog, FirstFreeNumberIsProposed) {
