@@ -13,7 +13,8 @@ function(run_host script expected)
   endforeach()
 endfunction()
 
-run_host(${SAMPLE} 0 "Command SorvSIL: committed")
+run_host(${SAMPLE} 0
+  "Command SorvSIL: committed" "All went as it should" " 8  product family +SRC-250-900")
 run_host(${FAILING} 1
   "The command NOSUCH is not known" "The command NOSUCH left 1 answers" "The command SorvSIL did not commit"
   "it never came")

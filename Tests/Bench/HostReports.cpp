@@ -63,15 +63,6 @@ TEST(HostReport, OnlyACommandThatEndedAndNeverAbortedIsCommitted) {
     EXPECT_FALSE(Committed({start, "AcTransactionManager::endTransaction -> 40"}));
 }
 
-TEST(HostReport, VerdictNamesEveryFailure) {
-    EXPECT_THAT(VerdictText({}), HasSubstr("All went as it should."));
-    EXPECT_THAT(VerdictText({"First.", "Second."}), HasSubstr("  First.\n  Second.\n"));
-    EXPECT_THAT(VerdictText({"First."}), Not(HasSubstr("All went")));
-    EXPECT_THAT(StatisticsText({{"INSERT", {"Plug-in", "1.2"}, false}}),
-                HasSubstr("INSERT (not sent)\n  no  field                 value\n   1  plug-in name          Plug-in\n "
-                          "  2  plug-in version       1.2\n"));
-}
-
 TEST(HostFloorPlan, IsDrawnToScaleWithTheNewSilencerCircled) {
     PlanPart duct;
     duct.handle = "2A3";

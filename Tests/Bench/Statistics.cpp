@@ -45,39 +45,33 @@ TEST(StatisticsLibrary, AnEventArrivesWithItsFieldsInOrderAndIsSentByFlush) {
 TEST(StatisticsLibrary, TheWrongOrderIsAccused) {
     Record record;
     const struct {
-        const wchar_t* client;
-        const wchar_t* key;
         void (*work)(Wrapper&, PluginStat*);
         std::vector<std::string> accusations;
     } cases[] = {
-        {L"c", L"k", [](Wrapper&, PluginStat*) {}, {"Statistics: the object was destroyed without CloseStatistics."}},
-        {L"c",
-         L"k",
-         [](Wrapper& w, PluginStat*) { w.FlushStatistics(), w.CloseStatistics(); },
+        {[](Wrapper&, PluginStat*) {}, {"Statistics: the object was destroyed without CloseStatistics."}},
+        {[](Wrapper& w, PluginStat*) { w.FlushStatistics(), w.CloseStatistics(); },
          {"Statistics: FlushStatistics was called with no event to send."}},
-        {L"c",
-         L"k",
-         [](Wrapper& w, PluginStat* r) { w.CloseStatistics(), w.AddInsertStatistics(L"E", r); },
+        {[](Wrapper& w, PluginStat* r) {
+             w.AddInsertStatistics(L"E", r), w.FlushStatistics(), w.FlushStatistics(), w.CloseStatistics();
+         },
+         {"Statistics: FlushStatistics was called with no event to send."}},
+        {[](Wrapper& w, PluginStat* r) { w.CloseStatistics(), w.AddInsertStatistics(L"E", r); },
          {"Statistics: AddInsertStatistics was called after CloseStatistics."}},
-        {L"c",
-         L"k",
-         [](Wrapper& w, PluginStat*) { w.CloseStatistics(), w.CloseStatistics(); },
+        {[](Wrapper& w, PluginStat*) { w.CloseStatistics(), w.CloseStatistics(); },
          {"Statistics: CloseStatistics was called after CloseStatistics."}},
-        {L"c",
-         L"k",
-         [](Wrapper& w, PluginStat*) { w.AddInsertStatistics(L"", nullptr), w.CloseStatistics(); },
+        {[](Wrapper& w, PluginStat*) {
+             w.AddInsertStatistics(L"", nullptr), w.CloseStatistics();
+             Wrapper(3, L"", nullptr).CloseStatistics();
+         },
          {"Statistics: AddInsertStatistics was called without an event name.",
-          "Statistics: AddInsertStatistics was called without a record."}},
-        {L"",
-         nullptr,
-         [](Wrapper& w, PluginStat*) { w.CloseStatistics(); },
-         {"Statistics: the object was made without the client's name.",
+          "Statistics: AddInsertStatistics was called without a record.",
+          "Statistics: the object was made without the client's name.",
           "Statistics: the object was made without the client's key."}},
     };
     for (const auto& c : cases) {
         bench::ResetBench();
         {
-            Wrapper wrapper(3, c.client, c.key);
+            Wrapper wrapper(3, L"client", L"key");
             c.work(wrapper, record.Get());
         }
         EXPECT_EQ(bench::Accusations(), c.accusations);

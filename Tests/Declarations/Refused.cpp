@@ -1,5 +1,5 @@
-// Uses that AutoCAD's own headers refuse or bind in one particular way. Every case is compiled twice: as it stands it
-// must compile, with WRONG defined it must not. The case's name is the macro that selects it.
+// Uses that AutoCAD's own headers refuse or bind in one particular way: each right use compiles, and each wrong one is
+// an error in its line, which clang holds against the comment.
 #define _WINDEF_
 struct HWND__;
 typedef HWND__* HWND;
@@ -11,97 +11,36 @@ typedef HWND__* HWND;
 #include "dbents.h"
 #include "dbsymtb.h"
 #include "rxregsvc.h"
+#include "rxsrvice.h"
 
-#if defined(CASE_StatusesAreNoNamespace)
-#ifdef WRONG
-using namespace Acad;
-#endif
 Acad::ErrorStatus status = Acad::eOk;
+using namespace Acad;  // expected-error {{expected namespace name}}
 
-#elif defined(CASE_DeletedTextsAreNotConst)
-#ifdef WRONG
-void f(const wchar_t* text) {
-    acutDelString(text);
-}
-#else
-void f(wchar_t* text) {
-    acutDelString(text);
-}
-#endif
+AcDb::DxfCode code = AcDb::kDxfRegAppName;
+AcDb::DxfCode* place = &AcDb::kDxfRegAppName;  // expected-error {{cannot take the address}}
 
-#elif defined(CASE_DeletedTextsAreVariables)
-void f(AcDbEntity* entity) {
-#ifdef WRONG
-    acutDelString(entity->layer());
-#else
-    wchar_t* layer = entity->layer();
-    acutDelString(layer);
-#endif
-}
+AcEdCommandStack* stack = acedRegCmds;
+AcEdCommandStack* called = ::acedRegCmds();  // expected-error {{is not a function}}
 
-#elif defined(CASE_HandleTextsHaveALength)
-#ifdef WRONG
-void f(AcDbHandle handle, wchar_t* text) {
-    handle.getIntoAsciiBuffer(text);
-}
-#else
-void f(AcDbHandle handle, wchar_t* text) {
-    handle.getIntoAsciiBuffer(text, AcDbHandle::kStrSiz);
-}
-#endif
-
-#elif defined(CASE_OpenedObjectsAreNotConst)
-#ifdef WRONG
-void f(const AcDbBlockReference* reference, AcDbObjectId id) {
-    acdbOpenObject(reference, id);
-}
-#else
-void f(AcDbBlockReference* reference, AcDbObjectId id) {
-    acdbOpenObject(reference, id);
-}
-#endif
-
-#elif defined(CASE_ServicesOfOneNameAreVoid)
-#ifdef WRONG
-AcRxService* service = acrxRegisterService(L"S");
-#else
 void* service = acrxRegisterService(L"S");
-#endif
+AcRxService* typed = acrxRegisterService(L"S");  // expected-error {{cannot initialize}}
 
-#elif defined(CASE_TransformByIsFinal)
 class Mine : public AcDbEntity {
-#ifdef WRONG
-    Acad::ErrorStatus transformBy(const AcGeMatrix3d& xform) override;
-#else
     Acad::ErrorStatus setXData(const resbuf* xdata) override;
-#endif
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& xform) override;  // expected-error {{overrides a 'final'}}
 };
 
-#elif defined(CASE_DxfCodesAreNoType)
-#ifdef WRONG
-AcDb::DxfCode* code = &AcDb::kDxfRegAppName;
-#else
-AcDb::DxfCode code = AcDb::kDxfRegAppName;
-#endif
-
-#elif defined(CASE_CommandStackIsAMacro)
-#ifdef WRONG
-AcEdCommandStack* stack = ::acedRegCmds();
-#else
-AcEdCommandStack* stack = acedRegCmds;
-#endif
-
-#elif defined(CASE_IteratorsAreNotConst)
-#ifdef WRONG
-AcDbObjectId f(const AcDbObjectIterator* iterator) {
-    return iterator->objectId();
+void Texts(wchar_t* text, const wchar_t* fixed, AcDbEntity* entity, AcDbHandle handle) {
+    acutDelString(text);
+    acutDelString(fixed);            // expected-error {{no matching function}}
+    acutDelString(entity->layer());  // expected-error {{no matching function}}
+    handle.getIntoAsciiBuffer(text, AcDbHandle::kStrSiz);
+    handle.getIntoAsciiBuffer(text);  // expected-error {{no matching member}}
 }
-#else
-AcDbObjectId f(AcDbObjectIterator* iterator) {
-    return iterator->objectId();
-}
-#endif
 
-#else
-#error Name a case.
-#endif
+void Objects(AcDbBlockReference* reference, const AcDbBlockReference* fixed, AcDbObjectIterator* iterator,
+             const AcDbObjectIterator* fixedIterator) {
+    acdbOpenObject(reference, iterator->objectId());
+    acdbOpenObject(fixed, iterator->objectId());  // expected-error@*:* {{casts away qualifiers}}
+    fixedIterator->objectId();                    // expected-error {{not marked const}}
+}
