@@ -249,12 +249,14 @@ TEST_F(Session, InstallsNothingButASilencerWithItsKeys) {
         EXPECT_EQ(session.InstallSilencer(), -1);
         EXPECT_EQ(Printed(), Line(std::string("Unsupported device class '") + className + "'"));
     }
-    ASSERT_EQ(Take(session, "<r><device KPDClassName='dSilencerType' UserCode='S'/></r>"), 0);
-    EXPECT_EQ(session.InstallSilencer(), -1);
-    EXPECT_EQ(
-        Printed().find("\nSorvik Klimora Cloud Plugin: InstallSilencer PlugIn/KL_Conn(573):KlConn::InstallSilencer "),
-        0u);
-    EXPECT_EQ(bench::Journal().size(), 4u) << "the four lines";
+    for (const char* key : {"UserCode", "ProductFamilyKey"}) {
+        ASSERT_EQ(Take(session, std::string("<r><device KPDClassName='dSilencerType' ") + key + "='S'/></r>"), 0);
+        EXPECT_EQ(session.InstallSilencer(), -1);
+        EXPECT_EQ(Printed().find("\nSorvik Klimora Cloud Plugin: InstallSilencer "
+                                 "PlugIn/KL_Conn(573):KlConn::InstallSilencer "),
+                  0u);
+    }
+    EXPECT_EQ(bench::Journal().size(), 5u) << "the five lines";
 }
 
 TEST_F(Session, KeyAndCodeMustMakeOneCommand) {
