@@ -17,21 +17,14 @@
 #include "BenchControl.h"
 #include "Lib/Text.h"
 
+inline AcDbObjectId IdOf(const std::string& handle) {
+    AcDbObjectId id;
+    const AcDbHandle number(Widen(handle).c_str());
+    EXPECT_EQ(acdbHostApplicationServices()->workingDatabase()->getAcDbObjectId(id, false, number), Acad::eOk);
+    return id;
+}
+
 class DrawingTest : public testing::Test {
  protected:
-    static AcDbObjectId IdOf(const std::string& handle) {
-        AcDbObjectId id;
-        const AcDbHandle number(Widen(handle).c_str());
-        EXPECT_EQ(acdbHostApplicationServices()->workingDatabase()->getAcDbObjectId(id, false, number), Acad::eOk);
-        return id;
-    }
     static std::string AddDuct(const std::string& layer = "0") { return bench::AddEntity({"", "EwaDuct", layer}); }
-    // Calls of that name in the journal, in order.
-    static std::vector<std::string> Calls(const std::string& name) {
-        std::vector<std::string> calls;
-        for (const std::string& line : bench::Journal()) {
-            if (line.compare(0, name.size(), name) == 0) calls.push_back(line);
-        }
-        return calls;
-    }
 };

@@ -2,10 +2,9 @@
 // connected parts, packages, erasing and placement.
 #include <cmath>
 
+#include "DrawingFixture.h"
 #include "KlimoraBench.h"
 #include "RecordedCalls.h"
-#include "dbapserv.h"
-#include "dbmain.h"
 
 namespace {
 
@@ -13,13 +12,6 @@ using Texts = std::vector<std::string>;
 
 class ProjectOperations : public ConnectedBench {
  protected:
-    static AcDbObjectId IdOf(const std::string& handle) {
-        AcDbObjectId id;
-        bench::Quiet quiet;
-        const std::wstring wide(handle.begin(), handle.end());
-        acdbHostApplicationServices()->workingDatabase()->getAcDbObjectId(id, false, AcDbHandle(wide.c_str()));
-        return id;
-    }
     static std::string PartReport(const std::string& message, int line, const std::string& function,
                                   const std::string& text) {
         return Report(message, "KLComUtils_Part(" + std::to_string(line) + "):KLComUtils::" + function, text);
@@ -102,40 +94,31 @@ TEST_F(ProjectOperations, AddingSendsItsElementsInOrder) {
 
 TEST_F(ProjectOperations, AddingReportsEachFailure) {
     Start();
-    const struct {
-        const char* call;
-        long code;
-        const char* text;
-        int result;
-    } cases[] = {
-        {"setBinVariableSize", 5, "Can't set data to binary variable ", -1},
-        {"setBinVariableData", 5, "Can't set data to binary variable ", -1},
-        {"manageProductData", -3, "Can not add device to Klimora project ", -3},
-        {"freeBinVariable", 5, "Can't free binary variable ", 4},
-    };
-    for (const auto& c : cases) {
+    for (const auto& [call, code, text, result] :
+         {std::tuple{"setBinVariableSize", 5, "Can't set data to binary variable ", -1},
+          {"setBinVariableData", 5, "Can't set data to binary variable ", -1},
+          {"manageProductData", -3, "Can not add device to Klimora project ", -3},
+          {"freeBinVariable", 5, "Can't free binary variable ", 4}}) {
         bench::ClearFailures();
-        const std::string method = std::string("IKlimora200805::") + c.call;
+        const std::string method = std::string("IKlimora200805::") + call;
         bench::FailCall("IKlimora200805::manageProductData", 1, 4);
-        bench::FailCall(method.c_str(), 1, c.code);
-        EXPECT_EQ(utils_.AddDeviceToKlimoraProject(nullptr, "ab", 2, "d", "u", "f", nullptr, nullptr), c.result)
-            << c.call;
+        bench::FailCall(method.c_str(), 1, code);
+        EXPECT_EQ(utils_.AddDeviceToKlimoraProject(nullptr, "ab", 2, "d", "u", "f", nullptr, nullptr), result) << call;
         EXPECT_EQ(Printed(), Report("Failed to add device to Klimora project.",
                                     "KLComUtils_Project(115):KLComUtils::AddDeviceToKlimoraProject",
-                                    c.text + method + " was planned to fail."));
+                                    text + method + " was planned to fail."));
         utils_.BinVariableFree(1);
     }
 }
 
 TEST_F(ProjectOperations, TypeDefineOfEveryClass) {
-    const char* const table[][2] = {
-        {"hZoneValveType", "EWAPART_ZONEVALVE"}, {"hStopValveType", "EWAPART_STOPVALVE"},
-        {"dSupplyType", "EWAPART_SUPPLY"},       {"dExtractType", "EWAPART_EXTRACT"},
-        {"dOutdoorType", "EWAPART_OUTDOOR"},     {"dExhaustType", "EWAPART_EXHAUST"},
-        {"dSilencerType", "EWAPART_SILENCER"},
-    };
-    for (const auto& row : table)
-        EXPECT_EQ(KLComUtils::GetTypeDefineByKPDClassName(row[0]), row[1]);
+    std::string defines;
+    for (const char* const name : {"hZoneValveType", "hStopValveType", "dSupplyType", "dExtractType", "dOutdoorType",
+                                   "dExhaustType", "dSilencerType"})
+        defines += KLComUtils::GetTypeDefineByKPDClassName(name) + " ";
+    EXPECT_EQ(defines,
+              "EWAPART_ZONEVALVE EWAPART_STOPVALVE EWAPART_SUPPLY EWAPART_EXTRACT EWAPART_OUTDOOR "
+              "EWAPART_EXHAUST EWAPART_SILENCER ");
     EXPECT_EQ(KLComUtils::GetTypeDefineByKPDClassName("dsilencerType"), "");
     EXPECT_EQ(Printed(), Report("Failed to get type define by KPD class name",
                                 "KLComUtils_Project(152):KLComUtils::GetTypeDefineByKPDClassName",
@@ -178,16 +161,14 @@ TEST_F(ProjectOperations, ErasingSendsTheListAsItStandsAndLeavesOpenEnds) {
     EXPECT_EQ(Calls("IKlimora200805::erasePart "), (Texts{"<ErasePart><PartList>2A4 & 2A3</PartList></ErasePart> -> 5",
                                                           "<ErasePart><PartList>2A4</PartList></ErasePart> -> 0"}));
     // Handles of no part are dropped on request.
-    std::string first, second;
-    utils_.GetTwoConnectedParts("2A3", first, second, false);
-    EXPECT_EQ(second, "0");
-    utils_.GetTwoConnectedParts("2A3", first, second, true);
-    EXPECT_EQ(second, "");
-    Texts all, valid;
-    utils_.GetAllConnectedParts("2A3", all, false);
-    utils_.GetAllConnectedParts("2A3", valid, true);
-    EXPECT_EQ(all, (Texts{"2A2", "0"}));
-    EXPECT_EQ(valid, (Texts{"2A2"}));
+    for (const bool valid : {false, true}) {
+        std::string first, second;
+        utils_.GetTwoConnectedParts("2A3", first, second, valid);
+        EXPECT_EQ(second, valid ? "" : "0");
+        Texts parts;
+        utils_.GetAllConnectedParts("2A3", parts, valid);
+        EXPECT_EQ(parts, valid ? Texts{"2A2"} : (Texts{"2A2", "0"}));
+    }
 }
 
 TEST_F(ProjectOperations, PackagesAreListsWithSingleBlanks) {
@@ -219,10 +200,8 @@ TEST_F(ProjectOperations, PlacementOfPartsAndBlocks) {
     Start();
     const AcGeMatrix3d part = utils_.GetTransformationMatrix(IdOf("2A3"));
     const double expected[3][4] = {{0, -1, 0, 11300}, {1, 0, 0, 9250}, {0, 0, 1, 2800}};
-    for (int row = 0; row < 3; ++row) {
-        for (int column = 0; column < 4; ++column)
-            EXPECT_EQ(part.entry[row][column], expected[row][column]) << row << "," << column;
-    }
+    for (int i = 0; i < 12; ++i)
+        EXPECT_EQ(part.entry[i / 4][i % 4], expected[i / 4][i % 4]) << i;
     bench::ClearJournal();
     const AcGeMatrix3d block = utils_.GetTransformationMatrix(
         IdOf(bench::AddBlockReference({"", "MARK", "0", {10, 20, 0}, std::acos(-1.0) / 2, {0, 0, 1}, {}})));

@@ -1,14 +1,8 @@
 #include "DrawingFixture.h"
 
-#include <gtest/gtest.h>
-
 #include <acedads.h>
 #include <acutads.h>
 #include <adscodes.h>
-
-#include <cstring>
-#include <string>
-#include <vector>
 
 #include "Util/ArxHandles.h"
 #include "Util/XData.h"
@@ -17,16 +11,11 @@ namespace {
 
 class XDataTest : public DrawingTest {
  protected:
-    void SetUp() override {
-        handle_ = AddDuct();
-        Reopen();
-    }
-    void Reopen() { ASSERT_EQ(object_.Open(IdOf(handle_), AcDb::kForWrite), Acad::eOk); }
-    void TearDown() override { object_.reset(); }
+    void SetUp() override { Reopen(); }
+    void Reopen() { ASSERT_EQ(open_.Open(IdOf(handle_), AcDb::kForWrite), Acad::eOk); }
+    void TearDown() override { open_.reset(); }
 
-    AcDbObject* object() { return object_.get(); }
-    void Close() { object_.reset(); }
-    const std::string& handle() const { return handle_; }
+    AcDbObject* object() { return open_.get(); }
 
     // Items of an application's chain, "code:text" each; of all applications for an empty name.
     std::vector<std::string> Items(const std::string& application) {
@@ -40,22 +29,17 @@ class XDataTest : public DrawingTest {
         }
         return items;
     }
-    void Store(const ResbufChain& chain) {
-        ASSERT_TRUE(chain);
-        ASSERT_EQ(object()->setXData(chain.get()), Acad::eOk);
-    }
     std::string Get(const char* key) {
         char buffer[64] = "poison";
         const int length = GetXDataString(object(), "SORV", key, buffer, sizeof buffer);
         return length < 0 ? std::to_string(length) : std::string(buffer);
     }
 
- private:
-    std::string handle_;
-    OpenObject<AcDbObject> object_;
+    const std::string handle_ = AddDuct();
+    OpenObject<AcDbObject> open_;
 };
 
-using Items = std::vector<std::string>;
+using Texts = std::vector<std::string>;
 
 }  // namespace
 
@@ -63,7 +47,7 @@ TEST_F(XDataTest, KeysAreRewrittenInPlace) {
     EXPECT_EQ(SetXDataString(object(), "SORV", "KEY", "1"), 0);
     EXPECT_EQ(SetXDataString(object(), "SORV", "Other", "x=y"), 0);
     EXPECT_EQ(SetXDataString(object(), "SORV", "key", "a longer text than before"), 0);
-    EXPECT_EQ(this->Items("SORV"), (::Items{"1001:SORV", "1000:key=a longer text than before", "1000:Other=x=y"}));
+    EXPECT_EQ(Items("SORV"), (Texts{"1001:SORV", "1000:key=a longer text than before", "1000:Other=x=y"}));
     EXPECT_EQ(Get("KeY"), "a longer text than before");
     EXPECT_EQ(Get("OTHER"), "x=y");
     EXPECT_EQ(Get("missing"), "-2");
@@ -72,19 +56,16 @@ TEST_F(XDataTest, KeysAreRewrittenInPlace) {
 TEST_F(XDataTest, OtherApplicationsAndItemsStay) {
     acdbRegApp(L"FOREIGN");
     acdbRegApp(L"SORV");
-    Store(ResbufChain(acutBuildList(AcDb::kDxfRegAppName, L"FOREIGN", AcDb::kDxfXdAsciiString, L"KEY=theirs",
-                                    AcDb::kDxfXdInteger16, 7, RTNONE)));
-    Store(ResbufChain(acutBuildList(AcDb::kDxfRegAppName, L"SORV", AcDb::kDxfXdInteger16, 42, AcDb::kDxfXdAsciiString,
-                                    L"no pair", AcDb::kDxfXdAsciiString, L"KEY=first", AcDb::kDxfXdAsciiString,
-                                    L"KEY=second", RTNONE)));
+    const ResbufChain chain(acutBuildList(1001, L"FOREIGN", 1000, L"KEY=theirs", 1070, 7, 1001, L"SORV", 1070, 42, 1000,
+                                          L"no pair", 1000, L"KEY=first", 1000, L"KEY=second", RTNONE));
+    ASSERT_EQ(object()->setXData(chain.get()), Acad::eOk);
     EXPECT_EQ(SetXDataString(object(), "SORV", "KEY", "ours"), 0);
-    EXPECT_EQ(this->Items("SORV"),
-              (::Items{"1001:SORV", "1070:42", "1000:no pair", "1000:KEY=ours", "1000:KEY=second"}));
+    EXPECT_EQ(Items("SORV"), (Texts{"1001:SORV", "1070:42", "1000:no pair", "1000:KEY=ours", "1000:KEY=second"}));
     EXPECT_EQ(RemoveXDataKey(object(), "SORV", "key"), 0);
     EXPECT_EQ(Get("KEY"), "second");
     EXPECT_EQ(RemoveXDataKey(object(), "SORV", "key"), 0);
-    EXPECT_EQ(this->Items("SORV"), (::Items{"1001:SORV", "1070:42", "1000:no pair"}));
-    EXPECT_EQ(this->Items("FOREIGN"), (::Items{"1001:FOREIGN", "1000:KEY=theirs", "1070:7"}));
+    EXPECT_EQ(Items("SORV"), (Texts{"1001:SORV", "1070:42", "1000:no pair"}));
+    EXPECT_EQ(Items("FOREIGN"), (Texts{"1001:FOREIGN", "1000:KEY=theirs", "1070:7"}));
 }
 
 TEST_F(XDataTest, RemovingTheLastKeyLeavesNoItem) {
@@ -140,7 +121,7 @@ TEST_F(XDataTest, BadArgumentsChangeNothing) {
     EXPECT_EQ(RemoveXDataKey(nullptr, "SORV", "K"), -1);
     EXPECT_EQ(RemoveXDataKey(object(), nullptr, "K"), -1);
     EXPECT_EQ(RemoveXDataKey(object(), "SORV", nullptr), -1);
-    EXPECT_EQ(this->Items(""), ::Items());
+    EXPECT_EQ(Items(""), Texts());
 }
 
 TEST_F(XDataTest, RefusedCallsGiveBackWhatTheyTook) {
@@ -148,7 +129,7 @@ TEST_F(XDataTest, RefusedCallsGiveBackWhatTheyTook) {
         bench::ClearFailures();
         bench::FailCall(call, 1);
         EXPECT_EQ(SetXDataString(object(), "SORV", "KEY", "1"), -1) << call;
-        EXPECT_EQ(this->Items(""), ::Items()) << call;
+        EXPECT_EQ(Items(""), Texts()) << call;
     }
     bench::ClearFailures();
     bench::FailCall("acutNewRb", 2);
@@ -170,7 +151,6 @@ TEST_F(XDataTest, ValuesAreCutToTheBuffer) {
 }
 
 TEST(XDataParse, KeyValuePairs) {
-    const std::string key39(39, 'k'), key40(40, 'k');
     const struct {
         std::string entry;
         int length;
@@ -182,23 +162,20 @@ TEST(XDataParse, KeyValuePairs) {
         {"a=b=c", 3, "A", "b=c"},
         {"key=", 0, "KEY", ""},
         {"key= v ", 3, "KEY", " v "},
-        {key39 + "=v", 1, std::string(39, 'K'), "v"},
-        {key40 + "=v", -1, "", ""},
+        {std::string(39, 'k') + "=v", 1, std::string(39, 'K'), "v"},
+        {std::string(40, 'k') + "=v", -1, "", ""},
         {"no pair", -1, "", ""},
         {"=v", -1, "", ""},
         {"   =v", -1, "", ""},
         {"key=123456789", 7, "KEY", "1234567"},
     };
     for (const auto& one : cases) {
-        char key[kXDataKeySize + 1], value[9];
-        std::memset(key, '#', sizeof key);
-        std::memset(value, '#', sizeof value);
-        EXPECT_EQ(ParseKeyValue(one.entry.c_str(), key, value, 8), one.length) << one.entry;
-        EXPECT_EQ(key[kXDataKeySize], '#');
-        EXPECT_EQ(value[8], '#');
+        std::string key(41, '#'), value(9, '#');
+        EXPECT_EQ(ParseKeyValue(one.entry.c_str(), key.data(), value.data(), 8), one.length) << one.entry;
+        EXPECT_EQ(key.substr(40) + value.substr(8), "##");
         if (one.length < 0) continue;
-        EXPECT_STREQ(key, one.key.c_str());
-        EXPECT_STREQ(value, one.value.c_str());
+        EXPECT_STREQ(key.c_str(), one.key.c_str());
+        EXPECT_STREQ(value.c_str(), one.value.c_str());
     }
     char key[kXDataKeySize], value[8];
     EXPECT_EQ(ParseKeyValue(nullptr, key, value, 8), -1);
@@ -208,52 +185,44 @@ TEST(XDataParse, KeyValuePairs) {
 }
 
 TEST_F(XDataTest, EntitiesByHandle) {
-    Close();
-    EXPECT_EQ(SetEntityXData(handle().c_str(), "Code", "SORV1"), 0);
-    EXPECT_EQ(GetEntityXData(handle().c_str(), "CODE"), "SORV1");
-    EXPECT_EQ(GetEntityXData(handle().c_str(), "none"), "");
-    EXPECT_EQ(SetEntityXData(handle().c_str(), "Code", ""), -2);
-    EXPECT_EQ(SetEntityXData(handle().c_str(), "Long", std::string(2000, 'x').c_str()), 0);
-    EXPECT_EQ(GetEntityXData(handle().c_str(), "Long"), std::string(1023, 'x'));
+    open_.reset();
+    const char* const handle = handle_.c_str();
+    EXPECT_EQ(SetEntityXData(handle, "Code", "SORV1"), 0);
+    EXPECT_EQ(GetEntityXData(handle, "CODE"), "SORV1");
+    EXPECT_EQ(GetEntityXData(handle, "none"), "");
+    EXPECT_EQ(SetEntityXData(handle, "Code", ""), -2);
+    EXPECT_EQ(SetEntityXData(handle, "Long", std::string(2000, 'x').c_str()), 0);
+    EXPECT_EQ(GetEntityXData(handle, "Long"), std::string(1023, 'x'));
     EXPECT_EQ(bench::Transcript(), "");
     Reopen();
-    EXPECT_EQ(this->Items("SORV"), (::Items{"1001:SORV", "1000:Code=SORV1", "1000:Long=" + std::string(2000, 'x')}));
+    EXPECT_EQ(Items("SORV"), (Texts{"1001:SORV", "1000:Code=SORV1", "1000:Long=" + std::string(2000, 'x')}));
 }
 
 TEST_F(XDataTest, EntitiesThatCannotBeReachedAreNamed) {
-    const std::string head = "\nSorvik Klimora Cloud Plugin: Failed to ";
-    const std::string set = head + "set entity data. PlugIn/Util/XDataByHandle(43):SetEntityXData ";
-    const std::string get = head + "get entity data. PlugIn/Util/XDataByHandle(58):GetEntityXData ";
-    Close();
+    open_.reset();
     bench::AddEntity({"2F1", "EwaDuct", "LOCKED"});
     bench::LockLayer("LOCKED", true);
-    const struct {
-        const char* handle;
-        const char* message;
-        bool writes;
-    } cases[] = {
-        {"FFFF", "Can't get ACAD object id.", true},
-        {"FFFF", "Can't get ACAD object id.", false},
-        {nullptr, "Can't get ACAD object id.", true},
-        {"2F1", "Can't open object. Check that layer is not locked.", true},
-    };
-    for (const auto& one : cases) {
+    const auto set = [](const char* handle) {
         bench::ClearTranscript();
-        if (one.writes) {
-            EXPECT_EQ(SetEntityXData(one.handle, "K", "v"), -1);
-        } else {
-            EXPECT_EQ(GetEntityXData(one.handle, "K"), "");
-        }
-        EXPECT_EQ(bench::Transcript(), (one.writes ? set : get) + one.message + "\n");
+        EXPECT_EQ(SetEntityXData(handle, "K", "v"), -1);
+        return bench::Transcript();
+    };
+    const auto get = [](const char* handle) {
+        bench::ClearTranscript();
+        EXPECT_EQ(GetEntityXData(handle, "K"), "");
+        return bench::Transcript();
+    };
+    const std::string head = "\nSorvik Klimora Cloud Plugin: Failed to ";
+    const std::string notSet = head + "set entity data. PlugIn/Util/XDataByHandle(43):SetEntityXData ";
+    const std::string notRead = head + "get entity data. PlugIn/Util/XDataByHandle(58):GetEntityXData ";
+    for (const char* const nowhere : {"FFFF", static_cast<const char*>(nullptr)}) {
+        EXPECT_EQ(set(nowhere), notSet + "Can't get ACAD object id.\n");
+        EXPECT_EQ(get(nowhere), notRead + "Can't get ACAD object id.\n");
     }
-    bench::ClearTranscript();
+    EXPECT_EQ(set("2F1"), notSet + "Can't open object. Check that layer is not locked.\n");
     bench::ClearFailures();
     bench::FailCall("acdbOpenObject", 1);
-    EXPECT_EQ(GetEntityXData(handle().c_str(), "K"), "");
-    EXPECT_EQ(bench::Transcript(), get + "Can't open object for reading.\n");
-
+    EXPECT_EQ(get(handle_.c_str()), notRead + "Can't open object for reading.\n");
     bench::CloseDrawing();
-    bench::ClearTranscript();
-    EXPECT_EQ(SetEntityXData(handle().c_str(), "K", "v"), -1);
-    EXPECT_EQ(bench::Transcript(), set + "Can't get working database.\n");
+    EXPECT_EQ(set(handle_.c_str()), notSet + "Can't get working database.\n");
 }
