@@ -11,8 +11,7 @@ namespace {
 
 // One creation with good arguments.
 struct Creation {
-    const char* function;
-    const char* failure;
+    const char *function, *failure;
     int line;
     std::string command;
     std::function<std::string(KLComUtils&)> run;
@@ -71,8 +70,7 @@ TEST_F(CreateParts, ManifoldValveAndDuctDevice) {
     });
     utils_.CreateValve(product_, "A&B", Placement(), "2<A4");
     const std::string sent = Sent("createPart").back();
-    EXPECT_NE(sent.find("<Define>A&amp;B</Define>"), std::string::npos) << sent;
-    EXPECT_NE(sent.find("<ConnectedTo>2&lt;A4</ConnectedTo>"), std::string::npos) << sent;
+    EXPECT_TRUE(Has(sent, "<Define>A&amp;B</Define>") && Has(sent, "<ConnectedTo>2&lt;A4</ConnectedTo>")) << sent;
 }
 
 TEST_F(CreateParts, RadiatorWithEachOptionalElement) {
@@ -94,14 +92,7 @@ TEST_F(CreateParts, RadiatorWithEachOptionalElement) {
         {{}, {0, "V&", "F<", "K>"}, ends + "<DrawValve>0</DrawValve>" + valve},
     };
     for (const auto& c : cases) {
-        RadiatorData radiator;
-        radiator.width = 1200;
-        radiator.height = 600;
-        radiator.heatingPower = 850.5;
-        radiator.connectionSize = 15;
-        radiator.filled = c.filled;
-        radiator.inletId = 3;
-        radiator.outletId = 4;
+        const RadiatorData radiator = {1200, 600, 850.5, 15, c.filled, 3, 4};
         ExpectSent(
             {{"CreateRadiator", "Failed to create radiator.", 133,
               ProductText("U&amp;amp;1") + "<Part><Type><Define>EWAPART_RADIATOR</Define></Type>" + system_ +
@@ -133,8 +124,7 @@ TEST_F(CreateParts, AirTerminalWithItsOptionalSizes) {
                      }}});
     }
     EXPECT_EQ(utils_.CreateAirTerminalDevice(product_, 1, Placement(), {"A&B", 1, 0, 0}), "");
-    const std::string sent = Sent("createPart").back();
-    EXPECT_NE(sent.find("<Define>A&B</Define>"), std::string::npos) << "the define is copied as it stands: " << sent;
+    EXPECT_TRUE(Has(Sent("createPart").back(), "<Define>A&B</Define>")) << "the define is copied as it stands";
 }
 
 TEST_F(CreateParts, PipeBetweenEachPairOfEndsBentAsTheServersVersionWants) {
@@ -159,13 +149,7 @@ TEST_F(CreateParts, PipeBetweenEachPairOfEndsBentAsTheServersVersionWants) {
     };
     for (const auto& c : cases) {
         Start(c.version);
-        PipeData pipe;
-        pipe.system = {9, 12};
-        pipe.normal = AcGeVector3d(0, 0, 1);
-        pipe.series = "S&1";
-        pipe.diameter = 22.5;
-        pipe.bendCoefficient = c.coefficient;
-        pipe.lockSize = c.lock;
+        const PipeData pipe = {{9, 12}, AcGeVector3d(0, 0, 1), "S&1", 22.5, c.coefficient, c.lock};
         bench::ClearJournal();
         const std::string part = utils_.CreatePipe(c.first, c.second, pipe);
         EXPECT_EQ(Sent("createPart"),
@@ -176,19 +160,18 @@ TEST_F(CreateParts, PipeBetweenEachPairOfEndsBentAsTheServersVersionWants) {
                                            c.rest + "</Part></CreatePart> -> '" + part + "' 0"});
         EXPECT_EQ(utils_.CreatePipe("2<4", b, pipe), "");
         EXPECT_EQ(Printed(), Report("Failed to create pipe.", 444, "CreatePipe", ""));
-        EXPECT_NE(Sent("createPart").at(0).find("<ConnectedTo>2&lt;4</ConnectedTo>"), std::string::npos);
+        EXPECT_TRUE(Has(Sent("createPart").at(0), "<ConnectedTo>2&lt;4</ConnectedTo>"));
         utils_.Disconnect();
     }
 }
 
 // ---- Connection stubs
 
-// With a kind and nothing else.
-ConnectionStub Stub(const char* kind) {
-    ConnectionStub stub;
-    stub.kind = kind;
-    stub.system = {9, 12};
-    return stub;
+// Without parent, part type and connections.
+ConnectionStub Stub(const char* kind, double flow = 0, double drop = 0, double curveFlow = 0, double curveDrop = 0,
+                    double power = 0, const std::optional<SoundBands>& generation = {},
+                    const std::optional<SoundBands>& attenuation = {}) {
+    return {kind, "", {9, 12}, "", flow, drop, curveFlow, curveDrop, power, generation, attenuation, {}};
 }
 
 // What a stub's command says between system and connections.
@@ -224,15 +207,8 @@ TEST_F(CreateParts, StubOfEachKindHasItsElements) {
         {"Component", drop + curve + noise + damping},
     };
     const auto everything = [](const char* kind) {
-        ConnectionStub stub = Stub(kind);
-        stub.flow = 5;
-        stub.pressureDrop = 50;
-        stub.curveFlow = 6;
-        stub.curvePressureDrop = 60;
-        stub.heatingPower = 700;
-        stub.generation = SoundBands{1, 2, 3, 4, 5, 6, 7, 8.5};
-        stub.attenuation = SoundBands{0, 0, 0, 0, 0, 0, 0, 0.25};
-        return stub;
+        return Stub(kind, 5, 50, 6, 60, 700, SoundBands{1, 2, 3, 4, 5, 6, 7, 8.5},
+                    SoundBands{0, 0, 0, 0, 0, 0, 0, 0.25});
     };
     for (const auto& [kind, elements] : cases) {
         const ConnectionStub stub = everything(kind);
@@ -252,43 +228,29 @@ TEST_F(CreateParts, StubsValuesHaveLimits) {
     const std::string most = "<Qv_Set><ls>99999.000000</ls></Qv_Set>",
                       mostDrop = "<dp_Set><Pa>99999.000000</Pa></dp_Set>";
     const std::string dropOfOne = "<dp_Set><Pa>1.000000</Pa></dp_Set>";
-    const struct {
-        const char* kind;
-        double flow, drop, curveFlow, curveDrop, power;
-        std::string written;
-    } cases[] = {
-        {"TerminalDevice", -3, 0, 0, 0, 0, least},
-        {"Radiator", belowFlow, 1, 0, 0, 1e-5, least},
-        {"HeatingDevice", 99999.5, 1e6, 0, 0, 0, most + mostDrop},
-        {"TerminalDevice", 200000, aboveDrop, 0, 0, 0, most + dropOfOne},
-        {"Radiator", 1e9, 1e6, 0, 0, 1e6, most + mostDrop + "<P_Heating><W>999999.000000</W></P_Heating>"},
-        {"Radiator", 0, 0, 0, 0, 2e-5, least + "<P_Heating><W>0.000020</W></P_Heating>"},
-        {"WaterDevice", belowFlow, 1, 0, 0, 0, ""},
-        {"WaterDevice", 1e-5, aboveDrop, 0, 0, 0, least + dropOfOne},
-        {"WaterDevice", 200000, 1e6, 0, 0, 0,
+    const std::pair<ConnectionStub, std::string> cases[] = {
+        {Stub("TerminalDevice", -3), least},
+        {Stub("Radiator", belowFlow, 1, 0, 0, 1e-5), least},
+        {Stub("HeatingDevice", 99999.5, 1e6), most + mostDrop},
+        {Stub("TerminalDevice", 200000, aboveDrop), most + dropOfOne},
+        {Stub("Radiator", 1e9, 1e6, 0, 0, 1e6), most + mostDrop + "<P_Heating><W>999999.000000</W></P_Heating>"},
+        {Stub("Radiator", 0, 0, 0, 0, 2e-5), least + "<P_Heating><W>0.000020</W></P_Heating>"},
+        {Stub("WaterDevice", belowFlow, 1), ""},
+        {Stub("WaterDevice", 1e-5, aboveDrop), least + dropOfOne},
+        {Stub("WaterDevice", 200000, 1e6),
          "<Qv_Set><ls>200000.000000</ls></Qv_Set><dp_Set><Pa>1000000.000000</Pa></dp_Set>"},
-        {"Pump", 5, 50, 1e-5, 60, 0, "<dp_Set><Pa>50.000000</Pa></dp_Set>"},
-        {"Pump", 5, 1, 6, 1, 0, ""},
-        {"Pump", 5, 0, 2e-5, 1.25, 0, "<DpCurve><Qv><ls>0.000020</ls></Qv><dp><Pa>1.250000</Pa></dp></DpCurve>"},
-        {"Pump", 5, 0, 1e6, 1e6, 0, "<DpCurve><Qv><ls>99999.000000</ls></Qv><dp><Pa>99999.000000</Pa></dp></DpCurve>"},
+        {Stub("Pump", 5, 50, 1e-5, 60), "<dp_Set><Pa>50.000000</Pa></dp_Set>"},
+        {Stub("Pump", 5, 1, 6, 1), ""},
+        {Stub("Pump", 5, 0, 2e-5, 1.25), "<DpCurve><Qv><ls>0.000020</ls></Qv><dp><Pa>1.250000</Pa></dp></DpCurve>"},
+        {Stub("Pump", 5, 0, 1e6, 1e6),
+         "<DpCurve><Qv><ls>99999.000000</ls></Qv><dp><Pa>99999.000000</Pa></dp></DpCurve>"},
     };
-    for (const auto& c : cases) {
-        ConnectionStub stub = Stub(c.kind);
-        stub.flow = c.flow;
-        stub.pressureDrop = c.drop;
-        stub.curveFlow = c.curveFlow;
-        stub.curvePressureDrop = c.curveDrop;
-        stub.heatingPower = c.power;
-        EXPECT_EQ(Optional(stub), c.written) << c.kind << " " << c.flow << " " << c.drop;
-    }
+    for (const auto& [stub, written] : cases)
+        EXPECT_EQ(Optional(stub), written) << stub.kind << " " << stub.flow << " " << stub.pressureDrop;
     const std::pair<SoundBands, bool> sounds[] = {{{}, false}, {{-5, 5}, false}, {{-5, 0, 0, 0, 0, 0, 0, 5.5}, true}};
     for (const auto& [bands, written] : sounds) {
-        ConnectionStub stub = Stub("Component");
-        stub.generation = bands;
-        EXPECT_EQ(Optional(stub).find("<Generation>") != std::string::npos, written);
-        stub.generation.reset();
-        stub.attenuation = bands;
-        EXPECT_EQ(Optional(stub).find("<Attenuation>") != std::string::npos, written);
+        EXPECT_EQ(Has(Optional(Stub("Component", 0, 0, 0, 0, 0, bands)), "<Generation>"), written);
+        EXPECT_EQ(Has(Optional(Stub("Component", 0, 0, 0, 0, 0, {}, bands)), "<Attenuation>"), written);
     }
 }
 

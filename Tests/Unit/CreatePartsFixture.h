@@ -14,6 +14,8 @@ class CreatePartsTest : public ConnectedBench {
     }
     static std::string PlacementText() { return std::string(kPosition) + kDirection + kNormal; }
 
+    static bool Has(const std::string& text, const char* part) { return text.find(part) != std::string::npos; }
+
     // Calls of one method since the last look, with their results.
     static std::vector<std::string> Sent(const std::string& method) {
         std::vector<std::string> calls = Calls("IKlimora200805::" + method + " ");
