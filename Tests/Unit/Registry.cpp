@@ -45,7 +45,7 @@ TEST_F(RegistryTest, PathIsTakenOnlyWhenItsKeyIsThereOrMade) {
     EXPECT_EQ(registry.GetKeyPath(), "");
     EXPECT_EQ(registry.SetKeyPath(path.c_str(), true), 0);
     EXPECT_EQ(registry.GetKeyPath(), path);
-    EXPECT_TRUE(IsThere(HKEY_CURRENT_USER, path));
+    EXPECT_TRUE(WasThere(HKEY_CURRENT_USER, path));
     EXPECT_EQ(registry.SetKeyPath((path + "\\Missing").c_str(), false), -4004);
     EXPECT_EQ(registry.GetKeyPath(), path);
     EXPECT_EQ(LogLines(), "") << "a missing key is told by the code alone";
@@ -83,7 +83,7 @@ TEST_F(RegistryTest, KeysAreMadeAndBecomeCurrent) {
     EXPECT_FALSE(registry.KeyExists(""));
     EXPECT_FALSE(registry.IsKeyPathValid());
     EXPECT_EQ(registry.CreateKey(nullptr), 0) << "the current key once more";
-    EXPECT_TRUE(IsThere(HKEY_CURRENT_USER, child));
+    EXPECT_TRUE(WasThere(HKEY_CURRENT_USER, child));
 }
 
 TEST_F(RegistryTest, KeysAreRemovedWhenTheyHaveNoSubkeys) {
@@ -99,7 +99,7 @@ TEST_F(RegistryTest, KeysAreRemovedWhenTheyHaveNoSubkeys) {
     ASSERT_EQ(registry.SetKeyPath(path.c_str(), false), 0);
     EXPECT_EQ(registry.DeleteKey(nullptr), 0);
     EXPECT_EQ(registry.GetKeyPath(), "");
-    EXPECT_FALSE(IsThere(HKEY_CURRENT_USER, path));
+    EXPECT_FALSE(WasThere(HKEY_CURRENT_USER, path));
 }
 
 }  // namespace

@@ -53,16 +53,14 @@ TEST_F(RegistryAppTest, OpenMakesTheUsersKeyAloneAndGivesItsResult) {
 
 TEST_F(RegistryAppTest, PathIsSetInBothStores) {
     const std::string other = path + "\\Other";
-    HKEY made = nullptr;
-    RegCreateKeyA(Machine(), other.c_str(), &made);
-    RegCloseKey(made);
+    RegSetKeyValueA(Machine(), other.c_str(), "v", REG_BINARY, "", 0);
     ASSERT_EQ(app_->Open(path.c_str()), 0);
     EXPECT_EQ(app_->SetKeyPath(other.c_str(), false), -4004);
     EXPECT_EQ(app_->GetKeyPath(), other);
     EXPECT_EQ(app_->SetKeyPath(other.c_str(), true), 0);
-    EXPECT_TRUE(IsThere(User(), other));
+    EXPECT_TRUE(WasThere(User(), other));
     EXPECT_EQ(app_->SetKeyPath((other + "\\New").c_str(), true), 0);
-    EXPECT_FALSE(IsThere(Machine(), other + "\\New"));
+    EXPECT_FALSE(WasThere(Machine(), other + "\\New"));
     EXPECT_EQ(app_->SetKeyPath("", true), -4002);
     const std::string line = Line("SetKeyPath", "Registry::SetKeyPath _KeyPath == NULL", 134);
     EXPECT_EQ(LogLines(), line + line) << "one report from each store";

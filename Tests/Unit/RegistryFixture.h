@@ -19,12 +19,8 @@ class RegistryTest : public DiagnosticsTest {
         RegDeleteTreeA(HKEY_CURRENT_USER, path.c_str());
         RegDeleteTreeA(HKEY_LOCAL_MACHINE, path.c_str());
     }
-    static bool IsThere(HKEY root, const std::string& keyPath) {
-        HKEY key = nullptr;
-        if (RegOpenKeyExA(root, keyPath.c_str(), 0, KEY_QUERY_VALUE, &key) != ERROR_SUCCESS) return false;
-        RegCloseKey(key);
-        return true;
-    }
+    // Takes the key away.
+    static bool WasThere(HKEY root, const std::string& keyPath) { return RegDeleteTreeA(root, keyPath.c_str()) == 0; }
     // Makes the test's key as well.
     void Put(HKEY root, const char* name, DWORD type, const std::string& bytes) const {
         EXPECT_EQ(RegSetKeyValueA(root, path.c_str(), name, type, bytes.data(), static_cast<DWORD>(bytes.size())), 0);

@@ -1,8 +1,6 @@
 // Values of a Registry in the real registry: the calls of each operation, what is stored, what is read, every code,
 // every default, every report.
 #include <algorithm>
-#include <ostream>
-#include <vector>
 
 #include "RegistryFixture.h"
 
@@ -13,12 +11,7 @@ class RegistryValuesTest : public RegistryTest {
     RegistryValuesTest() { EXPECT_EQ(registry_.Open(HKEY_CURRENT_USER, path.c_str(), KEY_ALL_ACCESS, true), 0); }
 
     // What the four readers of "v" leave in outputs that held "PPPP" ('P' for poison) when the default is "DDDD".
-    struct Read {
-        int result;
-        std::string output;
-        bool operator==(const Read& other) const { return result == other.result && output == other.output; }
-        friend void PrintTo(const Read& read, std::ostream* stream) { *stream << read.result << " " << read.output; }
-    };
+    using Read = std::pair<int, std::string>;
     Read ReadDword() {
         uint32_t value = 0x50505050;
         const int result = registry_.GetDwordValue("v", value, 0x44444444);
@@ -151,24 +144,21 @@ TEST_F(RegistryValuesTest, MissingKeyAndMissingValueGiveTheDefault) {
 
 TEST_F(RegistryValuesTest, FailedOpenLeavesTheOutput) {
     Put(HKEY_CURRENT_USER, "v", REG_BINARY, "1234");
-    const struct {
-        int opened;
-        Read read;
-    } cases[] = {{0, {-4005, "DDDD"}}, {1, {-4006, "DDDD"}}, {2, {-4004, "PPPP"}}};
-    for (const auto& one : cases) {
-        const auto refused = [&](auto&& operation) {
+    const Read reads[] = {{-4005, "DDDD"}, {-4006, "DDDD"}, {-4004, "PPPP"}};
+    const int writes[] = {-4005, -4004, 0};
+    for (int opened = 0; opened < 3; ++opened) {
+        const auto refused = [opened](auto&& operation) {
             RecordedCalls calls;
-            calls.Give("RegOpenKeyExA", RegOpenKeyExA, ERROR_ACCESS_DENIED, one.opened);
+            calls.Give("RegOpenKeyExA", RegOpenKeyExA, ERROR_ACCESS_DENIED, opened);
             return operation();
         };
-        EXPECT_EQ(refused([&] { return ReadDword(); }), one.read);
-        EXPECT_EQ(refused([&] { return ReadText(); }), one.read);
-        EXPECT_EQ(refused([&] { return ReadBuffer(); }), one.read);
-        EXPECT_EQ(refused([&] { return ReadBytes(); }), one.read);
-        EXPECT_EQ(refused([&] { return registry_.GetValueType("v"); }), one.read.result);
-        EXPECT_EQ(refused([&] { return registry_.DeleteValue("v"); }), one.read.result);
-        const int written = one.opened == 0 ? -4005 : one.opened == 1 ? -4004 : 0;
-        EXPECT_EQ(refused([&] { return registry_.SetBinaryValue("v", "1234", 4); }), written);
+        EXPECT_EQ(refused([&] { return ReadDword(); }), reads[opened]);
+        EXPECT_EQ(refused([&] { return ReadText(); }), reads[opened]);
+        EXPECT_EQ(refused([&] { return ReadBuffer(); }), reads[opened]);
+        EXPECT_EQ(refused([&] { return ReadBytes(); }), reads[opened]);
+        EXPECT_EQ(refused([&] { return registry_.GetValueType("v"); }), reads[opened].first);
+        EXPECT_EQ(refused([&] { return registry_.DeleteValue("v"); }), reads[opened].first);
+        EXPECT_EQ(refused([&] { return registry_.SetBinaryValue("v", "1234", 4); }), writes[opened]);
     }
 }
 
