@@ -1,14 +1,11 @@
-#include <windows.h>
-
 #include <gtest/gtest.h>
-
-#include <string>
 
 #include "Lib/ErrorText.h"
 #include "Lib/FormatText.h"
 #include "Lib/Md5Driver.h"
 #include "Lib/WindowMessageNames.h"
 #include "Lib/WindowMessageText.h"
+#include "RecordedCalls.h"
 
 TEST(DiagnosticsMessages, ParametersAreReadPerMessage) {
     const struct {
@@ -55,8 +52,11 @@ TEST(DiagnosticsMessages, ErrorTextPutsTheNumberLast) {
     ASSERT_GT(text.size(), number.size());
     EXPECT_EQ(text.substr(text.size() - number.size()), number);
     EXPECT_EQ(text.find_first_of("\r\n"), std::string::npos);
+    RecordedCalls calls;
+    calls.Record("FormatMessageA", FormatMessageA);
     SetLastError(ERROR_FILE_NOT_FOUND);
     EXPECT_EQ(LastErrorText(), text);
+    EXPECT_EQ(calls.Take(), "FormatMessageA 0x1200 null 0x2 0x400 & 0x1FEA null\n");
     EXPECT_NE(ErrorText(ERROR_BAD_EXE_FORMAT).find("%1"), std::string::npos) << "no inserts";
     EXPECT_EQ(ErrorText(0xE0001234), "WinAPI last error = -536866252 ");
 }
@@ -73,11 +73,9 @@ TEST(DiagnosticsMessages, FormatStringCutsAtItsLimit) {
 }
 
 TEST(DiagnosticsMessages, TextAsItsOwnFormat) {
-    const struct {
-        const char* text;
-        const char* result;
-    } cases[] = {{"", ""},           {nullptr, ""},  {"plain", "plain"}, {"50%%", "50%"}, {"50%", "50%"},
-                 {"%s %n", "%s %n"}, {"%%%%", "%%"}, {"%%%d", "%%d"},    {"% %", "% %"}};
-    for (const auto& one : cases)
-        EXPECT_EQ(FormatOwnText(one.text), one.result);
+    const std::pair<const char*, const char*> cases[] = {{"", ""},        {nullptr, ""},   {"plain", "plain"},
+                                                         {"50%%", "50%"}, {"50%", "50%"},  {"%s %n", "%s %n"},
+                                                         {"%%%%", "%%"},  {"%%%d", "%%d"}, {"% %", "% %"}};
+    for (const auto& [text, result] : cases)
+        EXPECT_EQ(FormatOwnText(text), result);
 }

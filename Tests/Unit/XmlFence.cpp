@@ -2,8 +2,7 @@
 // them and nowhere else.
 #include "Util/XmlFence.h"
 
-#include <windows.h>
-
+#include "ImportPatch.h"
 #include "TestFiles.h"
 #include "gtest/gtest.h"
 #include "ticpp.h"
@@ -25,21 +24,23 @@ std::string WithAttributes(int count) {
         element += " n" + std::to_string(i) + "='1'";
     return element + "/>";
 }
-std::string Refusal(const std::string& xml) {
+template <class Work>
+std::string Refused(Work work) {
     try {
-        CheckXmlLimits(xml, "x.xml");
+        work();
         return "";
     } catch (const ticpp::Exception& exception) {
         return exception.m_details;
     }
 }
+std::string Refusal(const std::string& xml) {
+    return Refused([&] { CheckXmlLimits(xml, "x.xml"); });
+}
 
 TEST(XmlFence, RefusesWhatNoResultCanBe) {
     const std::string attributes = "x.xml: More than 200 attributes in an element (line 1, column ",
                       levels = "x.xml: More than 200 levels of elements (line ";
-    const struct {
-        std::string xml, refusal;
-    } cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {Nested(200), ""},
         {Nested(201), levels + "1, column 601)"},
         {"<a>\n" + Repeated("<b/>", 1000) + Repeated("<c></c>", 1000) + "\n " + Nested(200) + "</a>",
@@ -50,18 +51,15 @@ TEST(XmlFence, RefusesWhatNoResultCanBe) {
         {std::string(16 * 1024 * 1024, ' '), ""},
         {std::string(16 * 1024 * 1024, '\n') + " ", "x.xml: More than 16 MB (line 16777217, column 1)"},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(Refusal(c.xml), c.refusal);
+    for (const auto& [xml, refusal] : cases)
+        EXPECT_EQ(Refusal(xml), refusal);
 }
 
 // Each piece holds 300 start tags that are none, or hides what is one: `seen` says whether the parser goes into the
 // 201 elements behind it.
 TEST(XmlFence, SeesElementsWhereTheParserSeesThem) {
     const std::string many = Repeated("<a>", 300);
-    const struct {
-        std::string xml;
-        bool refused;
-    } cases[] = {
+    const std::pair<std::string, bool> cases[] = {
         {"<r><!--" + many + "--></r>", false},
         {"<r><![CDATA[" + many + "]]></r>", false},
         {"<r x=\"" + many + "\" y='" + many + "'/>", false},
@@ -96,28 +94,27 @@ TEST(XmlFence, SeesElementsWhereTheParserSeesThem) {
         {"<?xml?><r \xEF\xBB\xBF x='1'>" + many, true},
         {"<r \xEF\xBB\xBF='1'>" + many, true},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(!Refusal(c.xml).empty(), c.refused) << c.xml.substr(0, 60);
+    for (const auto& [xml, refused] : cases)
+        EXPECT_EQ(!Refusal(xml).empty(), refused) << xml.substr(0, 60);
 }
 
 TEST(XmlFence, FilesAreReadWhole) {
     const TestFolder folder;
     const std::string path = folder.file("x.xml");
-    const auto refusal = [&] {
-        try {
-            return std::to_string(ReadXmlFile(path).size());
-        } catch (const ticpp::Exception& exception) {
-            return exception.m_details;
-        }
-    };
+    const auto refusal = [&] { return Refused([&] { ReadXmlFile(path); }); };
     EXPECT_EQ(refusal(), path + ": Failed to open file");
     WriteWholeFile(path, Nested(201));
+    {
+        const ImportPatch patch(
+            "fread", +[](void*, size_t, size_t count, std::FILE*) { return count - 1; });
+        EXPECT_EQ(refusal(), path + ": Failed to read file");
+    }
     EXPECT_EQ(refusal(), path + ": More than 200 levels of elements (line 1, column 601)");
     WriteWholeFile(path, std::string(16 * 1024 * 1024 + 5, ' '));
     EXPECT_EQ(refusal(), path + ": More than 16 MB (line 1, column 16777217)");
     WriteWholeFile(path, "<r>\r\n\xE2");
-    const std::string text = ReadXmlFile(path);
-    EXPECT_EQ(text, std::string("<r>\r\n\xE2\0\0\0", 9)) << "the parser steps over three bytes from the last one";
+    EXPECT_EQ(ReadXmlFile(path), std::string("<r>\r\n\xE2\0\0\0", 9))
+        << "the parser steps over three bytes from the last one";
 }
 
 TEST(XmlFence, SixteenMegabytesPassQuickly) {
