@@ -4,36 +4,23 @@
 
 #include "ImportPatch.h"
 #include "KlimoraBench.h"
+#include "TestFiles.h"
 
 namespace {
 
 constexpr char kFile[] = "binary-variable.tmp";
 constexpr size_t kFileSize = 12000;
 
-// The file's memory, one byte more than it has, is not there; one of its bytes cannot be read.
-void* NoMemoryForTheFile(size_t size) {
-    return size == kFileSize + 1 ? nullptr : std::calloc(1, size);
-}
-size_t ReadAllButOne(void*, size_t, size_t count, std::FILE*) {
-    return count - 1;
-}
-
 class BinaryVariables : public ConnectedBench {
  protected:
     BinaryVariables() { Start(); }
-    ~BinaryVariables() override { DeleteFileA(kFile); }
+    ~BinaryVariables() override { std::remove(kFile); }
 
     static std::string Bytes(size_t size) {
         std::string bytes;
         for (size_t i = 0; i < size; ++i)
             bytes += static_cast<char>(i * 37 + i / 251);
         return bytes;
-    }
-    static void Write(const std::string& bytes) {
-        std::FILE* file = std::fopen(kFile, "wb");
-        ASSERT_NE(file, nullptr);
-        std::fwrite(bytes.data(), 1, bytes.size(), file);
-        std::fclose(file);
     }
     // The file form gives a code and reports a text.
     void ExpectFailure(const char* file, int code, const std::string& text) {
@@ -76,13 +63,16 @@ TEST_F(BinaryVariables, FileGoesInWholeOrSaysWhyNot) {
     EXPECT_EQ(utils_.BinVariableSetData(2, ""), -4);
     EXPECT_EQ(Printed(), "");
     ExpectFailure("no such file.gm", -6, "Can't open file no such file.gm");
-    Write(Bytes(kFileSize));
+    WriteWholeFile(kFile, Bytes(kFileSize));
     {
-        const ImportPatch patch("malloc", NoMemoryForTheFile);
+        // One byte more than the file has.
+        const ImportPatch patch(
+            "malloc", +[](size_t size) { return size == kFileSize + 1 ? nullptr : std::calloc(1, size); });
         ExpectFailure(kFile, -7, "Can't allocate memory to load file binary-variable.tmp");
     }
     {
-        const ImportPatch patch("fread", ReadAllButOne);
+        const ImportPatch patch(
+            "fread", +[](void*, size_t, size_t count, std::FILE*) { return count - 1; });
         ExpectFailure(kFile, -8, "Can't read data from file binary-variable.tmp");
     }
     EXPECT_TRUE(Calls("IKlimora").empty());
@@ -91,9 +81,9 @@ TEST_F(BinaryVariables, FileGoesInWholeOrSaysWhyNot) {
     EXPECT_EQ(utils_.BinVariableSetData(2, kFile), 0);
     EXPECT_EQ(bench::BinaryVariable(2), Bytes(kFileSize));
     utils_.BinVariableFree(2);
-    Write("");
+    WriteWholeFile(kFile, "");
     EXPECT_EQ(std::remove(kFile), 0) << "the file was closed each time";
-    Write("");
+    WriteWholeFile(kFile, "");
     EXPECT_EQ(utils_.BinVariableSetData(2, kFile), -4);
     EXPECT_EQ(Printed(), "");
 }

@@ -8,35 +8,29 @@ using Connection = KlimoraBench;
 using Server = bench::KlimoraServer;
 
 TEST_F(Connection, EachMissingPieceHasItsMessageAndLeavesItsReferences) {
-    const struct {
-        bool Server::*piece;
-        const char* message;
-        std::vector<std::string> left;
-    } cases[] = {
+    using Owed = std::vector<std::string>;
+    const std::tuple<bool Server::*, const char*, Owed> cases[] = {
         {&Server::drawingInstalled, "Could not find KlimComSrv.Drawing installed", {}},
         {&Server::drawingRunning, "Could not get running instance of KlimComSrv.Drawing", {}},
         {&Server::hasDrawing, "Could not find KLIMCOMSRVLib::IID_IDrawing", {}},
         {&Server::klimoraInstalled, "Could not find KlimComSrv.Klimora installed", {}},
         {&Server::klimoraRunning, "Could not get running instance of KlimComSrv.Klimora", {}},
-        {&Server::has200805,
-         "Could not find KLIMCOMSRVLib::IID_IKlimora200805",
-         {"interface reference KlimComSrv.Klimora"}},
-        {&Server::has201011,
-         "Could not find KLIMCOMSRVLib::IID_IKlimora201011",
-         {"interface reference IKlimora200805", "interface reference KlimComSrv.Klimora"}},
+        {&Server::has200805, "Could not find KLIMCOMSRVLib::IID_IKlimora200805",
+         Owed{"interface reference KlimComSrv.Klimora"}},
+        {&Server::has201011, "Could not find KLIMCOMSRVLib::IID_IKlimora201011",
+         Owed{"interface reference IKlimora200805", "interface reference KlimComSrv.Klimora"}},
     };
-    for (const auto& c : cases) {
+    for (const auto& [piece, message, left] : cases) {
         Server server;
-        server.*c.piece = false;
+        server.*piece = false;
         StartServer(server);
-        const char* message = nullptr;
         try {
             KlimComSrvImpl connection;
+            ADD_FAILURE() << message;
         } catch (const char* text) {
-            message = text;
+            EXPECT_STREQ(text, message);
         }
-        EXPECT_STREQ(message, c.message);
-        EXPECT_EQ(bench::BenchBalance(), c.left) << c.message;
+        EXPECT_EQ(bench::BenchBalance(), left) << message;
         bench::ClearBalance();
         EXPECT_EQ(KLComUtils().Connect(), -1);
         EXPECT_EQ(Printed(), "") << "the message is the caller's to say";
@@ -48,12 +42,9 @@ TEST_F(Connection, EachMissingPieceHasItsMessageAndLeavesItsReferences) {
 TEST_F(Connection, CanBeMadeAgain) {
     StartServer();
     KLComUtils utils;
-    for (int round = 0; round < 2; ++round) {
-        ASSERT_EQ(utils.Connect(), 0);
-        EXPECT_EQ(bench::BenchBalance().size(), 4u);
-        EXPECT_EQ(utils.Disconnect(), 0);
-        EXPECT_TRUE(bench::BenchBalance().empty());
-        EXPECT_EQ(utils.Disconnect(), 0);
+    for (const size_t held : {4u, 0u, 0u, 4u, 0u}) {
+        EXPECT_EQ(held ? utils.Connect() : utils.Disconnect(), 0);
+        EXPECT_EQ(bench::BenchBalance().size(), held);
     }
 }
 

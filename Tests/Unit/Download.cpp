@@ -1,16 +1,10 @@
-#include <windows.h>
+#include "RecordedCalls.h"
+
+#include <gtest/gtest.h>
 #include <shellapi.h>
 #include <wininet.h>
 
-#include <gtest/gtest.h>
-
-#include <cstring>
-#include <stdexcept>
-#include <string>
-#include <vector>
-
 #include "BenchAutoCAD.h"
-#include "RecordedCalls.h"
 #include "TestFiles.h"
 #include "Util/Download.h"
 #include "WebServer.h"
@@ -198,10 +192,7 @@ TEST_F(DownloadTest, BrowserIsAskedOfTheShell) {
 }
 
 TEST_F(DownloadTest, PercentEncodingIsUndone) {
-    const struct {
-        const char* text;
-        std::string decoded;
-    } cases[] = {
+    const std::pair<const char*, std::string> cases[] = {
         {"%20", " "},
         {"a+b%2Bc", "a+b+c"},
         {"%c3%A5", "\xC3\xA5"},
@@ -216,6 +207,6 @@ TEST_F(DownloadTest, PercentEncodingIsUndone) {
         {"", ""},
         {nullptr, ""},
     };
-    for (const auto& one : cases)
-        EXPECT_EQ(UrlDecode(one.text), one.decoded) << (one.text ? one.text : "null");
+    for (const auto& [text, decoded] : cases)
+        EXPECT_EQ(UrlDecode(text), decoded) << (text ? text : "null");
 }

@@ -1,9 +1,6 @@
 #include "Util/GlobalMemory.h"
 
-#include <gtest/gtest.h>
-
-#include <cstring>
-#include <string>
+#include <cstdlib>
 
 #include "DiagnosticsFixture.h"
 #include "FailingAllocations.h"
@@ -11,23 +8,8 @@
 
 namespace {
 
-// Only a block of this size is refused: everything else of the process allocates as ever.
-constexpr size_t kRefusedSize = 0x123457;
-
-void* (*realMalloc)(size_t) = nullptr;
-void* (*realRealloc)(void*, size_t) = nullptr;
-
-void* RefusingMalloc(size_t size) {
-    return size == kRefusedSize ? nullptr : realMalloc(size);
-}
-void* RefusingRealloc(void* block, size_t size) {
-    return size == kRefusedSize ? nullptr : realRealloc(block, size);
-}
-template <class Function>
-void FindInRuntime(Function*& function, const char* name) {
-    function =
-        reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("msvcrt.dll"), name)));
-}
+// Only blocks of this size are refused: everything else of the process allocates as ever.
+constexpr size_t kRefused = 0x123457;
 
 class GlobalMemoryTest : public DiagnosticsTest {
  protected:
@@ -60,15 +42,14 @@ TEST_F(GlobalMemoryTest, FailedAllocationsAreReportedButForTheFirstThroughReallo
     GwMemory old(gwGmalloc(3, 0));
     std::memcpy(old.get(), "old", 3);
     {
-        // The patches allocate themselves, so the originals are known before the first stands.
-        FindInRuntime(realMalloc, "malloc");
-        FindInRuntime(realRealloc, "realloc");
-        const ImportPatch mallocPatch("malloc", RefusingMalloc);
-        const ImportPatch reallocPatch("realloc", RefusingRealloc);
+        const ImportPatch mallocPatch(
+            "malloc", +[](size_t size) { return size == kRefused ? nullptr : std::calloc(1, size); });
+        const ImportPatch reallocPatch(
+            "realloc", +[](void*, size_t) { return static_cast<void*>(nullptr); });
         // Nor is there memory for the report.
         const FailingAllocations failing(0);
-        const void* const blocks[] = {gwGrealloc(nullptr, kRefusedSize, 0), gwGmalloc(kRefusedSize, 0),
-                                      gwGrealloc(old.get(), kRefusedSize, 0)};
+        const void* const blocks[] = {gwGrealloc(nullptr, kRefused, 0), gwGmalloc(kRefused, 0),
+                                      gwGrealloc(old.get(), kRefused, 0)};
         EXPECT_TRUE(!blocks[0] && !blocks[1] && !blocks[2]);
     }
     EXPECT_EQ(std::memcmp(old.get(), "old", 3), 0);
