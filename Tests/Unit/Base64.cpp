@@ -1,7 +1,6 @@
 #include "Lib/Base64.h"
 
 #include <gtest/gtest.h>
-
 #include <cstring>
 #include <string>
 
@@ -52,10 +51,7 @@ TEST(Base64, TheWholeAlphabet) {
 }
 
 TEST(Base64, BadInput) {
-    const struct {
-        const char* text;
-        std::string bytes;
-    } cases[] = {
+    const std::pair<const char*, std::string> cases[] = {
         {"=WE=TWE=", "Ma"},   // a group that begins with a pad gives nothing
         {"T W=TWE=", "Ma"},   // first byte needs both characters
         {"TW-=TWE=", "MMa"},  // bytes before the stranger stay
@@ -69,9 +65,9 @@ TEST(Base64, BadInput) {
         {"Zm9v=", "foo"},
         {"Zm9v-", "foo"},
     };
-    for (const auto& one : cases) {
+    for (const auto& [text, bytes] : cases) {
         // Something that would decode stands behind the terminator.
-        EXPECT_EQ(Decode(std::string(one.text) + '\0' + "TWFu"), one.bytes) << one.text;
+        EXPECT_EQ(Decode(std::string(text) + '\0' + "TWFu"), bytes) << text;
     }
 }
 

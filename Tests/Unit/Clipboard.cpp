@@ -1,10 +1,5 @@
 #include "Util/Clipboard.h"
 
-#include <gtest/gtest.h>
-
-#include <cstring>
-#include <string>
-
 #include "DiagnosticsFixture.h"
 #include "Lib/FormatText.h"
 #include "RecordedCalls.h"
@@ -76,10 +71,7 @@ TEST(Clipboard, BlocksAreNeverReadBeyondTheirEnd) {
 }
 
 TEST(Clipboard, BlocksOfOthersAreReadAsFarAsTheyAreSound) {
-    const struct {
-        std::string block;
-        const char* pasted;
-    } cases[] = {
+    const std::pair<std::string, const char*> cases[] = {
         {std::string("\2\0AB\3\0\0\0xyz", 11), "AB|3|xyz"},
         {std::string("\1\0A\0\0\0\0", 7), "A|0"},
         {std::string("\0\0\1\0\0\0x", 7), "|1|x"},
@@ -88,12 +80,12 @@ TEST(Clipboard, BlocksOfOthersAreReadAsFarAsTheyAreSound) {
         {std::string("\0\2AB\3\0\0\0xyz", 11), "|0"},
         {std::string("\2\0AB\xFF\xFF\xFF\x7Fxyz", 11), "|0"},
     };
-    for (const auto& one : cases) {
-        const GlobalMemory block(GlobalBlock(one.block));
+    for (const auto& [bytes, pasted] : cases) {
+        const GlobalMemory block(GlobalBlock(bytes));
         RecordedCalls calls;
         calls.Give("IsClipboardFormatAvailable", IsClipboardFormatAvailable, TRUE);
         calls.Give("GetClipboardData", GetClipboardData, block.get());
-        EXPECT_EQ(Paste(), one.pasted);
+        EXPECT_EQ(Paste(), pasted);
         EXPECT_EQ(GlobalFlags(block.get()) & GMEM_LOCKCOUNT, 0u);
     }
 }

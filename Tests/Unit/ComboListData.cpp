@@ -1,10 +1,7 @@
 #include "Util/ComboListData.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdint>
 #include <cstring>
-#include <string>
 
 #include "DiagnosticsFixture.h"
 #include "Util/GlobalMemory.h"

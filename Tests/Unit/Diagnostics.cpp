@@ -1,11 +1,5 @@
 #include "DiagnosticsFixture.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdint>
-#include <string>
-#include <vector>
-
 #include "FailingAllocations.h"
 #include "RecordedCalls.h"
 
@@ -26,9 +20,7 @@ TEST_F(DiagnosticsTest, ComposedLines) {
     const struct {
         Reporter report;
         uint32_t bits;
-        const char* message;
-        const char* function;
-        const char* line;
+        const char *message, *function, *line;
     } cases[] = {
         {kError, 0x1081, "no root", "Unit::Work", "Error  -    -  \"no root\"  -  PlugIn/Lib/Unit#42\n"},
         {ReportFatal, 0x1080, "no root", "Unit::Work", "Fatal Error  -    -  \"no root\"  -  PlugIn/Lib/Unit#42\n"},
@@ -90,8 +82,8 @@ TEST_F(DiagnosticsTest, HandlersGetTheContextEvenWhenSilentAndMayThrow) {
 
 TEST_F(DiagnosticsTest, LevelsTakeOnlyKnownBits) {
     const DiagSettings fresh;
-    const auto words = [](const DiagSettings& settings) {
-        return std::vector<uint32_t>{settings.fatalBits, settings.errorBits, settings.warningBits, settings.infoBits};
+    const auto words = [](const DiagSettings& s) {
+        return std::vector<uint32_t>{s.fatalBits, s.errorBits, s.warningBits, s.infoBits};
     };
     EXPECT_EQ(words(fresh), (std::vector<uint32_t>{0x3386, 0x3182, 0x3182, 0x3181}));
     *g_diagSettings = fresh;

@@ -1,13 +1,8 @@
 #include "DrawingFixture.h"
 
-#include <gtest/gtest.h>
-
 #include <cwchar>
 #include <exception>
 #include <locale>
-#include <stdexcept>
-#include <string>
-
 #include <adscodes.h>
 
 #include "FailingAllocations.h"
@@ -18,21 +13,15 @@
 
 namespace {
 
-class SilentException : public std::exception {
- public:
+struct SilentException : std::exception {
     const char* what() const noexcept override { return nullptr; }
 };
 
 // What the library's text would be without m_details.
-class DetailedException : public ticpp::Exception {
- public:
+struct DetailedException : ticpp::Exception {
     DetailedException() : ticpp::Exception("details") {}
     const char* what() const noexcept override { return "what"; }
 };
-
-int ThrowInsteadOfPrint(const wchar_t*, ...) {
-    throw 1;
-}
 
 using DiagnosticsCommandLine = DrawingTest;
 
@@ -58,7 +47,7 @@ TEST_F(DiagnosticsCommandLine, PrintsFormattedTextOnce) {
 
 TEST_F(DiagnosticsCommandLine, ExceptionsAreToldByKind) {
     // What another plug-in may have made of the numbers that streams write.
-    class Grouping : public std::numpunct<char> {
+    struct Grouping : std::numpunct<char> {
         char do_thousands_sep() const override { return '.'; }
         std::string do_grouping() const override { return "\3"; }
     };
@@ -87,7 +76,8 @@ TEST_F(DiagnosticsCommandLine, ExceptionsAreToldByKind) {
         EXPECT_EQ(bench::Transcript(), head + one.text);
     }
     std::locale::global(classic);
-    const ImportPatch patch("_Z10acutPrintfPKwz", ThrowInsteadOfPrint);
+    const ImportPatch patch(
+        "_Z10acutPrintfPKwz", +[](const wchar_t*) -> int { throw 1; });
     try {
         throw "plain";
     } catch (...) {

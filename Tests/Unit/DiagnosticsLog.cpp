@@ -1,10 +1,6 @@
 #include "DiagnosticsFixture.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdio>
 #include <regex>
-#include <string>
 
 #include "RecordedCalls.h"
 

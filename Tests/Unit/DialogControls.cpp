@@ -1,11 +1,4 @@
-#include <windows.h>
-#include <commctrl.h>
-
-#include <gtest/gtest.h>
-
 #include <cstdlib>
-#include <cstring>
-#include <string>
 
 #include "DialogFixture.h"
 #include "RecordedCalls.h"
@@ -26,12 +19,10 @@ class DialogControls : public testing::Test {
         dialog_ = std::make_unique<BoundDialog>();
         dialog_->Open({{className, style, kControl, text}, {className, style, kOther, text}}, [&] { bind(*dialog_); });
     }
-    BoundDialog& dialog() { return *dialog_; }
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
         return dialog_->Send(kControl, message, wParam, lParam);
     }
 
- private:
     std::unique_ptr<BoundDialog> dialog_;
 };
 
@@ -45,22 +36,19 @@ ComboListData ListOf(std::initializer_list<std::pair<double, const char*>> items
 }  // namespace
 
 TEST_F(DialogControls, StatesShow) {
-    const struct {
-        ControlState state;
-        LONG style;
-    } cases[] = {{kControlNormal, WS_VISIBLE},
-                 {7, WS_VISIBLE},
-                 {kControlReadOnly, WS_VISIBLE | ES_READONLY},
-                 {kControlDisabled, WS_VISIBLE | WS_DISABLED},
-                 {kControlHidden, 0}};
+    const std::pair<ControlState, LONG> cases[] = {{kControlNormal, WS_VISIBLE},
+                                                   {7, WS_VISIBLE},
+                                                   {kControlReadOnly, WS_VISIBLE | ES_READONLY},
+                                                   {kControlDisabled, WS_VISIBLE | WS_DISABLED},
+                                                   {kControlHidden, 0}};
     for (const auto& c : cases) {
         // The other style bits are there before, so that each is taken away as well as set.
-        Open("EDIT", c.state == kControlHidden ? 0 : ES_READONLY | WS_DISABLED, [&](BoundDialog& self) {
-            self.BindAs<PDialogControlTextEdit>(kControl, c.state, "", nullptr, 0);
+        Open("EDIT", c.first == kControlHidden ? 0 : ES_READONLY | WS_DISABLED, [&](BoundDialog& self) {
+            self.BindAs<PDialogControlTextEdit>(kControl, c.first, "", nullptr, 0);
             self.Bind<PDialogControlStaticText>(kOther, "");
         });
-        const LONG style = GetWindowLongA(dialog().GetControl(kControl), GWL_STYLE);
-        EXPECT_EQ(style & (WS_VISIBLE | WS_DISABLED | ES_READONLY), c.style) << c.state;
+        const LONG style = GetWindowLongA(dialog_->GetControl(kControl), GWL_STYLE);
+        EXPECT_EQ(style & (WS_VISIBLE | WS_DISABLED | ES_READONLY), c.second) << c.first;
     }
 }
 
@@ -72,22 +60,22 @@ TEST_F(DialogControls, TextsShowAreLimitedAndReadBack) {
         self.Bind<PDialogControlTextEdit>(kOther, untouched, 0);
     });
     char title[16] = "";
-    GetWindowTextA(dialog().dialogWindow(), title, sizeof title);
+    GetWindowTextA(dialog_->dialogWindow(), title, sizeof title);
     EXPECT_STREQ(title, "Silencer");
-    EXPECT_EQ(dialog().TextOf(kControl), "AB");
-    EXPECT_EQ(dialog().TextOf(kOther), "kept");
+    EXPECT_EQ(dialog_->TextOf(kControl), "AB");
+    EXPECT_EQ(dialog_->TextOf(kOther), "kept");
     EXPECT_EQ(Send(EM_GETLIMITTEXT), 4);
-    EXPECT_NE(dialog().Send(kOther, EM_GETLIMITTEXT), 0);
-    SetWindowTextA(dialog().GetControl(kControl), "longer than four");
-    SetWindowTextA(dialog().GetControl(kOther), "new");
+    EXPECT_NE(dialog_->Send(kOther, EM_GETLIMITTEXT), 0);
+    SetWindowTextA(dialog_->GetControl(kControl), "longer than four");
+    SetWindowTextA(dialog_->GetControl(kOther), "new");
     // Only the named control takes part.
-    EXPECT_EQ(dialog().FromDialog(kOther), 0);
-    EXPECT_EQ(dialog().FromDialog(999), 0);
+    EXPECT_EQ(dialog_->FromDialog(kOther), 0);
+    EXPECT_EQ(dialog_->FromDialog(999), 0);
     EXPECT_STREQ(text, "AB");
-    EXPECT_EQ(dialog().ToDialog(kOther), 0);
-    EXPECT_EQ(dialog().TextOf(kOther), "kept");
-    EXPECT_EQ(dialog().TextOf(kControl), "longer than four");
-    EXPECT_EQ(dialog().FromDialog(-1), 0);
+    EXPECT_EQ(dialog_->ToDialog(kOther), 0);
+    EXPECT_EQ(dialog_->TextOf(kOther), "kept");
+    EXPECT_EQ(dialog_->TextOf(kControl), "longer than four");
+    EXPECT_EQ(dialog_->FromDialog(-1), 0);
     EXPECT_EQ(std::string(text, 6), std::string("long\0#", 6));
     EXPECT_STREQ(untouched, "kept");
 
@@ -98,19 +86,15 @@ TEST_F(DialogControls, TextsShowAreLimitedAndReadBack) {
             self.Bind<PDialogControlStaticText>(kOther, "");
         },
         "template");
-    EXPECT_EQ(dialog().TextOf(kControl), "Length");
-    EXPECT_EQ(dialog().TextOf(kOther), "template");
+    EXPECT_EQ(dialog_->TextOf(kControl), "Length");
+    EXPECT_EQ(dialog_->TextOf(kOther), "template");
 }
 
 TEST_F(DialogControls, ComboBoxesConsumeTheirList) {
-    const struct {
-        float before;
-        LRESULT selected;
-        float after;
-    } cases[] = {{2.5F, 2, 2.5F}, {-0.0F, 0, 0.0F}, {77, 0, 0}};
-    for (const auto& c : cases) {
+    for (const auto& [before, selected, after] :
+         {std::tuple{2.5F, LRESULT{2}, 2.5F}, {-0.0F, 0, 0.0F}, {77.0F, 0, 0.0F}}) {
         ComboListData list = ListOf({{1, "b"}, {2.5, "c"}, {0, "a"}});
-        float value = c.before;
+        float value = before;
         PDialogControl* binder = nullptr;
         RecordedCalls calls;
         calls.Record("free", std::free);
@@ -124,9 +108,9 @@ TEST_F(DialogControls, ComboBoxesConsumeTheirList) {
         EXPECT_EQ(list, nullptr);
         EXPECT_NE(calls.Take().find("free list\n"), std::string::npos);
         EXPECT_EQ(Send(CB_GETCOUNT), 3);
-        EXPECT_EQ(Send(CB_GETCURSEL), c.selected) << c.before;
+        EXPECT_EQ(Send(CB_GETCURSEL), selected) << before;
         EXPECT_EQ(binder->FromDialog(), 0);
-        EXPECT_EQ(value, c.after) << c.before;
+        EXPECT_EQ(value, after) << before;
         Send(CB_SETCURSEL, 1);
         EXPECT_EQ(binder->FromDialog(), 0);
         EXPECT_EQ(value, 1) << "the sorted list keeps value and text together";
@@ -169,9 +153,9 @@ TEST_F(DialogControls, ListsGoOnAfterARefusedTextAndStopAtAnEmptyOne) {
         EXPECT_EQ(Send(c.combo ? CB_GETCOUNT : LB_GETCOUNT), 2);
         const bool none = !c.combo && c.wanted == 2;
         EXPECT_EQ(Send(c.combo ? CB_GETCURSEL : LB_GETCURSEL), none ? LB_ERR : c.wanted == 3);
-        dialog().FromDialog(-1);
+        dialog_->FromDialog(-1);
         EXPECT_EQ(value, none ? 2 : c.wanted == 3 ? 3 : 1);
-        dialog().ToDialog(-1);
+        dialog_->ToDialog(-1);
         EXPECT_EQ(Send(c.combo ? CB_GETCOUNT : LB_GETCOUNT), 0) << "cleared before the list is looked for";
     }
 }
@@ -183,19 +167,19 @@ TEST_F(DialogControls, CheckBoxesCarryAFlag) {
         self.Bind<PDialogControlCheckBox>(kControl, "Insulated", &flag);
         unbound = &self.Bind<PDialogControlCheckBox>(kOther, "Lost", nullptr);
     });
-    EXPECT_EQ(dialog().TextOf(kControl), "Insulated");
+    EXPECT_EQ(dialog_->TextOf(kControl), "Insulated");
     EXPECT_EQ(Send(BM_GETCHECK), BST_CHECKED);
     for (const WPARAM check : {BST_INDETERMINATE, BST_CHECKED, BST_UNCHECKED}) {
         Send(BM_SETCHECK, check);
-        dialog().FromDialog(-1);
+        dialog_->FromDialog(-1);
         EXPECT_EQ(flag, check == BST_CHECKED) << check;
     }
     Send(BM_SETCHECK, BST_CHECKED);
-    dialog().ToDialog(-1);
+    dialog_->ToDialog(-1);
     EXPECT_EQ(Send(BM_GETCHECK), BST_UNCHECKED);
     EXPECT_EQ(unbound->ToDialog(), -1);
     EXPECT_EQ(unbound->FromDialog(), -1);
-    EXPECT_EQ(dialog().TextOf(kOther), "Lost") << "the button's part is done before";
+    EXPECT_EQ(dialog_->TextOf(kOther), "Lost") << "the button's part is done before";
 }
 
 TEST_F(DialogControls, RadioButtonsShareAVariable) {
@@ -205,10 +189,10 @@ TEST_F(DialogControls, RadioButtonsShareAVariable) {
         self.Bind<PDialogControlRadioButton>(kOther, "Rectangular", &value, 2.0F);
     });
     EXPECT_EQ(Send(BM_GETCHECK), BST_UNCHECKED);
-    EXPECT_EQ(dialog().Send(kOther, BM_GETCHECK), BST_CHECKED);
+    EXPECT_EQ(dialog_->Send(kOther, BM_GETCHECK), BST_CHECKED);
     Send(BM_SETCHECK, BST_CHECKED);
-    dialog().Send(kOther, BM_SETCHECK, BST_UNCHECKED);
-    dialog().FromDialog(-1);
+    dialog_->Send(kOther, BM_SETCHECK, BST_UNCHECKED);
+    dialog_->FromDialog(-1);
     EXPECT_EQ(value, 1);
 }
 
@@ -230,16 +214,16 @@ TEST_F(DialogControls, DatesTakeAnySeparator) {
         EXPECT_EQ(Send(DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&date)), GDT_VALID);
         EXPECT_EQ((std::vector<WORD>{date.wDay, date.wMonth, date.wYear}), (std::vector<WORD>{c.day, c.month, c.year}));
         std::strcpy(text, "##########");
-        dialog().FromDialog(-1);
+        dialog_->FromDialog(-1);
         EXPECT_STREQ(text, c.after);
         std::strcpy(text, "kept");
         Send(DTM_SETSYSTEMTIME, GDT_NONE, reinterpret_cast<LPARAM>(&date));
-        dialog().FromDialog(-1);
+        dialog_->FromDialog(-1);
         EXPECT_STREQ(text, "kept") << "no date, no text";
         *text = '\0';
         RecordedCalls calls;
         calls.Give("SendMessageA", SendMessageA, 0);
-        dialog().ToDialog(-1);
+        dialog_->ToDialog(-1);
         EXPECT_EQ(calls.Take().find(" 0x1002 "), std::string::npos) << "without a text no DTM_SETSYSTEMTIME";
     }
 }

@@ -1,9 +1,3 @@
-#include <windows.h>
-
-#include <gtest/gtest.h>
-
-#include <string>
-
 #include "DialogFixture.h"
 #include "ModuleNames.h"
 #include "RecordedCalls.h"
@@ -36,8 +30,7 @@ TEST(DialogImages, TheStyleSaysWhichImageIsLoadedFromWhere) {
         bool isButton;
         DWORD style;
         LONG extended;
-        std::string name;
-        std::string load;  // arguments of LoadImageA; none when no image is asked for
+        std::string name, load;  // arguments of LoadImageA; none when no image is asked for
         int type;
     } cases[] = {
         {true, BS_BITMAP, 0, file, fromFile + "0x0 0 0 0x1010", IMAGE_BITMAP},

@@ -1,11 +1,3 @@
-#include <windows.h>
-#include <commctrl.h>
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
 #include "DiagnosticsFixture.h"
 #include "DialogFixture.h"
 #include "ModuleNames.h"
@@ -19,14 +11,11 @@ constexpr int kEdit = 1200;
 constexpr int kUnbound = 1201;
 
 // A binder that answers every message with its own result.
-class Greedy : public PDialogControl {
- public:
+struct Greedy : PDialogControl {
     Greedy(HWND window, ControlState state, const std::string& tooltip, INT_PTR result)
         : PDialogControl(window, state, tooltip), result_(result) {}
     INT_PTR HandleMessage(UINT, WPARAM, LPARAM) override { return result_; }
-
- private:
-    INT_PTR result_;
+    const INT_PTR result_;
 };
 
 class DialogMessages : public DiagnosticsTest {
@@ -56,11 +45,8 @@ TEST_F(DialogMessages, CommandsCountOnlyFromTheirButton) {
     calls.Give("EndDialog", EndDialog, TRUE);
     calls.Name(dialog_->dialogWindow(), "dialog");
     const struct {
-        int command;
-        int from;  // control, 0 for none
-        int verdict;
-        int validations;
-        int ends;
+        int command, from;  // control, 0 for none
+        int verdict, validations, ends;
     } cases[] = {
         {IDOK, IDOK, 0, 1, 1},       {IDOK, IDOK, 1, 1, 0},  {IDOK, IDOK, -1, 1, 0},        {IDOK, 0, 0, 0, 0},
         {IDOK, IDCANCEL, 0, 0, 0},   {IDCANCEL, 0, 0, 0, 0}, {IDCANCEL, IDCANCEL, 0, 0, 2}, {IDCANCEL, IDOK, 0, 0, 0},
@@ -75,7 +61,7 @@ TEST_F(DialogMessages, CommandsCountOnlyFromTheirButton) {
     }
 }
 
-TEST_F(DialogMessages, TheFrameOnlyPostsACancelThatEndsNothing) {
+TEST_F(DialogMessages, BindersSeeMessagesFirstAndTheFrameOnlyPostsACancelThatEndsNothing) {
     Open([](BoundDialog&) {});
     EXPECT_TRUE(dialog_->HasControl(IDOK));
     EXPECT_FALSE(dialog_->HasControl(9999));
@@ -86,6 +72,10 @@ TEST_F(DialogMessages, TheFrameOnlyPostsACancelThatEndsNothing) {
     EXPECT_EQ(calls.Take(), "PostMessageA dialog 0x111 0x2 0\n");
     EXPECT_EQ(dialog_->HandleMessage(WM_HELP, 0, 0), 1);
     EXPECT_EQ(dialog_->HandleMessage(WM_SIZE, 0, 0), 0);
+    dialog_->Bind<Greedy>(kEdit, 0);
+    dialog_->Bind<Greedy>(kUnbound, 42);
+    dialog_->Bind<Greedy>(IDOK, 43);
+    EXPECT_EQ(dialog_->HandleMessage(WM_HELP, 0, 0), 42);
 }
 
 TEST_F(DialogMessages, FocusSelectsTheWholeText) {
@@ -98,15 +88,6 @@ TEST_F(DialogMessages, FocusSelectsTheWholeText) {
     EXPECT_EQ(Command(kEdit, EN_SETFOCUS, kEdit), 1);
     EXPECT_EQ(GetFocus(), dialog_->GetControl(kEdit));
     EXPECT_EQ(dialog_->Send(kEdit, EM_GETSEL), MAKELRESULT(0, 3));
-}
-
-TEST_F(DialogMessages, BindersSeeMessagesFirst) {
-    Open([](BoundDialog& self) {
-        self.Bind<Greedy>(kEdit, 0);
-        self.Bind<Greedy>(kUnbound, 42);
-        self.Bind<Greedy>(IDOK, 43);
-    });
-    EXPECT_EQ(dialog_->HandleMessage(WM_HELP, 0, 0), 42);
 }
 
 TEST_F(DialogMessages, TooltipsComeFromTheBinders) {
@@ -135,16 +116,15 @@ TEST_F(DialogMessages, TooltipsComeFromTheBinders) {
     calls.Name(dialog_->CtlColor(device, 0, RGB(1, 1, 1)), "brush");
     calls.Name(tips, "tips");
     calls.Name(dialog_->dialogWindow(), "dialog");
-    std::vector<UINT_PTR> tools, expected;
-    for (const int id : {kEdit, IDOK})
-        expected.push_back(reinterpret_cast<UINT_PTR>(dialog_->GetControl(id)));
+    std::vector<HWND> tools;
+    const std::vector<HWND> expected = {dialog_->GetControl(kEdit), dialog_->GetControl(IDOK)};
     calls.Record("DestroyWindow", DestroyWindow);
     calls.Record("DeleteObject", DeleteObject);
     calls.Record("SendMessageA", SendMessageA, [&](HWND window, UINT message, WPARAM, LPARAM lParam) {
         EXPECT_EQ(window, tips);
         EXPECT_EQ(message, static_cast<UINT>(TTM_DELTOOLA));
         EXPECT_NE(calls.Take().find("SendMessageA"), std::string::npos);
-        tools.push_back(reinterpret_cast<TOOLINFOA*>(lParam)->uId);
+        tools.push_back(reinterpret_cast<HWND>(reinterpret_cast<TOOLINFOA*>(lParam)->uId));
         return 0;
     });
     dialog_.reset();

@@ -1,7 +1,5 @@
 #include <windows.h>
-
 #include <gtest/gtest.h>
-
 #include <cstring>
 #include <string>
 
@@ -11,8 +9,7 @@ TEST(DialogTexts, FieldsOfASeparatedText) {
     const struct {
         const char* source;
         char separator;
-        int index;
-        int size;
+        int index, size;
         const char* field;
         int next;  // offset of the returned position, -1 for null
     } cases[] = {
@@ -40,28 +37,24 @@ TEST(DialogTexts, FieldsOfASeparatedText) {
 }
 
 TEST(DialogTexts, TrailingBlanksBecomeTerminators) {
-    const struct {
-        std::string before;
-        std::string after;
-    } cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {"900 \r\n ", std::string("900\0\0\0\0", 7)},
         {"9 0\t ", std::string("9 0\t\0", 5)},
         {" \r\n", std::string(3, '\0')},
         {std::string("a\0b \0", 5), std::string("a\0b\0\0", 5)},
         {"", ""},
     };
-    for (const auto& c : cases) {
-        std::string text = c.before + "!";
-        EXPECT_EQ(TrimTrailingBlanks(text.data(), static_cast<int>(c.before.size())), text.data());
-        EXPECT_EQ(text, c.after + "!");
+    for (const auto& [before, after] : cases) {
+        std::string text = before + "!";
+        EXPECT_EQ(TrimTrailingBlanks(text.data(), static_cast<int>(before.size())), text.data());
+        EXPECT_EQ(text, after + "!");
     }
 }
 
 TEST(DialogTexts, NumbersAreHeldWithinBounds) {
     const struct {
         const char* before;
-        double minimum;
-        double maximum;
+        double minimum, maximum;
         bool replaced;
         const char* after;
     } cases[] = {

@@ -1,9 +1,7 @@
 #include "Util/DrawModel.h"
 
-#include <gtest/gtest.h>
-
+#include <algorithm>
 #include <cstring>
-#include <string>
 
 #include "DiagnosticsFixture.h"
 
@@ -23,13 +21,8 @@ struct Buffer {
 std::string Set(const std::string& text, const char* name, const char* value, int size = 1024) {
     Buffer buffer(text);
     EXPECT_EQ(SetKModelParam(buffer.bytes, size, name, value), 0);
-    for (size_t i = static_cast<size_t>(size) > text.size() ? static_cast<size_t>(size) : text.size() + 1;
-         i < sizeof buffer.bytes; ++i) {
-        if (buffer.bytes[i] != '#') {
-            ADD_FAILURE() << "written at " << i;
-            break;
-        }
-    }
+    const size_t end = std::max(static_cast<size_t>(size), text.size() + 1);
+    EXPECT_EQ(std::string(buffer.bytes + end, 2100 - end), std::string(2100 - end, '#'));
     return std::string(buffer.bytes, strnlen(buffer.bytes, static_cast<size_t>(size)));
 }
 
@@ -37,10 +30,7 @@ std::string Set(const std::string& text, const char* name, const char* value, in
 
 TEST_F(DrawModelTest, ParametersAreReplacedInPlaceOrAppended) {
     const struct {
-        const char* before;
-        const char* name;
-        const char* value;
-        const char* after;
+        const char *before, *name, *value, *after;
     } cases[] = {
         {"L=900;H=300;", "H", "350", "L=900;H=350;"},
         {"L=900", "W", "10", "L=900;W=10;"},
@@ -98,8 +88,7 @@ TEST_F(DrawModelTest, ImpossibleBufferSizesAreReported) {
 
 TEST_F(DrawModelTest, RemovalIsAPlainSearch) {
     const struct {
-        const char* before;
-        const char* name;
+        const char *before, *name;
         int result;
         const char* after;
     } cases[] = {

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
 #include "RecordedCalls.h"
 #include "Util/ComTypes.h"
 

@@ -1,13 +1,9 @@
-#include <windows.h>
-#include <commdlg.h>
+#include "RecordedCalls.h"
 
+#include <commdlg.h>
 #include <gtest/gtest.h>
 
-#include <cstring>
-#include <string>
-
 #include "ModuleNames.h"
-#include "RecordedCalls.h"
 #include "Util/DlgFunc.h"
 #include "Util/DlgFunc_Version.h"
 

@@ -1,14 +1,10 @@
 #include <gtest/gtest.h>
-
 #include <string>
 
 #include "Util/XmlTextBuilder.h"
 
 TEST(XmlText, EscapesAfterFormatting) {
-    const struct {
-        const char* value;
-        const char* escaped;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"a<b & \"c\"", "a&lt;b &amp; &quot;c&quot;"},
         {"it's > &amp;", "it&apos;s &gt; &amp;amp;"},
         {"\xC5\x73\t\n", "\xC5\x73\t\n"},
@@ -17,8 +13,8 @@ TEST(XmlText, EscapesAfterFormatting) {
         {"", ""},
         {nullptr, ""},
     };
-    for (const auto& one : cases)
-        EXPECT_EQ(XmlTextBuilder::Escape(one.value), one.escaped);
+    for (const auto& [value, escaped] : cases)
+        EXPECT_EQ(XmlTextBuilder::Escape(value), escaped);
     EXPECT_EQ(XmlTextBuilder::Escape("<%s|%d|%.1f>", "a&b", 7, 0.25), "&lt;a&amp;b|7|0.2&gt;");
     EXPECT_EQ(XmlTextBuilder::Escape("%s", "50%%"), "50%%");
     EXPECT_EQ(XmlTextBuilder::Escape(static_cast<const char*>(nullptr), 1), "");
