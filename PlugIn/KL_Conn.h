@@ -88,7 +88,7 @@ class KlConn : public KLComUtils {
     int StoreDevices(const std::string& classSymbol, std::string& productKey);
     void WriteKeys(const std::string& classSymbol, const std::string& productKey);
     int WaitForConfigurator();
-    bool ReadUserCodes(const std::string& className, std::vector<std::string>& codes);
+    bool ReadUserCodes(const std::string& className, std::vector<std::string>& codes, const std::string* last);
     int ExportRecords(ticpp::Element* parent, const char* listName, const char* elementName, const std::string& path,
                       const std::vector<std::string>& names);
 

@@ -2,7 +2,6 @@
 
 #include "KL_Conn.h"
 
-#include <algorithm>
 #include <cstring>
 #include <set>
 
@@ -16,21 +15,22 @@ std::string PartsOfClass(const std::string& className) {
 
 }  // namespace
 
-// False when Klimora does not give the list as a whole.
-bool KlConn::ReadUserCodes(const std::string& className, std::vector<std::string>& codes) {
+// Up to the first that equals `last`, or all (null). False when one of these, or their count, is not given.
+bool KlConn::ReadUserCodes(const std::string& className, std::vector<std::string>& codes, const std::string* last) {
     const std::string parts = PartsOfClass(className);
     const int count = GetPartAttOrDefault("", "Count(" + parts + ")", -1);
     bool complete = count >= 0;
     for (int i = 0; i < count; ++i) {
         codes.emplace_back();
         if (GetPartAtt("", parts + "[" + std::to_string(i) + "]/Usercode", codes.back(), false) != 0) complete = false;
+        if (last && codes.back() == *last) break;
     }
     return complete;
 }
 
 std::string KlConn::ProposeUserCode(const std::string& className, const std::string& suffix) {
     std::vector<std::string> codes;
-    ReadUserCodes(className, codes);
+    ReadUserCodes(className, codes, nullptr);
     const std::set<std::string> used(codes.begin(), codes.end());
     for (int n = 1;; ++n) {
         std::string candidate = "SORV" + std::to_string(n) + suffix;
@@ -41,8 +41,8 @@ std::string KlConn::ProposeUserCode(const std::string& className, const std::str
 bool KlConn::IsUserCodeInUse(const std::string& className, const std::string& code) {
     std::vector<std::string> codes;
     // Unknown is not free: the user is asked before a product is replaced.
-    if (!ReadUserCodes(className, codes)) return true;
-    return std::find(codes.begin(), codes.end(), code) != codes.end();
+    if (!ReadUserCodes(className, codes, &code)) return true;
+    return !codes.empty() && codes.back() == code;
 }
 
 // Every element of the query becomes a child of a new list element, its values the child's attributes.

@@ -133,13 +133,25 @@ TEST_F(UserCodeDialog, FirstFreeNumberIsProposed) {
         EXPECT_EQ(session_.ProposeUserCode("dSilencerType", c.suffix), c.proposal) << c.others;
     }
     EXPECT_EQ(session_.ProposeUserCode("dSupplyType", ""), "SORV1") << "a class without products";
-    EXPECT_TRUE(session_.IsUserCodeInUse("dSilencerType", "SORV1"));
-    EXPECT_FALSE(session_.IsUserCodeInUse("dSilencerType", "sorv1"));
-    for (const int unread : {1, 2}) {
+}
+
+TEST_F(UserCodeDialog, CodesAreReadUpToTheOneInUse) {
+    OpenSampleWith("</KPDClass>", "<Part><UserCode/></Part><Part><UserCode>SORV2</UserCode></Part></KPDClass>");
+    const struct {
+        const char* code;
+        bool inUse;
+        int failing;  // the call of the server that fails, 0 for none
+        size_t reads;
+    } cases[] = {{"SORV1", true, 0, 2}, {"SORV2", true, 0, 4}, {"sorv1", false, 0, 4}, {"free", true, 1, 1},
+                 {"free", true, 3, 4},  {"SORV1", true, 3, 2}, {"SORV2", true, 2, 4}};
+    for (const auto& c : cases) {
         bench::ClearFailures();
-        bench::FailCall("IKlimora200805::getPartAtt", unread, 5);
-        EXPECT_TRUE(session_.IsUserCodeInUse("dSilencerType", "free")) << "the count or a code is not known";
+        bench::ClearJournal();
+        if (c.failing > 0) bench::FailCall("IKlimora200805::getPartAtt", c.failing, 5);
+        EXPECT_EQ(session_.IsUserCodeInUse("dSilencerType", c.code), c.inUse) << c.code << c.failing;
+        EXPECT_EQ(Calls("IKlimora200805::getPartAtt").size(), c.reads) << c.code << c.failing;
     }
+    EXPECT_EQ(session_.ProposeUserCode("dSilencerType", ""), "SORV3") << "all codes, past the empty one";
 }
 
 }  // namespace
