@@ -2,8 +2,8 @@
 
 #include "KL_Conn.h"
 
+#include <algorithm>
 #include <cstring>
-#include <set>
 
 #include "ModuleNames.h"
 
@@ -31,10 +31,10 @@ bool KlConn::ReadUserCodes(const std::string& className, std::vector<std::string
 std::string KlConn::ProposeUserCode(const std::string& className, const std::string& suffix) {
     std::vector<std::string> codes;
     ReadUserCodes(className, codes, nullptr);
-    const std::set<std::string> used(codes.begin(), codes.end());
+    std::sort(codes.begin(), codes.end());
     for (int n = 1;; ++n) {
         std::string candidate = "SORV" + std::to_string(n) + suffix;
-        if (used.count(candidate) == 0) return candidate;
+        if (!std::binary_search(codes.begin(), codes.end(), candidate)) return candidate;
     }
 }
 
@@ -49,17 +49,14 @@ bool KlConn::IsUserCodeInUse(const std::string& className, const std::string& co
 int KlConn::ExportRecords(ticpp::Element* parent, const char* listName, const char* elementName,
                           const std::string& path, const std::vector<std::string>& names) {
     if (!parent) return -1;
-    std::vector<Record> records;
-    const int result = GetAttributes("", path, names, records);
     // An insertion copies, so each element is inserted while it is empty.
     ticpp::Element* const list = parent->InsertEndChild(ticpp::Element(listName));
     const ticpp::Element empty(elementName);
-    for (const Record& record : records) {
+    return ForEachRecord(path, names, [&](const Record& record) {
         ticpp::Element* const element = list->InsertEndChild(empty);
         for (const auto& [name, value] : record)
             element->SetAttribute(name, value);
-    }
-    return result;
+    });
 }
 
 int KlConn::ExportExistingDevices(ticpp::Element* parent, const char* commandName) {

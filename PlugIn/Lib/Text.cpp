@@ -18,9 +18,14 @@ std::wstring Widen(std::string_view text) {
 }
 
 std::string Narrow(std::wstring_view text) {
-    std::string narrow(text.size() * 3, '\0');  // the most that a code page of a system needs
-    const int written = WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), narrow.data(),
-                                            static_cast<int>(narrow.size()), nullptr, nullptr);
-    narrow.resize(static_cast<size_t>(written));
+    const size_t most = text.size() * 3;  // what a code page of a system needs
+    const auto convert = [&](char* to) {
+        return static_cast<size_t>(WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), to,
+                                                       static_cast<int>(most), nullptr, nullptr));
+    };
+    char few[256];
+    if (most <= sizeof few) return std::string(few, convert(few));
+    std::string narrow(most, '\0');
+    narrow.resize(convert(narrow.data()));
     return narrow;
 }

@@ -14,9 +14,9 @@
 #include "dbhandle.h"
 
 #include "Lib/ExceptionReport.h"
+#include "Lib/FormatText.h"
 #include "Lib/Handles.h"
 #include "Lib/Text.h"
-#include "Util/XmlTextBuilder.h"
 
 namespace {
 
@@ -172,6 +172,11 @@ std::string ReplaceAll(const std::string& text, const std::string& search, const
 
 int KLComUtils::GetAttributes(const std::string& /*part*/, const std::string& path,
                               const std::vector<std::string>& names, std::vector<Record>& records) {
+    return ForEachRecord(path, names, [&](const Record& record) { records.push_back(record); });
+}
+
+int KLComUtils::ForEachRecord(const std::string& path, const std::vector<std::string>& names,
+                              const std::function<void(const Record&)>& take) {
     if (!server_) return -1;
     try {
         if (path.find('/') == std::string::npos) throw "Can't find '/' in a parent path " + path;
@@ -181,7 +186,7 @@ int KLComUtils::GetAttributes(const std::string& /*part*/, const std::string& pa
             Record record;
             for (const std::string& name : names)
                 record[ReplaceAll(name, "/", "_")] = GetPartAtt("", element + name, true);
-            records.push_back(std::move(record));
+            take(record);
         }
         return 0;
     } catch (...) {
@@ -200,9 +205,8 @@ int KLComUtils::BinVariableSetData(int variable, const void* data, int size) {
 int KLComUtils::SendBinVariableData(int variable, const void* data, int size) {
     const char* bytes = static_cast<const char*>(data);
     for (int offset = 0; offset < size; offset += kChunkSize) {
-        XmlTextBuilder hex;
-        hex.AppendHex(bytes + offset, static_cast<size_t>(std::min(kChunkSize, size - offset)));
-        const int result = Server()->setBinVariableData(variable, offset, hex.Text().c_str());
+        const std::string hex = HexText(bytes + offset, static_cast<size_t>(std::min(kChunkSize, size - offset)));
+        const int result = Server()->setBinVariableData(variable, offset, hex.c_str());
         if (result != 0) return result;
     }
     return 0;

@@ -8,6 +8,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -62,6 +63,9 @@ class KLComUtils {
     // reads name the project.
     int GetAttributes(const std::string& part, const std::string& path, const std::vector<std::string>& names,
                       std::vector<Record>& records);
+    // The same, each record when it was read.
+    int ForEachRecord(const std::string& path, const std::vector<std::string>& names,
+                      const std::function<void(const Record&)>& take);
 
     // Copies memory (at least 1 byte) or a file into a binary variable of the server. -4 bad argument, -6 file cannot
     // be opened, -7 no memory, -8 short read, or the server's code for the chunk that failed.

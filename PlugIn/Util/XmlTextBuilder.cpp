@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr size_t kReserve = 1024;
-
 const char* EntityOf(char character) {
     switch (character) {
         case '&':
@@ -39,16 +37,6 @@ std::string EscapeText(const std::string& text) {
 }
 
 }  // namespace
-
-void XmlTextBuilder::Append(const char* text) {
-    if (text) Append(std::string_view(text));
-}
-
-void XmlTextBuilder::Append(std::string_view text) {
-    const size_t needed = text_.size() + text.size();
-    if (text_.capacity() < needed) text_.reserve(needed + kReserve);
-    text_ += text;
-}
 
 void XmlTextBuilder::AppendFormat(const char* format, ...) {
     va_list arguments;

@@ -11,8 +11,13 @@
 class XmlTextBuilder {
  public:
     // A null text or format adds nothing.
-    void Append(const char* text);
-    void Append(std::string_view text);
+    void Append(const char* text) {
+        if (text) Append(std::string_view(text));
+    }
+    void Append(std::string_view text) {
+        Reserve(text.size());
+        text_ += text;
+    }
     PRINTF_FORMAT(format, 2, 3) void AppendFormat(const char* format, ...);
     // Two upper-case hexadecimal digits a byte, high nibble first.
     void AppendHex(const void* bytes, size_t count);
@@ -35,6 +40,10 @@ class XmlTextBuilder {
         return std::is_arithmetic_v<Argument> || std::is_pointer_v<Argument> || std::is_enum_v<Argument>;
     }
     static std::string EscapeFormat(const char* format, ...);
+    void Reserve(size_t more) {
+        const size_t needed = text_.size() + more;
+        if (text_.capacity() < needed) text_.reserve(needed + 1024);
+    }
 
     std::string text_;
 };
