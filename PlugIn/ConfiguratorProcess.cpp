@@ -77,7 +77,7 @@ bool PumpMessages() {
 }  // namespace
 
 std::string KlConn::ConfiguratorAddress() const {
-    const ticpp::Element* duct = document_.FirstChildElement()->FirstChildElement("duct");
+    const ticpp::Element* duct = document_->FirstChildElement()->FirstChildElement("duct");
     std::string address = kConfiguratorAddress + ("?action=ljudprog&klsid=" + sessionId_);
     for (const DuctAttribute& attribute : kDuctAttributes) {
         if (duct->HasAttribute(attribute.name)) address += attribute.addressKey + duct->GetAttribute(attribute.name);

@@ -101,7 +101,9 @@ void Store(char (&buffer)[size], const std::string& text) {
 
 // ---- Life ----------------------------------------------------------------------------------------------------------
 
-KlConn::KlConn() : document_("SorvikKlimora"), statistics_(3, L"sorvik-autocad-plugin", L"Tq7#pL2~vK9$wR4:xM8!") {
+KlConn::KlConn()
+    : document_(new ticpp::Document("SorvikKlimora")),
+      statistics_(3, L"sorvik-autocad-plugin", L"Tq7#pL2~vK9$wR4:xM8!") {
     // From now on every report goes to the debug log and none opens a message box.
     SetReportLevels(0x1081, 0x1081, 0x3080, 0x0080);
     kbsetwarningmode(0);
@@ -131,7 +133,7 @@ int KlConn::Initialize() {
         oleInitialized_ = SUCCEEDED(OleInitialize(nullptr));
         if (sessionId_.empty()) MakeSessionId();
         MakeWorkingFolder();
-        if (!document_.FirstChildElement(false)) document_.InsertEndChild(ticpp::Element("SorvikKlimora"));
+        if (!document_->FirstChildElement(false)) document_->InsertEndChild(ticpp::Element("SorvikKlimora"));
         currentDevice_ = nullptr;
         result = 0;
     } catch (...) {
@@ -199,21 +201,21 @@ int KlConn::FetchResult(const char* address, const std::string& resultFile) {
 }
 
 int KlConn::GetResultsFromConfigurator(const char* address) {
-    ticpp::Document answer;
+    auto answer = std::make_unique<ticpp::Document>();
     const int result = TellingWhatFails("Failed to get results from webserver.", 359, [&] {
         const std::string resultFile = FilePath(kResultFile);
         if (FetchResult(address, resultFile) < 0) return -1;
-        answer.Parse(ReadXmlFile(resultFile), resultFile);
-        return AskAboutResult(*answer.FirstChildElement());
+        answer->Parse(ReadXmlFile(resultFile), resultFile);
+        return AskAboutResult(*answer->FirstChildElement());
     });
     if (result < 0) return result;
     return TellingWhatFails("Failed to get results from configurator.", 398,
-                            [&] { return TakeDevice(*answer.FirstChildElement()); });
+                            [&] { return TakeDevice(std::move(answer)); });
 }
 
-int KlConn::TakeDevice(const ticpp::Element& resultRoot) {
-    currentDevice_ = nullptr;
-    currentDevice_ = document_.ReplaceChild(Root(), resultRoot)->FirstChildElement("device", false);
+int KlConn::TakeDevice(std::unique_ptr<ticpp::Document> answer) {
+    document_ = std::move(answer);
+    currentDevice_ = Root()->FirstChildElement("device", false);
     if (currentDevice_) return 0;
     PrintCommandLine("\n%s: Can not find product data in output.xml", kDisplayName);
     return -1;

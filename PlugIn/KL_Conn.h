@@ -6,6 +6,7 @@
 
 #include <windows.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -69,7 +70,7 @@ class KlConn : public KLComUtils {
     int InstallSilencer();
 
     // Throws before Initialize.
-    ticpp::Element* Root() { return document_.FirstChildElement(); }
+    ticpp::Element* Root() { return document_->FirstChildElement(); }
     // Null until a result was read.
     ticpp::Element* CurrentDevice() const { return currentDevice_; }
     const std::string& SessionId() const { return sessionId_; }
@@ -81,7 +82,7 @@ class KlConn : public KLComUtils {
     std::string FilePath(const char* name) const { return std::string(workingFolder_) + "/" + name; }
     bool UsesLocalData(const std::string& resultFile) const;
     int FetchResult(const char* address, const std::string& resultFile);
-    int TakeDevice(const ticpp::Element& resultRoot);
+    int TakeDevice(std::unique_ptr<ticpp::Document> answer);
     int QueueInsertCommand(const std::string& command);
     void RecordInsertion(const std::string& className, const std::string& productFamilyKey);
 
@@ -92,7 +93,7 @@ class KlConn : public KLComUtils {
     int ExportRecords(ticpp::Element* parent, const char* listName, const char* elementName, const std::string& path,
                       const std::vector<std::string>& names);
 
-    ticpp::Document document_;
+    std::unique_ptr<ticpp::Document> document_;
     ticpp::Element* currentDevice_ = nullptr;
     long serial_ = 20100801;  // kept for those who look for it; nothing here reads it
     char workingFolder_[300] = "";
