@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <new>
 #include <string_view>
 
 #include "Lib/Text.h"
@@ -11,7 +12,8 @@ BStr::BStr(const char* text) {
     if (!text) return;
     const size_t length = std::strlen(text) + 1;
     reset(SysAllocStringLen(nullptr, static_cast<UINT>(length)));
-    if (!get()) return;
+    // Without its text a call would ask for something else.
+    if (!get()) throw std::bad_alloc();
     const int written = MultiByteToWideChar(CP_ACP, 0, text, -1, get(), static_cast<int>(length));
     std::fill(get() + written, get() + length, L'\0');
 }
