@@ -2,6 +2,7 @@
 
 #include <map>
 #include <mutex>
+#include <sstream>
 #include <utility>
 
 namespace bench {
@@ -45,12 +46,6 @@ std::string OneLine(const std::string& text) {
     return line;
 }
 
-bool Counts(const PlannedFailure& failure, const std::string& name) {
-    const size_t star = failure.name.find('*');
-    return failure.name.empty() ||
-           (star == std::string::npos ? name == failure.name : name.compare(0, star, failure.name, 0, star) == 0);
-}
-
 }  // namespace
 
 Call::Call(const char* name, const std::string& arguments) : quiet_(quietDepth > 0) {
@@ -60,9 +55,9 @@ Call::Call(const char* name, const std::string& arguments) : quiet_(quietDepth >
     for (const PlannedFailure& failure : state->failures) {
         int ordinal = 0;
         for (const auto& [called, times] : state->callsByName)
-            if (Counts(failure, called)) ordinal += times;
+            if (NameFits(called, failure.name)) ordinal += times;
         const bool reached = failure.fromThereOn ? ordinal >= failure.ordinal : ordinal == failure.ordinal;
-        if (!reached || !Counts(failure, name)) continue;
+        if (!reached || !NameFits(name, failure.name)) continue;
         fails_ = true;
         code_ = failure.code;
         poisons_ = failure.poisonsOutputs;
@@ -113,6 +108,15 @@ void ClearJournal() {
 
 void Note(const std::string& text) {
     Locked()->journal.push_back(OneLine(text));
+}
+
+bool NameFits(const std::string& name, const std::string& pattern) {
+    std::istringstream alternatives(pattern);
+    for (std::string one; std::getline(alternatives, one, '|');) {
+        const size_t star = one.find('*');
+        if (star == std::string::npos ? name == one : name.compare(0, star, one, 0, star) == 0) return true;
+    }
+    return pattern.empty();
 }
 
 void FailCalls(const PlannedFailure& failure) {

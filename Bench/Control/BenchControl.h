@@ -60,13 +60,15 @@ BENCH_CONTROL_API void Note(const std::string& text);
 
 // Failure plan. Calls count from 1, since the plan was last cleared. How a call fails is its stand-in's matter: a null
 // handle, a code, a failing HRESULT, a connection that is refused.
+// Patterns of names: "kbsaverec"; "kb*|ddk*", all that begin so; empty, all.
 struct PlannedFailure {
-    std::string name;          // which calls count: "kbsaverec"; "kb*", all that begin so; empty, all
+    std::string name;          // which calls count, a pattern
     int ordinal = 1;           // the n-th of them fails
     std::optional<long> code;  // none: the usual one of the call
     bool fromThereOn = false;  // and so does every later one
     bool poisonsOutputs = false;
 };
+BENCH_CONTROL_API bool NameFits(const std::string& name, const std::string& pattern);
 BENCH_CONTROL_API void FailCalls(const PlannedFailure& failure);
 BENCH_CONTROL_API void FailCall(int ordinal);
 BENCH_CONTROL_API void FailCall(const char* name, int ordinal);

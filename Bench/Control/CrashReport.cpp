@@ -3,6 +3,9 @@
 #include <windows.h>
 
 #include <cstdio>
+#include <string>
+
+#include "BenchControl.h"
 
 namespace bench {
 namespace {
@@ -25,14 +28,18 @@ void PrintPlace(DWORD64 address) {
 
 LONG WINAPI Report(EXCEPTION_POINTERS* exception) {
     std::fflush(nullptr);  // what the program had printed is wanted too
-    std::printf("\nbench: crashed with exception %08lx at\n", exception->ExceptionRecord->ExceptionCode);
+    std::string step;
+    for (const std::string& line : Journal())
+        if (line.compare(0, 3, "-- ") == 0) step = line.substr(2);
+    std::printf("\nbench: crashed%s with exception %08lx at\n", step.c_str(),
+                exception->ExceptionRecord->ExceptionCode);
     CONTEXT context = *exception->ContextRecord;
-    for (int depth = 0; depth < kDeepest && context.Rip; ++depth) {
+    for (int depth = 0; depth < kDeepest && (context.Rip || depth == 0); ++depth) {
         PrintPlace(context.Rip);
         DWORD64 base = 0;
         PRUNTIME_FUNCTION function = RtlLookupFunctionEntry(context.Rip, &base, nullptr);
         if (!function) {
-            // A function without unwind data only pushed its return address.
+            // A function without unwind data, or a call of none, only pushed its return address.
             context.Rip = *reinterpret_cast<DWORD64*>(context.Rsp);
             context.Rsp += sizeof(DWORD64);
             continue;

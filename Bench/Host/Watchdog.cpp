@@ -31,7 +31,7 @@ void Watchdog::Watch() {
         if (step_.empty()) {
             changed_.wait(lock, moved);
         } else if (!changed_.wait_for(lock, std::chrono::seconds(seconds_), moved)) {
-            std::printf("\nbenchcad: waited %d seconds for %s, in vain.\n", seconds_, step_.c_str());
+            std::printf("\nbench: waited %d seconds for %s, in vain.\n", seconds_, step_.c_str());
             std::fflush(stdout);
             TerminateProcess(GetCurrentProcess(), kHung);
         }

@@ -30,6 +30,7 @@ TEST(FailurePlan, MeansOneCallOrEveryoneFromItOn) {
     EXPECT_EQ(Outcomes({"kba", 2, -7, false, false}, names), "---F--");
     EXPECT_EQ(Outcomes({"kb*", 2, 1, false, true}, names), "--P---");
     EXPECT_EQ(Outcomes({"kb*", 2, {}, true, false}, names), "--FF-F");
+    EXPECT_EQ(Outcomes({"kbb|ac*", 2, {}, true, false}, names), "--F-F-");
 }
 
 TEST(FailurePlan, LeavesAStandInsOwnCallsAlone) {

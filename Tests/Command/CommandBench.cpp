@@ -35,6 +35,11 @@ std::string TemporaryFolder() {
     return path;
 }
 
+void ReplaceAll(std::string& text, const std::string& what, const std::string& with) {
+    for (size_t at = text.find(what); !what.empty() && at != std::string::npos; at = text.find(what, at + with.size()))
+        text.replace(at, what.size(), with);
+}
+
 // The switch of the server's file access check belongs to the configurator's end, not to the project's contents.
 std::string WithoutAccessFlag(std::string project) {
     const std::string start = "<noPrjFileAccessCheck>", end = "</noPrjFileAccessCheck>";
@@ -181,6 +186,23 @@ std::string CommandBench::Surroundings() const {
            bench::SystemVariable("CMDECHO") + "\n-- temporary folder\n" + TemporaryFolders() + "-- data folder\n" +
            FolderList(ModuleFolder() + "/Sorvik/*") + "-- main window " +
            (IsWindowEnabled(bench::MainWindow()) ? "enabled" : "disabled");
+}
+
+std::vector<std::string> CommandBench::MaskedJournal() const {
+    const std::string session = SessionId();
+    std::string folder;
+    for (const std::string& call : Calls("ddk_opendatabase '"))
+        folder = call.substr(0, call.find("/output.ddk"));
+    std::vector<std::string> journal = bench::Journal();
+    for (std::string& line : journal) {
+        ReplaceAll(line, session, "{session}");
+        ReplaceAll(line, folder, "{folder}");
+        for (const char* name : {"acedSSName ", "acedSSFree "}) {
+            const size_t length = std::char_traits<char>::length(name);
+            if (line.compare(0, length, name) == 0) line.replace(length, line.find(' ', length) - length, "{set}");
+        }
+    }
+    return journal;
 }
 
 std::string CommandBench::TemporaryFolders() {

@@ -26,6 +26,9 @@ inline bench::WebServer& TheWebServer() {
 }
 
 class CommandBench : public testing::Test {
+ public:
+    static std::string TemporaryFolders();  // working folders that lie in the temporary folder, a line each
+
  protected:
     CommandBench();
     ~CommandBench() override;
@@ -76,13 +79,15 @@ class CommandBench : public testing::Test {
     static std::string Reported(const std::string& message, const std::string& place, const std::string& text);
 
     bench::Robot& robot() { return robot_; }
-    static std::string TemporaryFolders();  // working folders that lie in the temporary folder, a line each
     static std::string ModuleFolder();
     static std::string Title();  // display name, blank, version
 
- private:
     std::string Surroundings() const;  // everything that a failed command must leave as it was
+    // The journal with what differs from run to run (session identifier, working folder, number of the selection set)
+    // under a name of its own.
+    std::vector<std::string> MaskedJournal() const;
 
+ private:
     bench::Robot robot_;
     std::string before_;
 };

@@ -11,25 +11,32 @@
 #include <string>
 #include <vector>
 
+// Every function that a module imports by its name: visit(library, name, place), with the place of its address.
+template <class Visit>
+void ForEachImport(HMODULE module, Visit visit) {
+    char* const base = reinterpret_cast<char*>(module);
+    const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
+    const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
+    const auto& directory = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
+    const auto* from = reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress);
+    for (; from->Name; ++from) {
+        const auto* names = reinterpret_cast<const IMAGE_THUNK_DATA*>(base + from->OriginalFirstThunk);
+        auto* slots = reinterpret_cast<IMAGE_THUNK_DATA*>(base + from->FirstThunk);
+        for (size_t i = 0; names[i].u1.AddressOfData; ++i) {
+            if (IMAGE_SNAP_BY_ORDINAL(names[i].u1.Ordinal)) continue;
+            const auto* import = reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(base + names[i].u1.AddressOfData);
+            visit(base + from->Name, reinterpret_cast<const char*>(import->Name), &slots[i].u1.Function);
+        }
+    }
+}
+
 class ImportPatch {
  public:
     template <class Function>
     ImportPatch(const char* name, Function* replacement, HMODULE module = GetModuleHandleW(nullptr)) {
-        char* const base = reinterpret_cast<char*>(module);
-        const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-        const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
-        const auto& directory = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-        const auto* from = reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress);
-        for (; from->Name; ++from) {
-            const auto* names = reinterpret_cast<const IMAGE_THUNK_DATA*>(base + from->OriginalFirstThunk);
-            auto* slots = reinterpret_cast<IMAGE_THUNK_DATA*>(base + from->FirstThunk);
-            for (size_t i = 0; names[i].u1.AddressOfData; ++i) {
-                if (IMAGE_SNAP_BY_ORDINAL(names[i].u1.Ordinal)) continue;
-                const auto* import = reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(base + names[i].u1.AddressOfData);
-                if (std::strcmp(reinterpret_cast<const char*>(import->Name), name) != 0) continue;
-                slots_.push_back({&slots[i].u1.Function, slots[i].u1.Function});
-            }
-        }
+        ForEachImport(module, [&](const char*, const char* import, ULONGLONG* place) {
+            if (std::strcmp(import, name) == 0) slots_.push_back({place, *place});
+        });
         // A patch that patches nothing would let a test pass for the wrong reason.
         if (slots_.empty()) throw std::logic_error(std::string(name) + " is not imported");
         for (const Slot& slot : slots_)

@@ -1,0 +1,56 @@
+// The whole command once for every call that it makes to a neighbour, with that call failing: whatever fails, the
+// command ends by itself, says so, leaves nothing behind, and the next one is as if nothing had been.
+#include <functional>
+
+#include "SweepBench.h"
+
+namespace {
+
+class FaultSweep : public SweepBench {
+ protected:
+    void Meddle() override {
+        if (meddle_) meddle_();
+    }
+    std::function<void()> meddle_;
+};
+
+TEST_F(FaultSweep, AnyCallMayFail) {
+    LearnHealthyRun();
+    EXPECT_EQ(UnlikeAHealthyRun(outcomeWithProgram()), "") << "the configurator's program does more than its stand-in";
+    const std::vector<bench::PlannedFailure> calls = EveryCall();
+    ASSERT_GT(calls.size(), 80u);
+    for (const bench::PlannedFailure& call : calls)
+        Plant(call);
+}
+
+// The sweep's own eyes: what a worse module would leave behind or keep from the user.
+TEST_F(FaultSweep, WhatARunLeavesBehindIsNoticed) {
+    const bench::PlannedFailure failure = {"kbsaverec", 1, {}};
+    EXPECT_EQ(WhatIsWrong(failure), std::vector<std::string>{});
+    const struct {
+        std::function<void()> left;
+        const char* noticed;
+    } cases[] = {
+        {[] { bench::SetSystemVariable("CMDECHO", "0"); }, "changed something: expected '-- CMDECHO 1'"},
+        {[] { EnableWindow(bench::MainWindow(), FALSE); }, "changed something: expected '-- main window enabled'"},
+        {[] { bench::EraseEntity("2A4"); }, "changed something"},
+        {[] { bench::CloseProject(); }, "changed something"},
+        {[] { bench::Owe("open object", "2A3"); }, "Still owed: open object 2A3."},
+        {[] { bench::Accuse("It was closed twice."); }, "Accusation: It was closed twice."},
+        {[] { bench::SetProduct("AutoCAD LT", 24, 1); }, "not like a healthy one: expected 'KlimoraPluginsStatistics"}};
+    for (const auto& c : cases) {
+        meddle_ = c.left;
+        const std::string wrong = testing::PrintToString(WhatIsWrong(failure));
+        EXPECT_NE(wrong.find(c.noticed), std::string::npos) << c.noticed << "\n" << wrong;
+        bench::SetSystemVariable("CMDECHO", "1");
+        EnableWindow(bench::MainWindow(), TRUE);
+        bench::SetProduct("AutoCAD", 24, 1);
+    }
+}
+
+TEST_F(FaultSweep, SilenceIsNoticed) {
+    meddle_ = bench::ClearTranscript;
+    EXPECT_EQ(WhatIsWrong({"kbsaverec", 1, {}}), std::vector<std::string>{"It said nothing to the user."});
+}
+
+}  // namespace

@@ -1,0 +1,295 @@
+#include "SweepBench.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <sstream>
+
+#include "BenchKbase.h"
+#include "BenchTexts.h"
+#include "RequestTarget.h"
+
+namespace {
+
+constexpr int kHangSeconds = 60;
+constexpr ULONGLONG kLongestRun = 20000;  // ms
+
+// What a failure may do although the rule forbids it, and why.
+const Tolerance kTolerances[] = {
+    {Breach::kSilent, "AcTransactionManager::endTransaction", 0, "the command has done all, and can do nothing more"},
+    {Breach::kSilent, "KlimoraPlugins*", 0, "the library tells the module nothing, and the product is in its place"},
+    {Breach::kSilent, "kbreleaserec|ddk_releasedatabase|kbclosedatabase|kbsetwarningmode", 0, "they have no result"},
+    {Breach::kSilent, "kbdeleterec", 0, "that there is no such record is the usual answer"},
+    {Breach::kSilent, "kbinsertatt", 0, "its result is not looked at: the record lacks the value"},
+    {Breach::kOther, "kbinsertatt", 0, "its result is not looked at: the record lacks the value"},
+    {Breach::kSilent, "acedSSGet|acedSSName|acdbGetObjectId", 0, "it counts as a pick that hits nothing"},
+    {Breach::kSilent, "acedSSFree", 0, "the set is given back, whatever AutoCAD answers"},
+    {Breach::kSilent, "adsw_acadMainWnd", 0, "dialogs have no owner then, and the main window stays enabled"},
+    {Breach::kSilent, "IKlimora200805::getVersion", 2, "a server without a version has no access check to set"},
+    {Breach::kOther, "IKlimora200805::manageProductData", 0,
+     "no failure unless negative; the insert command then tells that the product is not there"},
+    {Breach::kSilent, "acedGetVar|acedSetVar", 0, "only the echo of the queued command is touched"},
+    {Breach::kOther, "acedSetVar", 2, "AutoCAD refuses to take CMDECHO back"},
+    {Breach::kSilent, "acdbHostApp*|AcDbHostApp*", 0, "the usage event lacks the name of AutoCAD's product"},
+    {Breach::kChanged, "AcApDocManager::curDocument", 2, "the product is in the project alone, as the user is told"},
+    {Breach::kChanged, "AcApDocManager::sendString*", 0, "the product is in the project alone, as the user is told"}};
+
+using Launch = BOOL WINAPI(LPCSTR, LPSTR, LPSECURITY_ATTRIBUTES, LPSECURITY_ATTRIBUTES, BOOL, DWORD, LPVOID, LPCSTR,
+                           LPSTARTUPINFOA, LPPROCESS_INFORMATION);
+Launch* launchProgram = nullptr;
+bool startsProgram = true;
+PROCESS_INFORMATION ended = {};  // of a configurator that exported a product
+
+HANDLE Duplicate(HANDLE handle) {
+    HANDLE duplicate = nullptr;
+    DuplicateHandle(GetCurrentProcess(), handle, GetCurrentProcess(), &duplicate, 0, FALSE, DUPLICATE_SAME_ACCESS);
+    return duplicate;
+}
+
+void Request(const char* method, const std::string& text) {
+    const bench::RequestTarget target = bench::ParseRequestTarget(text);
+    bench::Call call(method, target.text());
+    call.result(TheWebServer().Answer(method, target, TheWebServer().Arrived(method, target)).status);
+}
+
+BOOL WINAPI LaunchConfigurator(LPCSTR program, LPSTR line, LPSECURITY_ATTRIBUTES process, LPSECURITY_ATTRIBUTES thread,
+                               BOOL inherit, DWORD flags, LPVOID environment, LPCSTR folder, LPSTARTUPINFOA startup,
+                               LPPROCESS_INFORMATION started) {
+    const bench::Call call("CreateProcessA", "");
+    if (call.fails()) {
+        SetLastError(ERROR_ACCESS_DENIED);
+        return FALSE;
+    }
+    if (startsProgram) {
+        const BOOL done =
+            launchProgram(program, line, process, thread, inherit, flags, environment, folder, startup, started);
+        if (!ended.hProcess) ended = {Duplicate(started->hProcess), Duplicate(started->hThread), 0, 0};
+        return done;
+    }
+    const std::string words = line;
+    const std::string address = words.substr(words.find('"') + 1, words.find("\" \"") - words.find('"') - 1);
+    Request("GET", address);
+    Request("POST",
+            "/klimora/choose?klsid=" + bench::ParseRequestTarget(address).Value("klsid") + "&product=SRC-250-900");
+    *started = {Duplicate(ended.hProcess), Duplicate(ended.hThread), 0, 0};
+    return TRUE;
+}
+
+void Crash() {
+    RaiseException(STATUS_NONCONTINUABLE_EXCEPTION, EXCEPTION_NONCONTINUABLE, 0, nullptr);
+}
+
+std::string FirstWord(const std::string& line) {
+    return line.substr(0, line.find(' '));
+}
+
+// The first line that differs, from either side.
+std::string Difference(const std::string& expected, const std::string& found) {
+    std::istringstream one(expected), other(found);
+    std::string line, counterpart;
+    for (;;) {
+        const bool more = static_cast<bool>(std::getline(one, line));
+        const bool moreFound = static_cast<bool>(std::getline(other, counterpart));
+        if (!more && !moreFound) return {};
+        if (more != moreFound || line != counterpart)
+            return "expected " + (more ? bench::Quoted(line) : "nothing more") + ", found " +
+                   (moreFound ? bench::Quoted(counterpart) : "nothing more");
+    }
+}
+
+void RemoveTemporaryFolders() {
+    std::istringstream names(CommandBench::TemporaryFolders());
+    std::error_code ignored;
+    for (std::string name; std::getline(names, name);)
+        std::filesystem::remove_all(std::filesystem::temp_directory_path() / name, ignored);
+}
+
+std::string Environment(const char* name) {
+    char value[256] = "";
+    GetEnvironmentVariableA(name, value, sizeof value);
+    return value;
+}
+
+}  // namespace
+
+SweepBench::SweepBench()
+    : launch_("CreateProcessA", LaunchConfigurator, module()),
+      abort_("abort", Crash, module()),
+      only_(Environment("SORVIK_FAIL")),
+      tolerances_(std::begin(kTolerances), std::end(kTolerances)) {
+    launchProgram = launch_.original<Launch>();
+    InTheConfigurator("choose SRC-250-900");
+    RemoveTemporaryFolders();  // of earlier programs
+}
+
+SweepBench::~SweepBench() {
+    if (!only_.empty() && planted_ == 0) ADD_FAILURE() << "no failure here is called " << only_;
+    robot().Reset();
+}
+
+std::string SweepBench::NameOf(const bench::PlannedFailure& failure) {
+    return failure.name + " " + std::to_string(failure.ordinal) +
+           (failure.code ? ", code " + std::to_string(*failure.code) : "") +
+           (failure.poisonsOutputs ? ", with garbage" : "") + (failure.fromThereOn ? ", from there on" : "");
+}
+
+std::vector<bench::PlannedFailure> SweepBench::EveryCall(const char* pattern) {
+    LearnHealthyRun();
+    std::vector<bench::PlannedFailure> failures;
+    std::map<std::string, int> times;
+    for (const std::string& name : calls_)
+        if (bench::NameFits(name, pattern)) failures.push_back({name, ++times[name], {}});
+    return failures;
+}
+
+bool SweepBench::Met(const bench::PlannedFailure& failure) const {
+    int times = 0;
+    for (const std::string& line : bench::Journal())
+        if (bench::NameFits(FirstWord(line), failure.name)) ++times;
+    return times >= failure.ordinal;
+}
+
+void SweepBench::UsualRun() {
+    StartOver();
+    bench::ClearAnswers();
+    robot().Reset();
+    Picks("2A3");
+    ConfirmsInsertion();
+    robot().Expect(bench::Dialog("Configurator").Press(IDOK));
+}
+
+void SweepBench::Reopen() {
+    bench::NewDrawing("Office.dwg");
+    std::string reason;
+    if (!bench::OpenProject("office.xml", reason)) ADD_FAILURE() << reason;
+}
+
+std::string SweepBench::Outcome() const {
+    std::string text;
+    for (const std::string& line : MaskedJournal())
+        text += line + "\n";
+    const bench::KbaseRecord record = bench::LastSavedRecord();
+    text += "-- record " + record.className + " " + record.key + "\n";
+    for (const auto& [number, attribute] : record.attributes)
+        text += std::to_string(number) + " " + bench::Hex(attribute.bytes) + "\n";
+    return text + Surroundings() + "\n-- command line\n" + bench::Transcript();
+}
+
+void SweepBench::RunHealthily() {
+    UsualRun();
+    Run();
+}
+
+void SweepBench::LearnHealthyRun() {
+    if (!healthy_.empty()) return;
+    opened_ = Surroundings();
+    startsProgram = true;
+    RunHealthily();
+    withProgram_ = Outcome();
+    Reopen();
+    startsProgram = false;
+    RunHealthily();
+    healthy_ = Outcome();
+    after_ = Surroundings();
+    for (const std::string& line : bench::Journal())
+        if (line.compare(0, 2, "--") != 0) calls_.push_back(FirstWord(line));
+    Reopen();
+}
+
+std::string SweepBench::UnlikeAHealthyRun(const std::string& outcome) const {
+    return Difference(healthy_, outcome);
+}
+
+bool SweepBench::SaidAWord() {
+    for (const bench::SeenDialog& seen : robot().Seen())
+        if (seen.caption.compare(0, sizeof kName - 1, kName) == 0) return true;
+    return Printed().find(kName) != std::string::npos || Printed().find("KlimComSrvImpl::") != std::string::npos;
+}
+
+// At a second prompt, which he gets when his pick does not suit; or in the configurator, which tells him itself that
+// its requests failed.
+bool SweepBench::EndedByUser() const {
+    const std::vector<std::string> choices = Calls("POST ");
+    const bool exported = !choices.empty() && choices[0].find(" -> 200") != std::string::npos;
+    return CountOf("acedSSGet") > 1 || (CountOf("GET /klimora?") > 0 && !exported);
+}
+
+// The calls of a healthy run that the failure concerns.
+std::vector<bench::PlannedFailure> SweepBench::Concerned(const bench::PlannedFailure& failure) const {
+    std::vector<bench::PlannedFailure> concerned;
+    std::map<std::string, int> times;
+    int reached = 0;
+    for (const std::string& name : calls_) {
+        const int ordinal = ++times[name];
+        if (!bench::NameFits(name, failure.name) || ++reached < failure.ordinal) continue;
+        concerned.push_back({name, ordinal, {}});
+        if (!failure.fromThereOn) break;
+    }
+    return concerned;
+}
+
+bool SweepBench::Tolerated(Breach breach, const bench::PlannedFailure& call) const {
+    return std::any_of(tolerances_.begin(), tolerances_.end(), [&](const Tolerance& one) {
+        return one.breach == breach && (one.ordinal == 0 || one.ordinal == call.ordinal) &&
+               bench::NameFits(call.name, one.calls);
+    });
+}
+
+std::vector<std::string> SweepBench::WhatIsWrong(const bench::PlannedFailure& failure) {
+    LearnHealthyRun();
+    std::vector<std::string> wrong;
+    const auto must = [&](bool holds, const std::string& sentence) {
+        if (!holds) wrong.push_back(sentence);
+    };
+    UsualRun();
+    startsProgram = failure.name.find("GET") == 0 || failure.name.find("POST") == 0;
+    bench::Note("-- SORVIK_FAIL='" + NameOf(failure) + "'");
+    watchdog_.Step("the run with SORVIK_FAIL='" + NameOf(failure) + "'", kHangSeconds);
+    const ULONGLONG start = GetTickCount64();
+    Arm(failure);
+    Run();
+    Disarm();
+    startsProgram = false;
+    Meddle();
+    must(GetTickCount64() - start < kLongestRun, "The run took longer than 20 seconds.");
+    must(Met(failure), "The run did not come to the failure.");
+    const bool committed = CountOf("AcTransactionManager::endTransaction") == 1;
+    const std::vector<bench::PlannedFailure> concerned = Concerned(failure);
+    const auto tolerates = [&](Breach breach) { return [=](const auto& call) { return Tolerated(breach, call); }; };
+    const std::string unlike = Difference(committed ? after_ : opened_, Surroundings());
+    must(unlike.empty() ||
+             std::any_of(concerned.begin(), concerned.end(), tolerates(committed ? Breach::kOther : Breach::kChanged)),
+         (committed ? "It committed something else: " : "It changed something: ") + unlike);
+    const bool mayBeSilent = EndedByUser() || bench::NameFits("acutPrintf", failure.name) ||
+                             std::all_of(concerned.begin(), concerned.end(), tolerates(Breach::kSilent));
+    must(SaidAWord() || mayBeSilent, "It said nothing to the user.");
+    for (const std::string& debt : Owed())
+        wrong.push_back("Still owed: " + debt + ".");
+    for (const std::string& sentence : bench::Accusations())
+        wrong.push_back("Accusation: " + sentence);
+    TakeBackWhatIsOwed();
+    bench::ClearAccusations();
+    RemoveTemporaryFolders();
+    if (!unlike.empty() || committed) Reopen();
+
+    watchdog_.Step("the healthy run after SORVIK_FAIL='" + NameOf(failure) + "'", kHangSeconds);
+    RunHealthily();
+    watchdog_.Step({}, 0);
+    const std::string difference = UnlikeAHealthyRun(Outcome());
+    must(difference.empty(), "The next run is not like a healthy one: " + difference);
+    Reopen();
+    return wrong;
+}
+
+void SweepBench::Plant(const bench::PlannedFailure& failure) {
+    if (!only_.empty() && only_ != NameOf(failure)) return;
+    ++planted_;
+    const std::vector<std::string> wrong = WhatIsWrong(failure);
+    if (wrong.empty()) return;
+    std::string text;
+    for (const std::string& sentence : wrong)
+        text += sentence + "\n";
+    const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
+    const std::string suite = test->test_suite_name();
+    ADD_FAILURE() << text << "again with: SORVIK_FAIL='" << NameOf(failure) << "' GTEST_FILTER=" << suite << "."
+                  << test->name() << " ./test " << (suite == "FaultSweep" ? "-R command_tests" : "long -R " + suite);
+}
