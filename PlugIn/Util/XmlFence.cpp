@@ -4,6 +4,8 @@
 #include <cctype>
 #include <cstdio>
 #include <cstring>
+#include <string_view>
+#include <vector>
 
 #include "ticpp.h"
 
@@ -97,12 +99,20 @@ class Walk {
             ++at_;
         return *at_ != '\0';
     }
-    bool PassAttribute() {
+    // The parser gives up at a second attribute of one name. `names` are those before.
+    bool PassAttribute(std::vector<std::string_view>& names) {
+        const char* const start = at_;
         if (!PassName()) return false;
+        const std::string_view name(start, static_cast<size_t>(at_ - start));
         SkipBlanks();
         if (*at_ != '=') return false;
         ++at_;
         SkipBlanks();
+        if (!PassValue() || std::find(names.begin(), names.end(), name) != names.end()) return false;
+        names.push_back(name);
+        return true;
+    }
+    bool PassValue() {
         if (*at_ == '"' || *at_ == '\'') {
             const char quote = *at_++;
             if (!PassTextTo(quote)) return false;
@@ -117,16 +127,29 @@ class Walk {
     bool PassStartTag() {
         const char* const tag = at_++;
         if (!PassName()) return false;
-        for (int attributes = 0;; ++attributes) {
+        const std::string_view name(tag + 1, static_cast<size_t>(at_ - tag - 1));
+        std::vector<std::string_view> attributes;
+        for (;;) {
             SkipBlanks();
             if (*at_ == '/') return *++at_ == '>' && *at_++;
             if (*at_ == '>') break;
-            if (attributes == kMostXmlAttributes) Refuse("More than 200 attributes in an element", at_);
-            if (!PassAttribute()) return false;
+            if (attributes.size() == kMostXmlAttributes) Refuse("More than 200 attributes in an element", at_);
+            if (!PassAttribute(attributes)) return false;
         }
         ++at_;
-        if (++level_ > kMostXmlLevels) Refuse("More than 200 levels of elements", tag);
+        if (open_.size() == kMostXmlLevels) Refuse("More than 200 levels of elements", tag);
+        open_.push_back(name);
         return true;
+    }
+    // The parser gives up at the end of another element than the open one.
+    bool PassEndTag() {
+        at_ += 2;
+        const std::string_view name = open_.back();
+        open_.pop_back();
+        if (std::strncmp(at_, name.data(), name.size()) != 0) return false;
+        at_ += name.size();
+        SkipBlanks();
+        return *at_ == '>' && *at_++;
     }
     // The declaration of a document without a mark says how its texts are coded.
     bool PassDeclaration() {
@@ -134,7 +157,7 @@ class Walk {
         const char* end = declaration.Parse(at_, nullptr, encoding_);
         if (!end) return false;
         at_ = end;
-        if (level_ > 0 || encoding_ != TIXML_ENCODING_UNKNOWN) return true;
+        if (!open_.empty() || encoding_ != TIXML_ENCODING_UNKNOWN) return true;
         std::string encoding = declaration.Encoding();
         std::transform(encoding.begin(), encoding.end(), encoding.begin(),
                        [](char c) { return static_cast<char>(std::tolower(static_cast<unsigned char>(c))); });
@@ -146,11 +169,8 @@ class Walk {
     bool PassNode() {
         SkipBlanks();
         if (!*at_) return false;
-        if (*at_ != '<') return level_ > 0 && PassTextTo('<');
-        if (level_ > 0 && at_[1] == '/') {
-            --level_;
-            return PassThrough(">");
-        }
+        if (*at_ != '<') return !open_.empty() && PassTextTo('<');
+        if (!open_.empty() && at_[1] == '/') return PassEndTag();
         if (at_[1] == '?' && std::tolower(at_[2]) == 'x' && std::tolower(at_[3]) == 'm' && std::tolower(at_[4]) == 'l')
             return PassDeclaration();
         if (StartsWith("<!--")) return (at_ += 4, PassThrough("-->"));
@@ -162,7 +182,7 @@ class Walk {
     const char* at_;
     const std::string& name_;
     TiXmlEncoding encoding_ = TIXML_ENCODING_UNKNOWN;
-    int level_ = 0;
+    std::vector<std::string_view> open_;  // names of the elements around the place, the innermost last
 };
 
 }  // namespace

@@ -7,8 +7,8 @@
 #include <string>
 
 inline constexpr size_t kMostXmlBytes = 16 * 1024 * 1024;
-inline constexpr int kMostXmlLevels = 200;      // of elements, one in the other
-inline constexpr int kMostXmlAttributes = 200;  // of one element
+inline constexpr size_t kMostXmlLevels = 200;      // of elements, one in the other
+inline constexpr size_t kMostXmlAttributes = 200;  // of one element
 
 // The file's text within the limits, ready for the parser. Throws ticpp::Exception when it cannot be read or is beyond
 // one.

@@ -77,6 +77,9 @@ TEST(XmlFence, SeesElementsWhereTheParserSeesThem) {
         {"<!-- </a> -->" + Repeated("<a><!-- </a> -->", 201), true},
         {Repeated("<a x='</a>'>", 201), true},
         {Repeated("<a>x</a >", 500), false},
+        {"<r></x>" + many, false},
+        {"<r></rr>" + many, false},
+        {"<r x='1' y='2' x='3'>" + many, false},
         {many + "\xE2", true},
         // In UTF-8 a lead byte takes what follows with it, as the parser has it; in other codings it does not.
         {"<?xml version='1.0'?><r x='\xE2x'><!--'>" + many, true},
