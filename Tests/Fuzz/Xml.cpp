@@ -1,0 +1,99 @@
+// A result file on its way in: the fence, the parser behind it, the readers of a record. The input is a list of edits
+// of a good result or of an empty text, so that short inputs are deep, wide, or nearly right.
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <algorithm>
+
+#include "AirDeviceData.h"
+#include "Fuzz.h"
+#include "ResultDocument.h"
+#include "Util/KLUtils_Text.h"
+#include "Util/XmlFence.h"
+
+namespace {
+
+constexpr char kPieces[] =
+    "<a>`</a>`<a/>`<a `</`/>`/`<`>`=`'`\"`&`&#x`&#`;`<!--`-->`<?p`?>`<!`<![CDATA[`]]>`x`1` `\n`\r`\x01`\x7F`\x80`\xC2`"
+    "\xE2`\xF0`\xEF\xBB\xBF`-9`99999999`1e999`a:b`<Qvmin>`<Shape>`<dLw>`<b>`</b>` x=1`<?xml version='1.0' "
+    "encoding='UTF-8'?>`<?xml encoding='x'?>";
+
+std::string Edited(FuzzedDataProvider& input) {
+    static const bench::Catalogue catalogue = bench::ReadCatalogue(SORVIK_CATALOGUE);
+    static const std::string good = bench::ResultDocument(catalogue, {"SRC-250-900"}, "http://x", {});
+    static const std::vector<std::string> pieces = KLUtils::Split(kPieces, "`");
+    std::string text = input.ConsumeBool() ? good : "";
+    for (int attribute = 0; input.remaining_bytes() && text.size() < 8000;) {
+        const uint8_t what = input.ConsumeIntegral<uint8_t>(), times = input.ConsumeIntegral<uint8_t>();
+        const size_t at = std::min<size_t>(input.ConsumeIntegral<uint16_t>(), text.size());
+        if (what == 0) text.erase(at, times);
+        for (int i = 0; i < times && what; ++i)
+            text.insert(at, what == 1 ? " n" + std::to_string(++attribute) + "='1'" : pieces[what % pieces.size()]);
+    }
+    return text;
+}
+
+// How far the parser went: the deepest element, the deepest that has something in it, the most attributes of one.
+struct Extent {
+    int level = 0, filledLevel = 0, attributes = 0;
+
+    void Measure(const TiXmlNode& parent, int at) {
+        for (const TiXmlElement* one = parent.FirstChildElement(); one; one = one->NextSiblingElement()) {
+            int count = 0;
+            for (const TiXmlAttribute* attribute = one->FirstAttribute(); attribute; attribute = attribute->Next())
+                ++count;
+            attributes = std::max(attributes, count);
+            level = std::max(level, at);
+            if (one->FirstChild()) filledLevel = std::max(filledLevel, at);
+            Measure(*one, at + 1);
+        }
+    }
+};
+
+template <class Record>
+void Read(const ticpp::Element& device, const char* name, Record (*read)(const ticpp::Element&)) {
+    try {
+        read(*device.FirstChildElement(name));
+    } catch (const ticpp::Exception&) {
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    static const int file = memfd_create("result", 0);
+    FuzzedDataProvider input(data, size);
+    std::string text = Edited(input), refusal;
+    if (ftruncate(file, 0) != 0 || pwrite(file, text.data(), text.size(), 0) < 0) std::abort();
+    text.append(3, '\0');
+    try {
+        Require(ReadXmlFile("/proc/self/fd/" + std::to_string(file)) == text, "the file is read whole");
+    } catch (const ticpp::Exception& exception) {
+        refusal = exception.m_details;
+    }
+    text.shrink_to_fit();  // so that a byte beyond is noticed
+    TiXmlDocument parsed;
+    parsed.Parse(text.c_str());
+    Extent extent;
+    extent.Measure(parsed, 1);
+    if (refusal.find(": More than 200 levels of elements (line ") != std::string::npos)
+        Require(extent.level > 200, "what is refused for its levels has more than 200");
+    else if (refusal.find(": More than 200 attributes in an element (line ") != std::string::npos)
+        Require(extent.attributes > 200 || (extent.attributes == 200 && parsed.Error()),
+                "what is refused for its attributes has more than 200");
+    else
+        Require(refusal.empty() && extent.filledLevel <= 200 && extent.attributes <= 200,
+                "what passes is in the limits");
+    if (!refusal.empty() || parsed.Error()) return 0;
+    ticpp::Document document;
+    document.Parse(text);
+    const ticpp::Element* root = document.FirstChildElement(false);
+    const ticpp::Element* device = root ? root->FirstChildElement("device", false) : nullptr;
+    if (!device) return 0;
+    Read(*device, "AirDeviceDimData", ReadDimensions);
+    Read(*device, "DpCurve", ReadPressureDropPoint);
+    Read(*device, "QvDpLwPoints", ReadAirflowSoundPoint);
+    Read(*device, "dLw", ReadSoundLevelDifference);
+    Read(*device, "Shape", ReadShape);
+    return 0;
+}
