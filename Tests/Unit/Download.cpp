@@ -172,9 +172,7 @@ TEST_F(DownloadTest, BrowserIsAskedOfTheShell) {
     EXPECT_EQ(asked.cbSize, sizeof asked);
     EXPECT_EQ(asked.fMask, static_cast<ULONG>(SEE_MASK_NOCLOSEPROCESS));
     EXPECT_EQ(asked.hwnd, owner);
-    EXPECT_STREQ(asked.lpVerb, "open");
-    EXPECT_STREQ(asked.lpFile, "http://example.invalid/a?b=c");
-    EXPECT_STREQ(asked.lpParameters, "");
+    EXPECT_EQ(std::string(asked.lpVerb) + " " + asked.lpFile + asked.lpParameters, "open http://example.invalid/a?b=c");
     EXPECT_EQ(asked.lpDirectory, nullptr);
     EXPECT_EQ(asked.nShow, 9);
     DWORD flags = 0;

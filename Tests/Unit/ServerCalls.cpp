@@ -227,37 +227,27 @@ std::string Line(const Operation& operation, const char* arguments, int result, 
            error + (operation.name == std::string("getPartAtt") ? "" : "\n");
 }
 
-TEST_F(RawServer, EachOperationReachesItsSlotAndGivesItsAnswer) {
-    g_raw.outcome = S_FALSE;
+TEST_F(RawServer, EachOperationReachesItsSlotAndGivesItsAnswerOrLeavesItsOutputs) {
     g_raw.code = 17;
-    for (const Operation& operation : kOperations) {
-        SCOPED_TRACE(operation.name);
-        g_out = Outputs();
-        KlimComSrvImpl connection;
-        EXPECT_EQ(operation.call(connection), 17) << "the server's own code comes back as it is";
-        EXPECT_EQ(g_raw.called, operation.called);
-        EXPECT_EQ(g_out.text, operation.gives == 't' ? "answer" : "poison");
-        EXPECT_EQ(g_out.x, operation.gives == 'r' || operation.gives == 'p' ? 1 : -7);
-        EXPECT_EQ(g_out.y, operation.gives == 'p' ? 2 : -7);
-        EXPECT_EQ(g_out.z, operation.gives == 'p' ? 3 : -7);
-        EXPECT_EQ(connection.lastTrace(), "") << "all switches are off";
-    }
-}
-
-TEST_F(RawServer, FailedCallGivesMinusTwoAndLeavesOutputs) {
-    g_raw.outcome = E_FAIL;
-    g_raw.code = 17;
-    for (const Operation& operation : kOperations) {
-        SCOPED_TRACE(operation.name);
-        g_out = Outputs();
-        KlimComSrvImpl connection;
-        connection.setTrace({false, true, false});
-        EXPECT_EQ(operation.call(connection), -2);
-        EXPECT_EQ(g_out.text, "poison");
-        EXPECT_TRUE(g_out.x == -7 && g_out.y == -7 && g_out.z == -7);
-        const char* arguments = operation.failedTrace ? operation.failedTrace : operation.trace;
-        EXPECT_EQ(connection.lastTrace(), Line(operation, arguments, -2, "reason"));
-        EXPECT_EQ(Printed(), connection.lastTrace() + "\n");
+    for (const bool fails : {false, true}) {
+        g_raw.outcome = fails ? E_FAIL : S_FALSE;
+        for (const Operation& operation : kOperations) {
+            SCOPED_TRACE(operation.name);
+            g_out = Outputs();
+            KlimComSrvImpl connection;
+            connection.setTrace({false, fails, false});
+            EXPECT_EQ(operation.call(connection), fails ? -2 : 17) << "the server's own code comes back as it is";
+            EXPECT_EQ(g_raw.called, operation.called);
+            const char gives = fails ? '-' : operation.gives;
+            EXPECT_EQ(g_out.text, gives == 't' ? "answer" : "poison");
+            EXPECT_EQ(g_out.x, gives == 'r' || gives == 'p' ? 1 : -7);
+            EXPECT_EQ(g_out.y, gives == 'p' ? 2 : -7);
+            EXPECT_EQ(g_out.z, gives == 'p' ? 3 : -7);
+            const char* arguments = operation.failedTrace ? operation.failedTrace : operation.trace;
+            const std::string line = fails ? Line(operation, arguments, -2, "reason") : "";
+            EXPECT_EQ(connection.lastTrace(), line);
+            EXPECT_EQ(Printed(), fails ? line + "\n" : "");
+        }
     }
 }
 

@@ -51,9 +51,7 @@ TEST(WindowHelpers, OpenFileDialogIsAskedForAnExistingFile) {
     EXPECT_EQ(askedFilter, std::string("Products\0*.kpd\0\0", 16));
     EXPECT_EQ(asked.nFilterIndex, 1u);
     EXPECT_EQ(asked.nMaxFile, 260u);
-    EXPECT_STREQ(asked.lpstrInitialDir, "C:\\data");
-    EXPECT_STREQ(asked.lpstrTitle, "Choose");
-    EXPECT_STREQ(asked.lpstrDefExt, "kpd");
+    EXPECT_EQ(asked.lpstrTitle + std::string(asked.lpstrInitialDir) + asked.lpstrDefExt, "ChooseC:\\datakpd");
     EXPECT_EQ(asked.Flags, 0x9804u);
 }
 
