@@ -92,8 +92,8 @@ int AskAboutResult(const ticpp::Element& resultRoot) {
 }
 
 template <size_t size>
-void Store(char (&buffer)[size], const std::string& text) {
-    std::strncpy(buffer, text.c_str(), size - 1);
+void Store(char (&buffer)[size], const char* text) {
+    std::strncpy(buffer, text, size - 1);
     buffer[size - 1] = '\0';
 }
 
