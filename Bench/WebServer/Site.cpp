@@ -123,6 +123,18 @@ void Site::Serve(const std::string& path, const std::string& body) {
     fixed_[path] = body;
 }
 
+void Site::ServeRaw(const std::string& path, const std::string& bytes) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    raw_[path] = bytes;
+}
+
+std::optional<std::string> Site::Raw(const RequestTarget& target) const {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    for (const auto& [path, bytes] : raw_)
+        if (StartsWith(target.path, path)) return bytes;
+    return std::nullopt;
+}
+
 void Site::PublishWith(const std::string& elementName, const std::string& text) {
     const std::lock_guard<std::mutex> lock(mutex_);
     rootTexts_.emplace_back(elementName, text);
@@ -137,6 +149,7 @@ void Site::Reset() {
     const std::lock_guard<std::mutex> lock(mutex_);
     troubles_.clear();
     fixed_.clear();
+    raw_.clear();
     rootTexts_.clear();
     instead_.clear();
 }

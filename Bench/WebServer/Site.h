@@ -4,6 +4,7 @@
 
 #include <map>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -41,6 +42,8 @@ class Site {
     void SetTrouble(const std::string& path, Trouble trouble);
     // A fixed answer for a path, instead of the catalogue's.
     void Serve(const std::string& path, const std::string& body);
+    // What is sent for paths that begin with `path`, head and body, whatever is asked for; then the connection closes.
+    void ServeRaw(const std::string& path, const std::string& bytes);
     // Edits to the result that is published for a choice: an element text of the root ("error", "warning"), or a whole
     // replacement of the result.
     void PublishWith(const std::string& elementName, const std::string& text);
@@ -53,6 +56,7 @@ class Site {
 
     // Once for each request as it arrives: notes it and tells its trouble.
     Trouble Arrived(const std::string& method, const RequestTarget& target);
+    std::optional<std::string> Raw(const RequestTarget& target) const;
     WebAnswer Answer(const std::string& method, RequestTarget target, Trouble trouble);
 
  private:
@@ -67,6 +71,7 @@ class Site {
     std::vector<std::string> requests_;
     std::map<std::string, Trouble> troubles_;
     std::map<std::string, std::string> fixed_;
+    std::map<std::string, std::string> raw_;
     std::map<std::string, std::vector<std::string>> choices_;  // by session identifier
     std::vector<std::pair<std::string, std::string>> rootTexts_;
     std::string instead_;

@@ -1,5 +1,6 @@
 #include "SpoiltStream.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <thread>
@@ -9,6 +10,7 @@ namespace {
 
 constexpr std::chrono::milliseconds kStall(300);
 constexpr std::chrono::milliseconds kBeforeReset(150);
+constexpr std::chrono::milliseconds kBetweenPieces(20);
 
 size_t AnnouncedLength(const std::string& head) {
     static const std::string name = "Content-Length:";
@@ -24,6 +26,7 @@ void SpoiltStream::Spoil(Trouble trouble) {
 }
 
 ssize_t SpoiltStream::write(const char* ptr, size_t size) {
+    if (ended_) return -1;
     if (trouble_ == Trouble::kNone) return stream_.write(ptr, size);
     if (trouble_ == Trouble::kRefused) return BreakOff();
     if (inBody_) return WriteHalf(ptr, size);
@@ -49,6 +52,13 @@ ssize_t SpoiltStream::WriteHalf(const char* ptr, size_t size) {
     std::this_thread::sleep_for(kStall);
     trouble_ = Trouble::kNone;
     return WriteAll(ptr + passing, size - passing) ? static_cast<ssize_t>(size) : -1;
+}
+
+void SpoiltStream::WriteInstead(const std::string& bytes) {
+    ended_ = true;
+    const size_t piece = bytes.size() / 10 + 1;
+    for (size_t at = 0; at < bytes.size() && WriteAll(&bytes[at], std::min(piece, bytes.size() - at)); at += piece)
+        std::this_thread::sleep_for(kBetweenPieces);
 }
 
 ssize_t SpoiltStream::BreakOff() const {

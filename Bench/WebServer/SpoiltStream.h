@@ -17,6 +17,8 @@ class SpoiltStream : public httplib::Stream {
 
     // From now on; troubles that are not the connection's business, but the answer's, change nothing.
     void Spoil(Trouble trouble);
+    // These bytes are written, in pieces with pauses, in place of the answer.
+    void WriteInstead(const std::string& bytes);
     // The trouble that was put on ends with a reset of the connection.
     static bool EndsWithReset(Trouble trouble) { return trouble == Trouble::kReset || trouble == Trouble::kRefused; }
 
@@ -36,6 +38,7 @@ class SpoiltStream : public httplib::Stream {
 
     httplib::Stream& stream_;
     Trouble trouble_ = Trouble::kNone;
+    bool ended_ = false;
     std::string head_;  // what was written up to the blank line, until the body begins
     bool inBody_ = false;
     size_t untilTrouble_ = 0;  // bytes of the body that still pass

@@ -25,6 +25,7 @@ void Arrive(Site& site, Exchange& exchange, const httplib::Request& request, Spo
     exchange.trouble = site.Arrived(request.method, exchange.target);
     if (exchange.call->fails()) exchange.trouble = Trouble::kRefused;
     stream.Spoil(exchange.trouble);
+    if (const auto raw = site.Raw(exchange.target)) stream.WriteInstead(*raw);
 }
 
 void Reply(Site& site, const httplib::Request& request, httplib::Response& response) {
@@ -66,6 +67,7 @@ class WebServer::Listener : private httplib::Server {
 
 WebServer::Listener::Listener(Site& site) : site_(site) {
     set_keep_alive_max_count(1);
+    set_write_timeout(60);
     const auto handle = [&site](const httplib::Request& request, httplib::Response& response) {
         Reply(site, request, response);
     };

@@ -1,5 +1,5 @@
 // A result file on its way in: the fence, the parser behind it, the readers of a record. The input is a list of edits
-// of a good result or of an empty text, so that short inputs are deep, wide, or nearly right.
+// of a good result or of one element, so that short inputs are deep, wide, or nearly right.
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -22,13 +22,16 @@ std::string Edited(FuzzedDataProvider& input) {
     static const bench::Catalogue catalogue = bench::ReadCatalogue(SORVIK_CATALOGUE);
     static const std::string good = bench::ResultDocument(catalogue, {"SRC-250-900"}, "http://x", {});
     static const std::vector<std::string> pieces = KLUtils::Split(kPieces, "`");
-    std::string text = input.ConsumeBool() ? good : "";
+    std::string text = input.ConsumeBool() ? good : "<a >";
     for (int attribute = 0; input.remaining_bytes() && text.size() < 8000;) {
-        const uint8_t what = input.ConsumeIntegral<uint8_t>(), times = input.ConsumeIntegral<uint8_t>();
-        const size_t at = std::min<size_t>(input.ConsumeIntegral<uint16_t>(), text.size());
-        if (what == 0) text.erase(at, times);
-        for (int i = 0; i < times && what; ++i)
-            text.insert(at, what == 1 ? " n" + std::to_string(++attribute) + "='1'" : pieces[what % pieces.size()]);
+        const uint8_t what = input.ConsumeIntegral<uint8_t>(), drawn = input.ConsumeIntegral<uint8_t>();
+        const int times = drawn < 64 ? drawn : 198 + drawn % 5;  // often around the limits
+        const uint16_t where = input.ConsumeIntegral<uint16_t>();
+        const size_t at = where % 2 ? text.size() : where / 2 % (text.size() + 1);
+        if (what % 16 == 0) text.erase(at, static_cast<size_t>(times));
+        for (int i = 0; i < times && what % 16; ++i)
+            text.insert(at,
+                        what % 16 == 1 ? " n" + std::to_string(++attribute) + "='1'" : pieces[what % pieces.size()]);
     }
     return text;
 }
