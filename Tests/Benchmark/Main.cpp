@@ -1,0 +1,366 @@
+// The rows of ./benchmark. An argument leaves rows without it in their name out.
+#include <windows.h>
+#include <oleauto.h>
+
+#include <cstdio>
+#include <exception>
+#include <fstream>
+#include <memory>
+#include <random>
+#include <sstream>
+#include <thread>
+
+#include "BenchAutoCAD.h"
+#include "BenchControl.h"
+#include "BenchKlimora.h"
+#include "KL_Conn.h"
+#include "KL_Conn_SorvSilencer.h"
+#include "Lib/Base64.h"
+#include "Lib/Md5Driver.h"
+#include "ModuleNames.h"
+#include "Peers.h"
+#include "QuickNeighbours.h"
+#include "Robot.h"
+#include "Table.h"
+#include "TestFiles.h"
+#include "Util/ComTypes.h"
+#include "Util/Download.h"
+#include "Util/KLComUtils_CreatePartsCommands.h"
+#include "Util/XmlTextBuilder.h"
+#include "WebServer.h"
+
+namespace {
+
+constexpr int kMegabyte = 1 << 20;
+constexpr char kPath[] = "/Project/KPDClass[dSilencerType]/Part[1234]/ProductKey";
+
+std::string Bytes(size_t count) {
+    std::mt19937 random(1);
+    std::string bytes(count, '\0');
+    for (char& byte : bytes)
+        byte = static_cast<char>(random());
+    return bytes;
+}
+
+// A result of so many devices, each with what a silencer usually has.
+std::string ResultOf(int devices) {
+    const std::string levels =
+        "<Lw63>31</Lw63><Lw125>32</Lw125><Lw250>33</Lw250><Lw500>34</Lw500><Lw1000>35</Lw1000><Lw2000>36</Lw2000>"
+        "<Lw4000>37</Lw4000><Lw8000>38</Lw8000>";
+    std::string xml = "<r><DdkFileUrl>http://d</DdkFileUrl><KpdFileUrl>http://k</KpdFileUrl>";
+    for (int i = 0; i < devices; ++i)
+        xml +=
+            "<device><ID>SRC-" + std::to_string(i) +
+            "</ID><ProductCodeALL>SRC 250 900</ProductCodeALL><DescriptionGBR>Circular duct silencer</DescriptionGBR>"
+            "<kpdWeblink>http://x</kpdWeblink><KModelID>SV-ROUND</KModelID><AirDeviceDimData><Fnc>10</Fnc>"
+            "<D1>250</D1><D2>0</D2><Qvmin>25</Qvmin><Qvmax>440</Qvmax><Dpmin>1</Dpmin><Dpmax>22.2</Dpmax>"
+            "</AirDeviceDimData><DpCurve><Qv>200</Qv><Dp>4.6</Dp></DpCurve><QvDpLwPoints><Qv>200</Qv><Dp>4.6</Dp>" +
+            levels + "</QvDpLwPoints><dLw>" + levels + "</dLw><Shape>0</Shape></device>\n";
+    return xml + "</r>";
+}
+
+// Lets the heap grow to the size that the rows need, so that their figures are not those of the kernel's pages: only
+// the end of a heap's part is given back, and a few blocks stay.
+void GrowHeap() {
+    static std::vector<std::unique_ptr<char[]>> blocks;
+    for (int i = 0; i < 100 * 1024; ++i)
+        blocks.emplace_back(new char[1000])[0] = 'x';
+    for (size_t i = 0; i < blocks.size(); ++i) {
+        if (i % 64 != 63) blocks[i].reset();
+    }
+}
+
+// ---- Loading and library -------------------------------------------------------------------------------------------
+
+void LoadRow(Table& table) {
+    const auto load = [](const char* name) {
+        const HMODULE module = LoadLibraryA(name);
+        if (!module) throw std::runtime_error(std::string(name) + " cannot be loaded");
+        FreeLibrary(module);
+    };
+    table.Ratio("load the module / an empty DLL with its imports", 1.5, Timed([=] { load(kModuleFileName); }, 20),
+                Timed([=] { load("benchmark_empty.dll"); }, 20));
+}
+
+void DigestRow(Table& table) {
+    const std::string bytes = Bytes(32 * kMegabyte);
+    std::array<uint8_t, 16> ours, peers;
+    table.Ratio("MD5 of 32 MB / RFC 1321 by the book", 1.0,
+                Timed([&] { MD5Driver::MDBuffer(ours.data(), bytes.data(), bytes.size()); }),
+                Timed([&] { peers = TextbookMd5(bytes); }));
+    table.Same([&] { return ours == peers; });
+}
+
+void Base64Rows(Table& table) {
+    const std::string bytes = Bytes(12 * kMegabyte), text = CryptoBase64Encode(bytes);
+    std::string decoded, encoded, peers;
+    table.Ratio("Base64 decode of 12 MB / a table of 256", 1.2, Timed([&] {
+                    decoded.assign(text.size(), '\0');
+                    decoded.resize(Base64Decode(reinterpret_cast<uint8_t*>(decoded.data()), text.c_str()));
+                }),
+                Timed([&] { peers = TableBase64Decode(text); }));
+    table.Same([&] { return decoded == bytes && peers == bytes; });
+    table.Ratio("Base64 encode of 12 MB / CryptBinaryToString", 0.5, Timed([&] {
+                    encoded.assign(bytes.size() / 3 * 4 + 4, '\0');
+                    const uint8_t* from = reinterpret_cast<const uint8_t*>(bytes.data());
+                    encoded.resize(Base64Encode(encoded.data(), from, bytes.size()));
+                }),
+                Timed([&] { peers = CryptoBase64Encode(bytes); }));
+    table.Same([&] { return encoded == text; });
+}
+
+void DownloadRow(Table& table) {
+    const TestFolder folder;
+    const std::string url = SORVIK_WEB_SERVER "/klimora/export/file.bin", ours = folder.file("ours"),
+                      peers = folder.file("peers"), bytes = Bytes(32 * kMegabyte);
+    bench::WebServer server{SORVIK_CATALOGUE};
+    server.UseAsProxy();
+    server.Serve("/klimora/export/file.bin", bytes);
+    table.Ratio("download of 32 MB / a bare WinINet loop", 1.1, Timed([&] { DownloadFile(url.c_str(), ours.c_str()); }),
+                Timed([&] { BareDownload(url.c_str(), peers.c_str()); }));
+    table.Same([&] { return ReadWholeFile(ours) == bytes && ReadWholeFile(peers) == bytes; });
+}
+
+// ---- Texts to the server ---------------------------------------------------------------------------------------
+
+void TextRows(Table& table, const QuickServer&) {
+    const std::string text(kMegabyte, 'x'), bytes = Bytes(kMegabyte);
+    std::string ours, peers;
+    XmlTextBuilder builder;
+    table.Ratio("AppendFormat of 1 MB / measure, then format once", 1.2, Timed([&] {
+                    builder = {};
+                    builder.AppendFormat("<V>%s</V>%d", text.c_str(), 5);
+                }),
+                Timed([&] { peers = MeasuredFormat("<V>%s</V>%d", text.c_str(), 5); }));
+    table.Same([&] { return builder.Text() == peers; });
+
+    KLComUtils utils;
+    utils.Connect();
+    KlimComSrvImpl connection;
+    constexpr int kChunk = 10240;
+    std::string hex(2 * kChunk, '\0');
+    table.Ratio("1 MB into a binary variable / hex by a table", 1.2,
+                Timed([&] { utils.BinVariableSetData(1, bytes.data(), kMegabyte); }), Timed([&] {
+                    connection.setBinVariableSize(1, kMegabyte);
+                    for (int at = 0; at < kMegabyte; at += kChunk) {
+                        TableHex(bytes.data() + at, std::min(kChunk, kMegabyte - at), hex.data());
+                        connection.setBinVariableData(1, at, hex.c_str());
+                    }
+                }));
+    const std::string type = "EWAPART_SUPPLY", part = "2A4";
+    const PartProduct product = {"dSilencerType", "SORV1", "SRC-250-900", "SRC-250-900"};
+    const PartPlacement placement = {AcGePoint3d(1.5, -2000, 0.25), AcGeVector3d(0, 1, 0), AcGeVector3d(0, 0, 1)};
+    const auto write = [&] { return ConnectedDeviceCommand(product, type, placement, part); };
+    const auto stream = [&, &p = placement] {
+        std::ostringstream text;
+        text << std::fixed << "<CreatePart><KPDClass><Name>" << product.kpdClassName << "</Name></KPDClass><Usercode>"
+             << product.userCode << "</Usercode><Productfamilykey>" << product.familyKey
+             << "</Productfamilykey><Productkey>" << product.productKey << "</Productkey><Part><Type><Define>" << type
+             << "</Define></Type><Position><WCS>" << p.position.x << ' ' << p.position.y << ' ' << p.position.z
+             << "</WCS></Position><Normal><WCS>" << p.normal.x << ' ' << p.normal.y << ' ' << p.normal.z
+             << "</WCS></Normal><Direction><WCS>" << p.direction.x << ' ' << p.direction.y << ' ' << p.direction.z
+             << "</WCS></Direction><Connection><ConnectedTo>" << part
+             << "</ConnectedTo></Connection></Part></CreatePart>";
+        return text.str();
+    };
+    table.Ratio("part-creation command / ostringstream", 1.0, Timed([&] { ours = write(); }, 500),
+                Timed([&] { peers = stream(); }, 500));
+    table.Same([&] { return ours == peers; });
+    const long long before = allocations;
+    write();
+    table.AtMost("heap allocations of a part-creation command", 2, allocations - before);
+}
+
+void AttributeRows(Table& table, const QuickServer& server) {
+    KlimComSrvImpl connection;
+    std::string value;
+    const auto ours = Timed([&] { connection.getPartAtt("", kPath, value); }, 3000);
+    const auto peer = Timed(
+        [&] {
+            const BSTR part = MeasuredBstr(""), attribute = MeasuredBstr(kPath);
+            BSTR answer = nullptr;
+            long result = 0;
+            server->getPartAtt(part, attribute, &answer, &result);
+            for (const BSTR text : {part, attribute, answer})
+                SysFreeString(text);
+        },
+        3000);
+    table.Ratio("getPartAtt, trace off / two BSTRs and the call", 1.15, ours, peer);
+    connection.setTrace({true, true, false});
+    table.Ratio("getPartAtt, trace kept / two BSTRs and the call", 2.0, ours, peer);
+}
+
+// ---- Steps of the session --------------------------------------------------------------------------------------
+
+// Reads a result of so many devices, or takes what lies in the working folder, and gives a fresh document.
+void Take(KlConn& session, const std::string& result) {
+    if (!result.empty()) WriteWholeFile(session.WorkingFolder() + "/output.xml", result);
+    if (session.GetResultsFromConfigurator(nullptr) != 0) throw std::runtime_error("a result is refused");
+}
+
+void ResultRows(Table& table, KlConn& session) {
+    const std::string many = ResultOf(10000), file = session.WorkingFolder() + "/output.xml";
+    Take(session, many);
+    table.Ratio("read a result of 10,000 devices / TinyXML", 1.3, Timed([&] { Take(session, ""); }), Timed([&] {
+                    TiXmlDocument document;
+                    if (!document.LoadFile(file)) throw std::runtime_error("TinyXML refuses the result");
+                }));
+
+    const ImportPatch noFiles(
+        "CreateFileA", +[]() -> HANDLE { return nullptr; });
+    KlConn small;
+    if (small.Initialize() != 0) throw std::runtime_error("the session does not begin");
+    Take(small, ResultOf(100));
+    const auto build = [](KlConn& of) { return [&of] { of.AddDeviceFromXMLToDatabase(kSilencerCommand); }; };
+    table.Ratio("record of a device: of 10,000 / of 100", 1.3, Timed(build(session)), Timed(build(small), 100));
+    const auto count = [&](int devices, const long long& counter) {
+        Take(small, ResultOf(devices));
+        const long long before = counter;
+        build(small)();
+        return counter - before;
+    };
+    table.AtMost("kbinsertatt calls of a device", 11, count(1, QuickRun::insertions));
+    table.AtMost("heap allocations of a device", 42, (count(1100, allocations) - count(100, allocations) + 999) / 1000);
+}
+
+void SilencerRows(Table& table, KlConn& session, const QuickServer& server) {
+    const auto exported = [&](int silencers) {
+        return [&session, silencers] {
+            QuickServer::Have(silencers);
+            ticpp::Element list("list");
+            return Timed([&] { session.ExportExistingDevices(&list, kSilencerCommand); })() / silencers;
+        };
+    };
+    const auto proposed = [&](int silencers) {
+        return [&session, silencers] {
+            QuickServer::Have(silencers);
+            return Timed([&] { session.ProposeUserCode(kSilencerClass, ""); })() / silencers;
+        };
+    };
+    const auto hundredTimes = [](const Run& run) {
+        return [run] {
+            double sum = 0;
+            for (int i = 0; i < 100; ++i)
+                sum += run();
+            return sum / 100;
+        };
+    };
+    table.Ratio("export of a silencer: of 10,000 / of 100", 1.3, exported(10000), hundredTimes(exported(100)));
+    table.Ratio("proposal, a silencer: of 10,000 / of 100", 1.3, proposed(10000), hundredTimes(proposed(100)));
+
+    const BStr part(""), attribute(kPath);
+    table.Ratio("export of a silencer / its three calls", 8, exported(100), [&] {
+        QuickServer::Have(100);
+        return 3 * Timed(
+                       [&] {
+                           BSTR answer = nullptr;
+                           long result = 0;
+                           server->getPartAtt(part.get(), attribute.get(), &answer, &result);
+                           SysFreeString(answer);
+                       },
+                       300)();
+    });
+    const auto count = [&](int silencers, const long long& counter) {
+        const long long before = counter;
+        exported(silencers)();
+        return counter - before;
+    };
+    const auto ofOne = [&](const long long& counter) {
+        return (count(1100, counter) - count(100, counter) + 999) / 1000;
+    };
+    table.AtMost("COM calls of a silencer in the export", 3, ofOne(QuickServer::calls));
+    table.AtMost("heap allocations of a silencer in the export", 17, ofOne(allocations));
+}
+
+void EndRow(Table& table, KlConn& session) {
+    std::mt19937 random(1);
+    const auto run = [&](auto wait) {
+        return [&, wait] {
+            QuickRun::program = CreateEventA(nullptr, TRUE, FALSE, nullptr);
+            double ended = 0;
+            std::thread program([&, pause = 30 + random() % 30] {
+                Sleep(pause);
+                ended = Milliseconds();
+                SetEvent(QuickRun::program);
+            });
+            wait();
+            const double seen = Milliseconds();
+            program.join();
+            return seen - ended;
+        };
+    };
+    table.Delay("configurator's end to going on / bare wait", 20,
+                run([&] { session.LaunchConfigurator("program", kSilencerCommand, "http://x", "title"); }),
+                run([] { WaitForSingleObject(QuickRun::program, INFINITE); }));
+}
+
+void RunRow(Table& table) {
+    QuickServer::Have(1000);
+    QuickRun::program = CreateEventA(nullptr, TRUE, TRUE, nullptr);
+    bench::Robot robot(bench::MainWindow());
+    robot.Expect(bench::Dialog("Configurator").Press(IDOK));
+    bench::QueueAnswer({bench::Answer::kPick, "2A3"});
+    bench::ClearJournal();
+    bench::ClearTranscript();
+    QuickServer::calls = 0;
+    SorvSilencer();
+    long long calls = QuickServer::calls;
+    bool committed = false;
+    for (const std::string& line : bench::Journal()) {
+        calls += line.rfind("IKlimora", 0) == 0;
+        committed |= line.rfind("AcTransactionManager::endTransaction", 0) == 0;
+    }
+    if (!committed) throw std::runtime_error("the run failed: " + bench::Transcript());
+    table.AtMost("COM calls of a run with 1,000 silencers", 5013, calls);
+}
+
+long long SizeOf(const char* file) {
+    return static_cast<long long>(std::filesystem::file_size(file));
+}
+
+int Benchmark(const std::string& wanted) {
+    Table table(wanted);
+    LoadRow(table);
+    table.AtMost("bytes of the module", 1447034, SizeOf(kModuleFileName));
+    DigestRow(table);
+    Base64Rows(table);
+
+    const HMODULE module = LoadLibraryA(kModuleFileName);
+    if (!module) throw std::runtime_error("the module cannot be loaded");
+    bench::StartAutoCAD();
+    bench::NewDrawing("Office.dwg");
+    bench::StartKlimora({});
+    std::string error;
+    if (!bench::OpenProject(SAMPLE_FOLDER "/office.xml", error)) throw std::runtime_error(error);
+    if (wanted != "x") DownloadRow(table);
+    GrowHeap();
+    {
+        const QuickServer server;
+        QuickServer::Have(1000);
+        const QuickRun run(ResultOf(1));
+        TextRows(table, server);
+        AttributeRows(table, server);
+        {
+            KlConn session;
+            if (session.Initialize() != 0) throw std::runtime_error("the session does not begin");
+            SilencerRows(table, session, server);
+            ResultRows(table, session);
+            EndRow(table, session);
+        }
+        RunRow(table);
+    }
+    bench::StopKlimora();
+    bench::StopAutoCAD();
+    return table.Conclude();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return Benchmark(argc > 1 ? argv[1] : "");
+    } catch (const std::exception& problem) {
+        std::printf("%s\n", problem.what());
+        return 3;
+    }
+}
