@@ -103,9 +103,9 @@ TEST_F(PartAttributes, GuardPutsTheSwitchesBack) {
     bool keep = false, failures = false, all = false;
     utils_.SetTrace(true, false, true);
     {
-        const TraceSwitchGuard silent(utils_, false, false, false);
+        const TraceSwitchGuard other(utils_, false, true, false);
         utils_.GetTrace(&keep, &failures, &all);
-        EXPECT_FALSE(keep || failures || all);
+        EXPECT_TRUE(!keep && failures && !all);
         const TraceSwitchGuard inner(utils_);
         utils_.SetTrace(false, true, false);
     }
