@@ -8,6 +8,7 @@
 #include <regex>
 
 #include "BenchTexts.h"
+#include "LocalisedAttributes.h"
 #include "SessionBench.h"
 #include "kbase.h"
 
@@ -168,6 +169,9 @@ TEST_F(ProductRecord, EveryLanguageAndCountryOfTheDictionaryInItsOrder) {
     EXPECT_EQ(attributes.find("8502"), std::string::npos);
     EXPECT_EQ(Build(With("DescriptionGBR", "a", ReplaceAll(kDevice, "<ID>", "<DescriptionFIN/><ID>"))).first, 0);
     EXPECT_EQ(attributes.find("9550"), std::string::npos) << "an empty text is none";
+    KB_RECORD record = &answers;
+    EXPECT_EQ(SetAttributeDescriptionNN(&answers.database, &record, *session_.CurrentDevice()), 0);
+    EXPECT_EQ(SetAttributeWebLinkNN(&answers.database, &record, *session_.CurrentDevice()), 0);
 }
 
 TEST_F(ProductRecord, PressureDropFollowsFncAndTheRestMayBeMissing) {
