@@ -59,10 +59,10 @@ bool TakeUserCode(HWND dialog, KlConn& session) {
 
 bool OnCommand(HWND dialog, WORD control) {
     KlConn* session = reinterpret_cast<KlConn*>(GetWindowLongPtrA(dialog, DWLP_USER));
-    // Windows sends commands of controls before WM_INITDIALOG, too.
-    if (!session) return false;
     switch (control) {
         case IDOK:
+            // Windows sends commands of controls before WM_INITDIALOG, too.
+            if (!session) return false;
             if (TakeUserCode(dialog, *session)) EndDialog(dialog, IDOK);
             return true;
         case IDCANCEL:
