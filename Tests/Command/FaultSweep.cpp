@@ -31,10 +31,10 @@ TEST_F(FaultSweep, WhatARunLeavesBehindIsNoticed) {
         std::function<void()> left;
         const char* noticed;
     } cases[] = {
-        {[] { bench::SetSystemVariable("CMDECHO", "0"); }, "changed something: expected '-- CMDECHO 1'"},
-        {[] { EnableWindow(bench::MainWindow(), FALSE); }, "changed something: expected '-- main window enabled'"},
-        {[] { bench::EraseEntity("2A4"); }, "changed something"},
-        {[] { bench::CloseProject(); }, "changed something"},
+        {[] { bench::SetSystemVariable("CMDECHO", "0"); }, "left something: expected '-- CMDECHO 1'"},
+        {[] { EnableWindow(bench::MainWindow(), FALSE); }, "left something: expected '-- main window enabled'"},
+        {[] { bench::EraseEntity("2A4"); }, "left something"},
+        {[] { bench::CloseProject(); }, "left something"},
         {[] { bench::Owe("open object", "2A3"); }, "Still owed: open object 2A3."},
         {[] { bench::Accuse("It was closed twice."); }, "Accusation: It was closed twice."},
         {[] { bench::SetProduct("AutoCAD LT", 24, 1); }, "not like a healthy one: expected 'KlimoraPluginsStatistics"}};

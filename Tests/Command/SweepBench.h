@@ -14,9 +14,9 @@
 #include "Unit/ImportPatch.h"
 #include "Watchdog.h"
 
-// What a run with a failure must not do: end without a word to the user, change anything without a commit, commit
-// another outcome than a healthy run's.
-enum class Breach { kSilent, kChanged, kOther };
+// What a run with a failure must not do: end without a commit and without a word to the user, leave something behind
+// without a commit, commit another product than a healthy run's.
+enum class Breach { kSilent, kLeft, kOther };
 struct Tolerance {
     Breach breach;
     const char* calls;  // pattern of the failing calls
@@ -59,7 +59,8 @@ class SweepBench : public CommandBench {
     HMODULE module() const { return GetModuleHandleA("Sorvik_R24_x64.arx"); }
 
  private:
-    void UsualRun();  // the user does what leads to a product, whatever comes
+    std::string Product() const;  // the record and all that lies around
+    void UsualRun();              // the user does what leads to a product, whatever comes
     bool SaidAWord();
     bool EndedByUser() const;
     std::vector<bench::PlannedFailure> Concerned(const bench::PlannedFailure& failure) const;
@@ -70,7 +71,7 @@ class SweepBench : public CommandBench {
     ImportPatch abort_;    // a module that gives up crashes, and a crash tells where
     std::string opened_;   // surroundings before a run
     std::string healthy_;  // outcome of a healthy run
-    std::string after_;    // surroundings after it
+    std::string after_;    // its product
     std::vector<std::string> calls_;
     std::string only_;
     std::vector<Tolerance> tolerances_;

@@ -1,15 +1,112 @@
-// Many runs in one process: nothing that a run needs may grow with the number of runs.
-#include "CommandBench.h"
+// Many runs in one process, good ones and bad ones: nothing that a run needs may grow with their number.
+#include <windows.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "SweepBench.h"
 
 namespace {
 
-class Soak : public CommandBench {};
+constexpr int kRuns = 3000;
+constexpr int kWarmUp = 300;
+constexpr int kBetweenLooks = 300;
 
-TEST_F(Soak, GoodRun) {
-    ChoosesASilencer();
-    ConfirmsInsertion();
-    Run();
-    ExpectCommitted();
+long blocks = 0;  // of memory that the module holds
+
+void* Allocate(size_t size) {
+    void* const block = std::malloc(size);
+    if (block) ++blocks;
+    return block;
+}
+void* AllocateZeroes(size_t count, size_t size) {
+    void* const block = std::calloc(count, size);
+    if (block) ++blocks;
+    return block;
+}
+void* Reallocate(void* old, size_t size) {
+    void* const block = std::realloc(old, size);
+    if (block && !old) ++blocks;
+    return block;
+}
+void Free(void* block) {
+    if (block) --blocks;
+    std::free(block);
+}
+
+// Handles of this process, from the system's list of all: Wine's GetProcessHandleCount always answers 0.
+long KernelHandles() {
+    struct Handle {
+        void* object;
+        ULONG_PTR process, value;
+        ULONG others[4];
+    };
+    struct List {
+        ULONG_PTR count, reserved;
+        Handle handles[20000];
+    };
+    using Query = LONG WINAPI(int, void*, ULONG, ULONG*);
+    const FARPROC query = GetProcAddress(GetModuleHandleA("ntdll"), "NtQuerySystemInformation");
+    const auto list = std::make_unique<List>();
+    constexpr int kAllHandles = 64;
+    reinterpret_cast<Query*>(reinterpret_cast<void*>(query))(kAllHandles, list.get(), sizeof *list, nullptr);
+    return static_cast<long>(std::count_if(list->handles, list->handles + list->count, [](const Handle& handle) {
+        return handle.process == GetCurrentProcessId();
+    }));
+}
+
+// The highest of many new handles of a kind: they take the places that are free, so it grows with those that are not.
+template <class Handle>
+long Highest(Handle (*make)(), BOOL(WINAPI* destroy)(Handle)) {
+    std::vector<Handle> handles(500);
+    std::generate(handles.begin(), handles.end(), make);
+    long highest = 0;
+    for (const Handle handle : handles) {
+        highest = std::max<long>(highest, LOWORD(reinterpret_cast<ULONG_PTR>(handle)));
+        destroy(handle);
+    }
+    return highest;
+}
+
+long Windows() {
+    long count = 0;
+    EnumThreadWindows(
+        GetCurrentThreadId(), [](HWND, LPARAM count) -> BOOL { return ++*reinterpret_cast<long*>(count) > 0; },
+        reinterpret_cast<LPARAM>(&count));
+    return count;
+}
+
+class Soak : public SweepBench {
+ protected:
+    std::string Holdings() {
+        const long pens = Highest<HGDIOBJ>([]() -> HGDIOBJ { return CreatePen(PS_SOLID, 1, 0); }, DeleteObject);
+        const long menus = Highest<HMENU>(CreateMenu, DestroyMenu);
+        return "blocks of memory " + std::to_string(blocks) + ", kernel handles " + std::to_string(KernelHandles()) +
+               ", GDI objects up to " + std::to_string(pens) + ", USER objects up to " + std::to_string(menus) +
+               ", windows " + std::to_string(Windows()) + ", files " + TemporaryFolders();
+    }
+
+    ImportPatch allocate_{"malloc", Allocate, module()};
+    ImportPatch allocateZeroes_{"calloc", AllocateZeroes, module()};
+    ImportPatch reallocate_{"realloc", Reallocate, module()};
+    ImportPatch free_{"free", Free, module()};
+};
+
+TEST_F(Soak, NothingGrows) {
+    const std::vector<bench::PlannedFailure> failures = EveryCall();
+    std::string holdings;
+    for (int run = 1; run <= kRuns; ++run) {
+        if (run % 2 == 0) Arm(failures[static_cast<size_t>(run / 2) % failures.size()]);
+        RunHealthily();
+        Disarm();
+        TakeBackWhatIsOwed();
+        Reopen();
+        if (run < kWarmUp || run % kBetweenLooks != 0) continue;
+        const std::string now = Holdings();
+        if (holdings.empty()) holdings = now;
+        ASSERT_EQ(now, holdings) << "after " << run << " runs";
+    }
+    std::printf("%s\n", holdings.c_str());
 }
 
 }  // namespace

@@ -1,0 +1,61 @@
+// Memory that runs out: every allocation that the module makes in a run refused, once and from there on. C++'s own
+// last reserve for exceptions stays.
+#include <climits>
+#include <cstdlib>
+
+#include "SweepBench.h"
+
+namespace {
+
+int made = -1;            // allocations since the plan was armed; -1: none is counted
+int first = 0, last = 0;  // ordinals of those that are refused
+
+void* Allocate(size_t size) {
+    if (made >= 0) ++made;
+    if (made > 0 && made >= first && made <= last) return nullptr;
+    return std::malloc(size);
+}
+
+class Allocations : public SweepBench {
+ protected:
+    Allocations() : patch_("malloc", Allocate, module()) {
+        Tolerate({Breach::kLeft, "memory", 0, "the working folder is not deleted without any"});
+    }
+
+    void Arm(const bench::PlannedFailure& failure) override {
+        first = failure.ordinal;
+        last = failure.fromThereOn ? INT_MAX : first;
+        made = 0;
+    }
+    void Disarm() override {
+        reached_ = made;
+        made = -1;
+    }
+    bool Met(const bench::PlannedFailure& failure) const override { return reached_ >= failure.ordinal; }
+
+    ImportPatch patch_;
+    int reached_ = 0;
+};
+
+TEST_F(Allocations, AnyMayBeRefused) {
+    LearnHealthyRun();
+    Arm({"", 0, {}});
+    RunHealthily();
+    Disarm();
+    Reopen();
+    const int allocations = reached_;
+    ASSERT_GT(allocations, 100);
+    // The reserve's lock is made at the first exception that needs it, and that must still find memory.
+    Arm({"", 1, {}});
+    last = 2;
+    RunHealthily();
+    Disarm();
+    TakeBackWhatIsOwed();
+    for (int ordinal = 1; ordinal <= allocations; ++ordinal) {
+        Plant({"malloc", ordinal, {}});
+        Plant({"memory", ordinal, {}, true});
+    }
+    std::printf("%d failures planted\n", planted());
+}
+
+}  // namespace
