@@ -2,8 +2,8 @@
 
 #include "KL_Conn.h"
 
-#include <algorithm>
 #include <cstring>
+#include <unordered_set>
 
 #include "ModuleNames.h"
 
@@ -31,10 +31,10 @@ bool KlConn::ReadUserCodes(const std::string& className, std::vector<std::string
 std::string KlConn::ProposeUserCode(const std::string& className, const std::string& suffix) {
     std::vector<std::string> codes;
     ReadUserCodes(className, codes, nullptr);
-    std::sort(codes.begin(), codes.end());
+    const std::unordered_set<std::string> used(codes.begin(), codes.end());
     for (int n = 1;; ++n) {
         std::string candidate = "SORV" + std::to_string(n) + suffix;
-        if (!std::binary_search(codes.begin(), codes.end(), candidate)) return candidate;
+        if (used.count(candidate) == 0) return candidate;
     }
 }
 
