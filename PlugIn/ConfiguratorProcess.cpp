@@ -114,7 +114,8 @@ int KlConn::LaunchConfigurator(const char* program, const char* commandName, con
     }
     const KernelHandle ended(configurator_.release());
     DWORD exitCode = 0;
-    GetExitCodeProcess(ended.get(), &exitCode);
+    if (!GetExitCodeProcess(ended.get(), &exitCode))
+        PrintCommandLine("\n%s: Can not tell how the configurator ended.\n", kDisplayName);
     SetNoProjectFileAccessCheck(false);
     // The other way round than usual: the program tells an exported product by a code other than 0.
     return exitCode == 0 ? -1 : 0;
