@@ -11,6 +11,7 @@ namespace {
 constexpr int kRuns = 3000;
 constexpr int kWarmUp = 300;
 constexpr int kBetweenLooks = 300;
+constexpr long kSpareHandles = 10;  // WinINet's own come and go
 
 long blocks = 0;  // of memory that the module holds
 
@@ -81,9 +82,9 @@ class Soak : public SweepBench {
     std::string Holdings() {
         const long pens = Highest<HGDIOBJ>([]() -> HGDIOBJ { return CreatePen(PS_SOLID, 1, 0); }, DeleteObject);
         const long menus = Highest<HMENU>(CreateMenu, DestroyMenu);
-        return "blocks of memory " + std::to_string(blocks) + ", kernel handles " + std::to_string(KernelHandles()) +
-               ", GDI objects up to " + std::to_string(pens) + ", USER objects up to " + std::to_string(menus) +
-               ", windows " + std::to_string(Windows()) + ", files " + TemporaryFolders();
+        return "blocks of memory " + std::to_string(blocks) + ", GDI objects up to " + std::to_string(pens) +
+               ", USER objects up to " + std::to_string(menus) + ", windows " + std::to_string(Windows()) + ", files " +
+               TemporaryFolders();
     }
 
     ImportPatch allocate_{"malloc", Allocate, module()};
@@ -95,6 +96,7 @@ class Soak : public SweepBench {
 TEST_F(Soak, NothingGrows) {
     const std::vector<bench::PlannedFailure> failures = EveryCall();
     std::string holdings;
+    long handles = 0;
     for (int run = 1; run <= kRuns; ++run) {
         if (run % 2 == 0) Arm(failures[static_cast<size_t>(run / 2) % failures.size()]);
         RunHealthily();
@@ -103,10 +105,14 @@ TEST_F(Soak, NothingGrows) {
         Reopen();
         if (run < kWarmUp || run % kBetweenLooks != 0) continue;
         const std::string now = Holdings();
-        if (holdings.empty()) holdings = now;
+        if (holdings.empty()) {
+            holdings = now;
+            handles = KernelHandles();
+        }
+        ASSERT_LE(KernelHandles(), handles + kSpareHandles) << "kernel handles after " << run << " runs";
         ASSERT_EQ(now, holdings) << "after " << run << " runs";
     }
-    std::printf("%s\n", holdings.c_str());
+    std::printf("%s, kernel handles %ld\n", holdings.c_str(), KernelHandles());
 }
 
 }  // namespace
