@@ -3,6 +3,7 @@
 #include "KL_Conn.h"
 
 #include <cstdlib>
+#include <new>
 
 #include "kbase.h"
 
@@ -60,7 +61,8 @@ class ElementArray {
         ticpp::Iterator<ticpp::Element> child(name);
         for (child = child.begin(&device); child != child.end(); ++child) {
             const Element element = read(*child);
-            AppendArrayElement(&elements_, &count_, static_cast<int>(sizeof element), &element);
+            if (AppendArrayElement(&elements_, &count_, static_cast<int>(sizeof element), &element) < 0)
+                throw std::bad_alloc();
         }
     }
     bool IsEmpty() const { return count_ == 0; }
