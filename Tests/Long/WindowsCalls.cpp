@@ -145,6 +145,7 @@ const Tolerance kTolerances[] = {
     {Breach::kSilent, "EndDialog|GetWindowLongPtrA|SetWindowLongPtrA", 0,
      "the dialog stays until the user ends it by Cancel"},
     {Breach::kSilent, kConverting, 0, "every text of a run is within the code page"},
+    {Breach::kLeft, kConverting, 0, "every text of a run is within the code page"},
     {Breach::kOther, kConverting, 0, "every text of a run is within the code page"},
     {Breach::kLeft, kDeleting, 0, "Windows does not delete something in the temporary folder"},
     {Breach::kOther, kDeleting, 0, "Windows does not delete something in the temporary folder"}};
