@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <string_view>
 #include <utility>
 
 #include "acdocman.h"
@@ -92,9 +93,8 @@ int AskAboutResult(const ticpp::Element& resultRoot) {
 }
 
 template <size_t size>
-void Store(char (&buffer)[size], const char* text) {
-    std::strncpy(buffer, text, size - 1);
-    buffer[size - 1] = '\0';
+void Store(char (&buffer)[size], std::string_view text) {
+    buffer[text.copy(buffer, size - 1)] = '\0';
 }
 
 }  // namespace
