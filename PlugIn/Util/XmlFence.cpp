@@ -91,11 +91,11 @@ class Walk {
     }
     static bool BeginsName(char letter) {
         const unsigned char byte = static_cast<unsigned char>(letter);
-        return byte >= 127 || std::isalpha(byte) || byte == '_';
+        return byte >= 127 || (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || byte == '_';
     }
     bool PassName() {
         if (!BeginsName(*at_)) return false;
-        while (BeginsName(*at_) || std::isdigit(static_cast<unsigned char>(*at_)) || (*at_ && std::strchr("-.:", *at_)))
+        while (BeginsName(*at_) || (*at_ >= '0' && *at_ <= ':') || *at_ == '-' || *at_ == '.')
             ++at_;
         return *at_ != '\0';
     }

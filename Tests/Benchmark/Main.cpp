@@ -212,7 +212,9 @@ void ResultRows(Table& table, KlConn& session) {
     if (small.Initialize() != 0) throw std::runtime_error("the session does not begin");
     Take(small, ResultOf(100));
     const auto build = [](KlConn& of) { return [&of] { of.AddDeviceFromXMLToDatabase(kSilencerCommand); }; };
-    table.Ratio("record of a device: of 10,000 / of 100", 1.3, Timed(build(session)), Timed(build(small), 100));
+    const auto each = [](const Run& run, int devices) { return [=] { return run() / devices; }; };
+    table.Ratio("record of a device: of 10,000 / of 100", 1.3, each(Timed(build(session)), 10000),
+                each(Timed(build(small), 100), 100));
     const auto count = [&](int devices, const long long& counter) {
         Take(small, ResultOf(devices));
         const long long before = counter;
