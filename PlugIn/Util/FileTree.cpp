@@ -4,16 +4,18 @@
 
 #include "FileTree.h"
 
+#include <cstdio>
 #include <cstring>
-#include <string>
 
 #include "Lib/Handles.h"
 
 namespace {
 
-// Windows' "A" calls take paths of MAX_PATH characters, terminator included.
-bool IsTooLong(const std::string& path) {
-    return path.size() >= MAX_PATH;
+// A path as Windows' "A" calls take it: of MAX_PATH characters, terminator included. Needs no memory, so that a folder
+// goes also when there is none. False when the path is too long.
+bool Join(char (&path)[MAX_PATH], const char* folder, const char* name) {
+    const int length = std::snprintf(path, sizeof path, "%s\\%s", folder, name);
+    return length >= 0 && length < MAX_PATH;
 }
 
 // A junction or symbolic link: what it leads to is not ours.
@@ -22,26 +24,27 @@ bool IsLink(const char* path) {
     return attributes != INVALID_FILE_ATTRIBUTES && attributes & FILE_ATTRIBUTE_REPARSE_POINT;
 }
 
-void DeleteEntry(const std::string& path, DWORD attributes) {
+void DeleteEntry(const char* path, DWORD attributes) {
     if (attributes & FILE_ATTRIBUTE_DIRECTORY) {
-        DeleteDirectoryTree(path.c_str());
-        RemoveDirectoryA(path.c_str());
+        DeleteDirectoryTree(path);
+        RemoveDirectoryA(path);
         return;
     }
-    if (attributes & FILE_ATTRIBUTE_READONLY) _chmod(path.c_str(), _S_IWRITE);
-    DeleteFileA(path.c_str());
+    if (attributes & FILE_ATTRIBUTE_READONLY) _chmod(path, _S_IWRITE);
+    DeleteFileA(path);
 }
 
 // True when the search reached its end.
-bool DeleteEntries(const std::string& folder) {
+bool DeleteEntries(const char* folder) {
+    char path[MAX_PATH];
+    if (!Join(path, folder, "*")) return false;
     WIN32_FIND_DATAA entry = {};
-    const FindHandle search(FindFirstFileA((folder + "\\*").c_str(), &entry));
+    const FindHandle search(FindFirstFileA(path, &entry));
     if (!search) return false;
     // The first entry is ".", so the work begins with the second.
     while (FindNextFileA(search.get(), &entry)) {
         if (std::strcmp(entry.cFileName, ".") == 0 || std::strcmp(entry.cFileName, "..") == 0) continue;
-        const std::string path = folder + "\\" + entry.cFileName;
-        if (!IsTooLong(path)) DeleteEntry(path, entry.dwFileAttributes);
+        if (Join(path, folder, entry.cFileName)) DeleteEntry(path, entry.dwFileAttributes);
     }
     return GetLastError() == ERROR_NO_MORE_FILES;
 }
@@ -50,7 +53,5 @@ bool DeleteEntries(const std::string& folder) {
 
 int DeleteDirectoryTree(const char* path) {
     if (!path || !*path) return 0;
-    const std::string folder = path;
-    if (IsTooLong(folder + "\\*")) return 0;
-    return IsLink(path) || DeleteEntries(folder) ? RemoveDirectoryA(path) : 0;
+    return IsLink(path) || DeleteEntries(path) ? RemoveDirectoryA(path) : 0;
 }
