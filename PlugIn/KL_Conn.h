@@ -6,6 +6,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -89,7 +90,7 @@ class KlConn : public KLComUtils {
     int StoreDevices(const std::string& classSymbol, std::string& productKey);
     void WriteKeys(const std::string& classSymbol, const std::string& productKey);
     int WaitForConfigurator();
-    bool ReadUserCodes(const std::string& className, std::vector<std::string>& codes, const std::string* last);
+    bool ReadUserCodes(const std::string& className, const std::function<bool(const std::string&)>& take);
     int ExportRecords(ticpp::Element* parent, const char* listName, const char* elementName, const std::string& path,
                       const std::vector<std::string>& names);
 

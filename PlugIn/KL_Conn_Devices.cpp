@@ -2,8 +2,9 @@
 
 #include "KL_Conn.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <cstring>
-#include <unordered_set>
 
 #include "ModuleNames.h"
 
@@ -15,34 +16,39 @@ std::string PartsOfClass(const std::string& className) {
 
 }  // namespace
 
-// Up to the first that equals `last`, or all (null). False when one of these, or their count, is not given.
-bool KlConn::ReadUserCodes(const std::string& className, std::vector<std::string>& codes, const std::string* last) {
+// Gives one after the other to `take` until that wants no more. False when one of these, or their count, is not given.
+bool KlConn::ReadUserCodes(const std::string& className, const std::function<bool(const std::string&)>& take) {
     const std::string parts = PartsOfClass(className);
     const int count = GetPartAttOrDefault("", "Count(" + parts + ")", -1);
-    bool complete = count >= 0;
-    for (int i = 0; i < count; ++i) {
-        codes.emplace_back();
-        if (GetPartAtt("", parts + "[" + std::to_string(i) + "]/Usercode", codes.back(), false) != 0) complete = false;
-        if (last && codes.back() == *last) break;
+    bool complete = count >= 0, wanted = true;
+    std::string code;
+    for (int i = 0; i < count && wanted; ++i) {
+        if (GetPartAtt("", parts + "[" + std::to_string(i) + "]/Usercode", code, false) != 0) complete = false;
+        wanted = take(code);
     }
     return complete;
 }
 
 std::string KlConn::ProposeUserCode(const std::string& className, const std::string& suffix) {
-    std::vector<std::string> codes;
-    ReadUserCodes(className, codes, nullptr);
-    const std::unordered_set<std::string> used(codes.begin(), codes.end());
-    for (int n = 1;; ++n) {
-        std::string candidate = "SORV" + std::to_string(n) + suffix;
-        if (used.count(candidate) == 0) return candidate;
-    }
+    const auto proposal = [&](long number) { return "SORV" + std::to_string(number) + suffix; };
+    std::vector<long> used;
+    ReadUserCodes(className, [&](const std::string& code) {
+        const long number = code.size() > 4 ? std::strtol(code.c_str() + 4, nullptr, 10) : 0;
+        if (number > 0 && code == proposal(number)) used.push_back(number);
+        return true;
+    });
+    std::sort(used.begin(), used.end());
+    long unused = 1;
+    for (const long number : used)
+        unused += number == unused;
+    return proposal(unused);
 }
 
 bool KlConn::IsUserCodeInUse(const std::string& className, const std::string& code) {
-    std::vector<std::string> codes;
+    bool found = false;
+    const bool complete = ReadUserCodes(className, [&](const std::string& used) { return !(found = used == code); });
     // Unknown is not free: the user is asked before a product is replaced.
-    if (!ReadUserCodes(className, codes, &code)) return true;
-    return !codes.empty() && codes.back() == code;
+    return found || !complete;
 }
 
 // Every element of the query becomes a child of a new list element, its values the child's attributes.

@@ -181,11 +181,14 @@ int KLComUtils::ForEachRecord(const std::string& path, const std::vector<std::st
     try {
         if (path.find('/') == std::string::npos) throw "Can't find '/' in a parent path " + path;
         const int count = GetPartAttOrDefault("", "Count(" + path + ")", 0);
+        Record record;
+        std::vector<std::string*> values;
+        for (const std::string& name : names)
+            values.push_back(&record[ReplaceAll(name, "/", "_")]);
         for (int i = 0; i < count; ++i) {
             const std::string element = path + "[" + std::to_string(i) + "]/";
-            Record record;
-            for (const std::string& name : names)
-                record[ReplaceAll(name, "/", "_")] = GetPartAtt("", element + name, true);
+            for (size_t k = 0; k < names.size(); ++k)
+                GetPartAtt("", element + names[k], *values[k], true);
             take(record);
         }
         return 0;
