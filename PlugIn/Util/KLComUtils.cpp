@@ -185,10 +185,13 @@ int KLComUtils::ForEachRecord(const std::string& path, const std::vector<std::st
         std::vector<std::string*> values;
         for (const std::string& name : names)
             values.push_back(&record[ReplaceAll(name, "/", "_")]);
+        std::string attribute = path + "[";
+        const size_t start = attribute.size();
         for (int i = 0; i < count; ++i) {
-            const std::string element = path + "[" + std::to_string(i) + "]/";
+            attribute.replace(start, std::string::npos, std::to_string(i)).append("]/");
+            const size_t end = attribute.size();
             for (size_t k = 0; k < names.size(); ++k)
-                GetPartAtt("", element + names[k], *values[k], true);
+                GetPartAtt("", attribute.replace(end, std::string::npos, names[k]), *values[k], true);
             take(record);
         }
         return 0;

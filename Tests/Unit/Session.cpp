@@ -6,7 +6,6 @@
 #include <windows.h>
 #include <wininet.h>
 
-#include "FailingAllocations.h"
 #include "ImportPatch.h"
 #include "KL_Conn_SorvSilencer.h"
 #include "Lib/Diagnostics.h"
@@ -16,10 +15,6 @@
 
 namespace {
 
-BOOL WINAPI NoProgram(LPCSTR, LPSTR, LPSECURITY_ATTRIBUTES, LPSECURITY_ATTRIBUTES, BOOL, DWORD, LPVOID, LPCSTR,
-                      LPSTARTUPINFOA, LPPROCESS_INFORMATION) {
-    return FALSE;
-}
 std::string printed;
 int linesPrinted = 0;
 // The first line fails; the second is kept. The module prints every line as one text.
@@ -360,31 +355,6 @@ TEST_F(Session, TheCommandLetsNothingOut) {
     }
     EXPECT_EQ(Printed(), Line("SorvSilencer PlugIn/KL_Conn_SorvSilencer(246):SorvSilencer no pick"));
     EXPECT_EQ(Calls("AcTransactionManager::abortTransaction").size(), 1u);
-}
-
-TEST_F(Session, TheCommandEndsCleanlyWhereverMemoryRunsOut) {
-    const ImportPatch patch("CreateProcessA", NoProgram);  // as far as the configurator
-    bench::Robot robot(bench::MainWindow());               // closes what boxes come
-    int granted = 0;
-    for (bool refused = true; refused && !HasFailure(); ++granted) {
-        bench::ClearAnswers();
-        bench::QueueAnswer({bench::Answer::kPick, "2A3"});
-        bench::QueueAnswer({bench::Answer::kEscape, ""});
-        bench::ClearJournal();
-        {
-            const FailingAllocations failing(granted);
-            SorvSilencer();
-            refused = failing.refused() > 0;
-        }
-        SCOPED_TRACE(granted);
-        EXPECT_EQ(Calls("AcTransactionManager::abortTransaction").size(), 1u);
-        EXPECT_EQ(bench::BenchBalance(), std::vector<std::string>{});
-        EXPECT_EQ(bench::Accusations(), std::vector<std::string>{});
-        EXPECT_TRUE(IsWindowEnabled(bench::MainWindow()));
-    }
-    EXPECT_GT(granted, 50);
-    bench::ClearAnswers();
-    EXPECT_NE(Printed().find("Can not execute "), std::string::npos) << "the last run had all it needed";
 }
 
 }  // namespace
