@@ -39,11 +39,11 @@ short InsertAttribute(KB_HANDLE database, KB_RECORD* record, short number, const
 }
 
 const std::string kBands =
-    "<Lw63>300</Lw63><Lw125>2</Lw125><Lw250>3</Lw250><Lw500>4</Lw500><Lw1000>5</Lw1000><Lw2000>6</Lw2000>"
-    "<Lw4000>7</Lw4000><Lw8000>8</Lw8000>";
+    "<Lw63>300</Lw63><Lw125>-1</Lw125><Lw250>0</Lw250><Lw500>12.9</Lw500><Lw1000>x</Lw1000><Lw2000>255</Lw2000>"
+    "<Lw4000>256</Lw4000><Lw8000> 7</Lw8000>";
 const std::string kDevice =
     "<device><ID>KEY</ID><ProductCodeALL>KEY 1</ProductCodeALL><DescriptionGBR>Silencer</DescriptionGBR>"
-    "<KModelID>sv-Round</KModelID><AirDeviceDimData><Fnc>10</Fnc><D1>250</D1><D2>0</D2><Qvmin>10</Qvmin>"
+    "<KModelID>sv-Round</KModelID><AirDeviceDimData><Fnc>10</Fnc><D1>250</D1><D2>-2</D2><Qvmin>0.5</Qvmin>"
     "<Qvmax>400</Qvmax><Dpmin>2</Dpmin><Dpmax>50</Dpmax></AirDeviceDimData><DpCurve><Qv>100</Qv><Dp>12</Dp></DpCurve>"
     "<QvDpLwPoints><Qv>100</Qv><Dp>12</Dp>" +
     kBands + "</QvDpLwPoints><dLw>" + kBands + "</dLw><Shape>0</Shape></device>";
@@ -137,8 +137,8 @@ TEST_F(ProductRecord, EveryCallAndAttributeInItsOrder) {
     EXPECT_EQ(attributes,
               "1150 0000\n1503 'Sorvik'\n1562 'KEY 1'\n9550 'Vaimennin'\n9552 'Silencer'\n8529 'http://x'\n"
               "8503 'http://x/gb'\n1512 'FIN;SWE'\n1525 'SV-ROUND'\n1507 'L=900;D=250'\n"
-              "1650 0A00FA000000000020410000C8430000004000004842\n1651 0000C84200004041\n"
-              "1653 0000C842000040412C02030405060708\n1654 2C020304050607082C02030405060708\n1110 01000000\n");
+              "1650 0A00FA00FEFF0000003F0000C8430000004000004842\n1651 0000C84200004041\n"
+              "1653 0000C842000040412CFF000C00FF0007\n1654 2CFF000C00FF00072CFF000C00FF0007\n1110 01000000\n");
     EXPECT_EQ(Keys(),
               "<device UserCode=\"\" KPDClassName=\"dSilencerType\" ProductFamilyKey=\"KEY\" ProductKey=\"KEY\">");
 }

@@ -11,5 +11,4 @@ set(SORVIK_LIB_TESTS
   KLUtilsText.cpp
   Md5.cpp
   Md5TimeTrial.cpp
-  XData.cpp
-  XmlText.cpp)
+  XData.cpp)
