@@ -1,10 +1,11 @@
-// The command line: queued commands, prompts and selection, and what is refused there.
+// The command line: queued commands, prompts and selection, what is refused there, and what a module may leave there.
 #include "AutoCADFixture.h"
 
 #include "accmd.h"
 #include "actrans.h"
 
 using bench::Answer;
+using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
@@ -110,4 +111,15 @@ TEST_F(AutoCADCommands, DisabledMainWindowIsAccused) {
     bench::StopAutoCAD();
     EXPECT_THAT(TakeAccusations(), ElementsAre(HasSubstr("still disabled")));
     bench::StartAutoCAD();
+}
+
+// The module behind AutoCADProbe.cpp.
+TEST_F(AutoCADCommands, LeftoversOfAModuleAreAccused) {
+    ASSERT_EQ(acedArxLoad(L"bench_probe.arx"), RTNORM);
+    EXPECT_EQ(acedArxUnload(L"bench_probe.arx"), RTNORM);
+    EXPECT_THAT(TakeAccusations(), ElementsAre(AllOf(HasSubstr("command Probe"), HasSubstr("still registered")),
+                                               AllOf(HasSubstr("service PROBE"), HasSubstr("still registered"))));
+    EXPECT_FALSE(bench::RunCommand("PROBE"));
+    EXPECT_THAT(bench::BenchBalance(), ElementsAre("command group PROBE_CMDS", "service PROBE"));
+    bench::ClearBalance();
 }

@@ -1,10 +1,6 @@
-// A module for the loader's tests. The environment variable BENCH_PROBE says what it does: "refuse" answers kRetError,
-// "locked" does not unlock itself, "leave" goes without taking its command away. Messages are noted in the journal.
+// A module for the loader's test: it goes without taking back its command and its service.
 #include <windows.h>
 
-#include <string>
-
-#include "BenchControl.h"
 #include "accmd.h"
 #include "rxdefs.h"
 #include "rxregsvc.h"
@@ -16,12 +12,7 @@ void Probe() {}
 }  // namespace
 
 extern "C" __declspec(dllexport) AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
-    bench::Note("probe: " + std::to_string(msg));
     if (msg != AcRx::kInitAppMsg) return AcRx::kRetOK;
-    char told[16] = "";
-    GetEnvironmentVariableA("BENCH_PROBE", told, sizeof told);
-    if (told == std::string("refuse")) return AcRx::kRetError;
-    if (told == std::string("locked")) return AcRx::kRetOK;
     acedRegCmds->addCommand(L"PROBE_CMDS", L"Probe", L"Probe", ACRX_CMD_MODAL, Probe);
     acrxRegisterService(L"PROBE");
     acrxUnlockApplication(pkt);

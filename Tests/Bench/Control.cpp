@@ -69,15 +69,4 @@ TEST(Texts, EveryByteSurvivesItsSpelling) {
         EXPECT_FALSE(bench::FromEscaped(broken, back)) << broken;
 }
 
-TEST(Texts, NumbersAreShortAndReadWholeOrNotAtAll) {
-    EXPECT_EQ(bench::NumberText(2800) + bench::NumberText(-0.0000001) + bench::NumberText(-12.5, 2), "28000-12.5");
-    double real = 77;
-    long integer = 77;
-    for (const char* text : {"", " 1", "1 ", "1,5", "nan", "1e999"})
-        EXPECT_FALSE(bench::ReadNumber(text, real) || bench::ReadNumber(text, integer)) << text;
-    EXPECT_EQ(real + integer, 154);
-    EXPECT_TRUE(bench::ReadNumber("-1.5e3", real) && bench::ReadNumber("-15", integer));
-    EXPECT_EQ(real + integer, -1515);
-}
-
 }  // namespace

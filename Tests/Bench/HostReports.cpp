@@ -1,10 +1,9 @@
-// What the bench host makes without any stand-in: its switches, its scripts, the verdict and the floor plan.
+// What the bench host makes without any stand-in: its switches, its scripts and the verdict.
 #include <gmock/gmock.h>
 
 #include <string>
 #include <vector>
 
-#include "FloorPlanDrawing.h"
 #include "Options.h"
 #include "Report.h"
 #include "Script.h"
@@ -13,7 +12,6 @@ namespace bench {
 namespace {
 
 using ::testing::HasSubstr;
-using ::testing::Not;
 
 TEST(HostOptions, EveryFormOfASwitchAndWrongUse) {
     HostOptions options;
@@ -61,29 +59,6 @@ TEST(HostReport, OnlyACommandThatEndedAndNeverAbortedIsCommitted) {
     EXPECT_FALSE(Committed({start}));
     EXPECT_FALSE(Committed({start, end, start, abort}));
     EXPECT_FALSE(Committed({start, "AcTransactionManager::endTransaction -> 40"}));
-}
-
-TEST(HostFloorPlan, IsDrawnToScaleWithTheNewSilencerCircled) {
-    PlanPart duct;
-    duct.handle = "2A3";
-    duct.direction = {1, 0};
-    duct.length = 10000;
-    duct.across = 1000;
-    PlanPart silencer = duct;
-    silencer.kind = PlanPart::Kind::kSilencer;
-    silencer.start = {2000, 0};
-    silencer.length = 1000;
-    silencer.userCode = "A<B";
-    FloorPlan plan{"Title & more", "", {{"S1", "Supply", 0}}, {duct, silencer}};
-
-    const std::string before = FloorPlanSvg(plan);
-    // 10 m of duct and 1.2 m of paper at each end fill 1260 pixels: the duct is ten times as long as wide.
-    EXPECT_THAT(before, HasSubstr("<polygon points='191.94 175.13, 1208.06 175.13, 1208.06 276.74, 191.94 276.74'"));
-    EXPECT_THAT(before, HasSubstr("Title &amp; more"));
-    EXPECT_THAT(before, HasSubstr("A&lt;B"));
-    plan.parts[1].marked = true;
-    EXPECT_THAT(FloorPlanSvg(plan), HasSubstr("stroke='#c8102e' stroke-width='2' stroke-dasharray"));
-    EXPECT_THAT(before, Not(HasSubstr("#c8102e")));
 }
 
 }  // namespace

@@ -198,13 +198,4 @@ TEST_F(KbaseLibrary, SecondReleasesLateUsesAndForeignRecordsAreAccused) {
     record_ = nullptr;
 }
 
-TEST_F(KbaseLibrary, APlannedFailureGivesNoRecordAndMayPoisonTheClassId) {
-    KB_CLASSID id = {{-1, -1}};
-    bench::FailCalls({"ddk_classsymboltoID", 2, 0, true, true});
-    EXPECT_EQ(ddk_classsymboltoID(dictionary_, "KMD", &id), 0);
-    EXPECT_EQ(id.value[1], 0x0BADF00D);
-    bench::FailCall("kbcreaterec", 2);
-    EXPECT_FALSE(Create("B"));
-}
-
 }  // namespace

@@ -103,28 +103,21 @@ TEST_F(Klimora, ReferencesAreOwedByInterfaceAndReleasedOnce) {
 TEST_F(Klimora, APlannedFailureLeavesOrSpoilsTheOutputs) {
     double x = 77, y = 77, z = 77;
     long result = 77;
+    BSTR text = nullptr;
     const auto reads = [&] {
         return client_->getPartAttPoint(Text("2A3"), Text("/Part/Position/WCS"), &x, &y, &z, &result);
     };
-    bench::FailCalls({"IKlimora200805::*", 1, RPC_E_DISCONNECTED, true, false});
+    bench::FailCalls({"IKlimora200805::*", 1, RPC_E_DISCONNECTED});
     EXPECT_EQ(reads(), RPC_E_DISCONNECTED);
     EXPECT_EQ(x + y + z + result, 4 * 77);
-    bench::ClearFailures();
-    bench::FailCalls({"IKlimora200805::getPartAttPoint", 1, E_FAIL, false, true});
+    bench::FailCalls({"IKlimora200805::getPartAttPoint", 2, E_FAIL, false, true});
     EXPECT_EQ(reads(), E_FAIL);
     EXPECT_TRUE(x < -1e300 && y < -1e300 && z < -1e300 && result == 0x0BADF00D);
-    bench::FailCalls({"IKlimora200805::getPartAttPoint", 2, -7});
+    bench::FailCalls({"IKlimora200805::getPartAttPoint", 3, -7});
     EXPECT_EQ(reads(), S_OK);
     EXPECT_TRUE(x == 0 && y == 0 && z == 0 && result == -7);
-    BSTR text = nullptr;
     client_->getLastErrorText(&text);
     EXPECT_STREQ(text, L"IKlimora200805::getPartAttPoint was planned to fail.");
-    EXPECT_EQ(reads(), S_OK);
-    client_->getLastErrorText(&text);
-    EXPECT_STREQ(text, L"");
-    bench::FailCall("IKlimora200805::getLastErrorText", 3);
-    EXPECT_EQ(client_->getLastErrorText(&text), E_FAIL);
-    EXPECT_TRUE(x == 11300 && y == 9250 && z == 2800 && result == 0);
 }
 
 TEST_F(Klimora, WhatOnlyABrokenClientDoesWithABinaryVariableIsAccused) {
@@ -199,10 +192,6 @@ TEST_F(Klimora, TheSilencerSplitsADuctAndNothingElse) {
     EXPECT_EQ(bench::PartAttribute(silencer, "/Part/Position/WCS"), "17150 6000 2800");
     EXPECT_EQ(bench::PartAttribute(second, "/Part/Position/WCS"), "18350 6000 2800");
     EXPECT_EQ(bench::PartAttribute(second, "/Part/Connection[1]/ConnectedTo"), "2B4");
-    EXPECT_THAT(Inserts("SRC-400-1200", "SORV1", {{Answer::kEnter, ""}}), HasSubstr("between ducts 2B3 and"));
-    Inserts("SRC-400-1200", "SORV1", {{Answer::kEnter, ""}});
-    EXPECT_THAT(Inserts("SRC-400-1200", "SORV1", {{Answer::kEnter, ""}}),
-                HasSubstr("part 2B3 is 12.5 mm long, too short for a silencer of 1200 mm"));
 }
 
 }  // namespace
