@@ -1,7 +1,85 @@
-// The key of a Registry: root, rights, path, and making and removing keys in the real registry.
-#include "RegistryFixture.h"
+// Registry and RegistryApp in the real registry: keys, the calls of each operation, what is stored and read, every
+// code, default and report, and the settings of an application over the user's and the machine's store.
+#include <algorithm>
+
+#include "DiagnosticsFixture.h"
+#include "Lib/FormatText.h"
+#include "Lib/RegistryApp.h"
+#include "RecordedCalls.h"
 
 namespace {
+
+// Keys of this process alone under HKEY_CURRENT_USER and HKEY_LOCAL_MACHINE, gone before and after every case; values
+// put there and read without the unit under test; and what the readers of a value "v" give.
+class RegistryTest : public DiagnosticsTest {
+ protected:
+    RegistryTest() : path("Software\\SorvikTest-" + std::to_string(GetCurrentProcessId())) {
+        g_diagSettings->errorBits = RF_LOG | RF_FILELINE | RF_FUNCTION;
+        RemoveKeys();
+    }
+    ~RegistryTest() override { RemoveKeys(); }
+
+    void RemoveKeys() const {
+        RegDeleteTreeA(HKEY_CURRENT_USER, path.c_str());
+        RegDeleteTreeA(HKEY_LOCAL_MACHINE, path.c_str());
+    }
+    // Takes the key away.
+    static bool WasThere(HKEY root, const std::string& keyPath) { return RegDeleteTreeA(root, keyPath.c_str()) == 0; }
+    // Makes the test's key as well.
+    void Put(HKEY root, const char* name, DWORD type, const std::string& bytes) const {
+        EXPECT_EQ(RegSetKeyValueA(root, path.c_str(), name, type, bytes.data(), static_cast<DWORD>(bytes.size())), 0);
+    }
+    // "type:bytes", empty when there is none.
+    std::string Stored(HKEY root, const char* name) const {
+        char bytes[64] = "";
+        DWORD type = 0, size = sizeof bytes;
+        const LSTATUS status = RegGetValueA(root, path.c_str(), name, RRF_RT_ANY | RRF_NOEXPAND, &type, bytes, &size);
+        return status == ERROR_SUCCESS ? std::to_string(type) + ":" + std::string(bytes, size) : "";
+    }
+    // One report's line.
+    static std::string Line(const std::string& function, const std::string& message, int line) {
+        return "Error  -  Registry::" + function + "(...)  -  \"" + message + "\"  -  PlugIn/Lib/Registry#" +
+               std::to_string(line) + "\n";
+    }
+
+    // What a reader gives: the result, and the output that held "PPPP" ('P' for poison) when the default is "DDDD".
+    template <class Store>
+    static std::string ReadDword(const Store& store) {
+        uint32_t value = 0x50505050;
+        const int result = store.GetDwordValue("v", value, 0x44444444);
+        return std::to_string(result) + " " + std::string(reinterpret_cast<const char*>(&value), 4);
+    }
+    template <class Store>
+    static std::string ReadText(const Store& store) {
+        std::string value = "PPPP";
+        const int result = store.GetStringValue("v", value, "DDDD");
+        return std::to_string(result) + " " + value;
+    }
+    template <class Store>
+    static std::string ReadBuffer(const Store& store, int size = 4) {
+        char value[] = "PPPPPP";
+        const int result = store.GetStringValue("v", value, size, "DDDDD");
+        return std::to_string(result) + " " + std::string(value, static_cast<size_t>(std::max(size, 4)));
+    }
+    template <class Store>
+    static std::string ReadBytes(const Store& store, int size = 4) {
+        char value[] = "PPPPPP";
+        const int result = store.GetBinaryValue("v", value, size, "DDDDD");
+        return std::to_string(result) + " " + std::string(value, static_cast<size_t>(std::max(size, 4)));
+    }
+    // Size and type, then what the four readers give.
+    using Reads = std::vector<std::string>;
+    template <class Store>
+    static Reads ReadAll(const Store& store) {
+        return {std::to_string(store.GetValueSize("v")) + " " + std::to_string(store.GetValueType("v")),
+                ReadDword(store), ReadText(store), ReadBuffer(store), ReadBytes(store)};
+    }
+    static Reads Alike(const std::string& sizeAndType, const std::string& read) {
+        return {sizeAndType, read, read, read, read};
+    }
+
+    const std::string path;
+};
 
 TEST_F(RegistryTest, StartsWithItsDefaultsAndResetRestoresThem) {
     Registry registry;
@@ -100,6 +178,292 @@ TEST_F(RegistryTest, KeysAreRemovedWhenTheyHaveNoSubkeys) {
     EXPECT_EQ(registry.DeleteKey(nullptr), 0);
     EXPECT_EQ(registry.GetKeyPath(), "");
     EXPECT_FALSE(WasThere(HKEY_CURRENT_USER, path));
+}
+
+class RegistryValues : public RegistryTest {
+ protected:
+    RegistryValues() { EXPECT_EQ(registry_.Open(HKEY_CURRENT_USER, path.c_str(), KEY_ALL_ACCESS, true), 0); }
+
+    Registry registry_;
+};
+
+TEST_F(RegistryValues, EveryOperationOpensFlushesAndCloses) {
+    RecordedCalls calls;
+    calls.Name(HKEY_CURRENT_USER, "USER");
+    calls.Record("RegOpenKeyExA", RegOpenKeyExA);
+    calls.Record("RegCreateKeyExA", RegCreateKeyExA);
+    calls.Record("RegCloseKey", RegCloseKey);
+    calls.Record("RegFlushKey", RegFlushKey);
+    calls.Record("RegQueryValueExA", RegQueryValueExA);
+    calls.Record("RegSetValueExA", RegSetValueExA);
+    calls.Record("RegDeleteValueA", RegDeleteValueA);
+    calls.Record("RegDeleteKeyA", RegDeleteKeyA);
+    const auto query = [](const std::string& outputs) {
+        return "RegQueryValueExA RegOpenKeyExA \"v\" null " + outputs + "\n";
+    };
+    const auto set = [](const std::string& data) { return "RegSetValueExA RegOpenKeyExA \"v\" 0x0 " + data + "\n"; };
+    const std::string key = "USER \"" + path + "\"";
+    const std::string open = "RegOpenKeyExA " + key + " 0x0 0xF003F &\n";
+    const std::string close = "RegCloseKey RegOpenKeyExA\n";
+    const std::string flush = "RegFlushKey RegOpenKeyExA\n" + close;
+    const std::string create = "RegCreateKeyExA " + key + " 0x0 null 0x0 0xF003F null & null\n" +
+                               "RegFlushKey RegCreateKeyExA\nRegCloseKey RegCreateKeyExA\n";
+    const std::string write = open + close + open;
+    const std::string read = open + close + open + query("null null null") + close + open;
+    const struct {
+        int (*operation)(Registry& registry, const char* path);
+        std::string calls;
+    } cases[] = {
+        {[](Registry& r, const char* path) { return r.SetKeyPath(path, true); }, create},
+        {[](Registry& r, const char* path) { return r.SetKeyPath(path, false); }, open + flush},
+        {[](Registry& r, const char*) { return r.CreateKey(nullptr); }, create},
+        {[](Registry& r, const char*) { return r.KeyExists(nullptr) - 1; }, open + close},
+        {[](Registry& r, const char*) { return r.SetStringValue("v", "text"); }, write + set("0x1 & 0x4") + flush},
+        {[](Registry& r, const char*) { return r.SetBinaryValue("v", "by", 2); }, write + set("0x3 & 0x2") + flush},
+        {[](Registry& r, const char*) { return r.SetDwordValue("v", 1); }, write + set("0x4 & 0x4") + flush},
+        {[](Registry& r, const char*) { return r.GetValueSize("v") - 4; }, read + query("null null &") + close},
+        {[](Registry& r, const char*) { return r.GetValueType("v") - REG_DWORD; }, read + query("& null null") + close},
+        {[](Registry& r, const char*) {
+             uint32_t number = 0;
+             return r.GetDwordValue("v", number, 5) + static_cast<int>(number) - 1;
+         },
+         read + query("null & &") + close},
+        {[](Registry& r, const char*) {
+             char bytes[4];
+             return r.GetBinaryValue("v", bytes, 4, nullptr);
+         },
+         read + query("null null &") + query("null & &") + close},
+        {[](Registry& r, const char*) { return r.DeleteValue("v"); },
+         read + "RegDeleteValueA RegOpenKeyExA \"v\"\n" + flush},
+        {[](Registry& r, const char*) { return r.DeleteKey(nullptr); }, open + close + "RegDeleteKeyA " + key + "\n"},
+    };
+    for (const auto& one : cases) {
+        EXPECT_EQ(one.operation(registry_, path.c_str()), 0);
+        EXPECT_EQ(calls.Take(), one.calls);
+    }
+}
+
+TEST_F(RegistryValues, AreStoredAndReadBack) {
+    EXPECT_EQ(registry_.SetDwordValue("v", 0xFF636261), 0);
+    EXPECT_EQ(Stored(HKEY_CURRENT_USER, "v"), "4:abc\xFF");
+    EXPECT_EQ(ReadDword(registry_), "0 abc\xFF");
+    EXPECT_EQ(registry_.SetBinaryValue("v", "a\0b\0", 4), 0);
+    EXPECT_EQ(Stored(HKEY_CURRENT_USER, "v"), std::string("3:a\0b\0", 6));
+    EXPECT_EQ(ReadText(registry_), "0 a") << "up to the first zero";
+    EXPECT_EQ(registry_.SetStringValue("v", std::string("abc")), 0);
+    EXPECT_EQ(Stored(HKEY_CURRENT_USER, "v"), "1:abc") << "without a terminator";
+    EXPECT_EQ(ReadAll(registry_),
+              (Reads{"3 1", std::string("0 abc\0", 6), "0 abc", std::string("0 abc\0", 6), "-4006 DDDD"}));
+    EXPECT_EQ(ReadBuffer(registry_, 5), std::string("0 abc\0P", 7));
+    EXPECT_EQ(ReadBuffer(registry_, 3), "0 abcP") << "a full buffer has no terminator";
+    EXPECT_EQ(ReadBuffer(registry_, 2), "-4006 DDPP");
+    EXPECT_EQ(ReadBytes(registry_, 2), "-4006 DDPP") << "bytes have the stored size";
+    EXPECT_EQ(ReadBytes(registry_, 3), "0 abcP");
+    EXPECT_EQ(registry_.SetStringValue("v", ""), 0);
+    EXPECT_EQ(registry_.GetValueSize("v"), 0);
+    EXPECT_EQ(ReadText(registry_), "0 ");
+    for (const size_t length : {40u, 256u, 8193u}) {
+        EXPECT_EQ(registry_.SetStringValue("v", std::string(length, 'x').c_str()), 0);
+        // Memory that is not zero by luck, where the text will be read into.
+        std::vector<std::string>(8, std::string(length, 'y')).clear();
+        EXPECT_EQ(ReadText(registry_), "0 " + std::string(length, 'x'));
+    }
+    EXPECT_EQ(ReadDword(registry_), "-4006 DDDD") << "more than four bytes are no number";
+    EXPECT_EQ(registry_.DeleteValue("v"), 0);
+    EXPECT_EQ(Stored(HKEY_CURRENT_USER, "v"), "");
+    EXPECT_EQ(LogLines(), "");
+}
+
+TEST_F(RegistryValues, MissingKeyAndMissingValueGiveTheDefault) {
+    for (const int code : {-4006, -4005}) {
+        const std::string text = std::to_string(code);
+        EXPECT_EQ(ReadAll(registry_), Alike(text + " " + text, text + " DDDD"));
+        EXPECT_FALSE(registry_.ValueExists("v"));
+        EXPECT_EQ(registry_.DeleteValue("v"), code);
+        RemoveKeys();
+    }
+    EXPECT_EQ(registry_.SetDwordValue("v", 1), -4005);
+    EXPECT_EQ(LogLines(), "");
+}
+
+TEST_F(RegistryValues, FailedOpenLeavesTheOutput) {
+    Put(HKEY_CURRENT_USER, "v", REG_BINARY, "1234");
+    const std::string reads[] = {"-4005 DDDD", "-4006 DDDD", "-4004 PPPP"};
+    const int codes[] = {-4005, -4006, -4004};
+    const int writes[] = {-4005, -4004, 0};
+    for (int opened = 0; opened < 3; ++opened) {
+        const auto refused = [opened](auto&& operation) {
+            RecordedCalls calls;
+            calls.Give("RegOpenKeyExA", RegOpenKeyExA, ERROR_ACCESS_DENIED, opened);
+            return operation();
+        };
+        EXPECT_EQ(refused([&] { return ReadDword(registry_); }), reads[opened]);
+        EXPECT_EQ(refused([&] { return ReadText(registry_); }), reads[opened]);
+        EXPECT_EQ(refused([&] { return ReadBuffer(registry_); }), reads[opened]);
+        EXPECT_EQ(refused([&] { return ReadBytes(registry_); }), reads[opened]);
+        EXPECT_EQ(refused([&] { return registry_.GetValueType("v"); }), codes[opened]);
+        EXPECT_EQ(refused([&] { return registry_.DeleteValue("v"); }), codes[opened]);
+        EXPECT_EQ(refused([&] { return registry_.SetBinaryValue("v", "1234", 4); }), writes[opened]);
+    }
+}
+
+TEST_F(RegistryValues, RightsAreThoseOfTheMask) {
+    Put(HKEY_CURRENT_USER, "v", REG_BINARY, "1234");
+    registry_.SetAccessMask(KEY_QUERY_VALUE);
+    EXPECT_EQ(ReadBytes(registry_), "0 1234");
+    EXPECT_EQ(registry_.SetDwordValue("v", 1), -4003);
+    EXPECT_EQ(registry_.DeleteValue("v"), -4003);
+    EXPECT_EQ(Stored(HKEY_CURRENT_USER, "v"), "3:1234");
+    registry_.SetAccessMask(KEY_SET_VALUE);
+    EXPECT_EQ(ReadAll(registry_), Alike("-4006 -4006", "-4006 DDDD"));
+    EXPECT_EQ(LogLines(), "") << "refused writes are told by the code alone";
+
+    RecordedCalls calls;
+    // The question whether a value exists asks for nothing; questions for more are refused.
+    calls.Record("RegQueryValueExA", RegQueryValueExA, [](HKEY, auto, auto, DWORD* type, BYTE* data, DWORD* size) {
+        return type || data || size ? ERROR_ACCESS_DENIED : ERROR_SUCCESS;
+    });
+    EXPECT_EQ(ReadAll(registry_), (Reads{"-4003 -4003", "-4006 DDDD", "-4003 PPPP", "-4006 DDDD", "-4006 DDDD"}));
+}
+
+TEST_F(RegistryValues, BadArgumentsAreTold) {
+    std::string text = "P";
+    uint32_t number = 5;
+    for (const char* const name : {static_cast<const char*>(nullptr), ""}) {
+        EXPECT_FALSE(registry_.ValueExists(name));
+        for (const int result :
+             {registry_.DeleteValue(name), registry_.GetValueSize(name), registry_.GetValueType(name),
+              registry_.SetDwordValue(name, 1), registry_.SetStringValue(name, "x"),
+              registry_.GetDwordValue(name, number, 1), registry_.GetStringValue(name, text, "x")})
+            EXPECT_EQ(result, -4002);
+    }
+    EXPECT_EQ(registry_.SetStringValue("v", static_cast<const char*>(nullptr)), -4002);
+    EXPECT_EQ(text, "P");
+    EXPECT_EQ(number, 5u);
+    EXPECT_EQ(LogLines(), "") << "by their code";
+
+    char value[] = "abc";
+    const char* const place = reinterpret_cast<const char*>(0x1234);
+    for (const int result :
+         {registry_.GetStringValue(nullptr, value, 3, "d"), registry_.GetStringValue("", value, 2, nullptr),
+          registry_.GetStringValue("n", nullptr, 4, "d"), registry_.GetStringValue("n", value, 0, "d"),
+          registry_.SetBinaryValue(nullptr, "abc", 2), registry_.SetBinaryValue("n", nullptr, 2),
+          registry_.SetBinaryValue("n", "abc", 0), registry_.GetBinaryValue("", value, 3, place),
+          registry_.GetBinaryValue("n", value, 0, place), registry_.GetBinaryValue("n", nullptr, 3, place)})
+        EXPECT_EQ(result, -4002);
+    EXPECT_STREQ(value, "abc") << "the default is not copied";
+    const auto getter = [](const std::string& values) {
+        return Line("GetStringValue", "Registry::GetStringValue " + values, 568);
+    };
+    const auto setter = [](const std::string& values) {
+        return Line("SetBinaryValue", "Registry::GetStringValue " + values, 626);
+    };
+    const auto bytes = [](const std::string& values) {
+        return Line("GetBinaryValue", "Registry::GetBinaryValue " + values + ", DefaultValue=\"0000000000001234\"",
+                    669);
+    };
+    const std::string at = FormatString("%p", value);
+    EXPECT_EQ(LogLines(), getter(R"(ValueName="NULL", Value="abc", ValueSize=3, DefaultValue="d")") +
+                              getter(R"(ValueName="", Value="ab", ValueSize=2, DefaultValue="NULL")") +
+                              getter(R"(ValueName="n", Value="NULL", ValueSize=4, DefaultValue="d")") +
+                              getter(R"(ValueName="n", Value="", ValueSize=0, DefaultValue="d")") +
+                              setter(R"(ValueName="NULL", Value="ab", ValueSize=2)") +
+                              setter(R"(ValueName="n", Value="NULL", ValueSize=2)") +
+                              setter(R"(ValueName="n", Value="", ValueSize=0)") +
+                              bytes("ValueName=\"\", Value=\"" + at + "\", ValueSize=3") +
+                              bytes("ValueName=\"n\", Value=\"" + at + "\", ValueSize=0") +
+                              bytes(R"(ValueName="n", Value="0000000000000000", ValueSize=3)"));
+}
+
+class RegistryAppTest : public RegistryTest {
+ protected:
+    const std::unique_ptr<PRegistryApp> app_ = CreateRegistryApp();
+};
+
+TEST_F(RegistryAppTest, OpenMakesTheUsersKeyAloneAndGivesItsResult) {
+    Put(HKEY_LOCAL_MACHINE, "v", REG_BINARY, "");
+    EXPECT_EQ(app_->Open(path.c_str()), 0);
+    EXPECT_EQ(app_->GetKeyPath(), path);
+    RemoveKeys();
+    RecordedCalls calls;
+    calls.Name(HKEY_CURRENT_USER, "USER");
+    calls.Name(HKEY_LOCAL_MACHINE, "MACHINE");
+    calls.Record("RegOpenKeyExA", RegOpenKeyExA);
+    calls.Record("RegCreateKeyExA", RegCreateKeyExA);
+    EXPECT_EQ(app_->Open(path.c_str()), 0);
+    EXPECT_EQ(calls.Take(), "RegOpenKeyExA MACHINE \"" + path + "\" 0x0 0x1 &\nRegCreateKeyExA USER \"" + path +
+                                "\" 0x0 null 0x0 0xF003F null & null\n");
+    EXPECT_TRUE(app_->IsKeyPathValid());
+    EXPECT_EQ(app_->GetKeyPath(), "") << "the machine's path";
+    EXPECT_EQ(LogLines(), "") << "a machine's key that is not there is no failure";
+    app_->Close();
+    EXPECT_FALSE(app_->IsKeyPathValid());
+
+    const std::string tooLong = path + "\\" + std::string(300, 'k');
+    EXPECT_EQ(app_->Open(tooLong.c_str()), -4003) << "no key has a name of 300 characters";
+}
+
+TEST_F(RegistryAppTest, PathIsSetInBothStores) {
+    const std::string other = path + "\\Other";
+    RegSetKeyValueA(HKEY_LOCAL_MACHINE, other.c_str(), "v", REG_BINARY, "", 0);
+    ASSERT_EQ(app_->Open(path.c_str()), 0);
+    EXPECT_EQ(app_->SetKeyPath(other.c_str(), false), -4004);
+    EXPECT_EQ(app_->GetKeyPath(), other);
+    EXPECT_EQ(app_->SetKeyPath(other.c_str(), true), 0);
+    EXPECT_TRUE(WasThere(HKEY_CURRENT_USER, other));
+    EXPECT_EQ(app_->SetKeyPath((other + "\\New").c_str(), true), 0);
+    EXPECT_FALSE(WasThere(HKEY_LOCAL_MACHINE, other + "\\New"));
+    EXPECT_EQ(app_->SetKeyPath("", true), -4002);
+    const std::string line = Line("SetKeyPath", "Registry::SetKeyPath _KeyPath == NULL", 134);
+    EXPECT_EQ(LogLines(), line + line) << "one report from each store";
+    app_->Close();
+    EXPECT_EQ(app_->GetKeyPath(), "");
+}
+
+TEST_F(RegistryAppTest, KeysOfEitherStoreExistAndTheUsersAreDeleted) {
+    Put(HKEY_LOCAL_MACHINE, "other", REG_BINARY, "");
+    ASSERT_EQ(app_->Open(path.c_str()), 0);
+    EXPECT_TRUE(app_->UserKeyExists(path.c_str()));
+    EXPECT_EQ(app_->DeleteKey(path.c_str()), 0);
+    EXPECT_FALSE(app_->UserKeyExists(path.c_str()));
+    EXPECT_TRUE(app_->KeyExists(path.c_str()));
+    EXPECT_TRUE(app_->IsKeyPathValid());
+    EXPECT_EQ(app_->DeleteKey(path.c_str()), -4005);
+    RemoveKeys();
+    EXPECT_FALSE(app_->KeyExists(path.c_str()));
+}
+
+TEST_F(RegistryAppTest, ReadersFallBackToTheMachine) {
+    Put(HKEY_LOCAL_MACHINE, "other", REG_BINARY, "");
+    ASSERT_EQ(app_->Open(path.c_str()), 0);
+    EXPECT_EQ(ReadAll(*app_), Alike("-4006 -4006", "-4006 DDDD"));
+    EXPECT_FALSE(app_->ValueExists("v"));
+    Put(HKEY_LOCAL_MACHINE, "v", REG_BINARY, "mach");
+    EXPECT_TRUE(app_->ValueExists("v"));
+    EXPECT_EQ(ReadAll(*app_), Alike("4 3", "0 mach"));
+    Put(HKEY_CURRENT_USER, "v", REG_DWORD, "user");
+    EXPECT_EQ(ReadAll(*app_), Alike("4 4", "0 user"));
+    RegDeleteTreeA(HKEY_CURRENT_USER, path.c_str());
+    EXPECT_EQ(ReadAll(*app_), Alike("4 3", "0 mach")) << "without the user's key";
+    RegDeleteTreeA(HKEY_LOCAL_MACHINE, path.c_str());
+    EXPECT_EQ(ReadAll(*app_), Alike("-4005 -4005", "-4005 DDDD"));
+}
+
+TEST_F(RegistryAppTest, WritersWriteForTheUserAlone) {
+    Put(HKEY_LOCAL_MACHINE, "v", REG_BINARY, "mach");
+    ASSERT_EQ(app_->Open(path.c_str()), 0);
+    EXPECT_EQ(app_->SetDwordValue("v", 0x72657375), 0);
+    EXPECT_EQ(Stored(HKEY_CURRENT_USER, "v"), "4:user");
+    EXPECT_EQ(app_->SetStringValue("v", "text"), 0);
+    EXPECT_EQ(Stored(HKEY_CURRENT_USER, "v"), "1:text");
+    EXPECT_EQ(app_->SetStringValue("v", std::string("more")), 0);
+    EXPECT_EQ(Stored(HKEY_CURRENT_USER, "v"), "1:more");
+    EXPECT_EQ(app_->SetBinaryValue("v", "byte", 4), 0);
+    EXPECT_EQ(Stored(HKEY_CURRENT_USER, "v"), "3:byte");
+    EXPECT_EQ(app_->DeleteValue("v"), 0);
+    EXPECT_EQ(Stored(HKEY_CURRENT_USER, "v"), "");
+    EXPECT_EQ(app_->DeleteValue("v"), -4006) << "the machine's value is not the user's to delete";
+    EXPECT_EQ(Stored(HKEY_LOCAL_MACHINE, "v"), "3:mach");
 }
 
 }  // namespace

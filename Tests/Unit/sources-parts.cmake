@@ -1,6 +1,4 @@
 set(SORVIK_PART_TESTS
   CreateParts.cpp
   CreatePartsCustom.cpp
-  Registry.cpp
-  RegistryApp.cpp
-  RegistryValues.cpp)
+  Registry.cpp)
