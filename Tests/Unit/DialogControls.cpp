@@ -1,7 +1,9 @@
 #include <cstdlib>
 
 #include "DialogFixture.h"
+#include "ModuleNames.h"
 #include "RecordedCalls.h"
+#include "TestFiles.h"
 #include "Util/PDialogControlButtons.h"
 #include "Util/PDialogControlLists.h"
 #include "Util/PDialogControlTexts.h"
@@ -31,6 +33,17 @@ ComboListData ListOf(std::initializer_list<std::pair<double, const char*>> items
     for (const auto& [value, text] : items)
         InsertComboListDataItem(&list, value, text);
     return list;
+}
+
+// A control with this binder; the extended style replaces what the dialog gave it.
+template <class Binder>
+std::unique_ptr<BoundDialog> Show(const char* className, DWORD style, LONG extendedStyle, const std::string& name) {
+    auto dialog = std::make_unique<BoundDialog>();
+    dialog->Open({{className, style, kControl}}, [&] {
+        SetWindowLongA(dialog->GetControl(kControl), GWL_EXSTYLE, extendedStyle);
+        dialog->Bind<Binder>(kControl, name);
+    });
+    return dialog;
 }
 
 }  // namespace
@@ -124,37 +137,32 @@ TEST_F(DialogControls, ComboBoxesConsumeTheirList) {
 TEST_F(DialogControls, ListsGoOnAfterARefusedTextAndStopAtAnEmptyOne) {
     const struct {
         bool combo;
-        float wanted;
-        const char* selections;
-    } cases[] = {{true, 3, "334 1;"}, {true, 2, "334 0;"}, {false, 3, "390 1;"}, {false, 2, "334 0;"}};
+        float before;
+        LRESULT selected;
+        float after;
+    } cases[] = {{true, 3, 1, 3}, {true, 2, 0, 1}, {false, 3, 1, 3}, {false, 2, LB_ERR, 2}};
     for (const auto& c : cases) {
         ComboListData list = ListOf({{1, "one"}, {2, "two"}, {3, "three"}, {4, "x"}, {5, "five"}});
         list[3].text[0] = '\0';
-        float value = c.wanted;
-        std::string sent;  // selections asked for: "MESSAGE INDEX;"
-        auto calls = std::make_unique<RecordedCalls>();
-        calls->Record("SendMessageA", SendMessageA,
-                      [&](HWND window, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
-                          const bool adds = message == CB_ADDSTRING || message == LB_ADDSTRING;
-                          if (adds && reinterpret_cast<const char*>(lParam) == std::string("two")) return -2;
-                          if (message == CB_SETCURSEL || message == LB_SETCURSEL)
-                              sent += std::to_string(message) + " " + std::to_string(wParam) + ";";
-                          const auto procedure = reinterpret_cast<WNDPROC>(GetWindowLongPtrA(window, GWLP_WNDPROC));
-                          return CallWindowProcA(procedure, window, message, wParam, lParam);
-                      });
+        float value = c.before;
+        RecordedCalls calls;
+        calls.Record("SendMessageA", SendMessageA, [](HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+            const bool adds = message == CB_ADDSTRING || message == LB_ADDSTRING;
+            if (adds && reinterpret_cast<const char*>(lParam) == std::string("two")) return LRESULT{-2};
+            const auto procedure = reinterpret_cast<WNDPROC>(GetWindowLongPtrA(window, GWLP_WNDPROC));
+            return CallWindowProcA(procedure, window, message, wParam, lParam);
+        });
         Open(c.combo ? "COMBOBOX" : "LISTBOX", c.combo ? CBS_DROPDOWNLIST : WS_BORDER, [&](BoundDialog& self) {
             if (c.combo)
                 self.Bind<PDialogControlComboBox>(kControl, &list, &value);
             else
                 self.Bind<PDialogControlListBox>(kControl, &list, &value);
         });
-        EXPECT_EQ(sent, c.selections);
         EXPECT_EQ(list, nullptr);
         EXPECT_EQ(Send(c.combo ? CB_GETCOUNT : LB_GETCOUNT), 2);
-        const bool none = !c.combo && c.wanted == 2;
-        EXPECT_EQ(Send(c.combo ? CB_GETCURSEL : LB_GETCURSEL), none ? LB_ERR : c.wanted == 3);
+        EXPECT_EQ(Send(c.combo ? CB_GETCURSEL : LB_GETCURSEL), c.selected);
         dialog_->FromDialog(-1);
-        EXPECT_EQ(value, none ? 2 : c.wanted == 3 ? 3 : 1);
+        EXPECT_EQ(value, c.after);
         dialog_->ToDialog(-1);
         EXPECT_EQ(Send(c.combo ? CB_GETCOUNT : LB_GETCOUNT), 0) << "cleared before the list is looked for";
     }
@@ -226,4 +234,58 @@ TEST_F(DialogControls, DatesTakeAnySeparator) {
         dialog_->ToDialog(-1);
         EXPECT_EQ(calls.Take().find(" 0x1002 "), std::string::npos) << "without a text no DTM_SETSYSTEMTIME";
     }
+}
+
+TEST(DialogImages, TheStyleSaysWhichImageIsLoadedFromWhere) {
+    const TestFolder folder;
+    const std::string file = folder.file("duct.bmp");
+    WriteWholeFile(file, "");
+    const std::string fromFile = "null \"" + file + "\" ", fromModule = "module \"#115\" ";
+    const struct {
+        bool isButton;
+        DWORD style;
+        LONG extended;
+        std::string name, load;  // arguments of LoadImageA; none when no image is asked for
+        int type;
+    } cases[] = {
+        {true, BS_BITMAP, 0, file, fromFile + "0x0 0 0 0x1010", IMAGE_BITMAP},
+        {true, BS_ICON, 0, "#115", fromModule + "0x1 0 0 0x1000", IMAGE_ICON},
+        // The extended style goes before the style; bitmap goes before icon.
+        {true, BS_BITMAP, BS_ICON, file, fromFile + "0x1 0 0 0x1010", IMAGE_ICON},
+        {true, BS_PUSHBUTTON, BS_ICON | BS_BITMAP, file, fromFile + "0x0 0 0 0x1010", IMAGE_BITMAP},
+        // A folder of the image's name is no file of it.
+        {true, BS_ICON, 0, folder.path(), "module \"" + folder.path() + "\" 0x1 0 0 0x1000", IMAGE_ICON},
+        {false, SS_BITMAP, 0, file, "", 0},
+        {false, SS_BITMAP, 0x01, file, fromFile + "0x1 0 0 0x1010", IMAGE_ICON},
+        {false, SS_BITMAP, 0x03, "#115", fromModule + "0x1 0 0 0x1000", IMAGE_ICON},
+        {false, SS_ICON, 0x02, file, fromFile + "0x0 0 0 0x1010", IMAGE_BITMAP},
+        {false, SS_ICON, 0x04, file, fromFile + "0x0 0 0 0x1010", IMAGE_BITMAP},
+        {false, SS_ICON, 0x0E, file, fromFile + "0x0 0 0 0x1010", IMAGE_BITMAP},
+    };
+    for (const auto& c : cases) {
+        RecordedCalls calls;
+        calls.Name(GetModuleHandleA(kModuleFileName), "module");
+        calls.Give("LoadImageA", LoadImageA, reinterpret_cast<HANDLE>(0x51));
+        calls.Give("SendMessageA", SendMessageA, 0);
+        calls.Give("DeleteObject", DeleteObject, TRUE);
+        calls.Give("DestroyIcon", DestroyIcon, TRUE);
+        auto dialog = c.isButton ? Show<PDialogControlButton>("BUTTON", c.style, c.extended, c.name)
+                                 : Show<PDialogControlStaticImage>("STATIC", c.style, c.extended, c.name);
+        const std::string state = "SendMessageA & 0xCF 0x0 0\n";  // EM_SETREADONLY
+        const std::string load = "LoadImageA " + c.load + "\nSendMessageA & " + (c.isButton ? "0xF7 " : "0x172 ") +
+                                 (c.type == IMAGE_ICON ? "0x1" : "0x0") + " 81\n";
+        const std::string erase = c.type == IMAGE_ICON ? "DestroyIcon LoadImageA\n" : "DeleteObject LoadImageA\n";
+        EXPECT_EQ(calls.Take(), c.load.empty() ? state : state + load) << c.extended;
+        dialog->ToDialog(-1);
+        EXPECT_EQ(calls.Take(), c.load.empty() ? state : state + erase + load) << "the image before is deleted";
+        dialog.reset();
+        EXPECT_EQ(calls.Take(), c.load.empty() ? "" : erase);
+    }
+}
+
+TEST(DialogImages, ButtonsWithoutAnImageShowTheirText) {
+    for (const DWORD style : {BS_PUSHBUTTON, BS_BITMAP})
+        EXPECT_EQ(Show<PDialogControlButton>("BUTTON", style, 0, "no-such-image")->TextOf(kControl), "no-such-image");
+    const auto icon = Show<PDialogControlButton>("BUTTON", BS_ICON, 0, "#115");
+    EXPECT_NE(icon->Send(kControl, BM_GETIMAGE, IMAGE_ICON), 0) << "the module has the icon";
 }

@@ -1,4 +1,5 @@
-// Start and stop of the module on tables of the test's own: libraries, ARX modules, failures, and the look-ups by name.
+// Start and stop of the module on tables of the test's own: libraries, ARX modules, failures, and the look-ups by
+// name; and what other programs find in the module by name.
 #include <windows.h>
 
 #include "ModuleLoader.h"
@@ -46,23 +47,20 @@ TEST(ModuleFolder, HasNoTrailingBackslashAndFitsOrFails) {
     EXPECT_EQ(buffer[0], '\0');
 }
 
-TEST(ModuleLoader, LibraryIsLoadedByItsUpperCasedPath) {
-    ModuleRecord record = {"Kbase640.dll", nullptr};
-    EXPECT_EQ(LoadModule(record, Folder().c_str()), 0);
-    EXPECT_EQ(record.handle, GetModuleHandleA("Kbase640.dll"));
+TEST(ModuleLoader, LibrariesAreFreedAndArxModulesStay) {
+    // A name with ".ARX" is never freed, whatever its handle.
+    const HMODULE kept = GetModuleHandleA("kernel32.dll");
+    ModuleRecord records[] = {{"KEEP.ARX", kept}, {"Kbase640.dll", nullptr}};
+    EXPECT_EQ(LoadModule(records[1], Folder().c_str()), 0);
+    EXPECT_EQ(records[1].handle, GetModuleHandleA("Kbase640.dll"));
     RecordedCalls calls;
     calls.Record("FreeLibrary", FreeLibrary);
-    calls.Name(record.handle, "library");
-    StopApplication(&record, 1);
+    calls.Name(records[1].handle, "library");
+    StopApplication(records, 2);
     EXPECT_EQ(calls.Take(), "FreeLibrary library\n");
-    EXPECT_EQ(record.handle, nullptr);
+    EXPECT_EQ(records[0].handle, kept);
+    EXPECT_EQ(records[1].handle, nullptr);
     EXPECT_EQ(Printed(), "");
-}
-
-TEST(ModuleLoader, MissingLibraryIsTold) {
-    ModuleRecord record = {"Kgeom310.dll", nullptr};
-    EXPECT_EQ(LoadModule(record, Folder().c_str()), -1);
-    EXPECT_EQ(Printed(), "Error: 126 - cannot load dll-module <" + Upper(Folder() + "\\Kgeom310.dll") + ">\n");
 }
 
 TEST(ModuleLoader, ArxModuleGoesThroughAutoCAD) {
@@ -80,13 +78,6 @@ TEST(ModuleLoader, ArxModuleGoesThroughAutoCAD) {
     EXPECT_EQ(LoadModule(record, Folder().c_str()), -2);
 }
 
-TEST(ModuleLoader, ArxModulesStayLoaded) {
-    // A name with ".ARX" is never freed, whatever its handle; GetModuleHandle does not count, so a release would show.
-    ModuleRecord records[] = {{"KEEP.ARX", GetModuleHandleA("kernel32.dll")}, {"Kbase640.dll", nullptr}};
-    FreeModules(records, 2);
-    EXPECT_EQ(records[0].handle, GetModuleHandleA("kernel32.dll"));
-}
-
 TEST(ModuleLoader, LookUpComparesOverTheGivenName) {
     const HMODULE one = reinterpret_cast<HMODULE>(1), two = reinterpret_cast<HMODULE>(2);
     const ModuleRecord records[] = {{"Kgeom310.dll", one}, {"Kgeom400.dll", two}};
@@ -101,33 +92,25 @@ TEST(ModuleLoader, LookUpComparesOverTheGivenName) {
 }
 
 TEST(ModuleStart, FailedModuleRefusesTheApplication) {
+    const auto nothingIsLeft = [](const ModuleRecord& loaded) {
+        EXPECT_EQ(loaded.handle, nullptr) << "what was loaded is freed";
+        EXPECT_FALSE(bench::CommandExists("SORV_CMDS", "SorvSIL")) << "no command outlives its code";
+        EXPECT_FALSE(bench::ServiceExists("SORV"));
+        for (const std::string& line : bench::Journal())
+            EXPECT_EQ(line.find("acrxUnlockApplication"), std::string::npos);
+    };
     ModuleRecord records[] = {{"Kbase640.dll", nullptr}, {"Kgeom310.dll", nullptr}};
     int packet = 0;
     EXPECT_EQ(StartApplication(records, 2, &packet), 3);
     EXPECT_EQ(Printed(), "Error: 126 - cannot load dll-module <" + Upper(Folder() + "\\Kgeom310.dll") +
                              ">\nErrors in modules - Application not loaded\nModule not loaded: 1\n");
-    EXPECT_EQ(records[0].handle, nullptr) << "what was loaded is freed";
-    EXPECT_FALSE(bench::CommandExists("SORV_CMDS", "SorvSIL")) << "no command outlives its code";
-    EXPECT_FALSE(bench::ServiceExists("SORV"));
-    for (const std::string& line : bench::Journal())
-        EXPECT_EQ(line.find("acrxUnlockApplication"), std::string::npos);
-}
-
-int NoPrint(const wchar_t*, ...) {
-    throw std::runtime_error("no print");
-}
-
-TEST(ModuleStart, WhatThrowsIsTakenBackAsWell) {
-    ModuleRecord records[] = {{"Kbase640.dll", nullptr}};
-    {
-        const ImportPatch patch("_Z10acutPrintfPKwz", NoPrint);  // the line of success, when all is loaded
-        int packet = 0;
-        EXPECT_EQ(StartApplication(records, 1, &packet), 3);
-        EXPECT_EQ(acrxEntryPoint(AcRx::kInitAppMsg, &packet), 3);
-    }
-    EXPECT_EQ(records[0].handle, nullptr);
-    EXPECT_FALSE(bench::CommandExists("SORV_CMDS", "SorvSIL"));
-    EXPECT_FALSE(bench::ServiceExists("SORV"));
+    nothingIsLeft(records[0]);
+    // What throws is taken back as well: the line of success, when all is loaded.
+    const ImportPatch patch(
+        "_Z10acutPrintfPKwz", +[](const wchar_t*) -> int { throw std::runtime_error("no print"); });
+    EXPECT_EQ(StartApplication(records, 1, &packet), 3);
+    EXPECT_EQ(acrxEntryPoint(AcRx::kInitAppMsg, &packet), 3);
+    nothingIsLeft(records[0]);
 }
 
 TEST(ModuleStart, StartAndStopTwice) {
@@ -150,6 +133,19 @@ TEST(ModuleStart, StartAndStopTwice) {
     bench::ClearAccusations();
     EXPECT_STREQ(g_modules[0].name, "Kgeom310.dll");
     EXPECT_EQ(g_modules[0].handle, nullptr);
+}
+
+TEST(ModuleExports, MarkersHaveTheirBits) {
+    const auto bytes = [](const char* name, size_t size) {
+        const auto place = reinterpret_cast<const char*>(GetProcAddress(GetModuleHandleA("Sorvik_R24_x64.arx"), name));
+        return place ? std::string(place, size) : "not exported";
+    };
+    EXPECT_EQ(bytes("NULLBYTE", 1), "\x80");
+    EXPECT_EQ(bytes("NULLSHORT", 2), std::string("\x00\x80", 2));
+    EXPECT_EQ(bytes("NULLLONG", 4), std::string("\x00\x00\x00\x08", 4));
+    EXPECT_EQ(bytes("NULLFLOAT", 4), "\x9E\xC9\x7F\xFF");
+    const double number = -1.7E+38;
+    EXPECT_EQ(bytes("NULLDOUBLE", 8), std::string(reinterpret_cast<const char*>(&number), 8));
 }
 
 }  // namespace

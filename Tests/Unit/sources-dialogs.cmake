@@ -2,11 +2,9 @@ set(SORVIK_DIALOG_TESTS
   Clipboard.cpp
   ComboListData.cpp
   DialogControls.cpp
-  DialogImages.cpp
   DialogMessages.cpp
   DialogTexts.cpp
   DrawModel.cpp
-  ExportedFunctions.cpp
   GlobalMemory.cpp
   TextConverter.cpp
   WindowHelpers.cpp)

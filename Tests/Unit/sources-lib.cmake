@@ -2,7 +2,6 @@ set(SORVIK_LIB_TESTS
   Base64.cpp
   Diagnostics.cpp
   DiagnosticsCommandLine.cpp
-  DiagnosticsLog.cpp
   DiagnosticsMessages.cpp
   Download.cpp
   DownloadFileTree.cpp
