@@ -1,16 +1,10 @@
-// AutoCAD with an empty drawing for each case. A case ends with an empty balance and without accusations but for those
-// that it took with TakeAccusations.
+// AutoCAD with an empty drawing for each case.
 #pragma once
 
 #include <windows.h>
 
-#include <gmock/gmock.h>
-
-#include <string>
-#include <vector>
-
 #include "BenchAutoCAD.h"
-#include "BenchControl.h"
+#include "StandInFixture.h"
 #include "acedads.h"
 #include "acutads.h"
 #include "acutmem.h"
@@ -19,25 +13,14 @@
 #include "dbents.h"
 #include "dbsymtb.h"
 
-class AutoCADTest : public testing::Test {
+class AutoCADTest : public StandInTest {
  protected:
-    void SetUp() override {
-        bench::ResetBench();
+    AutoCADTest() {
         bench::StartAutoCAD();
         bench::NewDrawing("plan.dwg");
     }
-    void TearDown() override {
-        bench::StopAutoCAD();
-        EXPECT_THAT(bench::BenchBalance(), testing::IsEmpty());
-        EXPECT_THAT(TakeAccusations(), testing::IsEmpty());
-        bench::ResetBench();
-    }
+    ~AutoCADTest() override { bench::StopAutoCAD(); }
 
-    static std::vector<std::string> TakeAccusations() {
-        std::vector<std::string> accusations = bench::Accusations();
-        bench::ClearAccusations();
-        return accusations;
-    }
     static std::string AddDuct(const std::string& layer = "0") { return bench::AddEntity({"", "EwaDuct", layer}); }
     static AcDbDatabase* Database() { return acdbHostApplicationServices()->workingDatabase(); }
     static AcDbObjectId Id(const std::string& handle) {

@@ -88,7 +88,7 @@ TEST_F(Configurator, RecordsWhyItEndsAsItDoes) {
          "refused The third word is no web address."},
         {"run /SorvSIL \"" + address + "\" \"\"", "choose first", 0, "refused The title is empty."},
         {Line(address), "choose SRC-125-600", 0, "failed No such product fits: SRC-125-600"},
-        {Line("http://klimora.sorvik.example/klimora?klsid=1"), "choose first", 0,
+        {Line("http://klimora.sorvik.example/klimora?action=ljudprog&klsid=1&diameter=200"), "choose first", 0,
          "failed The server answered with 400."},
         {Line("http://klimora.sorvik.example/file"), "choose first", 0,
          "failed The server's answer is no list of products."},

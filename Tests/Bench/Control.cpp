@@ -1,9 +1,5 @@
-// What all stand-ins share: the plan of failures and the spelling of texts.
-#include <vector>
-
-#include "BenchControl.h"
-#include "BenchTexts.h"
-#include "gtest/gtest.h"
+// What all stand-ins share: the plan of failures and the balance.
+#include "StandInFixture.h"
 
 namespace {
 
@@ -33,40 +29,13 @@ TEST(FailurePlan, MeansOneCallOrEveryoneFromItOn) {
     EXPECT_EQ(Outcomes({"kbb|ac*", 2, {}, true, false}, names), "--F-F-");
 }
 
-TEST(FailurePlan, LeavesAStandInsOwnCallsAlone) {
-    bench::ResetBench();
-    bench::FailCall(1);
-    {
-        const bench::Quiet quiet;
-        EXPECT_FALSE(bench::Call("kba", "").fails());
-    }
-    EXPECT_EQ(bench::CallCount(), 0);
-    EXPECT_TRUE(bench::Journal().empty());
-    EXPECT_TRUE(bench::Call("kba", "").fails());
-    bench::ResetBench();
-}
+using Balance = StandInTest;
 
-TEST(Balance, GivingBackWhatIsNotOwedIsAccused) {
-    bench::ResetBench();
+TEST_F(Balance, GivingBackWhatIsNotOwedIsAccused) {
     bench::Owe("record", "A");
     EXPECT_TRUE(bench::Settle("record", "A"));
     EXPECT_FALSE(bench::Settle("record", "A"));
-    EXPECT_EQ(bench::Accusations(), std::vector<std::string>{"A record was given back that was not owed: A."});
-    bench::ResetBench();
-}
-
-TEST(Texts, EveryByteSurvivesItsSpelling) {
-    std::string all;
-    for (int byte = 0; byte < 256; ++byte)
-        all += static_cast<char>(byte);
-    std::string back;
-    ASSERT_TRUE(bench::FromHex(bench::Hex(all), back));
-    EXPECT_EQ(back, all);
-    ASSERT_TRUE(bench::FromEscaped(bench::Escaped(all), back));
-    EXPECT_EQ(back, all);
-    EXPECT_EQ(bench::Escaped("a\"\\\n\r\x1F"), R"("a\"\\\n\r\x1F")");
-    for (const char* broken : {"\"", "\"a", "a\"", "\"a\"b\"", "\"\\\"", "\"\\x4\"", "\"\\xZZ\""})
-        EXPECT_FALSE(bench::FromEscaped(broken, back)) << broken;
+    EXPECT_THAT(TakeAccusations(), testing::ElementsAre("A record was given back that was not owed: A."));
 }
 
 }  // namespace

@@ -1,34 +1,14 @@
-// What the bench host makes without any stand-in: its switches, its scripts and the verdict.
-#include <gmock/gmock.h>
+// What the bench host makes without any stand-in: its scripts and the verdict.
+#include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "Options.h"
 #include "Report.h"
 #include "Script.h"
 
 namespace bench {
 namespace {
-
-using ::testing::HasSubstr;
-
-TEST(HostOptions, EveryFormOfASwitchAndWrongUse) {
-    HostOptions options;
-    ASSERT_EQ("", ReadOptions({"/LD", "other.arx", "--out", "here", "-h"}, "C:\\bench", options));
-    EXPECT_EQ("other.arx", options.module);
-    EXPECT_EQ("here", options.outputFolder);
-    EXPECT_TRUE(options.help);
-    EXPECT_EQ("C:\\bench\\office.xml", options.project);
-    EXPECT_EQ("C:\\bench\\sample.script", options.script);
-    ASSERT_EQ("", ReadOptions({"--interactive"}, "C:\\bench", options));
-    EXPECT_EQ("", options.script) << "nothing of the run before stays, and an interactive run has no script";
-    EXPECT_THAT(ReadOptions({"--nonsense"}, "", options), HasSubstr("--nonsense is not known"));
-    EXPECT_THAT(ReadOptions({"/i"}, "", options), HasSubstr("/i needs a value"));
-    EXPECT_THAT(ReadOptions({"/s", "a", "/interactive"}, "", options), HasSubstr("not both"));
-    ASSERT_EQ("", ReadOptions({"/i", "no such file"}, "", options));
-    EXPECT_THAT(MissingFile(options), HasSubstr("project no such file"));
-}
 
 TEST(HostScript, ErrorsNameTheLine) {
     const struct {

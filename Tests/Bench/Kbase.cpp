@@ -5,10 +5,9 @@
 #include <functional>
 #include <iterator>
 
-#include "BenchControl.h"
 #include "KbaseDictionary.h"
 #include "KbaseFile.h"
-#include "gmock/gmock.h"
+#include "StandInFixture.h"
 #include "kbase.h"
 
 using testing::ElementsAre;
@@ -23,13 +22,12 @@ std::string FileText(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-// The sample's files, open, with an unsaved record "A". A case ends without accusations but those that it looked at.
-class KbaseLibrary : public testing::Test {
+// The sample's files, open, with an unsaved record "A".
+class KbaseLibrary : public StandInTest {
  protected:
     KbaseLibrary() {
         CopyFileA(SORVIK_SAMPLE_FOLDER "/sorvik.ddk", kDictionary, FALSE);
         CopyFileA(SORVIK_SAMPLE_FOLDER "/sorvik.kpd", kDatabase, FALSE);
-        bench::ResetBench();
         dictionary_ = ddk_opendatabase(kDictionary, 1, 0);
         database_ = kbopendatabase(kDictionary, kDatabase, 0);
         EXPECT_NE(ddk_classsymboltoID(dictionary_, "dSilencerType", &silencers_), 0);
@@ -39,9 +37,6 @@ class KbaseLibrary : public testing::Test {
         kbreleaserec(record_);
         ddk_releasedatabase(dictionary_);
         kbclosedatabase(database_);
-        EXPECT_THAT(Said(), ElementsAre());
-        EXPECT_THAT(bench::BenchBalance(), ElementsAre());
-        bench::ResetBench();
         DeleteFileA(kDictionary);
         DeleteFileA(kDatabase);
     }
@@ -49,11 +44,6 @@ class KbaseLibrary : public testing::Test {
     KB_RECORD Create(const char* key) { return kbcreaterec(database_, &silencers_, key); }
     short Insert(KB_RECORD record, short attribute, const void* value, short count) {
         return kbinsertatt(database_, &record, attribute, value, count);
-    }
-    static std::vector<std::string> Said() {
-        const std::vector<std::string> said = bench::Accusations();
-        bench::ClearAccusations();
-        return said;
     }
     static bench::KbaseFile Saved() {
         bench::KbaseFile file;
@@ -129,7 +119,7 @@ TEST_F(KbaseLibrary, ValuesThatDoNotFitTheDictionaryAreAccused) {
         {1654, bytes, 0, "kbinsertatt was called for the attribute 1654 dLw with 0 elements, not with 1 to 200."}};
     for (const auto& one : cases) {
         EXPECT_LT(Insert(record_, one.attribute, one.value, one.count), 0) << one.sentence;
-        EXPECT_THAT(Said(), ElementsAre(one.sentence));
+        EXPECT_THAT(TakeAccusations(), ElementsAre(one.sentence));
     }
     ASSERT_EQ(kbsaverec(database_, record_), 0);
     EXPECT_TRUE(Saved().Find("dSilencerType", "A")->attributes.empty());
@@ -171,28 +161,29 @@ TEST_F(KbaseLibrary, HandlesAndArgumentsThatAreNoneAreAccused) {
         {[&] { kbsetwarningmode(2); }, "kbsetwarningmode was called with 2, which is neither on nor off."}};
     for (const auto& one : cases) {
         one.act();
-        EXPECT_THAT(Said(), ElementsAre(one.sentence));
+        EXPECT_THAT(TakeAccusations(), ElementsAre(one.sentence));
     }
 }
 
 TEST_F(KbaseLibrary, SecondReleasesLateUsesAndForeignRecordsAreAccused) {
     const KB_HANDLE other = kbopendatabase(kDictionary, kDatabase, 0);
     EXPECT_LT(kbsaverec(other, record_), 0);
-    EXPECT_THAT(Said(), ElementsAre("kbsaverec was called with a record of the database 1 and the handle 2."));
+    EXPECT_THAT(TakeAccusations(),
+                ElementsAre("kbsaverec was called with a record of the database 1 and the handle 2."));
     kbclosedatabase(other);
     const KB_RECORD late = Create("LATE");
     kbreleaserec(record_);
     kbreleaserec(record_);
-    EXPECT_THAT(Said(), ElementsAre("kbreleaserec was called with a pointer that is no open record."));
+    EXPECT_THAT(TakeAccusations(), ElementsAre("kbreleaserec was called with a pointer that is no open record."));
     kbclosedatabase(database_);
     kbclosedatabase(database_);
-    EXPECT_THAT(Said(), ElementsAre("kbclosedatabase was called with 1, which is no open database."));
+    EXPECT_THAT(TakeAccusations(), ElementsAre("kbclosedatabase was called with 1, which is no open database."));
     EXPECT_THAT(bench::BenchBalance(), ElementsAre("dictionary 101", "record dSilencerType LATE"));
     database_ = kbopendatabase(kDictionary, kDatabase, 0);
     EXPECT_LT(kbsaverec(database_, late), 0);
     kbreleaserec(late);
     EXPECT_THAT(
-        Said(),
+        TakeAccusations(),
         ElementsAre("kbsaverec was called with the record dSilencerType LATE after its database was closed.",
                     "kbreleaserec was called with the record dSilencerType LATE after its database was closed."));
     record_ = nullptr;

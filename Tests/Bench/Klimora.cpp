@@ -2,12 +2,10 @@
 #include <windows.h>
 #include <oleauto.h>
 
-#include <gmock/gmock.h>
-
 #include "BenchAutoCAD.h"
-#include "BenchControl.h"
 #include "BenchKlimora.h"
 #include "KLIMCOMSRVLib.h"
+#include "StandInFixture.h"
 
 using KLIMCOMSRVLib::IKlimora200805;
 using testing::ElementsAre;
@@ -17,14 +15,12 @@ namespace {
 
 using bench::Answer;
 
-// AutoCAD with a drawing, a server with the sample project and one client. A case ends with an empty balance and no
-// accusation but those that it looked at.
-class Klimora : public testing::Test {
+// AutoCAD with a drawing, a server with the sample project and one client.
+class Klimora : public StandInTest {
  protected:
     static void SetUpTestSuite() { bench::StartAutoCAD(); }
     static void TearDownTestSuite() { bench::StopAutoCAD(); }
     Klimora() {
-        bench::ResetBench();
         bench::NewDrawing("office.dwg");
         bench::StartKlimora({});
         std::string error;
@@ -42,18 +38,10 @@ class Klimora : public testing::Test {
         client_->Release();
         bench::StopKlimora();
         bench::CloseDrawing();
-        EXPECT_THAT(bench::BenchBalance(), ElementsAre());
-        EXPECT_THAT(Said(), ElementsAre());
-        bench::ResetBench();
     }
 
     static BSTR Text(const std::string& text) {  // never freed
         return SysAllocString(std::wstring(text.begin(), text.end()).c_str());
-    }
-    static std::vector<std::string> Said() {
-        const std::vector<std::string> said = bench::Accusations();
-        bench::ClearAccusations();
-        return said;
     }
     // Result of a command, -8 poisoned.
     long Sends(HRESULT (STDMETHODCALLTYPE IKlimora200805::*method)(BSTR, long*), const std::string& command) {
@@ -91,7 +79,8 @@ TEST_F(Klimora, ReferencesAreOwedByInterfaceAndReleasedOnce) {
     client_->Release();
     client_->Release();
     client_->Release();
-    EXPECT_THAT(Said(), ElementsAre("Interface IKlimora200805 was released more often than it was handed out."));
+    EXPECT_THAT(TakeAccusations(),
+                ElementsAre("Interface IKlimora200805 was released more often than it was handed out."));
     client_->AddRef();
     bench::StopKlimora();
     long version = 77;
@@ -133,12 +122,13 @@ TEST_F(Klimora, WhatOnlyABrokenClientDoesWithABinaryVariableIsAccused) {
     EXPECT_EQ(SendsBytes(7, 1, "FF"), 0);
     client_->setPartAtt(Text("2A4"), Text("/Part/Geometry/Source[0]/gm_model/binvar"), Text("7"), &result);
     EXPECT_EQ(result, -130);
-    EXPECT_THAT(Said(), ElementsAre("Binary variable 7 was sent data before its size was set.",
-                                    "Binary variable 7 was sent an odd number of hexadecimal digits, or none.",
-                                    "Binary variable 7 was sent data that are not upper-case hexadecimal digits.",
-                                    "Binary variable 7 was sent data beyond its size of 2.",
-                                    "Binary variable 7 was sent data beyond its size of 2.",
-                                    "Binary variable 7 was used before all of its bytes were sent."));
+    EXPECT_THAT(TakeAccusations(),
+                ElementsAre("Binary variable 7 was sent data before its size was set.",
+                            "Binary variable 7 was sent an odd number of hexadecimal digits, or none.",
+                            "Binary variable 7 was sent data that are not upper-case hexadecimal digits.",
+                            "Binary variable 7 was sent data beyond its size of 2.",
+                            "Binary variable 7 was sent data beyond its size of 2.",
+                            "Binary variable 7 was used before all of its bytes were sent."));
     EXPECT_EQ(bench::BinaryVariable(7), std::string("\0\xFF", 2));
     EXPECT_EQ(SendsBytes(7, 0, "00"), 0);
     client_->setPartAtt(Text("2A4"), Text("/Part/Geometry/Source[0]/gm_model/binvar"), Text("7"), &result);
@@ -147,8 +137,9 @@ TEST_F(Klimora, WhatOnlyABrokenClientDoesWithABinaryVariableIsAccused) {
     EXPECT_EQ(result, 0);
     EXPECT_EQ(client_->freeBinVariable(7, nullptr), E_POINTER);
     EXPECT_EQ(client_->reservedSlot17(), E_NOTIMPL);
-    EXPECT_THAT(Said(), ElementsAre("IKlimora200805::freeBinVariable was called without a place for its output.",
-                                    HasSubstr("Slot 17")));
+    EXPECT_THAT(TakeAccusations(),
+                ElementsAre("IKlimora200805::freeBinVariable was called without a place for its output.",
+                            HasSubstr("Slot 17")));
 }
 
 TEST_F(Klimora, CommandsThatAreNotAsClientsSendThemChangeNothing) {

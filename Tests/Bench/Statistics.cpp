@@ -1,12 +1,8 @@
-// The statistics library: one event on its way, and the order of calls that it insists on.
-#include <gtest/gtest.h>
-
-#include <memory>
-
-#include "BenchControl.h"
+// The statistics library: the order of calls that it insists on.
 #include "BenchStatistics.h"
 #include "KlimoraPluginsStatisticsWrapper.h"
 #include "PluginStat.h"
+#include "StandInFixture.h"
 
 namespace {
 
@@ -19,35 +15,16 @@ struct Record {
 };
 static_assert(sizeof(Record) == sizeof(PluginStat));
 
-TEST(StatisticsLibrary, AnEventArrivesWithItsFieldsInOrderAndIsSentByFlush) {
-    bench::ResetBench();
-    bench::ClearStatisticsEvents();
-    Record record;
-    bench::FailCalls({"KlimoraPluginsStatisticsWrapper::FlushStatistics", 2, {}});
-    auto wrapper = std::make_unique<Wrapper>(3, L"client", L"key");
-    for (int i = 0; i < 2; ++i) {
-        wrapper->AddInsertStatistics(L"EVENT", record.Get());
-        EXPECT_FALSE(bench::StatisticsEvents().at(i).sent);
-        wrapper->FlushStatistics();
-    }
-    wrapper->CloseStatistics();
-    EXPECT_EQ(bench::BenchBalance(), std::vector<std::string>{"statistics object client"});
-    wrapper.reset();
-    const std::vector<bench::StatisticsEvent> events = bench::StatisticsEvents();
-    EXPECT_TRUE(events[0].sent);
-    EXPECT_FALSE(events[1].sent) << "a planned failure sends nothing";
-    EXPECT_EQ(events[0].name, "EVENT");
-    EXPECT_EQ(events[0].fields, std::vector<std::string>(std::begin(record.fields), std::end(record.fields)));
-    EXPECT_TRUE(bench::Accusations().empty() && bench::BenchBalance().empty());
-    bench::ResetBench();
-}
+using StatisticsLibrary = StandInTest;
 
-TEST(StatisticsLibrary, TheWrongOrderIsAccused) {
+TEST_F(StatisticsLibrary, OnlyTheRightOrderGoesWithoutAnAccusation) {
     Record record;
     const struct {
         void (*work)(Wrapper&, PluginStat*);
         std::vector<std::string> accusations;
     } cases[] = {
+        {[](Wrapper& w, PluginStat* r) { w.AddInsertStatistics(L"E", r), w.FlushStatistics(), w.CloseStatistics(); },
+         {}},
         {[](Wrapper&, PluginStat*) {}, {"Statistics: the object was destroyed without CloseStatistics."}},
         {[](Wrapper& w, PluginStat*) { w.FlushStatistics(), w.CloseStatistics(); },
          {"Statistics: FlushStatistics was called with no event to send."}},
@@ -69,14 +46,13 @@ TEST(StatisticsLibrary, TheWrongOrderIsAccused) {
           "Statistics: the object was made without the client's key."}},
     };
     for (const auto& c : cases) {
-        bench::ResetBench();
         {
             Wrapper wrapper(3, L"client", L"key");
             c.work(wrapper, record.Get());
+            EXPECT_EQ(bench::BenchBalance(), std::vector<std::string>{"statistics object client"});
         }
-        EXPECT_EQ(bench::Accusations(), c.accusations);
+        EXPECT_EQ(TakeAccusations(), c.accusations);
     }
-    bench::ResetBench();
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 
 namespace {
 
-using ComboListDataTest = DiagnosticsTest;
+using ComboListDataTest = ErrorReportsTest;
 
 }  // namespace
 
@@ -51,9 +51,7 @@ TEST_F(ComboListDataTest, TheEndHasNoTextWhateverTheMemoryHeld) {
 }
 
 TEST_F(ComboListDataTest, AMissingListIsReported) {
-    g_diagSettings->errorBits = RF_LOG | RF_FUNCTION | RF_FILELINE;
     EXPECT_EQ(InsertComboListDataItem(nullptr, 1, "one"), -1);
     EXPECT_EQ(LogLines(),
-              "Error  -  InsertComboListDataItem(...)  -  \"Wrong parameter ComboListData == NULL\""
-              "  -  PlugIn/Util/ComboListData#84\n");
+              Line("InsertComboListDataItem", "Wrong parameter ComboListData == NULL", "Util/ComboListData#84"));
 }

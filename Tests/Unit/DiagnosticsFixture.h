@@ -57,3 +57,14 @@ class DiagnosticsTest : public testing::Test {
 
     const DiagSettings saved_;
 };
+
+// Errors go into the log with their function and their place.
+class ErrorReportsTest : public DiagnosticsTest {
+ protected:
+    ErrorReportsTest() { g_diagSettings->errorBits = RF_LOG | RF_FUNCTION | RF_FILELINE; }
+
+    // `place` without its folder: "Util/PDialog#49".
+    static std::string Line(const std::string& function, const std::string& message, const std::string& place) {
+        return "Error  -  " + function + "(...)  -  \"" + message + "\"  -  PlugIn/" + place + "\n";
+    }
+};

@@ -18,9 +18,8 @@ struct Greedy : PDialogControl {
     const INT_PTR result_;
 };
 
-class DialogMessages : public DiagnosticsTest {
+class DialogMessages : public ErrorReportsTest {
  protected:
-    DialogMessages() { g_diagSettings->errorBits = RF_LOG | RF_FUNCTION | RF_FILELINE; }
     void Open(const std::function<void(BoundDialog&)>& bind) {
         dialog_->Open({{"EDIT", WS_BORDER, kEdit, "900"},
                        {"EDIT", WS_BORDER, kUnbound, "free"},
@@ -183,8 +182,7 @@ TEST_F(DialogMessages, MissingPartsAreReported) {
     EXPECT_EQ(dialog_->AddControl(nullptr), -1);
     EXPECT_EQ(dialog_->ToDialog(-1), -1);
     EXPECT_EQ(dialog_->FromDialog(-1), 0);
-    EXPECT_EQ(LogLines(),
-              "Error  -  PDialog::SetHandle(...)  -  \"Dialog handle is NULL\"  -  PlugIn/Util/PDialog#49\n"
-              "Error  -  PDialog::AddControl(...)  -  \"Wrong parameter _Control is NULL\"  -  PlugIn/Util/PDialog#62\n"
-              "Error  -  PDialog::ToDialog(...)  -  \"Dialog handle is NULL\"  -  PlugIn/Util/PDialog#144\n");
+    EXPECT_EQ(LogLines(), Line("PDialog::SetHandle", "Dialog handle is NULL", "Util/PDialog#49") +
+                              Line("PDialog::AddControl", "Wrong parameter _Control is NULL", "Util/PDialog#62") +
+                              Line("PDialog::ToDialog", "Dialog handle is NULL", "Util/PDialog#144"));
 }

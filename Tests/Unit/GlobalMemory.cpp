@@ -11,14 +11,7 @@ namespace {
 // Only blocks of this size are refused: everything else of the process allocates as ever.
 constexpr size_t kRefused = 0x123457;
 
-class GlobalMemoryTest : public DiagnosticsTest {
- protected:
-    GlobalMemoryTest() { g_diagSettings->errorBits = RF_LOG | RF_FUNCTION | RF_FILELINE; }
-    static std::string Line(const std::string& function, const std::string& message, int line) {
-        return "Error  -  " + function + "(...)  -  \"" + message + "\"  -  PlugIn/Util/DlgFunc#" +
-               std::to_string(line) + "\n";
-    }
-};
+using GlobalMemoryTest = ErrorReportsTest;
 
 }  // namespace
 
@@ -53,8 +46,8 @@ TEST_F(GlobalMemoryTest, FailedAllocationsAreReportedButForTheFirstThroughReallo
         EXPECT_TRUE(!blocks[0] && !blocks[1] && !blocks[2]);
     }
     EXPECT_EQ(std::memcmp(old.get(), "old", 3), 0);
-    EXPECT_EQ(LogLines(), Line("gwGmalloc", "(!ret) Can not allocate memory.", 29) +
-                              Line("gwGrealloc", "(!ret) Can not allocate memory.", 41));
+    EXPECT_EQ(LogLines(), Line("gwGmalloc", "(!ret) Can not allocate memory.", "Util/DlgFunc#29") +
+                              Line("gwGrealloc", "(!ret) Can not allocate memory.", "Util/DlgFunc#41"));
 }
 
 TEST_F(GlobalMemoryTest, GlobalBlocksAreZeroedMovableAndLocked) {
@@ -83,6 +76,6 @@ TEST_F(GlobalMemoryTest, GlobalBlocksThatCannotBeHadLeaveNothing) {
         EXPECT_EQ(calls.Take(), std::string("GlobalAlloc 0x42 0xA\n") + made);
     }
     EXPECT_EQ(gwGmallocH(10, nullptr), nullptr);
-    const std::string line = Line("gwGmallocH", "Can not allocate memory.", 62);
-    EXPECT_EQ(LogLines(), line + line + Line("gwGmallocH", "(!lphg) Can not allocate memory.", 56));
+    const std::string line = Line("gwGmallocH", "Can not allocate memory.", "Util/DlgFunc#62");
+    EXPECT_EQ(LogLines(), line + line + Line("gwGmallocH", "(!lphg) Can not allocate memory.", "Util/DlgFunc#56"));
 }

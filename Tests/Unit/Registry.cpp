@@ -11,12 +11,9 @@ namespace {
 
 // Keys of this process alone under HKEY_CURRENT_USER and HKEY_LOCAL_MACHINE, gone before and after every case; values
 // put there and read without the unit under test; and what the readers of a value "v" give.
-class RegistryTest : public DiagnosticsTest {
+class RegistryTest : public ErrorReportsTest {
  protected:
-    RegistryTest() : path("Software\\SorvikTest-" + std::to_string(GetCurrentProcessId())) {
-        g_diagSettings->errorBits = RF_LOG | RF_FILELINE | RF_FUNCTION;
-        RemoveKeys();
-    }
+    RegistryTest() : path("Software\\SorvikTest-" + std::to_string(GetCurrentProcessId())) { RemoveKeys(); }
     ~RegistryTest() override { RemoveKeys(); }
 
     void RemoveKeys() const {
@@ -36,10 +33,9 @@ class RegistryTest : public DiagnosticsTest {
         const LSTATUS status = RegGetValueA(root, path.c_str(), name, RRF_RT_ANY | RRF_NOEXPAND, &type, bytes, &size);
         return status == ERROR_SUCCESS ? std::to_string(type) + ":" + std::string(bytes, size) : "";
     }
-    // One report's line.
     static std::string Line(const std::string& function, const std::string& message, int line) {
-        return "Error  -  Registry::" + function + "(...)  -  \"" + message + "\"  -  PlugIn/Lib/Registry#" +
-               std::to_string(line) + "\n";
+        return ErrorReportsTest::Line("Registry::" + function, "Registry::" + message,
+                                      "Lib/Registry#" + std::to_string(line));
     }
 
     // What a reader gives: the result, and the output that held "PPPP" ('P' for poison) when the default is "DDDD".
@@ -112,9 +108,9 @@ TEST_F(RegistryTest, TakesFourRootsAndReportsOthers) {
     g_diagSettings->errorBits |= RF_BREAK;
     EXPECT_EQ(registry.SetRootKey(nullptr), -4002);
     EXPECT_EQ(calls.Take(), "DebugBreak\n");
-    EXPECT_EQ(LogLines(), Line("SetRootKey", "Registry::SetRootKey _RootKey = 5", 95) +
-                              Line("SetRootKey", "Registry::SetRootKey _RootKey = -2147483643", 95) +
-                              Line("SetRootKey", "Registry::SetRootKey _RootKey = 0", 95));
+    EXPECT_EQ(LogLines(), Line("SetRootKey", "SetRootKey _RootKey = 5", 95) +
+                              Line("SetRootKey", "SetRootKey _RootKey = -2147483643", 95) +
+                              Line("SetRootKey", "SetRootKey _RootKey = 0", 95));
 }
 
 TEST_F(RegistryTest, PathIsTakenOnlyWhenItsKeyIsThereOrMade) {
@@ -141,11 +137,11 @@ TEST_F(RegistryTest, EmptyAndRefusedPathsAreReported) {
     EXPECT_EQ(registry.SetKeyPath(tooLong.c_str(), true), -4003);
     EXPECT_EQ(registry.CreateKey(tooLong.c_str()), -4003);
     EXPECT_EQ(registry.GetKeyPath(), "");
-    const std::string noPath = Line("SetKeyPath", "Registry::SetKeyPath _KeyPath == NULL", 134);
-    EXPECT_EQ(LogLines(), noPath + noPath + Line("CreateKey", "Registry::CreateKey path == NULL", 226) +
-                              Line("DeleteKey", "Registry::DeleteKey path == NULL", 265) +
-                              Line("SetKeyPath", "Registry::SetKeyPath can't create key \"" + tooLong + "\"", 167) +
-                              Line("CreateKey", "Registry::CreateKey can't create key \"" + tooLong + "\"", 244));
+    const std::string noPath = Line("SetKeyPath", "SetKeyPath _KeyPath == NULL", 134);
+    EXPECT_EQ(LogLines(), noPath + noPath + Line("CreateKey", "CreateKey path == NULL", 226) +
+                              Line("DeleteKey", "DeleteKey path == NULL", 265) +
+                              Line("SetKeyPath", "SetKeyPath can't create key \"" + tooLong + "\"", 167) +
+                              Line("CreateKey", "CreateKey can't create key \"" + tooLong + "\"", 244));
 }
 
 TEST_F(RegistryTest, KeysAreMadeAndBecomeCurrent) {
@@ -171,7 +167,7 @@ TEST_F(RegistryTest, KeysAreRemovedWhenTheyHaveNoSubkeys) {
     EXPECT_EQ(registry.DeleteKey((path + "\\Missing").c_str()), -4005);
     EXPECT_EQ(LogLines(), "");
     EXPECT_EQ(registry.DeleteKey(path.c_str()), -4003);
-    EXPECT_EQ(LogLines(), Line("DeleteKey", "Registry::DeleteKey can't delete key \"" + path + "\"", 278));
+    EXPECT_EQ(LogLines(), Line("DeleteKey", "DeleteKey can't delete key \"" + path + "\"", 278));
     EXPECT_EQ(registry.DeleteKey(child.c_str()), 0) << "named, the path stays";
     EXPECT_EQ(registry.GetKeyPath(), child);
     ASSERT_EQ(registry.SetKeyPath(path.c_str(), false), 0);
@@ -250,6 +246,8 @@ TEST_F(RegistryValues, AreStoredAndReadBack) {
     EXPECT_EQ(registry_.SetBinaryValue("v", "a\0b\0", 4), 0);
     EXPECT_EQ(Stored(HKEY_CURRENT_USER, "v"), std::string("3:a\0b\0", 6));
     EXPECT_EQ(ReadText(registry_), "0 a") << "up to the first zero";
+    Put(HKEY_CURRENT_USER, "v", REG_BINARY, "abc");
+    EXPECT_EQ(ReadBuffer(registry_), std::string("0 abc\0", 6)) << "terminated where there is room";
     EXPECT_EQ(registry_.SetStringValue("v", std::string("abc")), 0);
     EXPECT_EQ(Stored(HKEY_CURRENT_USER, "v"), "1:abc") << "without a terminator";
     EXPECT_EQ(ReadAll(registry_),
@@ -353,14 +351,13 @@ TEST_F(RegistryValues, BadArgumentsAreTold) {
         EXPECT_EQ(result, -4002);
     EXPECT_STREQ(value, "abc") << "the default is not copied";
     const auto getter = [](const std::string& values) {
-        return Line("GetStringValue", "Registry::GetStringValue " + values, 568);
+        return Line("GetStringValue", "GetStringValue " + values, 568);
     };
     const auto setter = [](const std::string& values) {
-        return Line("SetBinaryValue", "Registry::GetStringValue " + values, 626);
+        return Line("SetBinaryValue", "GetStringValue " + values, 626);
     };
     const auto bytes = [](const std::string& values) {
-        return Line("GetBinaryValue", "Registry::GetBinaryValue " + values + ", DefaultValue=\"0000000000001234\"",
-                    669);
+        return Line("GetBinaryValue", "GetBinaryValue " + values + ", DefaultValue=\"0000000000001234\"", 669);
     };
     const std::string at = FormatString("%p", value);
     EXPECT_EQ(LogLines(), getter(R"(ValueName="NULL", Value="abc", ValueSize=3, DefaultValue="d")") +
@@ -414,7 +411,7 @@ TEST_F(RegistryAppTest, PathIsSetInBothStores) {
     EXPECT_EQ(app_->SetKeyPath((other + "\\New").c_str(), true), 0);
     EXPECT_FALSE(WasThere(HKEY_LOCAL_MACHINE, other + "\\New"));
     EXPECT_EQ(app_->SetKeyPath("", true), -4002);
-    const std::string line = Line("SetKeyPath", "Registry::SetKeyPath _KeyPath == NULL", 134);
+    const std::string line = Line("SetKeyPath", "SetKeyPath _KeyPath == NULL", 134);
     EXPECT_EQ(LogLines(), line + line) << "one report from each store";
     app_->Close();
     EXPECT_EQ(app_->GetKeyPath(), "");

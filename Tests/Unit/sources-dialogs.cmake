@@ -3,8 +3,7 @@ set(SORVIK_DIALOG_TESTS
   ComboListData.cpp
   DialogControls.cpp
   DialogMessages.cpp
-  DialogTexts.cpp
+  DlgFunc.cpp
   DrawModel.cpp
   GlobalMemory.cpp
-  TextConverter.cpp
-  WindowHelpers.cpp)
+  TextConverter.cpp)

@@ -1,0 +1,25 @@
+// A case of a stand-in ends with an empty balance and without accusations but for those that it took.
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <string>
+#include <vector>
+
+#include "BenchControl.h"
+
+class StandInTest : public testing::Test {
+ protected:
+    StandInTest() { bench::ResetBench(); }
+    ~StandInTest() override {
+        EXPECT_THAT(bench::BenchBalance(), testing::IsEmpty());
+        EXPECT_THAT(TakeAccusations(), testing::IsEmpty());
+        bench::ResetBench();
+    }
+
+    static std::vector<std::string> TakeAccusations() {
+        std::vector<std::string> accusations = bench::Accusations();
+        bench::ClearAccusations();
+        return accusations;
+    }
+};
