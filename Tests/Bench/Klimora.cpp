@@ -183,6 +183,10 @@ TEST_F(Klimora, TheSilencerSplitsADuctAndNothingElse) {
     EXPECT_EQ(bench::PartAttribute(silencer, "/Part/Position/WCS"), "17150 6000 2800");
     EXPECT_EQ(bench::PartAttribute(second, "/Part/Position/WCS"), "18350 6000 2800");
     EXPECT_EQ(bench::PartAttribute(second, "/Part/Connection[1]/ConnectedTo"), "2B4");
+    EXPECT_THAT(Inserts("SRC-400-1200", "SORV1", {{Answer::kEnter, ""}}), HasSubstr("between ducts 2B3 and"));
+    Inserts("SRC-400-1200", "SORV1", {{Answer::kEnter, ""}});
+    EXPECT_THAT(Inserts("SRC-400-1200", "SORV1", {{Answer::kEnter, ""}}),
+                HasSubstr("part 2B3 is 12.5 mm long, too short for a silencer of 1200 mm"));
 }
 
 }  // namespace

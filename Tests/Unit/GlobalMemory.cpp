@@ -50,20 +50,6 @@ TEST_F(GlobalMemoryTest, FailedAllocationsAreReportedButForTheFirstThroughReallo
                               Line("gwGrealloc", "(!ret) Can not allocate memory.", "Util/DlgFunc#41"));
 }
 
-TEST_F(GlobalMemoryTest, GlobalBlocksAreZeroedMovableAndLocked) {
-    HGLOBAL handle = nullptr;
-    RecordedCalls calls;
-    calls.Record("GlobalAlloc", GlobalAlloc);
-    auto* data = static_cast<char*>(gwGmallocH(1000, &handle));
-    ASSERT_TRUE(data);
-    EXPECT_EQ(calls.Take(), "GlobalAlloc 0x42 0x3E8\n");
-    const GlobalMemory owned(handle);
-    EXPECT_EQ(data, GlobalLock(handle));
-    EXPECT_EQ(GlobalFlags(handle) & GMEM_LOCKCOUNT, 2u);
-    GlobalUnlock(handle);
-    GlobalUnlock(handle);
-}
-
 TEST_F(GlobalMemoryTest, GlobalBlocksThatCannotBeHadLeaveNothing) {
     RecordedCalls calls;
     calls.Give("GlobalAlloc", GlobalAlloc, nullptr, 0, 1);
