@@ -2,7 +2,7 @@
 
 #include <regex>
 
-#include "FailingAllocations.h"
+#include "NoMemory.h"
 #include "RecordedCalls.h"
 
 namespace {
@@ -132,13 +132,13 @@ TEST_F(DiagnosticsTest, ReportsAreWrittenWithoutMemory) {
     const ImportPatch patch(
         "MessageBoxA", +[](HWND, const char*, const char*, UINT) { return int{IDOK}; });
     {
-        const FailingAllocations failing(0);
+        const NoMemory noMemory;
         ReportWith(kError, 0x3680, "no memory");
         VerifyOrReport(true, "!ret", "none", nullptr, 1, nullptr);
         ReportWith(kError, 0x0080, longText.c_str());
         FlushDebugLog();
         CloseDebugLog();
-        EXPECT_EQ(failing.refused(), 0);
+        EXPECT_EQ(NoMemory::refused, 0);
     }
     testing::internal::GetCapturedStdout();
     EXPECT_EQ(LogLines(),

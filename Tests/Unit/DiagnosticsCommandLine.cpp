@@ -5,7 +5,7 @@
 #include <locale>
 #include <adscodes.h>
 
-#include "FailingAllocations.h"
+#include "NoMemory.h"
 #include "ImportPatch.h"
 #include "Lib/CommandLine.h"
 #include "Lib/ExceptionReport.h"
@@ -70,7 +70,7 @@ TEST_F(DiagnosticsCommandLine, ExceptionsAreToldByKind) {
         try {
             one.raise();
         } catch (...) {
-            const FailingAllocations failing(0);
+            const NoMemory noMemory;
             ReportException("It failed.", "PlugIn/Unit", 11300, "Unit::Work");
         }
         EXPECT_EQ(bench::Transcript(), head + one.text);

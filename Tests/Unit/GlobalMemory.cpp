@@ -3,7 +3,7 @@
 #include <cstdlib>
 
 #include "DiagnosticsFixture.h"
-#include "FailingAllocations.h"
+#include "NoMemory.h"
 #include "RecordedCalls.h"
 
 namespace {
@@ -40,7 +40,7 @@ TEST_F(GlobalMemoryTest, FailedAllocationsAreReportedButForTheFirstThroughReallo
         const ImportPatch reallocPatch(
             "realloc", +[](void*, size_t) { return static_cast<void*>(nullptr); });
         // Nor is there memory for the report.
-        const FailingAllocations failing(0);
+        const NoMemory noMemory;
         const void* const blocks[] = {gwGrealloc(nullptr, kRefused, 0), gwGmalloc(kRefused, 0),
                                       gwGrealloc(old.get(), kRefused, 0)};
         EXPECT_TRUE(!blocks[0] && !blocks[1] && !blocks[2]);

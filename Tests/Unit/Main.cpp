@@ -4,9 +4,12 @@
 #include <windows.h>
 
 #include <cstdio>
+#include <cstdlib>
+#include <new>
 
 #include "BenchAutoCAD.h"
 #include "BenchControl.h"
+#include "NoMemory.h"
 #include "TestProgram.h"
 #include "gtest/gtest.h"
 
@@ -28,6 +31,21 @@ class BenchWatch : public testing::EmptyTestEventListener {
 };
 
 }  // namespace
+
+// The program's other forms of allocation end in these.
+void* operator new(std::size_t size) {
+    const bool refuses = NoMemory::thread == GetCurrentThreadId();
+    NoMemory::refused += refuses;
+    void* const block = refuses ? nullptr : std::malloc(size ? size : 1);
+    if (!block) throw std::bad_alloc();
+    return block;
+}
+void operator delete(void* block) noexcept {
+    std::free(block);
+}
+void operator delete(void* block, std::size_t) noexcept {
+    std::free(block);
+}
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);

@@ -5,7 +5,6 @@ set(SORVIK_LIB_TESTS
   DiagnosticsMessages.cpp
   Download.cpp
   DownloadFileTree.cpp
-  FailingAllocations.cpp
   KLUtils.cpp
   KLUtilsText.cpp
   Md5.cpp
