@@ -1,21 +1,15 @@
 #include "CommandBench.h"
 
-#include <algorithm>
-#include <fstream>
+#include <filesystem>
 #include <sstream>
+
+#include "Unit/TestFiles.h"
 
 namespace {
 
 constexpr char kOwedCommand[] = "command group SORV_CMDS";
 constexpr char kOwedService[] = "service SORV";
 constexpr char kRecordFile[] = "configurator-record.txt";
-
-std::string FileText(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
 
 std::string FolderList(const std::string& pattern) {
     std::string list;
@@ -29,15 +23,16 @@ std::string FolderList(const std::string& pattern) {
     return list;
 }
 
-std::string TemporaryFolder() {
-    char path[MAX_PATH] = "";
-    GetTempPathA(MAX_PATH, path);
-    return path;
-}
-
 void ReplaceAll(std::string& text, const std::string& what, const std::string& with) {
     for (size_t at = text.find(what); !what.empty() && at != std::string::npos; at = text.find(what, at + with.size()))
         text.replace(at, what.size(), with);
+}
+
+std::string ModuleFolder() {
+    char path[MAX_PATH] = "";
+    GetModuleFileNameA(nullptr, path, MAX_PATH);
+    const std::string file = path;
+    return file.substr(0, file.rfind('\\'));
 }
 
 // The switch of the server's file access check belongs to the configurator's end, not to the project's contents.
@@ -92,20 +87,9 @@ void CommandBench::Picks(const std::string& handle) {
 void CommandBench::PressesEscape() {
     bench::QueueAnswer({bench::Answer::kEscape, ""});
 }
-void CommandBench::PressesEnter() {
-    bench::QueueAnswer({bench::Answer::kEnter, ""});
-}
 
 void CommandBench::InTheConfigurator(const std::string& script) {
     SetEnvironmentVariableA("SORVIK_BENCH_CONFIGURATOR", script.c_str());
-}
-
-void CommandBench::AcceptsTheProposal(const std::string& proposal) {
-    robot_.Expect(bench::Dialog("Configurator").Shows(1102, proposal).Press(IDOK));
-}
-
-void CommandBench::CancelsTheDialog() {
-    robot_.Expect(bench::Dialog("Configurator").Press(IDCANCEL));
 }
 
 void CommandBench::MeetsBox(const std::string& text, bench::BoxIcon icon, const std::vector<std::string>& buttons,
@@ -116,11 +100,11 @@ void CommandBench::MeetsBox(const std::string& text, bench::BoxIcon icon, const 
 void CommandBench::ChoosesASilencer() {
     Picks("2A3");
     InTheConfigurator("choose SRC-250-900");
-    AcceptsTheProposal("SORV2");
+    robot_.Expect(bench::Dialog("Configurator").Shows(1102, "SORV2").Press(IDOK));
 }
 
 void CommandBench::ConfirmsInsertion() {
-    PressesEnter();
+    bench::QueueAnswer({bench::Answer::kEnter, ""});
 }
 
 void CommandBench::Run() {
@@ -169,7 +153,7 @@ std::vector<std::string> CommandBench::Calls(const std::string& start) const {
 }
 
 std::string CommandBench::ConfiguratorRecord() const {
-    return FileText(kRecordFile);
+    return ReadWholeFile(kRecordFile);
 }
 
 std::string CommandBench::SessionId() {
@@ -188,25 +172,25 @@ std::string CommandBench::Surroundings() const {
            (IsWindowEnabled(bench::MainWindow()) ? "enabled" : "disabled");
 }
 
-std::vector<std::string> CommandBench::MaskedJournal() const {
+std::string CommandBench::MaskedJournal() const {
     const std::string session = SessionId();
     std::string folder;
     for (const std::string& call : Calls("ddk_opendatabase '"))
         folder = call.substr(0, call.find("/output.ddk"));
-    std::vector<std::string> journal = bench::Journal();
-    for (std::string& line : journal) {
+    std::string journal;
+    for (std::string line : bench::Journal()) {
         ReplaceAll(line, session, "{session}");
         ReplaceAll(line, folder, "{folder}");
-        for (const char* name : {"acedSSName ", "acedSSFree "}) {
-            const size_t length = std::char_traits<char>::length(name);
-            if (line.compare(0, length, name) == 0) line.replace(length, line.find(' ', length) - length, "{set}");
-        }
+        for (const std::string call : {"acedSSName ", "acedSSFree "})
+            if (line.compare(0, call.size(), call) == 0)
+                line.replace(call.size(), line.find(' ', call.size()) - call.size(), "{set}");
+        journal += line + "\n";
     }
     return journal;
 }
 
 std::string CommandBench::TemporaryFolders() {
-    return FolderList(TemporaryFolder() + "Sor*");
+    return FolderList((std::filesystem::temp_directory_path() / "Sor*").string());
 }
 
 void CommandBench::ExpectCommitted() {
@@ -223,15 +207,4 @@ void CommandBench::ExpectNothingChanged() {
 
 std::string CommandBench::Reported(const std::string& message, const std::string& place, const std::string& text) {
     return std::string("\n") + kName + ": " + message + " " + place + " " + text + "\n";
-}
-
-std::string CommandBench::ModuleFolder() {
-    char path[MAX_PATH] = "";
-    GetModuleFileNameA(nullptr, path, MAX_PATH);
-    const std::string file = path;
-    return file.substr(0, file.rfind('\\'));
-}
-
-std::string CommandBench::Title() {
-    return std::string(kName) + " " PRODUCT_VERSION;
 }

@@ -39,12 +39,8 @@ class CommandBench : public testing::Test {
     // ---- The user -------------------------------------------------------------------------------------------------
     void Picks(const std::string& handle);
     void PressesEscape();
-    void PressesEnter();
     // What the configurator does: "choose first", "choose SRC-250-900", "cancel", "hang", "exit 7".
     void InTheConfigurator(const std::string& script);
-    // The dialog as it opens, proposing `proposal`, is confirmed.
-    void AcceptsTheProposal(const std::string& proposal);
-    void CancelsTheDialog();
     // A message box of the plug-in comes and is answered.
     void MeetsBox(const std::string& text, bench::BoxIcon icon, const std::vector<std::string>& buttons,
                   const std::string& answer);
@@ -79,13 +75,11 @@ class CommandBench : public testing::Test {
     static std::string Reported(const std::string& message, const std::string& place, const std::string& text);
 
     bench::Robot& robot() { return robot_; }
-    static std::string ModuleFolder();
-    static std::string Title();  // display name, blank, version
 
     std::string Surroundings() const;  // everything that a failed command must leave as it was
-    // The journal with what differs from run to run (session identifier, working folder, number of the selection set)
-    // under a name of its own.
-    std::vector<std::string> MaskedJournal() const;
+    // The journal as lines, with what differs from run to run (session identifier, working folder, number of the
+    // selection set) under a name of its own.
+    std::string MaskedJournal() const;
 
  private:
     bench::Robot robot_;

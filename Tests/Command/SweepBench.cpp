@@ -1,6 +1,7 @@
 #include "SweepBench.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <sstream>
 
@@ -93,20 +94,14 @@ void RemoveTemporaryFolders() {
         std::filesystem::remove_all(std::filesystem::temp_directory_path() / name, ignored);
 }
 
-std::string Environment(const char* name) {
-    char value[256] = "";
-    GetEnvironmentVariableA(name, value, sizeof value);
-    return value;
-}
-
 }  // namespace
 
 SweepBench::SweepBench()
     : launch_("CreateProcessA", LaunchConfigurator, module()),
       abort_("abort", Crash, module()),
-      only_(Environment("SORVIK_FAIL")),
       tolerances_(std::begin(kTolerances), std::end(kTolerances)) {
     launchProgram = launch_.original<Launch>();
+    if (const char* const only = std::getenv("SORVIK_FAIL")) only_ = only;
     InTheConfigurator("choose SRC-250-900");
     RemoveTemporaryFolders();  // of earlier programs
 }
@@ -132,10 +127,10 @@ std::vector<bench::PlannedFailure> SweepBench::EveryCall(const char* pattern) {
 }
 
 bool SweepBench::Met(const bench::PlannedFailure& failure) const {
-    int times = 0;
-    for (const std::string& line : bench::Journal())
-        if (bench::NameFits(FirstWord(line), failure.name)) ++times;
-    return times >= failure.ordinal;
+    const std::vector<std::string> journal = bench::Journal();
+    return failure.ordinal <= std::count_if(journal.begin(), journal.end(), [&](const std::string& line) {
+               return bench::NameFits(FirstWord(line), failure.name);
+           });
 }
 
 void SweepBench::UsualRun() {
@@ -162,10 +157,7 @@ std::string SweepBench::Product() const {
 }
 
 std::string SweepBench::Outcome() const {
-    std::string text;
-    for (const std::string& line : MaskedJournal())
-        text += line + "\n";
-    return text + Product() + "\n-- command line\n" + bench::Transcript();
+    return MaskedJournal() + Product() + "\n-- command line\n" + bench::Transcript();
 }
 
 void SweepBench::RunHealthily() {
@@ -173,12 +165,12 @@ void SweepBench::RunHealthily() {
     Run();
 }
 
-void SweepBench::LearnHealthyRun() {
-    if (!healthy_.empty()) return;
+std::string SweepBench::LearnHealthyRun() {
+    if (!healthy_.empty()) return {};
     opened_ = Surroundings();
     startsProgram = true;
     RunHealthily();
-    withProgram_ = Outcome();
+    const std::string withProgram = Outcome();
     Reopen();
     startsProgram = false;
     RunHealthily();
@@ -187,16 +179,19 @@ void SweepBench::LearnHealthyRun() {
     for (const std::string& line : bench::Journal())
         if (line.compare(0, 2, "--") != 0) calls_.push_back(FirstWord(line));
     Reopen();
+    return Difference(healthy_, withProgram);
 }
 
-std::string SweepBench::UnlikeAHealthyRun(const std::string& outcome) const {
-    return Difference(healthy_, outcome);
+std::string SweepBench::Told() {
+    std::string told = Printed();
+    for (const bench::SeenDialog& seen : robot().Seen())
+        told += seen.caption + "\n";
+    return told;
 }
 
 bool SweepBench::SaidAWord() {
-    for (const bench::SeenDialog& seen : robot().Seen())
-        if (seen.caption.compare(0, sizeof kName - 1, kName) == 0) return true;
-    return Printed().find(kName) != std::string::npos || Printed().find("KlimComSrvImpl::") != std::string::npos;
+    const std::string told = Told();
+    return told.find(kName) != std::string::npos || told.find("KlimComSrvImpl::") != std::string::npos;
 }
 
 // At a second prompt, which he gets when his pick does not suit; or in the configurator, which tells him itself that
@@ -269,22 +264,20 @@ std::vector<std::string> SweepBench::WhatIsWrong(const bench::PlannedFailure& fa
     watchdog_.Step("the healthy run after SORVIK_FAIL='" + NameOf(failure) + "'", kHangSeconds);
     RunHealthily();
     watchdog_.Step({}, 0);
-    const std::string difference = UnlikeAHealthyRun(Outcome());
+    const std::string difference = Difference(healthy_, Outcome());
     must(difference.empty(), "The next run is not like a healthy one: " + difference);
     Reopen();
     return wrong;
 }
 
-void SweepBench::Plant(const bench::PlannedFailure& failure) {
-    if (!only_.empty() && only_ != NameOf(failure)) return;
+bool SweepBench::Plant(const bench::PlannedFailure& failure) {
+    if (!only_.empty() && only_ != NameOf(failure)) return false;
     ++planted_;
-    const std::vector<std::string> wrong = WhatIsWrong(failure);
-    if (wrong.empty()) return;
-    std::string text;
-    for (const std::string& sentence : wrong)
-        text += sentence + "\n";
     const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
     const std::string suite = test->test_suite_name();
-    ADD_FAILURE() << text << "again with: SORVIK_FAIL='" << NameOf(failure) << "' GTEST_FILTER=" << suite << "."
-                  << test->name() << " ./test " << (suite == "FaultSweep" ? "-R command_tests" : "long -R " + suite);
+    SCOPED_TRACE("again with: SORVIK_FAIL='" + NameOf(failure) + "' GTEST_FILTER=" + suite + "." + test->name() +
+                 " ./test " + (suite == "FaultSweep" ? "-R command_tests" : "long -R " + suite));
+    for (const std::string& sentence : WhatIsWrong(failure))
+        ADD_FAILURE() << sentence;
+    return true;
 }

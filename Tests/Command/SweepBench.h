@@ -34,8 +34,8 @@ class SweepBench : public CommandBench {
     // Every call of a healthy run whose name fits the pattern, each as its usual failure, in the order of the calls.
     std::vector<bench::PlannedFailure> EveryCall(const char* pattern = "*");
     // Runs with the failure and once without. Whatever is wrong fails the case, with the one command that repeats it:
-    // with its name in SORVIK_FAIL, a suite plants this failure alone.
-    void Plant(const bench::PlannedFailure& failure);
+    // with its name in SORVIK_FAIL, a suite plants this failure alone, and false tells that it was another.
+    bool Plant(const bench::PlannedFailure& failure);
     // The same pair of runs; what is wrong, a sentence each.
     std::vector<std::string> WhatIsWrong(const bench::PlannedFailure& failure);
     int planted() const { return planted_; }
@@ -47,14 +47,14 @@ class SweepBench : public CommandBench {
     virtual bool Met(const bench::PlannedFailure& failure) const;
     // Between the run with the failure and the look at what it left.
     virtual void Meddle() {}
+    // What the user saw of the last run: the command line, and captions of boxes.
+    virtual std::string Told();
 
     void RunHealthily();
     // What came of the last run, to the last byte.
     std::string Outcome() const;
-    void LearnHealthyRun();
-    // The first line that differs; empty when there is none.
-    std::string UnlikeAHealthyRun(const std::string& outcome) const;
-    const std::string& outcomeWithProgram() const { return withProgram_; }
+    // The first line in which the run with the configurator's own program differs; empty when there is none.
+    std::string LearnHealthyRun();
     void Reopen();  // the project and the drawing as they were opened first
     HMODULE module() const { return GetModuleHandleA("Sorvik_R24_x64.arx"); }
 
@@ -75,6 +75,5 @@ class SweepBench : public CommandBench {
     std::vector<std::string> calls_;
     std::string only_;
     std::vector<Tolerance> tolerances_;
-    std::string withProgram_;  // outcome of the run with the configurator's own program
     int planted_ = 0;
 };

@@ -14,7 +14,30 @@ constexpr char kNotOpened[] = "Sorvik Klimora Cloud Plugin: Error DownloadFile: 
 constexpr char kNoDictionary[] = "AddDeviceFromXMLToDatabase Can't open kbase database dictionary ";
 constexpr char kNoDatabase[] = "AddDeviceFromXMLToDatabase Can't open kbase database C:";
 
-class Misbehaviour : public HostileBench {};
+struct Case {
+    const char* what;
+    const char* path;
+    std::string bytes;
+    const char* told;  // null: nothing, the product is in the project
+    bench::Trouble trouble = bench::Trouble::kNone;
+};
+
+class Misbehaviour : public HostileBench {
+ protected:
+    void Arm(const bench::PlannedFailure& failure) override {
+        HostileBench::Arm(failure);
+        TheWebServer().SetTrouble(case_->path, case_->trouble);
+        if (case_->trouble == bench::Trouble::kNone) TheWebServer().ServeRaw(case_->path, case_->bytes);
+    }
+    void Meddle() override {
+        HostileBench::Meddle();
+        const bool exported = Told().find("[Sorvik Klimora Cloud Plugin: No product exported.\n]") == std::string::npos;
+        EXPECT_EQ(exported, !case_->told || case_->path != kResult);
+        EXPECT_EQ(committed_, !case_->told);
+    }
+
+    const Case* case_ = nullptr;
+};
 
 std::string Answer(const std::string& body, const std::string& headers, const char* status = "200 OK") {
     return std::string("HTTP/1.1 ") + status + "\r\nContent-Type: text/xml\r\n" + headers + "\r\n" + body;
@@ -36,13 +59,7 @@ TEST_F(Misbehaviour, OfTheWebServer) {
         garbage += static_cast<char>(i * i / 7);
     for (const char c : result)
         wide += {c, '\0'};
-    const struct {
-        const char* what;
-        const char* path;
-        std::string bytes;
-        const char* told;  // null: nothing, the product is in the project
-        bench::Trouble trouble = bench::Trouble::kNone;
-    } cases[] = {
+    const Case cases[] = {
         {"no answer", kResult, "", kEmpty},
         {"no HTTP", kResult, "220 ready\r\n", kEmpty},
         {"a status and no more", kResult, "HTTP/1.1 200 OK\r\n", kEmpty},
@@ -94,17 +111,11 @@ TEST_F(Misbehaviour, OfTheWebServer) {
         {"a reset", kDatabase, "", kNoDatabase, bench::Trouble::kReset},
     };
     int number = 0;
-    for (const auto& c : cases) {
-        if (!IsWanted(++number)) continue;
-        SCOPED_TRACE(std::string(c.path) + ": " + c.what + OnceMore(number));
-        TheWebServer().Reset();
-        TheWebServer().SetTrouble(c.path, c.trouble);
-        if (c.trouble == bench::Trouble::kNone) TheWebServer().ServeRaw(c.path, c.bytes);
-        const bool committed = RunsCleanly();
-        EXPECT_EQ(committed, !c.told);
-        EXPECT_EQ(Told().find("[Sorvik Klimora Cloud Plugin: No product exported.\n]") != std::string::npos,
-                  c.told && c.path == kResult);
-        EXPECT_NE(Told().find(c.told ? c.told : ""), std::string::npos) << Told();
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.path) + ": " + c.what);
+        case_ = &c;
+        told_ = {c.told ? c.told : ""};
+        Plant({"answer", ++number, {}});
     }
 }
 

@@ -15,20 +15,18 @@ constexpr long kSpareHandles = 10;  // WinINet's own come and go
 
 long blocks = 0;  // of memory that the module holds
 
-void* Allocate(size_t size) {
-    void* const block = std::malloc(size);
+void* Counted(void* block) {
     if (block) ++blocks;
     return block;
+}
+void* Allocate(size_t size) {
+    return Counted(std::malloc(size));
 }
 void* AllocateZeroes(size_t count, size_t size) {
-    void* const block = std::calloc(count, size);
-    if (block) ++blocks;
-    return block;
+    return Counted(std::calloc(count, size));
 }
 void* Reallocate(void* old, size_t size) {
-    void* const block = std::realloc(old, size);
-    if (block && !old) ++blocks;
-    return block;
+    return old ? std::realloc(old, size) : Allocate(size);
 }
 void Free(void* block) {
     if (block) --blocks;

@@ -42,12 +42,11 @@ std::set<std::string> failing;  // names of the functions that can be failed
 enum class Work { kNotDone, kDone };  // a failing call that gives something back gives it back all the same
 
 template <class Tag, class Result, class... Arguments>
-Patch Failing(HMODULE module, const char* name, Result(WINAPI*)(Arguments...), Result failure, DWORD error,
+Patch Failing(HMODULE module, const char* name, Result(WINAPI*)(Arguments...), std::common_type_t<Result> failure,
               Work work = Work::kNotDone) {
     static struct {
         const char* name;
         Result failure;
-        DWORD error;
         Work work;
         Result(WINAPI* original)(Arguments...);
     } plan;
@@ -55,13 +54,13 @@ Patch Failing(HMODULE module, const char* name, Result(WINAPI*)(Arguments...), R
         const bench::Call call(plan.name, "");
         if (!call.fails()) return plan.original(arguments...);
         if (plan.work == Work::kDone) plan.original(arguments...);
-        SetLastError(plan.error);
+        SetLastError(ERROR_ACCESS_DENIED);
         return plan.failure;
     };
     using Function = Result WINAPI(Arguments...);
     auto patch = std::make_unique<ImportPatch>(name, static_cast<Function*>(replacement), module);
     failing.insert(name);
-    plan = {name, failure, error, work, patch->template original<Function>()};
+    plan = {name, failure, work, patch->template original<Function>()};
     return patch;
 }
 
@@ -69,74 +68,38 @@ Patch Failing(HMODULE module, const char* name, Result(WINAPI*)(Arguments...), R
 #define FAILING(function, ...) \
     Failing<struct function##Tag>(module, #function, static_cast<decltype(&function)>(nullptr), __VA_ARGS__)
 
+template <class... Patches>
+std::vector<Patch> ListOf(Patches... patches) {
+    std::vector<Patch> list;
+    (list.push_back(std::move(patches)), ...);
+    return list;
+}
+
 std::vector<Patch> FailingImports(HMODULE module) {
-    Patch patches[] = {
-        FAILING(CloseHandle, FALSE, ERROR_INVALID_HANDLE, Work::kDone),
-        FAILING(CreateDirectoryA, FALSE, ERROR_ACCESS_DENIED),
-        FAILING(CreateFileA, INVALID_HANDLE_VALUE, ERROR_ACCESS_DENIED),
-        FAILING(DeleteFileA, FALSE, ERROR_SHARING_VIOLATION),
-        FAILING(FindClose, FALSE, ERROR_INVALID_HANDLE, Work::kDone),
-        FAILING(FindFirstFileA, INVALID_HANDLE_VALUE, ERROR_ACCESS_DENIED),
-        FAILING(FindNextFileA, FALSE, ERROR_ACCESS_DENIED),
-        FAILING(GetExitCodeProcess, FALSE, ERROR_INVALID_HANDLE),
-        FAILING(GetFileAttributesA, INVALID_FILE_ATTRIBUTES, ERROR_ACCESS_DENIED),
-        FAILING(GetModuleFileNameA, DWORD{0}, ERROR_MOD_NOT_FOUND),
-        FAILING(GetModuleHandleA, static_cast<HMODULE>(nullptr), ERROR_MOD_NOT_FOUND),
-        FAILING(GetTempFileNameA, UINT{0}, ERROR_DISK_FULL),
-        FAILING(GetTempPathA, DWORD{0}, ERROR_BUFFER_OVERFLOW),
-        FAILING(MultiByteToWideChar, 0, ERROR_INVALID_PARAMETER),
-        FAILING(RemoveDirectoryA, FALSE, ERROR_SHARING_VIOLATION),
-        FAILING(TerminateProcess, FALSE, ERROR_ACCESS_DENIED),
-        FAILING(WaitForSingleObject, WAIT_FAILED, ERROR_INVALID_HANDLE),
-        FAILING(WideCharToMultiByte, 0, ERROR_INVALID_PARAMETER),
-        FAILING(WriteFile, FALSE, ERROR_DISK_FULL),
-        FAILING(CLSIDFromProgID, HRESULT{REGDB_E_CLASSNOTREG}, 0),
-        FAILING(GetActiveObject, HRESULT{MK_E_UNAVAILABLE}, 0),
-        FAILING(OleInitialize, HRESULT{E_OUTOFMEMORY}, 0),
-        FAILING(SysAllocStringLen, static_cast<BSTR>(nullptr), 0),
-        FAILING(CreateDialogParamA, static_cast<HWND>(nullptr), ERROR_NOT_ENOUGH_MEMORY),
-        FAILING(DestroyCursor, FALSE, ERROR_INVALID_CURSOR_HANDLE, Work::kDone),
-        FAILING(DestroyWindow, FALSE, ERROR_INVALID_WINDOW_HANDLE, Work::kDone),
-        FAILING(DialogBoxParamA, INT_PTR{-1}, ERROR_NOT_ENOUGH_MEMORY),
-        FAILING(EndDialog, FALSE, ERROR_INVALID_WINDOW_HANDLE),
-        FAILING(GetDlgItem, static_cast<HWND>(nullptr), ERROR_CONTROL_ID_NOT_FOUND),
-        FAILING(GetFocus, static_cast<HWND>(nullptr), 0),
-        FAILING(GetParent, static_cast<HWND>(nullptr), ERROR_INVALID_WINDOW_HANDLE),
-        FAILING(GetWindowLongPtrA, LONG_PTR{0}, ERROR_INVALID_WINDOW_HANDLE),
-        FAILING(GetWindowRect, FALSE, ERROR_INVALID_WINDOW_HANDLE),
-        FAILING(GetWindowTextA, 0, ERROR_INVALID_WINDOW_HANDLE),
-        FAILING(GetWindowTextLengthA, 0, ERROR_INVALID_WINDOW_HANDLE),
-        FAILING(KillTimer, FALSE, ERROR_INVALID_PARAMETER, Work::kDone),
-        FAILING(LoadCursorW, static_cast<HCURSOR>(nullptr), ERROR_RESOURCE_NAME_NOT_FOUND),
-        FAILING(LoadImageA, static_cast<HANDLE>(nullptr), ERROR_RESOURCE_NAME_NOT_FOUND),
-        FAILING(MessageBoxA, 0, ERROR_NOT_ENOUGH_MEMORY),
-        FAILING(PostMessageA, FALSE, ERROR_NOT_ENOUGH_QUOTA),
-        FAILING(SetCursor, static_cast<HCURSOR>(nullptr), 0),
-        FAILING(SetDlgItemTextA, FALSE, ERROR_CONTROL_ID_NOT_FOUND),
-        FAILING(SetFocus, static_cast<HWND>(nullptr), ERROR_INVALID_WINDOW_HANDLE),
-        FAILING(SetForegroundWindow, FALSE, 0),
-        FAILING(SetTimer, UINT_PTR{0}, ERROR_NO_SYSTEM_RESOURCES),
-        FAILING(SetWindowLongPtrA, LONG_PTR{0}, ERROR_INVALID_WINDOW_HANDLE),
-        FAILING(SetWindowPos, FALSE, ERROR_INVALID_WINDOW_HANDLE),
-        FAILING(GetFileVersionInfoA, FALSE, ERROR_RESOURCE_DATA_NOT_FOUND),
-        FAILING(GetFileVersionInfoSizeA, DWORD{0}, ERROR_RESOURCE_DATA_NOT_FOUND),
-        FAILING(VerQueryValueA, FALSE, 0),
-        FAILING(InternetCloseHandle, FALSE, ERROR_INVALID_HANDLE, Work::kDone),
-        FAILING(InternetGetConnectedState, FALSE, 0),
-        FAILING(InternetOpenA, static_cast<HINTERNET>(nullptr), ERROR_NOT_ENOUGH_MEMORY),
-        FAILING(InternetOpenUrlA, static_cast<HINTERNET>(nullptr), ERROR_INTERNET_CANNOT_CONNECT),
-        FAILING(InternetReadFile, FALSE, ERROR_INTERNET_CONNECTION_RESET),
-        FAILING(InternetSetOptionA, FALSE, ERROR_INTERNET_INVALID_OPTION),
-        FAILING(_access, -1, ERROR_ACCESS_DENIED),
-        FAILING(_unlink, -1, ERROR_SHARING_VIOLATION),
-        FAILING(fopen, static_cast<FILE*>(nullptr), ERROR_ACCESS_DENIED),
-        FAILING(fread, size_t{0}, ERROR_READ_FAULT),
-        FAILING(fseek, -1, ERROR_SEEK),
-        FAILING(ftell, -1L, ERROR_SEEK),
-        FAILING(fclose, EOF, ERROR_WRITE_FAULT, Work::kDone),
-        FAILING(realloc, static_cast<void*>(nullptr), ERROR_NOT_ENOUGH_MEMORY),
-    };
-    return {std::make_move_iterator(std::begin(patches)), std::make_move_iterator(std::end(patches))};
+    return ListOf(
+        FAILING(CloseHandle, FALSE, Work::kDone), FAILING(CreateDirectoryA, FALSE), FAILING(DeleteFileA, FALSE),
+        FAILING(FindClose, FALSE, Work::kDone), FAILING(FindNextFileA, FALSE), FAILING(GetExitCodeProcess, FALSE),
+        FAILING(RemoveDirectoryA, FALSE), FAILING(TerminateProcess, FALSE), FAILING(WriteFile, FALSE),
+        FAILING(DestroyCursor, FALSE, Work::kDone), FAILING(DestroyWindow, FALSE, Work::kDone),
+        FAILING(EndDialog, FALSE), FAILING(GetWindowRect, FALSE), FAILING(KillTimer, FALSE, Work::kDone),
+        FAILING(PostMessageA, FALSE), FAILING(SetDlgItemTextA, FALSE), FAILING(SetForegroundWindow, FALSE),
+        FAILING(SetWindowPos, FALSE), FAILING(GetFileVersionInfoA, FALSE), FAILING(VerQueryValueA, FALSE),
+        FAILING(InternetCloseHandle, FALSE, Work::kDone), FAILING(InternetGetConnectedState, FALSE),
+        FAILING(InternetReadFile, FALSE), FAILING(InternetSetOptionA, FALSE), FAILING(GetModuleHandleA, nullptr),
+        FAILING(SysAllocStringLen, nullptr), FAILING(CreateDialogParamA, nullptr), FAILING(GetDlgItem, nullptr),
+        FAILING(GetFocus, nullptr), FAILING(GetParent, nullptr), FAILING(LoadCursorW, nullptr),
+        FAILING(LoadImageA, nullptr), FAILING(SetCursor, nullptr), FAILING(SetFocus, nullptr),
+        FAILING(InternetOpenA, nullptr), FAILING(InternetOpenUrlA, nullptr), FAILING(fopen, nullptr),
+        FAILING(realloc, nullptr), FAILING(GetModuleFileNameA, 0), FAILING(GetTempFileNameA, 0),
+        FAILING(GetTempPathA, 0), FAILING(MultiByteToWideChar, 0), FAILING(WideCharToMultiByte, 0),
+        FAILING(GetWindowLongPtrA, 0), FAILING(GetWindowTextA, 0), FAILING(GetWindowTextLengthA, 0),
+        FAILING(MessageBoxA, 0), FAILING(SetTimer, 0), FAILING(SetWindowLongPtrA, 0),
+        FAILING(GetFileVersionInfoSizeA, 0), FAILING(fread, 0), FAILING(DialogBoxParamA, -1), FAILING(_access, -1),
+        FAILING(_unlink, -1), FAILING(fseek, -1), FAILING(ftell, -1), FAILING(CreateFileA, INVALID_HANDLE_VALUE),
+        FAILING(FindFirstFileA, INVALID_HANDLE_VALUE), FAILING(GetFileAttributesA, INVALID_FILE_ATTRIBUTES),
+        FAILING(WaitForSingleObject, WAIT_FAILED), FAILING(CLSIDFromProgID, REGDB_E_CLASSNOTREG),
+        FAILING(GetActiveObject, MK_E_UNAVAILABLE), FAILING(OleInitialize, E_OUTOFMEMORY),
+        FAILING(fclose, EOF, Work::kDone));
 }
 
 constexpr char kConverting[] = "MultiByteToWideChar|WideCharToMultiByte";
