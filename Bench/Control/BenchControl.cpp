@@ -11,6 +11,7 @@ namespace {
 struct State {
     std::mutex mutex;
     std::vector<std::string> journal;
+    size_t cleared = 0;  // lines that the journal had before
     std::vector<PlannedFailure> failures;
     std::map<std::string, int> callsByName;
     std::map<std::pair<std::string, std::string>, int> owed;
@@ -62,7 +63,7 @@ Call::Call(const char* name, const std::string& arguments) : quiet_(quietDepth >
         code_ = failure.code;
         poisons_ = failure.poisonsOutputs;
     }
-    line_ = state->journal.size();
+    line_ = state->cleared + state->journal.size();
     state->journal.push_back(arguments.empty() ? std::string(name) : name + (" " + OneLine(arguments)));
 }
 
@@ -83,7 +84,8 @@ bool Call::poisonsOutputs() const {
 void Call::result(const std::string& text) {
     if (quiet_) return;
     const Locked state;
-    if (line_ < state->journal.size()) state->journal[line_] += " -> " + OneLine(text);
+    // A server's thread may come to its result after the journal was cleared.
+    if (line_ >= state->cleared) state->journal[line_ - state->cleared] += " -> " + OneLine(text);
 }
 
 void Call::result(long code) {
@@ -103,7 +105,9 @@ std::vector<std::string> Journal() {
 }
 
 void ClearJournal() {
-    Locked()->journal.clear();
+    const Locked state;
+    state->cleared += state->journal.size();
+    state->journal.clear();
 }
 
 void Note(const std::string& text) {

@@ -30,6 +30,15 @@ TEST(FailurePlan, MeansOneCallOrEveryoneFromItOn) {
 }
 
 using Balance = StandInTest;
+using Journal = StandInTest;
+
+TEST_F(Journal, ResultThatComesAfterItWasClearedIsNotAnothers) {
+    bench::Call late("GET", "");
+    bench::ClearJournal();
+    const bench::Call other("kba", "");
+    late.result(200);
+    EXPECT_EQ(bench::Journal(), std::vector<std::string>{"kba"});
+}
 
 TEST_F(Balance, GivingBackWhatIsNotOwedIsAccused) {
     bench::Owe("record", "A");
