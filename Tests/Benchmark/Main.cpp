@@ -3,9 +3,11 @@
 #include <oleauto.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <fstream>
 #include <memory>
+#include <new>
 #include <random>
 #include <sstream>
 #include <thread>
@@ -15,32 +17,20 @@
 #include "BenchKlimora.h"
 #include "KL_Conn.h"
 #include "KL_Conn_SorvSilencer.h"
-#include "Lib/Base64.h"
-#include "Lib/Md5Driver.h"
+#include "LibraryRows.h"
 #include "ModuleNames.h"
-#include "Peers.h"
 #include "QuickNeighbours.h"
 #include "Robot.h"
-#include "Table.h"
 #include "TestFiles.h"
 #include "Util/ComTypes.h"
-#include "Util/Download.h"
 #include "Util/KLComUtils_CreatePartsCommands.h"
 #include "Util/XmlTextBuilder.h"
-#include "WebServer.h"
 
 namespace {
 
-constexpr int kMegabyte = 1 << 20;
-constexpr char kPath[] = "/Project/KPDClass[dSilencerType]/Part[1234]/ProductKey";
+long long allocations = 0;  // calls of `operator new` by this program so far
 
-std::string Bytes(size_t count) {
-    std::mt19937 random(1);
-    std::string bytes(count, '\0');
-    for (char& byte : bytes)
-        byte = static_cast<char>(random());
-    return bytes;
-}
+constexpr char kPath[] = "/Project/KPDClass[dSilencerType]/Part[1234]/ProductKey";
 
 // A result of so many devices, each with what a silencer usually has.
 std::string ResultOf(int devices) {
@@ -70,61 +60,28 @@ void GrowHeap() {
     }
 }
 
-// ---- Loading and library -------------------------------------------------------------------------------------------
-
-void LoadRow(Table& table) {
-    const auto load = [](const char* name) {
-        const HMODULE module = LoadLibraryA(name);
-        if (!module) throw std::runtime_error(std::string(name) + " cannot be loaded");
-        FreeLibrary(module);
-    };
-    table.Ratio("load the module / an empty DLL with its imports", 1.5, Timed([=] { load(kModuleFileName); }, 20),
-                Timed([=] { load("benchmark_empty.dll"); }, 20));
-}
-
-void DigestRow(Table& table) {
-    const std::string bytes = Bytes(32 * kMegabyte);
-    std::array<uint8_t, 16> ours, peers;
-    table.Ratio("MD5 of 32 MB / RFC 1321 by the book", 1.0,
-                Timed([&] { MD5Driver::MDBuffer(ours.data(), bytes.data(), bytes.size()); }),
-                Timed([&] { peers = TextbookMd5(bytes); }));
-    table.Same([&] { return ours == peers; });
-}
-
-void Base64Rows(Table& table) {
-    const std::string bytes = Bytes(12 * kMegabyte), text = CryptoBase64Encode(bytes);
-    std::string decoded, encoded, peers;
-    table.Ratio("Base64 decode of 12 MB / a table of 256", 1.2, Timed([&] {
-                    decoded.assign(text.size(), '\0');
-                    decoded.resize(Base64Decode(reinterpret_cast<uint8_t*>(decoded.data()), text.c_str()));
-                }),
-                Timed([&] { peers = TableBase64Decode(text); }));
-    table.Same([&] { return decoded == bytes && peers == bytes; });
-    table.Ratio("Base64 encode of 12 MB / CryptBinaryToString", 0.5, Timed([&] {
-                    encoded.assign(bytes.size() / 3 * 4 + 4, '\0');
-                    const uint8_t* from = reinterpret_cast<const uint8_t*>(bytes.data());
-                    encoded.resize(Base64Encode(encoded.data(), from, bytes.size()));
-                }),
-                Timed([&] { peers = CryptoBase64Encode(bytes); }));
-    table.Same([&] { return encoded == text; });
-}
-
-void DownloadRow(Table& table) {
-    const TestFolder folder;
-    const std::string url = SORVIK_WEB_SERVER "/klimora/export/file.bin", ours = folder.file("ours"),
-                      peers = folder.file("peers"), bytes = Bytes(32 * kMegabyte);
-    bench::WebServer server{SORVIK_CATALOGUE};
-    server.UseAsProxy();
-    server.Serve("/klimora/export/file.bin", bytes);
-    table.Ratio("download of 32 MB / a bare WinINet loop", 1.1, Timed([&] { DownloadFile(url.c_str(), ours.c_str()); }),
-                Timed([&] { BareDownload(url.c_str(), peers.c_str()); }));
-    table.Same([&] { return ReadWholeFile(ours) == bytes && ReadWholeFile(peers) == bytes; });
-}
-
 // ---- Texts to the server ---------------------------------------------------------------------------------------
 
-void TextRows(Table& table, const QuickServer&) {
-    const std::string text(kMegabyte, 'x'), bytes = Bytes(kMegabyte);
+void TableHex(const void* bytes, size_t size, char* text) {
+    static const char digits[] = "0123456789ABCDEF";
+    const uint8_t* from = static_cast<const uint8_t*>(bytes);
+    for (const uint8_t* const end = from + size; from < end; ++from) {
+        *text++ = digits[*from >> 4];
+        *text++ = digits[*from & 15];
+    }
+    *text = '\0';
+}
+
+// Measured, then formatted once.
+std::string MeasuredFormat(const char* format, const char* text, int number) {
+    std::string formatted(static_cast<size_t>(std::snprintf(nullptr, 0, format, text, number)), '\0');
+    std::snprintf(formatted.data(), formatted.size() + 1, format, text, number);
+    return formatted;
+}
+
+void TextRows(Table& table) {
+    constexpr int kMegabyte = 1 << 20;
+    const std::string text(kMegabyte, 'x');
     std::string ours, peers;
     XmlTextBuilder builder;
     table.Ratio("AppendFormat of 1 MB / measure, then format once", 1.2, Timed([&] {
@@ -140,10 +97,10 @@ void TextRows(Table& table, const QuickServer&) {
     constexpr int kChunk = 10240;
     std::string hex(2 * kChunk, '\0');
     table.Ratio("1 MB into a binary variable / hex by a table", 1.2,
-                Timed([&] { utils.BinVariableSetData(1, bytes.data(), kMegabyte); }), Timed([&] {
+                Timed([&] { utils.BinVariableSetData(1, text.data(), kMegabyte); }), Timed([&] {
                     connection.setBinVariableSize(1, kMegabyte);
                     for (int at = 0; at < kMegabyte; at += kChunk) {
-                        TableHex(bytes.data() + at, std::min(kChunk, kMegabyte - at), hex.data());
+                        TableHex(text.data() + at, std::min(kChunk, kMegabyte - at), hex.data());
                         connection.setBinVariableData(1, at, hex.c_str());
                     }
                 }));
@@ -169,6 +126,13 @@ void TextRows(Table& table, const QuickServer&) {
     const long long before = allocations;
     write();
     table.AtMost("heap allocations of a part-creation command", 2, allocations - before);
+}
+
+BSTR MeasuredBstr(const char* text) {
+    const int length = MultiByteToWideChar(CP_ACP, 0, text, -1, nullptr, 0);
+    const BSTR wide = SysAllocStringLen(nullptr, static_cast<UINT>(length));
+    MultiByteToWideChar(CP_ACP, 0, text, -1, wide, length);
+    return wide;
 }
 
 void AttributeRows(Table& table, const QuickServer& server) {
@@ -226,32 +190,25 @@ void ResultRows(Table& table, KlConn& session) {
 }
 
 void SilencerRows(Table& table, KlConn& session, const QuickServer& server) {
-    const auto exported = [&](int silencers) {
-        return [&session, silencers] {
-            QuickServer::Have(silencers);
-            ticpp::Element list("list");
-            return Timed([&] { session.ExportExistingDevices(&list, kSilencerCommand); })() / silencers;
-        };
-    };
-    const auto proposed = [&](int silencers) {
-        return [&session, silencers] {
-            QuickServer::Have(silencers);
-            return Timed([&] { session.ProposeUserCode(kSilencerClass, ""); })() / silencers;
-        };
-    };
-    const auto hundredTimes = [](const Run& run) {
-        return [run] {
+    // The time of one of so many silencers, from so many turns of the step.
+    const auto of = [](int silencers, int turns, auto step) {
+        return [=] {
             double sum = 0;
-            for (int i = 0; i < 100; ++i)
-                sum += run();
-            return sum / 100;
+            for (int turn = 0; turn < turns; ++turn) {
+                QuickServer::Have(silencers);
+                ticpp::Element list("list");
+                sum += Timed([&] { step(&list); })();
+            }
+            return sum / turns / silencers;
         };
     };
-    table.Ratio("export of a silencer: of 10,000 / of 100", 1.3, exported(10000), hundredTimes(exported(100)));
-    table.Ratio("proposal, a silencer: of 10,000 / of 100", 1.3, proposed(10000), hundredTimes(proposed(100)));
+    const auto exporting = [&](ticpp::Element* list) { session.ExportExistingDevices(list, kSilencerCommand); };
+    const auto proposing = [&](ticpp::Element*) { session.ProposeUserCode(kSilencerClass, ""); };
+    table.Ratio("export of a silencer: of 10,000 / of 100", 1.3, of(10000, 1, exporting), of(100, 100, exporting));
+    table.Ratio("proposal, a silencer: of 10,000 / of 100", 1.3, of(10000, 1, proposing), of(100, 100, proposing));
 
     const BStr part(""), attribute(kPath);
-    table.Ratio("export of a silencer / its three calls", 8, exported(100), [&] {
+    table.Ratio("export of a silencer / its three calls", 8, of(100, 1, exporting), [&] {
         QuickServer::Have(100);
         return 3 * Timed(
                        [&] {
@@ -264,7 +221,7 @@ void SilencerRows(Table& table, KlConn& session, const QuickServer& server) {
     });
     const auto count = [&](int silencers, const long long& counter) {
         const long long before = counter;
-        exported(silencers)();
+        of(silencers, 1, exporting)();
         return counter - before;
     };
     const auto ofOne = [&](const long long& counter) {
@@ -316,31 +273,22 @@ void RunRow(Table& table) {
     table.AtMost("COM calls of a run with 1,000 silencers", 5013, calls);
 }
 
-long long SizeOf(const char* file) {
-    return static_cast<long long>(std::filesystem::file_size(file));
-}
-
 int Benchmark(const std::string& wanted) {
     Table table(wanted);
-    LoadRow(table);
-    table.AtMost("bytes of the module", 1447034, SizeOf(kModuleFileName));
-    DigestRow(table);
-    Base64Rows(table);
-
-    const HMODULE module = LoadLibraryA(kModuleFileName);
-    if (!module) throw std::runtime_error("the module cannot be loaded");
+    LibraryRows(table);
+    if (!LoadLibraryA(kModuleFileName)) throw std::runtime_error("the module cannot be loaded");
     bench::StartAutoCAD();
     bench::NewDrawing("Office.dwg");
     bench::StartKlimora({});
     std::string error;
     if (!bench::OpenProject(SAMPLE_FOLDER "/office.xml", error)) throw std::runtime_error(error);
-    if (wanted != "x") DownloadRow(table);
+    DownloadRow(table);
     GrowHeap();
     {
         const QuickServer server;
         QuickServer::Have(1000);
         const QuickRun run(ResultOf(1));
-        TextRows(table, server);
+        TextRows(table);
         AttributeRows(table, server);
         {
             KlConn session;
@@ -357,6 +305,19 @@ int Benchmark(const std::string& wanted) {
 }
 
 }  // namespace
+
+// The program's other forms of allocation end in these.
+void* operator new(std::size_t size) {
+    ++allocations;
+    if (void* const block = std::malloc(size)) return block;
+    throw std::bad_alloc();
+}
+void operator delete(void* block) noexcept {
+    std::free(block);
+}
+void operator delete(void* block, std::size_t) noexcept {
+    std::free(block);
+}
 
 int main(int argc, char** argv) {
     try {

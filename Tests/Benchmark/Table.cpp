@@ -28,23 +28,12 @@ double Quantile(std::vector<double> values, size_t quarters) {
 
 }  // namespace
 
-void Table::Ratio(const std::string& name, double limit, const Run& ours, const Run& peer) {
-    Compare(
-        name, limit, "", [](double our, double its) { return our / its; }, ours, peer);
-}
-
-void Table::Delay(const std::string& name, double limit, const Run& ours, const Run& peer) {
-    Compare(
-        name, limit, " ms", [](double our, double its) { return our - its; }, ours, peer);
-}
-
 bool Table::Wants(const std::string& name) {
     last_ = name.find(wanted_) == std::string::npos ? "" : name;
     return !last_.empty();
 }
 
-void Table::Compare(const std::string& name, double limit, const char* unit, Difference difference, const Run& ours,
-                    const Run& peer) {
+void Table::Compare(const std::string& name, double limit, const char* unit, const Run& ours, const Run& peer) {
     if (!Wants(name)) return;
     std::vector<double> our, its, differences;
     bool steady = false;
@@ -60,7 +49,7 @@ void Table::Compare(const std::string& name, double limit, const char* unit, Dif
             }
             our.push_back(mine);
             its.push_back(others);
-            differences.push_back(difference(mine, others));
+            differences.push_back(*unit ? mine - others : mine / others);
         }
         steady = *unit || Quantile(its, 3) - Quantile(its, 1) <= Quantile(its, 2) / 2;
         return steady && Quantile(differences, 2) <= limit;

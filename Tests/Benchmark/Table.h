@@ -41,9 +41,13 @@ class Table {
     explicit Table(const std::string& wanted) : wanted_(wanted) {}
 
     // At most `limit` times as long as the peer.
-    void Ratio(const std::string& name, double limit, const Run& ours, const Run& peer);
+    void Ratio(const std::string& name, double limit, const Run& ours, const Run& peer) {
+        Compare(name, limit, "", ours, peer);
+    }
     // At most `limit` milliseconds longer than the peer.
-    void Delay(const std::string& name, double limit, const Run& ours, const Run& peer);
+    void Delay(const std::string& name, double limit, const Run& ours, const Run& peer) {
+        Compare(name, limit, " ms", ours, peer);
+    }
     void AtMost(const std::string& name, long long limit, long long ours);
     // Whether both sides of the row that was measured last came to the same; throws when they did not.
     void Same(const std::function<bool()>& same) const;
@@ -52,9 +56,8 @@ class Table {
     int Conclude() const;
 
  private:
-    using Difference = double (*)(double ours, double peer);
-    void Compare(const std::string& name, double limit, const char* unit, Difference difference, const Run& ours,
-                 const Run& peer);
+    // With a unit it is the difference that counts, else the ratio.
+    void Compare(const std::string& name, double limit, const char* unit, const Run& ours, const Run& peer);
     void Print(const std::string& name, const std::string& ours, const std::string& peer, const std::string& ratio,
                const std::string& limit, const std::string& remark);
 

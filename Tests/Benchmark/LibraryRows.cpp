@@ -1,15 +1,46 @@
-#include "Peers.h"
+#include "LibraryRows.h"
 
+#include <windows.h>
 #include <wincrypt.h>
 #include <wininet.h>
 
+#include <array>
 #include <cmath>
-#include <cstdio>
 #include <cstring>
+#include <random>
 #include <stdexcept>
+
+#include "Lib/Base64.h"
+#include "Lib/Md5Driver.h"
+#include "ModuleNames.h"
+#include "TestFiles.h"
+#include "Util/Download.h"
+#include "WebServer.h"
 
 namespace {
 
+constexpr int kMegabyte = 1 << 20;
+
+std::string Bytes(size_t count) {
+    std::mt19937 random(1);
+    std::string bytes(count, '\0');
+    for (char& byte : bytes)
+        byte = static_cast<char>(random());
+    return bytes;
+}
+
+void LoadRow(Table& table) {
+    const auto load = [](const char* name) {
+        const HMODULE module = LoadLibraryA(name);
+        if (!module) throw std::runtime_error(std::string(name) + " cannot be loaded");
+        FreeLibrary(module);
+    };
+    table.Ratio("load the module / an empty DLL with its imports", 1.5, Timed([=] { load(kModuleFileName); }, 20),
+                Timed([=] { load("benchmark_empty.dll"); }, 20));
+    table.AtMost("bytes of the module", 1447034, static_cast<long long>(std::filesystem::file_size(kModuleFileName)));
+}
+
+// RFC 1321 step by step.
 uint32_t Rotate(uint32_t value, int bits) {
     return value << bits | value >> (32 - bits);
 }
@@ -21,33 +52,21 @@ void TextbookBlock(uint32_t (&state)[4], const uint8_t* block) {
             table[i] = static_cast<uint32_t>(std::floor(4294967296.0 * std::fabs(std::sin(i + 1.0))));
         return table;
     }();
-    static const int shifts[4][4] = {{7, 12, 17, 22}, {5, 9, 14, 20}, {4, 11, 16, 23}, {6, 10, 15, 21}};
     uint32_t words[16];
     std::memcpy(words, block, sizeof words);
     uint32_t a = state[0], b = state[1], c = state[2], d = state[3];
-    for (int i = 0; i < 64; ++i) {
-        uint32_t mixed = 0;
-        int word = 0;
-        switch (i / 16) {
-            case 0:
-                mixed = (b & c) | (~b & d), word = i;
-                break;
-            case 1:
-                mixed = (b & d) | (c & ~d), word = (5 * i + 1) % 16;
-                break;
-            case 2:
-                mixed = b ^ c ^ d, word = (3 * i + 5) % 16;
-                break;
-            default:
-                mixed = c ^ (b | ~d), word = 7 * i % 16;
+    const auto round = [&](int first, const std::array<int, 4>& shifts, int step, int start, auto mixed) {
+        for (int i = first; i < first + 16; ++i) {
+            const uint32_t sum = a + mixed() + words[(step * i + start) % 16] + sines[i];
+            a = d, d = c, c = b, b += Rotate(sum, shifts[i % 4]);
         }
-        const uint32_t next = b + Rotate(a + mixed + words[word] + sines[i], shifts[i / 16][i % 4]);
-        a = d, d = c, c = b, b = next;
-    }
+    };
+    round(0, {7, 12, 17, 22}, 1, 0, [&] { return (b & c) | (~b & d); });
+    round(16, {5, 9, 14, 20}, 5, 1, [&] { return (b & d) | (c & ~d); });
+    round(32, {4, 11, 16, 23}, 3, 5, [&] { return b ^ c ^ d; });
+    round(48, {6, 10, 15, 21}, 7, 0, [&] { return c ^ (b | ~d); });
     state[0] += a, state[1] += b, state[2] += c, state[3] += d;
 }
-
-}  // namespace
 
 std::array<uint8_t, 16> TextbookMd5(const std::string& message) {
     uint32_t state[4] = {0x67452301, 0xEFCDAB89, 0x98BADCFE, 0x10325476};
@@ -67,6 +86,16 @@ std::array<uint8_t, 16> TextbookMd5(const std::string& message) {
     return digest;
 }
 
+void DigestRow(Table& table) {
+    const std::string bytes = Bytes(32 * kMegabyte);
+    std::array<uint8_t, 16> ours, peers;
+    table.Ratio("MD5 of 32 MB / RFC 1321 by the book", 1.0,
+                Timed([&] { MD5Driver::MDBuffer(ours.data(), bytes.data(), bytes.size()); }),
+                Timed([&] { peers = TextbookMd5(bytes); }));
+    table.Same([&] { return ours == peers; });
+}
+
+// Whole groups, up to the first other character.
 std::string TableBase64Decode(const std::string& text) {
     static const std::array<int8_t, 256> indexes = [] {
         std::array<int8_t, 256> table;
@@ -100,27 +129,22 @@ std::string CryptoBase64Encode(const std::string& bytes) {
     return text;
 }
 
-void TableHex(const void* bytes, size_t size, char* text) {
-    static const char digits[] = "0123456789ABCDEF";
-    const uint8_t* from = static_cast<const uint8_t*>(bytes);
-    for (const uint8_t* const end = from + size; from < end; ++from) {
-        *text++ = digits[*from >> 4];
-        *text++ = digits[*from & 15];
-    }
-    *text = '\0';
-}
-
-BSTR MeasuredBstr(const char* text) {
-    const int length = MultiByteToWideChar(CP_ACP, 0, text, -1, nullptr, 0);
-    const BSTR wide = SysAllocStringLen(nullptr, static_cast<UINT>(length));
-    MultiByteToWideChar(CP_ACP, 0, text, -1, wide, length);
-    return wide;
-}
-
-std::string MeasuredFormat(const char* format, const char* text, int number) {
-    std::string formatted(static_cast<size_t>(std::snprintf(nullptr, 0, format, text, number)), '\0');
-    std::snprintf(formatted.data(), formatted.size() + 1, format, text, number);
-    return formatted;
+void Base64Rows(Table& table) {
+    const std::string bytes = Bytes(12 * kMegabyte), text = CryptoBase64Encode(bytes);
+    std::string decoded, encoded, peers;
+    table.Ratio("Base64 decode of 12 MB / a table of 256", 1.2, Timed([&] {
+                    decoded.assign(text.size(), '\0');
+                    decoded.resize(Base64Decode(reinterpret_cast<uint8_t*>(decoded.data()), text.c_str()));
+                }),
+                Timed([&] { peers = TableBase64Decode(text); }));
+    table.Same([&] { return decoded == bytes && peers == bytes; });
+    table.Ratio("Base64 encode of 12 MB / CryptBinaryToString", 0.5, Timed([&] {
+                    encoded.assign(bytes.size() / 3 * 4 + 4, '\0');
+                    const uint8_t* from = reinterpret_cast<const uint8_t*>(bytes.data());
+                    encoded.resize(Base64Encode(encoded.data(), from, bytes.size()));
+                }),
+                Timed([&] { peers = CryptoBase64Encode(bytes); }));
+    table.Same([&] { return encoded == text; });
 }
 
 void BareDownload(const char* url, const char* path) {
@@ -137,4 +161,24 @@ void BareDownload(const char* url, const char* path) {
     InternetCloseHandle(address);
     InternetCloseHandle(session);
     CloseHandle(file);
+}
+
+}  // namespace
+
+void DownloadRow(Table& table) {
+    const TestFolder folder;
+    const std::string url = SORVIK_WEB_SERVER "/klimora/export/file.bin", ours = folder.file("ours"),
+                      peers = folder.file("peers"), bytes = Bytes(32 * kMegabyte);
+    bench::WebServer server{SORVIK_CATALOGUE};
+    server.UseAsProxy();
+    server.Serve("/klimora/export/file.bin", bytes);
+    table.Ratio("download of 32 MB / a bare WinINet loop", 1.1, Timed([&] { DownloadFile(url.c_str(), ours.c_str()); }),
+                Timed([&] { BareDownload(url.c_str(), peers.c_str()); }));
+    table.Same([&] { return ReadWholeFile(ours) == bytes && ReadWholeFile(peers) == bytes; });
+}
+
+void LibraryRows(Table& table) {
+    LoadRow(table);
+    DigestRow(table);
+    Base64Rows(table);
 }
