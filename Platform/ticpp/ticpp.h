@@ -56,8 +56,6 @@ class Node {
 
     // A copy of `addThis` becomes the last child; the copy is given back.
     Element* InsertEndChild(const Element& addThis);
-    // A copy of `withThis` takes the place of `replaceThis`, which must be a child; the copy is given back.
-    Element* ReplaceChild(Element* replaceThis, const Element& withThis);
     void RemoveChild(Element* removeThis);
 
  protected:
@@ -181,10 +179,6 @@ class Document : public Node {
         if (document_->Error()) throw Exception(ErrorDetails(name));
     }
 
-    void SaveFile(const std::string& fileName) const {
-        if (!document_->SaveFile(fileName)) throw Exception("File '" + fileName + "' could not be written");
-    }
-
     std::string ToString() const {
         TiXmlPrinter printer;
         printer.SetIndent("  ");
@@ -276,13 +270,6 @@ inline Element* Node::NextSiblingElement(const std::string& value, bool throwIfN
 inline Element* Node::InsertEndChild(const Element& addThis) {
     TiXmlNode* added = node_->InsertEndChild(*addThis.element());
     if (!added) throw Exception("Element <" + addThis.Value() + "> could not be added");
-    detail::ForgetUserData(added);
-    return Wrap(added->ToElement());
-}
-
-inline Element* Node::ReplaceChild(Element* replaceThis, const Element& withThis) {
-    TiXmlNode* added = node_->ReplaceChild(replaceThis->node_, *withThis.element());
-    if (!added) throw Exception("Element <" + replaceThis->Value() + "> could not be replaced");
     detail::ForgetUserData(added);
     return Wrap(added->ToElement());
 }
