@@ -77,18 +77,23 @@ template <class First, class... Others>
 int KlimComSrvImpl::Traced(HRESULT call, long code, TraceFrame frame, First first, Others... others) {
     const int result = FAILED(call) ? kCallFailed : static_cast<int>(code);
     if (!trace_.keep && !trace_.failures && !trace_.all) return result;
-    const std::string error = result != 0 ? getLastErrorText() : std::string();
-    lastTrace_ = "KlimComSrvImpl::";
-    Put(lastTrace_, frame.name);
-    Put(lastTrace_, ":(");
-    PutArgument(lastTrace_, first);
-    ((Put(lastTrace_, ", "), PutArgument(lastTrace_, others)), ...);
-    Put(lastTrace_, ")=");
-    Put(lastTrace_, std::to_string(result));
-    Put(lastTrace_, " ");
-    Put(lastTrace_, error);
-    Put(lastTrace_, frame.lineEnd);
-    if ((trace_.failures && result != 0) || trace_.all) PrintCommandLine("%s\n", lastTrace_.c_str());
+    try {
+        const std::string error = result != 0 ? getLastErrorText() : std::string();
+        lastTrace_ = "KlimComSrvImpl::";
+        Put(lastTrace_, frame.name);
+        Put(lastTrace_, ":(");
+        PutArgument(lastTrace_, first);
+        ((Put(lastTrace_, ", "), PutArgument(lastTrace_, others)), ...);
+        Put(lastTrace_, ")=");
+        Put(lastTrace_, std::to_string(result));
+        Put(lastTrace_, " ");
+        Put(lastTrace_, error);
+        Put(lastTrace_, frame.lineEnd);
+        if ((trace_.failures && result != 0) || trace_.all) PrintCommandLine("%s\n", lastTrace_.c_str());
+    } catch (...) {
+        // The server has done what it was asked: that there was no memory for the line does not make it a failure.
+        lastTrace_.clear();
+    }
     return result;
 }
 

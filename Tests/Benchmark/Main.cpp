@@ -28,8 +28,6 @@
 
 namespace {
 
-long long allocations = 0;  // calls of `operator new` by this program so far
-
 constexpr char kPath[] = "/Project/KPDClass[dSilencerType]/Part[1234]/ProductKey";
 
 // A result of so many devices, each with what a silencer usually has.
@@ -305,19 +303,6 @@ int Benchmark(const std::string& wanted) {
 }
 
 }  // namespace
-
-// The program's other forms of allocation end in these.
-void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* const block = std::malloc(size)) return block;
-    throw std::bad_alloc();
-}
-void operator delete(void* block) noexcept {
-    std::free(block);
-}
-void operator delete(void* block, std::size_t) noexcept {
-    std::free(block);
-}
 
 int main(int argc, char** argv) {
     try {

@@ -19,6 +19,9 @@ inline double Milliseconds() {
     return 1000.0 * static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
 }
 
+// Calls of `operator new` by this program so far.
+extern long long allocations;
+
 // Does a piece of work and gives the milliseconds that it took.
 using Run = std::function<double()>;
 
