@@ -3,5 +3,6 @@
 
 #include "Table.h"
 
-void LibraryRows(Table& table);  // before anything else has loaded the module
-void DownloadRow(Table& table);  // within AutoCAD
+void LoadRow(Table& table);  // before anything else has loaded the module
+void LibraryRows(
+    Table& table);  // within AutoCAD; after the others, since their blocks of many megabytes change the heap
