@@ -115,6 +115,7 @@ TEST_F(Session, OleEndsWhatItBeganBeforeKlimoraIsLeft) {
         KlConn session;
         ASSERT_EQ(session.Initialize(), 0);
         session.Shutdown();
+        EXPECT_EQ(bench::BenchBalance().size(), 1u) << "the statistics' object alone";
         EXPECT_EQ(calls.Take(), FAILED(answer) ? "OleInitialize null\n" : "OleInitialize null\nOleUninitialize\n");
     }
 }
