@@ -183,6 +183,7 @@ int KLComUtils::ForEachRecord(const std::string& path, const std::vector<std::st
         const int count = GetPartAttOrDefault("", "Count(" + path + ")", 0);
         Record record;
         std::vector<std::string*> values;
+        values.reserve(names.size());
         for (const std::string& name : names)
             values.push_back(&record[ReplaceAll(name, "/", "_")]);
         std::string attribute = path + "[";
