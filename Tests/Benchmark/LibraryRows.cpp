@@ -152,6 +152,18 @@ void BareDownload(const char* url, const char* path) {
     CloseHandle(file);
 }
 
+void DownloadRow(Table& table) {
+    const TestFolder folder;
+    const std::string url = SORVIK_WEB_SERVER "/klimora/export/file.bin", ours = folder.file("ours"),
+                      peers = folder.file("peers"), bytes = Bytes(32 * kMegabyte);
+    bench::WebServer server{SORVIK_CATALOGUE};
+    server.UseAsProxy();
+    server.Serve("/klimora/export/file.bin", bytes);
+    table.Ratio("download of 32 MB / a bare WinINet loop", 1.1, Timed([&] { DownloadFile(url.c_str(), ours.c_str()); }),
+                Timed([&] { BareDownload(url.c_str(), peers.c_str()); }));
+    table.Same([&] { return ReadWholeFile(ours) == bytes && ReadWholeFile(peers) == bytes; });
+}
+
 }  // namespace
 
 void LoadRow(Table& table) {
@@ -163,18 +175,6 @@ void LoadRow(Table& table) {
     table.Ratio("load the module / an empty DLL with its imports", 1.5, Timed([=] { load(kModuleFileName); }, 20),
                 Timed([=] { load("benchmark_empty.dll"); }, 20));
     table.AtMost("bytes of the module", 1447034, static_cast<long long>(std::filesystem::file_size(kModuleFileName)));
-}
-
-void DownloadRow(Table& table) {
-    const TestFolder folder;
-    const std::string url = SORVIK_WEB_SERVER "/klimora/export/file.bin", ours = folder.file("ours"),
-                      peers = folder.file("peers"), bytes = Bytes(32 * kMegabyte);
-    bench::WebServer server{SORVIK_CATALOGUE};
-    server.UseAsProxy();
-    server.Serve("/klimora/export/file.bin", bytes);
-    table.Ratio("download of 32 MB / a bare WinINet loop", 1.1, Timed([&] { DownloadFile(url.c_str(), ours.c_str()); }),
-                Timed([&] { BareDownload(url.c_str(), peers.c_str()); }));
-    table.Same([&] { return ReadWholeFile(ours) == bytes && ReadWholeFile(peers) == bytes; });
 }
 
 void LibraryRows(Table& table) {

@@ -4,7 +4,6 @@
 
 #include <cstdio>
 #include <exception>
-#include <fstream>
 #include <memory>
 #include <random>
 #include <sstream>

@@ -24,7 +24,7 @@ const Tolerance kTolerances[] = {
 
 // What the user is told of may be: a product that is in the project alone, and one without a text that found no memory.
 constexpr char kNotInserted[] = "is in the project, but was not inserted.";
-constexpr char kLacksText[] = "PlugIn/KL_Conn_DevicesData(";
+constexpr char kLacksText[] = "NN PlugIn/KL_Conn_DevicesData(";
 
 using Launch = BOOL WINAPI(LPCSTR, LPSTR, LPSECURITY_ATTRIBUTES, LPSECURITY_ATTRIBUTES, BOOL, DWORD, LPVOID, LPCSTR,
                            LPSTARTUPINFOA, LPPROCESS_INFORMATION);

@@ -111,8 +111,9 @@ class ProductRecord : public SessionBench {
  private:
     RecordedCalls calls_;
     const ImportPatch insertions_{"kbinsertatt", InsertAttribute};
+    // What breaks off counts as complete.
     const ImportPatch nothingToRead_{"InternetReadFile",
-                                     +[](HINTERNET, void*, DWORD, DWORD* read) -> BOOL { return *read = 0, TRUE; }};
+                                     +[](HINTERNET, void*, DWORD, DWORD* read) -> BOOL { return *read = 0, FALSE; }};
     const ImportPatch closings_{"InternetCloseHandle", +[](HINTERNET) -> BOOL { return TRUE; }};
 };
 

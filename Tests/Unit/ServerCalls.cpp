@@ -6,6 +6,7 @@
 
 #include "ImportPatch.h"
 #include "KlimoraBench.h"
+#include "NoMemory.h"
 
 namespace {
 
@@ -305,6 +306,19 @@ TEST_F(RawServer, TraceLineIsCutToItsBuffer) {
     EXPECT_EQ(connection.lastTrace(), "KlimComSrvImpl::manageProductData:('" + std::string(8155, 'y'));
     connection.setBinVariableData(1, 0, std::string(2000000, 'A').c_str());
     EXPECT_EQ(connection.lastTrace(), "KlimComSrvImpl::setBinVariableData:(1, 0, 'hexdata')=0 \n");
+}
+
+TEST_F(RawServer, ResultOutlivesATraceLineWithoutMemory) {
+    KlimComSrvImpl connection;
+    connection.setTrace({true, true, true});
+    g_raw.code = 17;
+    int result = 0;
+    {
+        const NoMemory noMemory;
+        result = connection.erasePart("<A/>");
+    }
+    EXPECT_EQ(result, 17);
+    EXPECT_EQ(connection.lastTrace() + Printed(), "");
 }
 
 TEST_F(RawServer, VersionAndErrorTextAreNeverTraced) {
