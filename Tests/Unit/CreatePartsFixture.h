@@ -1,30 +1,38 @@
-// Vocabulary of the tests that create parts: a placement whose numbers all differ, and what the server was sent.
+// Vocabulary of the tests that create parts: a placement whose numbers all differ, and a log of what the server is
+// sent, what the user reads, and what comes back. At its end a case's log is compared with its section of
+// created-parts.txt.
 #pragma once
 
+#include <sstream>
+
 #include "KlimoraBench.h"
+#include "TestFiles.h"
 
 class CreatePartsTest : public ConnectedBench {
  protected:
-    static constexpr char kPosition[] = "<Position><WCS>1.500000 -2000.000000 0.333333</WCS></Position>";
-    static constexpr char kDirection[] = "<Direction><WCS>0.000000 1.000000 0.000000</WCS></Direction>";
-    static constexpr char kNormal[] = "<Normal><WCS>0.000000 0.000000 1.000000</WCS></Normal>";
+    void TearDown() override {
+        const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
+        const std::string head = std::string("-- ") + test->name() + "\n", all = ReadWholeFile(CREATED_PARTS);
+        const size_t from = all.find(head), next = all.find("\n-- ", from);
+        const std::string section = from == std::string::npos ? "" : all.substr(from, next - from);
+        EXPECT_EQ(log_.str().empty() ? "" : head + log_.str(), section);
+    }
 
     static PartPlacement Placement() {
         return {AcGePoint3d(1.5, -2000, 1.0 / 3), AcGeVector3d(0, 1, 0), AcGeVector3d(0, 0, 1)};
     }
-    static std::string PlacementText() { return std::string(kPosition) + kDirection + kNormal; }
 
-    static bool Has(const std::string& text, const char* part) { return text.find(part) != std::string::npos; }
-
-    // Calls of one method since the last look, with their results.
-    static std::vector<std::string> Sent(const std::string& method) {
-        std::vector<std::string> calls = Calls("IKlimora200805::" + method + " ");
+    // What an operation gave, behind the calls that it made. The failures planned for it are over.
+    template <class Result>
+    void Log(const Result& result) {
+        for (const std::string& call : bench::Journal())
+            if (bench::NameFits(call, "IKlimora*|acutPrintf*") && call.find("::getVersion ") == std::string::npos)
+                log_ << call << "\n";
+        log_ << "gives [" << result << "]\n";
         bench::ClearJournal();
-        return calls;
+        bench::ClearFailures();
     }
-    static std::string Report(const std::string& message, int line, const std::string& function,
-                              const std::string& text) {
-        return ConnectedBench::Report(
-            message, "KLComUtils_CreateParts(" + std::to_string(line) + "):KLComUtils::" + function, text);
-    }
+
+ private:
+    std::ostringstream log_;
 };
