@@ -25,17 +25,6 @@ TEST_F(Installation, KlimoraRefusesTheProduct) {
     ExpectNothingChanged();
 }
 
-TEST_F(Installation, QueueingFails) {
-    ChoosesASilencer();
-    bench::FailCall("AcApDocManager::sendStringToExecute", 1);
-    Run();
-    EXPECT_EQ(bench::SystemVariable("CMDECHO"), "1");
-    EXPECT_EQ(CountOf("AcTransactionManager::abortTransaction"), 1u);
-    ASSERT_EQ(bench::StatisticsEvents().size(), 1u) << "the event is recorded whatever became of the queueing";
-    EXPECT_TRUE(bench::StatisticsEvents()[0].sent);
-    EXPECT_EQ(CountOf("KLIMSILX"), 0u);
-}
-
 TEST_F(Installation, YesReplacesTheProductOfThatCodeAndOfItsDrawnSilencers) {
     Picks("2A3");
     InTheConfigurator("choose SRC-250-900");

@@ -228,49 +228,34 @@ std::string Line(const Operation& operation, const char* arguments, int result, 
            error + (operation.name == std::string("getPartAtt") ? "" : "\n");
 }
 
-TEST_F(RawServer, EachOperationReachesItsSlotAndGivesItsAnswerOrLeavesItsOutputs) {
-    g_raw.code = 17;
-    for (const bool fails : {false, true}) {
-        g_raw.outcome = fails ? E_FAIL : S_FALSE;
-        for (const Operation& operation : kOperations) {
-            SCOPED_TRACE(operation.name);
+TEST_F(RawServer, EachOperationReachesItsSlotGivesItsAnswerAndTracesAsTheSwitchesSay) {
+    for (const Operation& operation : kOperations) {
+        KlimComSrvImpl connection;
+        for (int bits = 0; bits < 32; ++bits) {
+            SCOPED_TRACE(operation.name + std::string(", switches ") + std::to_string(bits));
+            const TraceSwitches switches = {(bits & 1) != 0, (bits & 2) != 0, (bits & 4) != 0};
+            const bool fails = (bits & 16) != 0;
+            g_raw.outcome = fails ? E_FAIL : S_FALSE;
+            g_raw.code = bits & 8 ? 17 : 0;
+            g_raw.errorsAsked = 0;
             g_out = Outputs();
-            KlimComSrvImpl connection;
-            connection.setTrace({false, fails, false});
-            EXPECT_EQ(operation.call(connection), fails ? -2 : 17) << "the server's own code comes back as it is";
+            connection.setTrace(switches);
+            const std::string before = connection.lastTrace();
+            const int result = fails ? -2 : g_raw.code;  // the server's own code comes back as it is
+            EXPECT_EQ(operation.call(connection), result);
             EXPECT_EQ(g_raw.called, operation.called);
             const char gives = fails ? '-' : operation.gives;
             EXPECT_EQ(g_out.text, gives == 't' ? "answer" : "poison");
             EXPECT_EQ(g_out.x, gives == 'r' || gives == 'p' ? 1 : -7);
             EXPECT_EQ(g_out.y, gives == 'p' ? 2 : -7);
             EXPECT_EQ(g_out.z, gives == 'p' ? 3 : -7);
-            const char* arguments = operation.failedTrace ? operation.failedTrace : operation.trace;
-            const std::string line = fails ? Line(operation, arguments, -2, "reason") : "";
-            EXPECT_EQ(connection.lastTrace(), line);
-            EXPECT_EQ(Printed(), fails ? line + "\n" : "");
-        }
-    }
-}
-
-TEST_F(RawServer, TracesAsTheSwitchesSay) {
-    for (const Operation& operation : kOperations) {
-        KlimComSrvImpl connection;
-        for (int bits = 0; bits < 16; ++bits) {
-            SCOPED_TRACE(operation.name + std::string(", switches ") + std::to_string(bits));
-            const TraceSwitches switches = {(bits & 1) != 0, (bits & 2) != 0, (bits & 4) != 0};
-            connection.setTrace(switches);
-            const std::string before = connection.lastTrace();
-            g_out = Outputs();
-            g_raw.errorsAsked = 0;
-            g_raw.code = bits & 8 ? 100 + bits : 0;
-            EXPECT_EQ(operation.call(connection), g_raw.code);
-            const bool traced = operation.trace && bits % 8 != 0;
-            const bool echoed = traced && (switches.all || (switches.failures && g_raw.code != 0));
-            const std::string line =
-                traced ? Line(operation, operation.trace, g_raw.code, g_raw.code ? "reason" : "") : before;
+            const char* arguments = fails && operation.failedTrace ? operation.failedTrace : operation.trace;
+            const bool traced = arguments && bits % 8 != 0;
+            const bool echoed = traced && (switches.all || (switches.failures && result != 0));
+            const std::string line = traced ? Line(operation, arguments, result, result ? "reason" : "") : before;
             EXPECT_EQ(connection.lastTrace(), line);
             EXPECT_EQ(Printed(), echoed ? line + "\n" : "");
-            EXPECT_EQ(g_raw.errorsAsked, traced && g_raw.code ? 1 : 0);
+            EXPECT_EQ(g_raw.errorsAsked, traced && result ? 1 : 0);
         }
     }
 }

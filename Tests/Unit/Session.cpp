@@ -297,7 +297,8 @@ TEST_F(Session, ProductThatCannotBeInsertedIsToldAndStatisticsAreNoFailure) {
         for (const char* refusing : {"AcApDocManager::curDocument", "AcApDocManager::sendStringToExecute"}) {
             EXPECT_EQ(install(refusing), -1);
             EXPECT_NE(Printed().find(half), std::string::npos) << refusing;
-            EXPECT_EQ(bench::StatisticsEvents().size(), 1u);
+            ASSERT_EQ(bench::StatisticsEvents().size(), 1u);
+            EXPECT_TRUE(bench::StatisticsEvents()[0].sent);
         }
         {
             const ImportPatch patch(
