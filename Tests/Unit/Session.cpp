@@ -296,6 +296,7 @@ TEST_F(Session, ProductThatCannotBeInsertedIsToldAndStatisticsAreNoFailure) {
         };
         for (const char* refusing : {"AcApDocManager::curDocument", "AcApDocManager::sendStringToExecute"}) {
             EXPECT_EQ(install(refusing), -1);
+            EXPECT_EQ(bench::SystemVariable("CMDECHO"), "1") << refusing;
             EXPECT_NE(Printed().find(half), std::string::npos) << refusing;
             ASSERT_EQ(bench::StatisticsEvents().size(), 1u);
             EXPECT_TRUE(bench::StatisticsEvents()[0].sent);
