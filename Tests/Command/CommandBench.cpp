@@ -28,13 +28,6 @@ void ReplaceAll(std::string& text, const std::string& what, const std::string& w
         text.replace(at, what.size(), with);
 }
 
-std::string ModuleFolder() {
-    char path[MAX_PATH] = "";
-    GetModuleFileNameA(nullptr, path, MAX_PATH);
-    const std::string file = path;
-    return file.substr(0, file.rfind('\\'));
-}
-
 // The switch of the server's file access check belongs to the configurator's end, not to the project's contents.
 std::string WithoutAccessFlag(std::string project) {
     const std::string start = "<noPrjFileAccessCheck>", end = "</noPrjFileAccessCheck>";
@@ -168,8 +161,7 @@ std::string CommandBench::SessionId() {
 std::string CommandBench::Surroundings() const {
     return bench::DrawingState() + "\n-- project\n" + WithoutAccessFlag(bench::ProjectXml()) + "\n-- CMDECHO " +
            bench::SystemVariable("CMDECHO") + "\n-- temporary folder\n" + TemporaryFolders() + "-- data folder\n" +
-           FolderList(ModuleFolder() + "/Sorvik/*") + "-- main window " +
-           (IsWindowEnabled(bench::MainWindow()) ? "enabled" : "disabled");
+           FolderList("Sorvik/*") + "-- main window " + (IsWindowEnabled(bench::MainWindow()) ? "enabled" : "disabled");
 }
 
 std::string CommandBench::MaskedJournal() const {
@@ -203,8 +195,4 @@ void CommandBench::ExpectNothingChanged() {
     EXPECT_EQ(CountOf("AcTransactionManager::endTransaction"), 0u);
     EXPECT_EQ(Surroundings(), before_);
     EXPECT_TRUE(bench::StatisticsEvents().empty());
-}
-
-std::string CommandBench::Reported(const std::string& message, const std::string& place, const std::string& text) {
-    return std::string("\n") + kName + ": " + message + " " + place + " " + text + "\n";
 }

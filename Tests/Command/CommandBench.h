@@ -72,7 +72,6 @@ class CommandBench : public testing::Test {
     // statistics, main window enabled, CMDECHO as before.
     void ExpectNothingChanged();
     void ExpectNoProductExported() { MeetsBox("No product exported.\n", bench::BoxIcon::kError, {"OK"}, "OK"); }
-    static std::string Reported(const std::string& message, const std::string& place, const std::string& text);
 
     bench::Robot& robot() { return robot_; }
 

@@ -10,13 +10,12 @@ TEST_F(Installation, KlimoraRefusesTheProduct) {
     bench::FailCall("IKlimora200805::manageProductData", 1, -5);
     Run();
     const std::string printed = Printed();
-    EXPECT_NE(printed.find(Reported("Failed to add device to Klimora project.",
-                                    "PlugIn/Util/KLComUtils_Project(115):KLComUtils::AddDeviceToKlimoraProject",
-                                    "Can not add device to Klimora project IKlimora200805::manageProductData was "
-                                    "planned to fail.") +
-                           Reported("InstallSilencer", "PlugIn/KL_Conn(573):KlConn::InstallSilencer",
-                                    "Can not add device to Klimora project. Product SRC-250-900 is not found in the "
-                                    "selected database.")),
+    EXPECT_NE(printed.find("\nSorvik Klimora Cloud Plugin: Failed to add device to Klimora project. "
+                           "PlugIn/Util/KLComUtils_Project(115):KLComUtils::AddDeviceToKlimoraProject Can not add "
+                           "device to Klimora project IKlimora200805::manageProductData was planned to fail.\n"
+                           "\nSorvik Klimora Cloud Plugin: InstallSilencer PlugIn/KL_Conn(573):KlConn::InstallSilencer "
+                           "Can not add device to Klimora project. Product SRC-250-900 is not found in the selected "
+                           "database.\n"),
               std::string::npos)
         << printed;
     EXPECT_NE(printed.find("KlimComSrvImpl::manageProductData:('<ManageProductData>"), std::string::npos)

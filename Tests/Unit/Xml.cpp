@@ -49,15 +49,7 @@ TEST(XmlText, GrowsInOrder) {
     EXPECT_EQ(builder.Text(), "<Part><Size mm=\"160.00\"/>100%d000FA0FF");
 }
 
-class Xml : public testing::Test {
- protected:
-    Xml() { document_.Parse("<r><a>1</a><b/><a k='&lt;v'>2</a></r>"); }
-    ticpp::Element& Root() { return *document_.FirstChildElement(); }
-
-    ticpp::Document document_;
-};
-
-TEST_F(Xml, TextIsSetBesideTheChildElements) {
+TEST(Xml, TextIsSetBesideTheChildElements) {
     ticpp::Document document;
     document.Parse("<r><a>1<b/>2</a><c><b/></c><d/></r>");
     for (const char* name : {"a", "c", "d"})
@@ -65,13 +57,16 @@ TEST_F(Xml, TextIsSetBesideTheChildElements) {
     EXPECT_EQ(document.FirstChildElement()->ToString(), "<r><a>new<b />2</a><c>new<b /></c><d>new</d></r>");
 }
 
-TEST_F(Xml, ChildIsFoundOrAppended) {
+TEST(Xml, ChildIsFoundOrAppended) {
+    ticpp::Document document;
+    document.Parse("<r><a>1</a><b/><a k='&lt;v'>2</a></r>");
+    ticpp::Element* const root = document.FirstChildElement();
     EXPECT_EQ(GetOrAddChildElement(nullptr, "a"), nullptr);
-    EXPECT_EQ(GetOrAddChildElement(&Root(), nullptr), nullptr);
-    EXPECT_EQ(GetOrAddChildElement(&Root(), ""), nullptr);
-    EXPECT_EQ(GetOrAddChildElement(&Root(), "a"), Root().FirstChildElement("a"));
-    ticpp::Element* added = GetOrAddChildElement(&Root(), "c");
+    EXPECT_EQ(GetOrAddChildElement(root, nullptr), nullptr);
+    EXPECT_EQ(GetOrAddChildElement(root, ""), nullptr);
+    EXPECT_EQ(GetOrAddChildElement(root, "a"), root->FirstChildElement("a"));
+    ticpp::Element* const added = GetOrAddChildElement(root, "c");
     added->SetAttribute("n", "1");
-    EXPECT_EQ(GetOrAddChildElement(&Root(), "c"), added);
-    EXPECT_EQ(Root().ToString(), "<r><a>1</a><b /><a k=\"&lt;v\">2</a><c n=\"1\" /></r>");
+    EXPECT_EQ(GetOrAddChildElement(root, "c"), added);
+    EXPECT_EQ(root->ToString(), "<r><a>1</a><b /><a k=\"&lt;v\">2</a><c n=\"1\" /></r>");
 }
