@@ -128,36 +128,35 @@ TEST_F(ClipboardFailures, EveryOneGivesBackWhatItHad) {
     const std::string set = empty + "SetClipboardData 0xC123 GlobalAlloc\nCloseClipboard\n";
     const std::string freed = "GlobalFree GlobalAlloc\n";
     const struct {
-        const char* refused;
+        void (*refuse)(RecordedCalls& calls);
         int result;
         std::string calls;
     } cases[] = {
-        {"RegisterClipboardFormatA", -1, "RegisterClipboardFormatA \"SorvikUnitTest\"\n"},
-        {"GlobalAlloc", -2, make.substr(0, make.rfind("GlobalLock"))},
-        {"GlobalLock", -2, make + freed},
-        {"OpenClipboard", -3, fill + freed},
-        {"EmptyClipboard", -3, empty + "CloseClipboard\n" + freed},
-        {"SetClipboardData", 0, set + freed},
-        {"", 0, set},
+        {[](RecordedCalls& c) { c.Give("RegisterClipboardFormatA", RegisterClipboardFormatA, 0); }, -1,
+         "RegisterClipboardFormatA \"SorvikUnitTest\"\n"},
+        {[](RecordedCalls& c) { c.Give("GlobalAlloc", GlobalAlloc, nullptr); }, -2,
+         make.substr(0, make.rfind("GlobalLock"))},
+        {[](RecordedCalls& c) { c.Give("GlobalLock", GlobalLock, nullptr); }, -2, make + freed},
+        {[](RecordedCalls& c) { c.Give("OpenClipboard", OpenClipboard, FALSE); }, -3, fill + freed},
+        {[](RecordedCalls& c) { c.Give("EmptyClipboard", EmptyClipboard, FALSE); }, -3,
+         empty + "CloseClipboard\n" + freed},
+        {[](RecordedCalls& c) { c.Give("SetClipboardData", SetClipboardData, nullptr); }, 0, set + freed},
+        {[](RecordedCalls&) {}, 0, set},
     };
+    const HWND owner = GetDesktopWindow();
     for (const auto& one : cases) {
-        RecordedCalls calls;
-        const HWND owner = GetDesktopWindow();
-        calls.Name(owner, "OWNER");
-        const auto granted = [&](const char* name) { return std::strcmp(one.refused, name) != 0; };
-        const auto give = [&](const char* name, auto function, auto value) {
-            calls.Give(name, function, granted(name) ? value : decltype(value){});
-        };
-        give("RegisterClipboardFormatA", RegisterClipboardFormatA, UINT{0xC123});
-        calls.Give("GlobalAlloc", GlobalAlloc, nullptr, granted("GlobalAlloc"));
-        calls.Give("GlobalLock", GlobalLock, nullptr, granted("GlobalLock"));
+        RecordedCalls calls({{owner, "OWNER"}});
+        calls.Give("RegisterClipboardFormatA", RegisterClipboardFormatA, 0xC123);
+        calls.Record("GlobalAlloc", GlobalAlloc);
+        calls.Record("GlobalLock", GlobalLock);
         calls.Record("GlobalUnlock", GlobalUnlock);
         calls.Record("GlobalFree", GlobalFree);
-        give("OpenClipboard", OpenClipboard, BOOL{TRUE});
-        give("EmptyClipboard", EmptyClipboard, BOOL{TRUE});
-        give("SetClipboardData", SetClipboardData, HANDLE{owner});
+        calls.Give("OpenClipboard", OpenClipboard, TRUE);
+        calls.Give("EmptyClipboard", EmptyClipboard, TRUE);
+        calls.Give("SetClipboardData", SetClipboardData, owner);
         calls.Give("CloseClipboard", CloseClipboard, TRUE);
-        EXPECT_EQ(gwclip_copy(owner, kFormat, "t", "da", 2, true), one.result) << one.refused;
+        one.refuse(calls);
+        EXPECT_EQ(gwclip_copy(owner, kFormat, "t", "da", 2, true), one.result) << one.calls;
         EXPECT_EQ(calls.Take(), one.calls);
     }
     EXPECT_EQ(gwclip_copy(nullptr, nullptr, "t", "d", 1, true), -1);

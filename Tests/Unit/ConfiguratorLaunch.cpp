@@ -21,13 +21,11 @@ TEST_F(ConfiguratorLaunch, LaunchNeedsItsFourWords) {
     KlConn session;
     ASSERT_EQ(session.Initialize(), 0);
     bench::ClearJournal();
-    const char* words[] = {"CAD_Connection_UI_x64.exe", "SorvSIL", "http://x", "title"};
-    for (int missing = 0; missing < 4; ++missing) {
-        for (const char* instead : {static_cast<const char*>(nullptr), ""}) {
-            const char* given[4] = {words[0], words[1], words[2], words[3]};
-            given[missing] = instead;
-            EXPECT_EQ(session.LaunchConfigurator(given[0], given[1], given[2], given[3]), -1) << missing;
-        }
+    for (const char* none : {static_cast<const char*>(nullptr), ""}) {
+        EXPECT_EQ(session.LaunchConfigurator(none, "SorvSIL", "http://x", "title"), -1);
+        EXPECT_EQ(session.LaunchConfigurator("CAD.exe", none, "http://x", "title"), -1);
+        EXPECT_EQ(session.LaunchConfigurator("CAD.exe", "SorvSIL", none, "title"), -1);
+        EXPECT_EQ(session.LaunchConfigurator("CAD.exe", "SorvSIL", "http://x", none), -1);
     }
     EXPECT_TRUE(bench::Journal().empty());
     EXPECT_EQ(Printed(), "");
@@ -63,25 +61,18 @@ TEST_F(ConfiguratorLaunch, LaunchLeavesEverythingAsItWas) {
         ended = "CloseHandle thread\n" + end + "GetExitCodeProcess process &\nCloseHandle process\n",
         left = "CloseHandle thread\n" + end + "TerminateProcess process 0xFFFFFFFF\nCloseHandle process\n";
     const struct {
-        BOOL starts;
-        std::vector<DWORD> waits;  // what they answer, last to first
+        std::vector<DWORD> waits;  // what they answer, last to first; none when the program does not start
         DWORD exitCode;
         int result, messages;
         std::string calls, printed;
     } cases[] = {
-        {TRUE, {WAIT_OBJECT_0, WAIT_TIMEOUT}, 7, 0, 1, begin + wait + wait + ended, ""},
-        {TRUE, {WAIT_OBJECT_0}, 0, -1, 0, begin + wait + ended, ""},
-        {TRUE,
-         {WAIT_OBJECT_0},
-         kUnknown,
-         -1,
-         0,
-         begin + wait + ended,
-         Line("Can not tell how the configurator ended.")},
+        {{WAIT_OBJECT_0, WAIT_TIMEOUT}, 7, 0, 1, begin + wait + wait + ended, ""},
+        {{WAIT_OBJECT_0}, 0, -1, 0, begin + wait + ended, ""},
+        {{WAIT_OBJECT_0}, kUnknown, -1, 0, begin + wait + ended, Line("Can not tell how the configurator ended.")},
         // AutoCAD quits; and Windows does not say whether the program runs.
-        {TRUE, {WAIT_TIMEOUT}, 1, -1, 1, begin + wait + left, ""},
-        {TRUE, {WAIT_FAILED}, 1, -1, 0, begin + wait + left, Line("Can not wait for the configurator.")},
-        {FALSE, {}, 1, -1, 0, begin + end, Line("Can not execute " + program + ".")},
+        {{WAIT_TIMEOUT}, 1, -1, 1, begin + wait + left, ""},
+        {{WAIT_FAILED}, 1, -1, 0, begin + wait + left, Line("Can not wait for the configurator.")},
+        {{}, 1, -1, 0, begin + end, Line("Can not execute " + program + ".")},
     };
     for (const auto& c : cases) {
         std::vector<DWORD> waits = c.waits;
@@ -94,11 +85,8 @@ TEST_F(ConfiguratorLaunch, LaunchLeavesEverythingAsItWas) {
             ASSERT_EQ(session.Initialize(), 0);
             Printed();
             const HANDLE process = reinterpret_cast<HANDLE>(0x51510), thread = reinterpret_cast<HANDLE>(0x52520);
-            RecordedCalls calls;
-            calls.Name(bench::MainWindow(), "main");
-            calls.Name(module, "module");
-            calls.Name(process, "process");
-            calls.Name(thread, "thread");
+            RecordedCalls calls(
+                {{bench::MainWindow(), "main"}, {module, "module"}, {process, "process"}, {thread, "thread"}});
             calls.Give("GetFocus", GetFocus, GetDesktopWindow());
             calls.Give("EnableWindow", EnableWindow, TRUE);
             calls.Record("CreateDialogParamA", CreateDialogParamA,
@@ -128,7 +116,7 @@ TEST_F(ConfiguratorLaunch, LaunchLeavesEverythingAsItWas) {
                              EXPECT_EQ(std::memcmp(startup, &zeroed, sizeof zeroed), 0);
                              EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_WAIT));
                              *started = {process, thread, 0, 0};
-                             return c.starts;
+                             return !c.waits.empty();
                          });
             calls.Record("WaitMessage", WaitMessage, [&] {
                 PostMessageA(waiting, WM_APP, 0, 0);

@@ -11,18 +11,14 @@ using Reporter = uint32_t (*)(const char* message, const char* file, int line, c
 constexpr Reporter kError = ReportError;
 
 uint32_t ReportWith(Reporter report, uint32_t bits, const char* message, const char* function = "Unit::Work") {
-    g_diagSettings->fatalBits = g_diagSettings->errorBits = bits;
-    g_diagSettings->warningBits = g_diagSettings->infoBits = bits;
+    SetReportLevels(bits, bits, bits, bits);
     return report(message, "PlugIn/Lib/Unit", 42, function);
 }
 
 // Everything goes into the log alone.
 class DiagnosticsLogTest : public DiagnosticsTest {
  protected:
-    DiagnosticsLogTest() {
-        g_diagSettings->fatalBits = g_diagSettings->errorBits = RF_LOG;
-        g_diagSettings->warningBits = g_diagSettings->infoBits = RF_LOG;
-    }
+    DiagnosticsLogTest() { SetReportLevels(RF_LOG, RF_LOG, RF_LOG, RF_LOG); }
 
     static DWORD WINAPI NameWithoutFolder(HMODULE, char* path, DWORD size) {
         lstrcpynA(path, "host.exe", static_cast<int>(size));
@@ -159,7 +155,7 @@ TEST_F(DiagnosticsLogTest, StampsFrameTheLines) {
 }
 
 TEST_F(DiagnosticsLogTest, ErrorsReachTheFileAtOnceInformationWaits) {
-    for (const auto report : {ReportFatal, static_cast<decltype(&ReportFatal)>(ReportError), ReportWarning}) {
+    for (const Reporter report : {Reporter{ReportFatal}, kError, Reporter{ReportWarning}}) {
         ReportInfo("first", nullptr, 0, nullptr);
         EXPECT_EQ(Raw(LogPath()).find("first"), std::string::npos);
         report("second", nullptr, 0, nullptr);

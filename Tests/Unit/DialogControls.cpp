@@ -103,68 +103,51 @@ TEST_F(DialogControls, TextsShowAreLimitedAndReadBack) {
     EXPECT_EQ(dialog_->TextOf(kOther), "template");
 }
 
-TEST_F(DialogControls, ComboBoxesConsumeTheirList) {
-    for (const auto& [before, selected, after] :
-         {std::tuple{2.5F, LRESULT{2}, 2.5F}, {-0.0F, 0, 0.0F}, {77.0F, 0, 0.0F}}) {
-        ComboListData list = ListOf({{1, "b"}, {2.5, "c"}, {0, "a"}});
-        float value = before;
-        PDialogControl* binder = nullptr;
-        RecordedCalls calls;
-        calls.Record("free", std::free);
-        calls.Name(list, "list");
-        Open("COMBOBOX", CBS_DROPDOWNLIST | CBS_SORT, [&](BoundDialog& self) {
-            binder = &self.Bind<PDialogControlComboBox>(kControl, &list, &value);
-            PDialogControl& unbound = self.Bind<PDialogControlComboBox>(kOther, nullptr, nullptr);
-            EXPECT_EQ(unbound.ToDialog(), -1);
-            EXPECT_EQ(unbound.FromDialog(), -1);
-        });
-        EXPECT_EQ(list, nullptr);
-        EXPECT_NE(calls.Take().find("free list\n"), std::string::npos);
-        EXPECT_EQ(Send(CB_GETCOUNT), 3);
-        EXPECT_EQ(Send(CB_GETCURSEL), selected) << before;
-        EXPECT_EQ(binder->FromDialog(), 0);
-        EXPECT_EQ(value, after) << before;
-        Send(CB_SETCURSEL, 1);
-        EXPECT_EQ(binder->FromDialog(), 0);
-        EXPECT_EQ(value, 1) << "the sorted list keeps value and text together";
-        EXPECT_EQ(binder->ToDialog(), -1) << "the list is gone";
-        EXPECT_EQ(Send(CB_GETCOUNT), 0);
-        EXPECT_EQ(binder->FromDialog(), 0);
-        EXPECT_EQ(value, 1) << "nothing selected, nothing changed";
-    }
-}
-
-TEST_F(DialogControls, ListsGoOnAfterARefusedTextAndStopAtAnEmptyOne) {
+TEST_F(DialogControls, ListsAreConsumedPastARefusedTextAndUpToAnEmptyOne) {
     const struct {
         bool combo;
         float before;
         LRESULT selected;
         float after;
-    } cases[] = {{true, 3, 1, 3}, {true, 2, 0, 1}, {false, 3, 1, 3}, {false, 2, LB_ERR, 2}};
+    } cases[] = {{true, 2.5F, 2, 2.5F},  {true, -0.0F, 1, 0},  {true, 9, 0, 1},      {true, 5, 0, 1},
+                 {false, 2.5F, 2, 2.5F}, {false, -0.0F, 1, 0}, {false, 9, LB_ERR, 9}};
     for (const auto& c : cases) {
-        ComboListData list = ListOf({{1, "one"}, {2, "two"}, {3, "three"}, {4, "x"}, {5, "five"}});
-        list[3].text[0] = '\0';
+        ComboListData list = ListOf({{1, "a"}, {2.5, "c"}, {9, "refused"}, {0, "b"}, {4, "x"}, {5, "behind"}});
+        list[4].text[0] = '\0';
         float value = c.before;
-        RecordedCalls calls;
+        PDialogControl* binder = nullptr;
+        RecordedCalls calls({{list, "list"}});
+        calls.Record("free", std::free);
         calls.Record("SendMessageA", SendMessageA, [](HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
             const bool adds = message == CB_ADDSTRING || message == LB_ADDSTRING;
-            if (adds && reinterpret_cast<const char*>(lParam) == std::string("two")) return LRESULT{-2};
+            if (adds && reinterpret_cast<const char*>(lParam) == std::string("refused")) return LRESULT{-2};
             const auto procedure = reinterpret_cast<WNDPROC>(GetWindowLongPtrA(window, GWLP_WNDPROC));
             return CallWindowProcA(procedure, window, message, wParam, lParam);
         });
-        Open(c.combo ? "COMBOBOX" : "LISTBOX", c.combo ? CBS_DROPDOWNLIST : WS_BORDER, [&](BoundDialog& self) {
-            if (c.combo)
-                self.Bind<PDialogControlComboBox>(kControl, &list, &value);
-            else
-                self.Bind<PDialogControlListBox>(kControl, &list, &value);
-        });
+        Open(c.combo ? "COMBOBOX" : "LISTBOX", c.combo ? CBS_DROPDOWNLIST | CBS_SORT : LBS_SORT,
+             [&](BoundDialog& self) {
+                 const auto bind = [&](int id, ComboListData* from, float* to) -> PDialogControl& {
+                     if (c.combo) return self.Bind<PDialogControlComboBox>(id, from, to);
+                     return self.Bind<PDialogControlListBox>(id, from, to);
+                 };
+                 binder = &bind(kControl, &list, &value);
+                 PDialogControl& unbound = bind(kOther, nullptr, nullptr);
+                 EXPECT_EQ(unbound.ToDialog(), -1);
+                 EXPECT_EQ(unbound.FromDialog(), -1);
+             });
         EXPECT_EQ(list, nullptr);
-        EXPECT_EQ(Send(c.combo ? CB_GETCOUNT : LB_GETCOUNT), 2);
-        EXPECT_EQ(Send(c.combo ? CB_GETCURSEL : LB_GETCURSEL), c.selected);
-        dialog_->FromDialog(-1);
-        EXPECT_EQ(value, c.after);
-        dialog_->ToDialog(-1);
-        EXPECT_EQ(Send(c.combo ? CB_GETCOUNT : LB_GETCOUNT), 0) << "cleared before the list is looked for";
+        EXPECT_NE(calls.Take().find("free list\n"), std::string::npos);
+        EXPECT_EQ(Send(c.combo ? CB_GETCOUNT : LB_GETCOUNT), 3);
+        EXPECT_EQ(Send(c.combo ? CB_GETCURSEL : LB_GETCURSEL), c.selected) << c.before;
+        EXPECT_EQ(binder->FromDialog(), 0);
+        EXPECT_EQ(value, c.after) << c.before;
+        Send(c.combo ? CB_SETCURSEL : LB_SETCURSEL, 2);
+        EXPECT_EQ(binder->FromDialog(), 0);
+        EXPECT_EQ(value, 2.5F) << "the sorted list keeps value and text together";
+        EXPECT_EQ(binder->ToDialog(), -1) << "the list is gone";
+        EXPECT_EQ(Send(c.combo ? CB_GETCOUNT : LB_GETCOUNT), 0);
+        EXPECT_EQ(binder->FromDialog(), 0);
+        EXPECT_EQ(value, 2.5F) << "nothing selected, nothing changed";
     }
 }
 
@@ -263,8 +246,7 @@ TEST(DialogImages, TheStyleSaysWhichImageIsLoadedFromWhere) {
         {false, SS_ICON, 0x0E, file, fromFile + "0x0 0 0 0x1010", IMAGE_BITMAP},
     };
     for (const auto& c : cases) {
-        RecordedCalls calls;
-        calls.Name(GetModuleHandleA(kModuleFileName), "module");
+        RecordedCalls calls({{GetModuleHandleA(kModuleFileName), "module"}});
         calls.Give("LoadImageA", LoadImageA, reinterpret_cast<HANDLE>(0x51));
         calls.Give("SendMessageA", SendMessageA, 0);
         calls.Give("DeleteObject", DeleteObject, TRUE);

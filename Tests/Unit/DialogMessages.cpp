@@ -1,5 +1,6 @@
 #include "DiagnosticsFixture.h"
 #include "DialogFixture.h"
+#include "Lib/FormatText.h"
 #include "ModuleNames.h"
 #include "RecordedCalls.h"
 #include "Util/PDialogControlButtons.h"
@@ -40,9 +41,8 @@ class DialogMessages : public ErrorReportsTest {
 
 TEST_F(DialogMessages, CommandsCountOnlyFromTheirButton) {
     Open([](BoundDialog&) {});
-    RecordedCalls calls;
+    RecordedCalls calls({{dialog_->dialogWindow(), "dialog"}});
     calls.Give("EndDialog", EndDialog, TRUE);
-    calls.Name(dialog_->dialogWindow(), "dialog");
     const struct {
         int command, from;  // control, 0 for none
         int verdict, validations, ends;
@@ -64,8 +64,7 @@ TEST_F(DialogMessages, BindersSeeMessagesFirstAndTheFrameOnlyPostsACancelThatEnd
     Open([](BoundDialog&) {});
     EXPECT_TRUE(dialog_->HasControl(IDOK));
     EXPECT_FALSE(dialog_->HasControl(9999));
-    RecordedCalls calls;
-    calls.Name(dialog_->dialogWindow(), "dialog");
+    RecordedCalls calls({{dialog_->dialogWindow(), "dialog"}});
     calls.Give("PostMessageA", PostMessageA, TRUE);
     EXPECT_EQ(dialog_->HandleMessage(WM_CLOSE, 0, 0), 0);
     EXPECT_EQ(calls.Take(), "PostMessageA dialog 0x111 0x2 0\n");
@@ -111,10 +110,7 @@ TEST_F(DialogMessages, TooltipsComeFromTheBinders) {
 
     // Everything is given back at the end, the tools before the window.
     const HDC device = CreateCompatibleDC(nullptr);
-    RecordedCalls calls;
-    calls.Name(dialog_->CtlColor(device, 0, RGB(1, 1, 1)), "brush");
-    calls.Name(tips, "tips");
-    calls.Name(dialog_->dialogWindow(), "dialog");
+    RecordedCalls calls({{dialog_->CtlColor(device, 0, RGB(1, 1, 1)), "brush"}, {tips, "tips"}});
     const HWND dialogWindow = dialog_->dialogWindow();
     const std::vector<HWND> expected = {dialog_->GetControl(kEdit), dialog_->GetControl(IDOK)};
     std::vector<HWND> tools;
@@ -122,14 +118,14 @@ TEST_F(DialogMessages, TooltipsComeFromTheBinders) {
     calls.Record("DeleteObject", DeleteObject);
     calls.Record("SendMessageA", SendMessageA, [&](HWND window, UINT message, WPARAM, LPARAM lParam) {
         EXPECT_EQ(window, tips);
-        EXPECT_EQ(message, static_cast<UINT>(TTM_DELTOOLA));
         EXPECT_NE(calls.Take().find("SendMessageA"), std::string::npos);
         const auto& tool = *reinterpret_cast<TOOLINFOA*>(lParam);
         tools.push_back(reinterpret_cast<HWND>(tool.uId));
-        EXPECT_EQ(tool.cbSize, 72u);
-        EXPECT_EQ(tool.uFlags, 17u);
+        // TTM_DELTOOLA; the text is asked for.
+        EXPECT_EQ(
+            FormatString("%X %u %u %lld", message, tool.cbSize, tool.uFlags, reinterpret_cast<int64_t>(tool.lpszText)),
+            "405 72 17 -1");
         EXPECT_EQ(tool.hwnd, dialogWindow);
-        EXPECT_EQ(tool.lpszText, LPSTR_TEXTCALLBACKA);
         return 0;
     });
     dialog_.reset();
@@ -140,9 +136,7 @@ TEST_F(DialogMessages, TooltipsComeFromTheBinders) {
 
 TEST_F(DialogMessages, TheTooltipWindowBelongsToDialogAndModule) {
     Open([](BoundDialog&) {});
-    RecordedCalls calls;
-    calls.Name(dialog_->dialogWindow(), "dialog");
-    calls.Name(GetModuleHandleA(kModuleFileName), "module");
+    RecordedCalls calls({{dialog_->dialogWindow(), "dialog"}, {GetModuleHandleA(kModuleFileName), "module"}});
     calls.Record("InitCommonControls", InitCommonControls);
     calls.Give("CreateWindowExA", CreateWindowExA, nullptr);
     EXPECT_EQ(dialog_->HandleMessage(WM_INITDIALOG, 0, 0), 0);
@@ -153,27 +147,30 @@ TEST_F(DialogMessages, TheTooltipWindowBelongsToDialogAndModule) {
 
 TEST_F(DialogMessages, ColoursAreAnsweredWithOneBrush) {
     const HDC device = CreateCompatibleDC(nullptr);
-    LOGBRUSH facts = {};
-    const HBRUSH black = dialog_->CtlColor(device, 0, 0);
-    ASSERT_TRUE(GetObjectA(black, sizeof facts, &facts)) << "black is a colour like any other";
-    const HBRUSH red = dialog_->CtlColor(device, RGB(1, 2, 3), RGB(200, 0, 0));
-    ASSERT_TRUE(GetObjectA(red, sizeof facts, &facts));
-    EXPECT_EQ(facts.lbColor, RGB(200, 0, 0));
-    EXPECT_EQ(GetTextColor(device), RGB(1, 2, 3));
-    EXPECT_EQ(GetBkColor(device), RGB(200, 0, 0));
-    EXPECT_EQ(GetBkMode(device), TRANSPARENT);
-    EXPECT_EQ(dialog_->CtlColor(device, 0, RGB(200, 0, 0)), red);
-
     RecordedCalls calls;
-    calls.Name(red, "red");
+    calls.Record("GetSysColor", GetSysColor, [](int which) { return 0xAB0000u + static_cast<DWORD>(which); });
+    calls.Record("CreateSolidBrush", CreateSolidBrush);
     calls.Record("DeleteObject", DeleteObject);
-    calls.Record("GetSysColor", GetSysColor);
-    const HBRUSH face = dialog_->CtlColor(device, 0xFFFFFFFF, 0xFFFFFFFF);
-    EXPECT_EQ(calls.Take(), "GetSysColor 18\nGetSysColor 15\nDeleteObject red\n");
-    ASSERT_TRUE(GetObjectA(face, sizeof facts, &facts));
-    EXPECT_EQ(facts.lbColor, GetSysColor(COLOR_BTNFACE));
-    EXPECT_EQ(GetBkColor(device), GetSysColor(COLOR_BTNFACE));
-    EXPECT_EQ(GetTextColor(device), GetSysColor(COLOR_BTNTEXT));
+    const struct {
+        COLORREF text, background;
+        const char *calls, *seen;
+    } cases[] = {
+        {0, 0, "CreateSolidBrush 0x0\n", "text 0 on 0 with 0"},  // black is a colour like any other
+        {0x030201, 0xC8, "CreateSolidBrush 0xC8\nDeleteObject CreateSolidBrush\n", "text 30201 on C8 with C8"},
+        {0, 0xC8, "", "text 0 on C8 with C8"},
+        {CLR_INVALID, CLR_INVALID,
+         "GetSysColor 18\nGetSysColor 15\nCreateSolidBrush 0xAB000F\nDeleteObject CreateSolidBrush\n",
+         "text AB0012 on AB000F with AB000F"},
+    };
+    for (const auto& c : cases) {
+        LOGBRUSH brush = {};
+        SetBkMode(device, OPAQUE);
+        EXPECT_TRUE(GetObjectA(dialog_->CtlColor(device, c.text, c.background), sizeof brush, &brush));
+        EXPECT_EQ(calls.Take(), c.calls);
+        EXPECT_EQ(FormatString("text %lX on %lX with %lX", GetTextColor(device), GetBkColor(device), brush.lbColor),
+                  c.seen);
+        EXPECT_EQ(GetBkMode(device), TRANSPARENT);
+    }
     DeleteDC(device);
 }
 

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <string>
 
+#include "Lib/FormatText.h"
 #include "ModuleNames.h"
 #include "RecordedCalls.h"
 #include "Util/DlgFunc.h"
@@ -127,14 +128,12 @@ TEST(WindowHelpers, OpenFileDialogIsAskedForAnExistingFile) {
     char file[MAX_PATH] = "proposal.kpd";
     EXPECT_EQ(ShowOpenFileDialog(owner, "Products|*.kpd|", "C:\\data", file, "kpd", "Choose"), 7);
     EXPECT_STREQ(file, "C:\\chosen.kpd");
-    EXPECT_EQ(asked.lStructSize, sizeof(OPENFILENAMEA));
     EXPECT_EQ(asked.hwndOwner, owner);
     EXPECT_EQ(asked.hInstance, GetModuleHandleA(kModuleFileName));
     EXPECT_EQ(askedFilter, std::string("Products\0*.kpd\0\0", 16));
-    EXPECT_EQ(asked.nFilterIndex, 1u);
-    EXPECT_EQ(asked.nMaxFile, 260u);
-    EXPECT_EQ(asked.lpstrTitle + std::string(asked.lpstrInitialDir) + asked.lpstrDefExt, "ChooseC:\\datakpd");
-    EXPECT_EQ(asked.Flags, 0x9804u);
+    EXPECT_EQ(FormatString("%lu, filter %lu, %lu, %s, %s, %s, %lX", asked.lStructSize, asked.nFilterIndex,
+                           asked.nMaxFile, asked.lpstrInitialDir, asked.lpstrTitle, asked.lpstrDefExt, asked.Flags),
+              "152, filter 1, 260, C:\\data, Choose, kpd, 9804");
 }
 
 TEST(WindowHelpers, ProductVersionOfTheModule) {
@@ -157,11 +156,7 @@ TEST(WindowHelpers, ProductVersionOfTheModule) {
 }
 
 TEST(WindowHelpers, TheProductVersionIsNotTheFileVersion) {
-    VS_FIXEDFILEINFO versions = {};
-    versions.dwFileVersionMS = 0x00050006;
-    versions.dwFileVersionLS = 0x00070008;
-    versions.dwProductVersionMS = 0x00020000;
-    versions.dwProductVersionLS = 0x00000005;
+    VS_FIXEDFILEINFO versions = {0, 0, 0x00050006, 0x00070008, 0x00020000, 0x00000005, 0, 0, 0, 0, 0, 0, 0};
     RecordedCalls calls;
     calls.Record("VerQueryValueA", VerQueryValueA, [&](const void*, const char*, void** found, UINT* length) {
         *found = &versions;

@@ -31,8 +31,6 @@ TEST(Md5, KnownDigests) {
         {std::string(55, 'a'), "EF1772B6DFF9A122358552954AD0DF65"},
         {std::string(56, 'a'), "3B0C8AC703F828B04C6C197006D17218"},
         {std::string(64, 'a'), "014842D480B571495A4A0363793F7367"},
-        {std::string(119, 'a'), "8A7BD0732ED6A28CE75F6DABC90E1613"},
-        {std::string(120, 'a'), "5F61C0CCAD4CAC44C75FF505E1F1E537"},
         {std::string(1000000, 'a'), "7707D6AE4E027C70EEA2A935C2296F21"},
     };
     for (const auto& [text, digest] : cases) {

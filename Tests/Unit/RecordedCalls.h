@@ -1,5 +1,5 @@
 // Calls of Windows or the C runtime that this program makes, recorded in their order, and given results by plan:
-//   RecordedCalls calls;
+//   RecordedCalls calls({{window, "window"}});                   // handles that have a name from the start
 //   calls.Record("OpenClipboard", OpenClipboard);                // goes on to the real function
 //   calls.Give("EmptyClipboard", EmptyClipboard, FALSE);         // does not
 //   calls.Give("RegOpenKeyExA", RegOpenKeyExA, 5, 2, 1);         // goes on twice, does not once, goes on again
@@ -28,7 +28,7 @@ class RecordedCalls {
     static constexpr int kAlways = 1 << 30;
 
  public:
-    RecordedCalls() = default;
+    explicit RecordedCalls(std::map<const void*, std::string> names = {}) : names_(std::move(names)) {}
     // The patch that came last goes first: a function may be recorded anew on top.
     ~RecordedCalls() {
         while (!patches_.empty())
@@ -40,14 +40,14 @@ class RecordedCalls {
     template <class R, class... A>
     void Record(const char* name, R (*)(A...), std::common_type_t<std::function<R(A...)>> answer = {}) {
         const int passedOn = answer ? 0 : kAlways;
-        patches_.push_back(std::make_unique<Patch<R, A...>>(*this, name, std::move(answer), passedOn, kAlways));
+        patches_.push_back(std::make_shared<Patch<R, A...>>(*this, name, std::move(answer), passedOn, kAlways));
     }
     template <class R, class... A>
     void Give(const char* name, R (*)(A...), std::common_type_t<R> result, int passedOn = 0, int given = kAlways) {
         const auto answer = [result](A...) { return result; };
-        patches_.push_back(std::make_unique<Patch<R, A...>>(*this, name, answer, passedOn, given));
+        patches_.push_back(std::make_shared<Patch<R, A...>>(*this, name, answer, passedOn, given));
     }
-    void Name(const void* handle, const std::string& name) {
+    void Name(const void* handle, const char* name) {
         if (handle) names_[handle] = name;
     }
 
@@ -55,13 +55,9 @@ class RecordedCalls {
     std::string Take() { return std::exchange(lines_, std::string()); }
 
  private:
-    struct AnyPatch {
-        virtual ~AnyPatch() = default;
-    };
-
     // Functions of one signature share entries, one for each of them that is recorded at the same time.
     template <class R, class... A>
-    class Patch : public AnyPatch {
+    class Patch {
      public:
         Patch(RecordedCalls& calls, const char* name, std::function<R(A...)> answer, int passedOn, int answered)
             : calls_(calls),
@@ -71,7 +67,7 @@ class RecordedCalls {
               answered_(answered),
               entry_(TakeEntry()),
               patch_(name, kEntries[entry_]) {}
-        ~Patch() override { users_[entry_] = nullptr; }
+        ~Patch() { users_[entry_] = nullptr; }
 
      private:
         template <size_t Entry>
@@ -153,5 +149,5 @@ class RecordedCalls {
     bool busy_ = false;
     std::string lines_;
     std::map<const void*, std::string> names_;
-    std::vector<std::unique_ptr<AnyPatch>> patches_;
+    std::vector<std::shared_ptr<void>> patches_;
 };

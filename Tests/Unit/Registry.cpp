@@ -52,16 +52,15 @@ class RegistryTest : public ErrorReportsTest {
         return std::to_string(result) + " " + value;
     }
     template <class Store>
-    static std::string ReadBuffer(const Store& store, int size = 4) {
+    static std::string ReadBuffer(const Store& store, int size = 4, bool asBytes = false) {
         char value[] = "PPPPPP";
-        const int result = store.GetStringValue("v", value, size, "DDDDD");
+        const int result =
+            asBytes ? store.GetBinaryValue("v", value, size, "DDDDD") : store.GetStringValue("v", value, size, "DDDDD");
         return std::to_string(result) + " " + std::string(value, static_cast<size_t>(std::max(size, 4)));
     }
     template <class Store>
     static std::string ReadBytes(const Store& store, int size = 4) {
-        char value[] = "PPPPPP";
-        const int result = store.GetBinaryValue("v", value, size, "DDDDD");
-        return std::to_string(result) + " " + std::string(value, static_cast<size_t>(std::max(size, 4)));
+        return ReadBuffer(store, size, true);
     }
     // Size and type, then what the four readers give.
     using Reads = std::vector<std::string>;
@@ -79,16 +78,14 @@ class RegistryTest : public ErrorReportsTest {
 
 TEST_F(RegistryTest, StartsWithItsDefaultsAndResetRestoresThem) {
     Registry registry;
+    const auto state = [&] {
+        return FormatString("%lX '%s' %X %d", HandleToUlong(registry.GetRootKey()), registry.GetKeyPath().c_str(),
+                            registry.GetAccessMask(), registry.IsKeyPathValid());
+    };
     for (int round = 0; round < 2; ++round) {
-        EXPECT_EQ(registry.GetRootKey(), HKEY_CURRENT_USER);
-        EXPECT_EQ(registry.GetKeyPath(), "");
-        EXPECT_EQ(registry.GetAccessMask(), 1u);
-        EXPECT_FALSE(registry.IsKeyPathValid());
+        EXPECT_EQ(state(), "80000001 '' 1 0");
         ASSERT_EQ(registry.Open(HKEY_LOCAL_MACHINE, "Software", KEY_ALL_ACCESS, false), 0);
-        EXPECT_EQ(registry.GetRootKey(), HKEY_LOCAL_MACHINE);
-        EXPECT_EQ(registry.GetKeyPath(), "Software");
-        EXPECT_EQ(registry.GetAccessMask(), 0xF003Fu);
-        EXPECT_TRUE(registry.IsKeyPathValid());
+        EXPECT_EQ(state(), "80000002 'Software' F003F 1");
         registry.Reset();
     }
 }
@@ -113,67 +110,42 @@ TEST_F(RegistryTest, TakesFourRootsAndReportsOthers) {
                               Line("SetRootKey", "SetRootKey _RootKey = 0", 95));
 }
 
-TEST_F(RegistryTest, PathIsTakenOnlyWhenItsKeyIsThereOrMade) {
+TEST_F(RegistryTest, KeysAreMadeTakenAndRemoved) {
     Registry registry;
-    EXPECT_EQ(registry.SetKeyPath(path.c_str(), false), -4004);
-    EXPECT_EQ(registry.GetKeyPath(), "");
-    EXPECT_EQ(registry.SetKeyPath(path.c_str(), true), 0);
-    EXPECT_EQ(registry.GetKeyPath(), path);
-    EXPECT_TRUE(WasThere(HKEY_CURRENT_USER, path));
-    EXPECT_EQ(registry.SetKeyPath((path + "\\Missing").c_str(), false), -4004);
-    EXPECT_EQ(registry.GetKeyPath(), path);
-    EXPECT_EQ(LogLines(), "") << "a missing key is told by the code alone";
-    EXPECT_EQ(registry.Open(HKEY_LOCAL_MACHINE, path.c_str(), KEY_READ, false), -4004);
-    EXPECT_EQ(registry.GetKeyPath(), "") << "the old path is gone first";
-}
-
-TEST_F(RegistryTest, EmptyAndRefusedPathsAreReported) {
-    Registry registry;
+    const std::string child = path + "\\A\\B", missing = path + "\\C";
     const std::string tooLong(300, 'k');  // a key's name has at most 255 characters
-    EXPECT_EQ(registry.SetKeyPath(nullptr, false), -4002);
-    EXPECT_EQ(registry.SetKeyPath("", true), -4002);
-    EXPECT_EQ(registry.CreateKey(nullptr), -4002);
-    EXPECT_EQ(registry.DeleteKey(""), -4002);
-    EXPECT_EQ(registry.SetKeyPath(tooLong.c_str(), true), -4003);
-    EXPECT_EQ(registry.CreateKey(tooLong.c_str()), -4003);
-    EXPECT_EQ(registry.GetKeyPath(), "");
+    const auto after = [&](int result) { return std::to_string(result) + " " + registry.GetKeyPath(); };
+    EXPECT_EQ(after(registry.SetKeyPath(nullptr, false)), "-4002 ");
+    EXPECT_EQ(after(registry.SetKeyPath("", true)), "-4002 ");
+    EXPECT_EQ(after(registry.CreateKey(nullptr)), "-4002 ");
+    EXPECT_EQ(after(registry.DeleteKey("")), "-4002 ");
+    EXPECT_EQ(after(registry.SetKeyPath(tooLong.c_str(), true)), "-4003 ");
+    EXPECT_EQ(after(registry.CreateKey(tooLong.c_str())), "-4003 ");
+    EXPECT_EQ(after(registry.SetKeyPath(path.c_str(), false)), "-4004 ");
+    EXPECT_EQ(after(registry.SetKeyPath(path.c_str(), true)), "0 " + path);
+    EXPECT_EQ(after(registry.SetKeyPath(missing.c_str(), false)), "-4004 " + path);
+    EXPECT_EQ(after(registry.CreateKey(child.c_str())), "0 " + child);
+    EXPECT_TRUE(registry.KeyExists(nullptr));
+    EXPECT_TRUE(registry.KeyExists(path.c_str()));
+    EXPECT_FALSE(registry.KeyExists(missing.c_str()));
+    EXPECT_EQ(after(registry.DeleteKey(missing.c_str())), "-4005 " + child);
+    EXPECT_EQ(after(registry.DeleteKey(path.c_str())), "-4003 " + child);
+    EXPECT_EQ(after(registry.DeleteKey(child.c_str())), "0 " + child) << "named, the path stays";
+    EXPECT_FALSE(registry.KeyExists(""));
+    EXPECT_FALSE(registry.IsKeyPathValid());
+    EXPECT_EQ(after(registry.CreateKey(nullptr)), "0 " + child) << "the current key once more";
+    EXPECT_TRUE(registry.KeyExists(""));
+    EXPECT_EQ(after(registry.DeleteKey(nullptr)), "0 ");
+    EXPECT_FALSE(WasThere(HKEY_CURRENT_USER, child));
+    EXPECT_EQ(after(registry.SetKeyPath(path.c_str(), false)), "0 " + path);
+    EXPECT_EQ(after(registry.Open(HKEY_LOCAL_MACHINE, path.c_str(), KEY_READ, false)), "-4004 ") << "not the old path";
     const std::string noPath = Line("SetKeyPath", "SetKeyPath _KeyPath == NULL", 134);
     EXPECT_EQ(LogLines(), noPath + noPath + Line("CreateKey", "CreateKey path == NULL", 226) +
                               Line("DeleteKey", "DeleteKey path == NULL", 265) +
                               Line("SetKeyPath", "SetKeyPath can't create key \"" + tooLong + "\"", 167) +
-                              Line("CreateKey", "CreateKey can't create key \"" + tooLong + "\"", 244));
-}
-
-TEST_F(RegistryTest, KeysAreMadeAndBecomeCurrent) {
-    Registry registry;
-    const std::string child = path + "\\A\\B";
-    EXPECT_EQ(registry.CreateKey(child.c_str()), 0);
-    EXPECT_EQ(registry.GetKeyPath(), child);
-    EXPECT_TRUE(registry.KeyExists(nullptr));
-    EXPECT_TRUE(registry.KeyExists(""));
-    EXPECT_TRUE(registry.KeyExists(path.c_str()));
-    EXPECT_FALSE(registry.KeyExists((path + "\\C").c_str()));
-    RemoveKeys();
-    EXPECT_FALSE(registry.KeyExists(""));
-    EXPECT_FALSE(registry.IsKeyPathValid());
-    EXPECT_EQ(registry.CreateKey(nullptr), 0) << "the current key once more";
-    EXPECT_TRUE(WasThere(HKEY_CURRENT_USER, child));
-}
-
-TEST_F(RegistryTest, KeysAreRemovedWhenTheyHaveNoSubkeys) {
-    Registry registry;
-    const std::string child = path + "\\A";
-    ASSERT_EQ(registry.SetKeyPath(child.c_str(), true), 0);
-    EXPECT_EQ(registry.DeleteKey((path + "\\Missing").c_str()), -4005);
-    EXPECT_EQ(LogLines(), "");
-    EXPECT_EQ(registry.DeleteKey(path.c_str()), -4003);
-    EXPECT_EQ(LogLines(), Line("DeleteKey", "DeleteKey can't delete key \"" + path + "\"", 278));
-    EXPECT_EQ(registry.DeleteKey(child.c_str()), 0) << "named, the path stays";
-    EXPECT_EQ(registry.GetKeyPath(), child);
-    ASSERT_EQ(registry.SetKeyPath(path.c_str(), false), 0);
-    EXPECT_EQ(registry.DeleteKey(nullptr), 0);
-    EXPECT_EQ(registry.GetKeyPath(), "");
-    EXPECT_FALSE(WasThere(HKEY_CURRENT_USER, path));
+                              Line("CreateKey", "CreateKey can't create key \"" + tooLong + "\"", 244) +
+                              Line("DeleteKey", "DeleteKey can't delete key \"" + path + "\"", 278))
+        << "a missing key is told by the code alone";
 }
 
 class RegistryValues : public RegistryTest {
@@ -184,8 +156,7 @@ class RegistryValues : public RegistryTest {
 };
 
 TEST_F(RegistryValues, EveryOperationOpensFlushesAndCloses) {
-    RecordedCalls calls;
-    calls.Name(HKEY_CURRENT_USER, "USER");
+    RecordedCalls calls({{HKEY_CURRENT_USER, "USER"}});
     calls.Record("RegOpenKeyExA", RegOpenKeyExA);
     calls.Record("RegCreateKeyExA", RegCreateKeyExA);
     calls.Record("RegCloseKey", RegCloseKey);
@@ -206,37 +177,27 @@ TEST_F(RegistryValues, EveryOperationOpensFlushesAndCloses) {
                                "RegFlushKey RegCreateKeyExA\nRegCloseKey RegCreateKeyExA\n";
     const std::string write = open + close + open;
     const std::string read = open + close + open + query("null null null") + close + open;
-    const struct {
-        int (*operation)(Registry& registry, const char* path);
-        std::string calls;
-    } cases[] = {
-        {[](Registry& r, const char* path) { return r.SetKeyPath(path, true); }, create},
-        {[](Registry& r, const char* path) { return r.SetKeyPath(path, false); }, open + flush},
-        {[](Registry& r, const char*) { return r.CreateKey(nullptr); }, create},
-        {[](Registry& r, const char*) { return r.KeyExists(nullptr) - 1; }, open + close},
-        {[](Registry& r, const char*) { return r.SetStringValue("v", "text"); }, write + set("0x1 & 0x4") + flush},
-        {[](Registry& r, const char*) { return r.SetBinaryValue("v", "by", 2); }, write + set("0x3 & 0x2") + flush},
-        {[](Registry& r, const char*) { return r.SetDwordValue("v", 1); }, write + set("0x4 & 0x4") + flush},
-        {[](Registry& r, const char*) { return r.GetValueSize("v") - 4; }, read + query("null null &") + close},
-        {[](Registry& r, const char*) { return r.GetValueType("v") - REG_DWORD; }, read + query("& null null") + close},
-        {[](Registry& r, const char*) {
-             uint32_t number = 0;
-             return r.GetDwordValue("v", number, 5) + static_cast<int>(number) - 1;
-         },
-         read + query("null & &") + close},
-        {[](Registry& r, const char*) {
-             char bytes[4];
-             return r.GetBinaryValue("v", bytes, 4, nullptr);
-         },
-         read + query("null null &") + query("null & &") + close},
-        {[](Registry& r, const char*) { return r.DeleteValue("v"); },
-         read + "RegDeleteValueA RegOpenKeyExA \"v\"\n" + flush},
-        {[](Registry& r, const char*) { return r.DeleteKey(nullptr); }, open + close + "RegDeleteKeyA " + key + "\n"},
+    const auto makes = [&](int result, const std::string& made) {
+        EXPECT_EQ(calls.Take(), made);
+        return result;
     };
-    for (const auto& one : cases) {
-        EXPECT_EQ(one.operation(registry_, path.c_str()), 0);
-        EXPECT_EQ(calls.Take(), one.calls);
-    }
+    uint32_t number = 0;
+    char bytes[4];
+    Registry& r = registry_;
+    EXPECT_EQ(makes(r.SetKeyPath(path.c_str(), true), create), 0);
+    EXPECT_EQ(makes(r.SetKeyPath(path.c_str(), false), open + flush), 0);
+    EXPECT_EQ(makes(r.CreateKey(nullptr), create), 0);
+    EXPECT_EQ(makes(r.KeyExists(nullptr), open + close), 1);
+    EXPECT_EQ(makes(r.SetStringValue("v", "text"), write + set("0x1 & 0x4") + flush), 0);
+    EXPECT_EQ(makes(r.SetBinaryValue("v", "by", 2), write + set("0x3 & 0x2") + flush), 0);
+    EXPECT_EQ(makes(r.SetDwordValue("v", 1), write + set("0x4 & 0x4") + flush), 0);
+    EXPECT_EQ(makes(r.GetValueSize("v"), read + query("null null &") + close), 4);
+    EXPECT_EQ(makes(r.GetValueType("v"), read + query("& null null") + close), REG_DWORD);
+    EXPECT_EQ(makes(r.GetDwordValue("v", number, 5), read + query("null & &") + close), 0);
+    EXPECT_EQ(makes(r.GetBinaryValue("v", bytes, 4, nullptr), read + query("null null &") + query("null & &") + close),
+              0);
+    EXPECT_EQ(makes(r.DeleteValue("v"), read + "RegDeleteValueA RegOpenKeyExA \"v\"\n" + flush), 0);
+    EXPECT_EQ(makes(r.DeleteKey(nullptr), open + close + "RegDeleteKeyA " + key + "\n"), 0);
 }
 
 TEST_F(RegistryValues, AreStoredAndReadBack) {
@@ -286,23 +247,24 @@ TEST_F(RegistryValues, MissingKeyAndMissingValueGiveTheDefault) {
 
 TEST_F(RegistryValues, FailedOpenLeavesTheOutput) {
     Put(HKEY_CURRENT_USER, "v", REG_BINARY, "1234");
-    const std::string reads[] = {"-4005 DDDD", "-4006 DDDD", "-4004 PPPP"};
-    const int codes[] = {-4005, -4006, -4004};
-    const int writes[] = {-4005, -4004, 0};
-    for (int opened = 0; opened < 3; ++opened) {
-        const auto refused = [opened](auto&& operation) {
+    // Of the operation's openings the first, the second or the third.
+    const auto refused = [](auto&& operation) {
+        std::string results;
+        for (int opened = 0; opened < 3; ++opened) {
             RecordedCalls calls;
             calls.Give("RegOpenKeyExA", RegOpenKeyExA, ERROR_ACCESS_DENIED, opened);
-            return operation();
-        };
-        EXPECT_EQ(refused([&] { return ReadDword(registry_); }), reads[opened]);
-        EXPECT_EQ(refused([&] { return ReadText(registry_); }), reads[opened]);
-        EXPECT_EQ(refused([&] { return ReadBuffer(registry_); }), reads[opened]);
-        EXPECT_EQ(refused([&] { return ReadBytes(registry_); }), reads[opened]);
-        EXPECT_EQ(refused([&] { return registry_.GetValueType("v"); }), codes[opened]);
-        EXPECT_EQ(refused([&] { return registry_.DeleteValue("v"); }), codes[opened]);
-        EXPECT_EQ(refused([&] { return registry_.SetBinaryValue("v", "1234", 4); }), writes[opened]);
-    }
+            results += operation() + "|";
+        }
+        return results;
+    };
+    const std::string read = "-4005 DDDD|-4006 DDDD|-4004 PPPP|";
+    EXPECT_EQ(refused([&] { return ReadDword(registry_); }), read);
+    EXPECT_EQ(refused([&] { return ReadText(registry_); }), read);
+    EXPECT_EQ(refused([&] { return ReadBuffer(registry_); }), read);
+    EXPECT_EQ(refused([&] { return ReadBytes(registry_); }), read);
+    EXPECT_EQ(refused([&] { return std::to_string(registry_.GetValueType("v")); }), "-4005|-4006|-4004|");
+    EXPECT_EQ(refused([&] { return std::to_string(registry_.DeleteValue("v")); }), "-4005|-4006|-4004|");
+    EXPECT_EQ(refused([&] { return std::to_string(registry_.SetBinaryValue("v", "1234", 4)); }), "-4005|-4004|0|");
 }
 
 TEST_F(RegistryValues, RightsAreThoseOfTheMask) {
@@ -342,14 +304,7 @@ TEST_F(RegistryValues, BadArgumentsAreTold) {
 
     char value[] = "abc";
     const char* const place = reinterpret_cast<const char*>(0x1234);
-    for (const int result :
-         {registry_.GetStringValue(nullptr, value, 3, "d"), registry_.GetStringValue("", value, 2, nullptr),
-          registry_.GetStringValue("n", nullptr, 4, "d"), registry_.GetStringValue("n", value, 0, "d"),
-          registry_.SetBinaryValue(nullptr, "abc", 2), registry_.SetBinaryValue("n", nullptr, 2),
-          registry_.SetBinaryValue("n", "abc", 0), registry_.GetBinaryValue("", value, 3, place),
-          registry_.GetBinaryValue("n", value, 0, place), registry_.GetBinaryValue("n", nullptr, 3, place)})
-        EXPECT_EQ(result, -4002);
-    EXPECT_STREQ(value, "abc") << "the default is not copied";
+    const std::string at = FormatString("%p", value);
     const auto getter = [](const std::string& values) {
         return Line("GetStringValue", "GetStringValue " + values, 568);
     };
@@ -359,17 +314,28 @@ TEST_F(RegistryValues, BadArgumentsAreTold) {
     const auto bytes = [](const std::string& values) {
         return Line("GetBinaryValue", "GetBinaryValue " + values + ", DefaultValue=\"0000000000001234\"", 669);
     };
-    const std::string at = FormatString("%p", value);
-    EXPECT_EQ(LogLines(), getter(R"(ValueName="NULL", Value="abc", ValueSize=3, DefaultValue="d")") +
-                              getter(R"(ValueName="", Value="ab", ValueSize=2, DefaultValue="NULL")") +
-                              getter(R"(ValueName="n", Value="NULL", ValueSize=4, DefaultValue="d")") +
-                              getter(R"(ValueName="n", Value="", ValueSize=0, DefaultValue="d")") +
-                              setter(R"(ValueName="NULL", Value="ab", ValueSize=2)") +
-                              setter(R"(ValueName="n", Value="NULL", ValueSize=2)") +
-                              setter(R"(ValueName="n", Value="", ValueSize=0)") +
-                              bytes("ValueName=\"\", Value=\"" + at + "\", ValueSize=3") +
-                              bytes("ValueName=\"n\", Value=\"" + at + "\", ValueSize=0") +
-                              bytes(R"(ValueName="n", Value="0000000000000000", ValueSize=3)"));
+    Registry& r = registry_;
+    const std::pair<int, std::string> told[] = {
+        {r.GetStringValue(nullptr, value, 3, "d"),
+         getter(R"(ValueName="NULL", Value="abc", ValueSize=3, DefaultValue="d")")},
+        {r.GetStringValue("", value, 2, nullptr),
+         getter(R"(ValueName="", Value="ab", ValueSize=2, DefaultValue="NULL")")},
+        {r.GetStringValue("n", nullptr, 4, "d"),
+         getter(R"(ValueName="n", Value="NULL", ValueSize=4, DefaultValue="d")")},
+        {r.GetStringValue("n", value, 0, "d"), getter(R"(ValueName="n", Value="", ValueSize=0, DefaultValue="d")")},
+        {r.SetBinaryValue(nullptr, "abc", 2), setter(R"(ValueName="NULL", Value="ab", ValueSize=2)")},
+        {r.SetBinaryValue("n", nullptr, 2), setter(R"(ValueName="n", Value="NULL", ValueSize=2)")},
+        {r.SetBinaryValue("n", "abc", 0), setter(R"(ValueName="n", Value="", ValueSize=0)")},
+        {r.GetBinaryValue("", value, 3, place), bytes("ValueName=\"\", Value=\"" + at + "\", ValueSize=3")},
+        {r.GetBinaryValue("n", value, 0, place), bytes("ValueName=\"n\", Value=\"" + at + "\", ValueSize=0")},
+        {r.GetBinaryValue("n", nullptr, 3, place), bytes(R"(ValueName="n", Value="0000000000000000", ValueSize=3)")}};
+    std::string lines;
+    for (const auto& [result, line] : told) {
+        EXPECT_EQ(result, -4002);
+        lines += line;
+    }
+    EXPECT_EQ(LogLines(), lines);
+    EXPECT_STREQ(value, "abc") << "the default is not copied";
 }
 
 class RegistryAppTest : public RegistryTest {
@@ -382,9 +348,7 @@ TEST_F(RegistryAppTest, OpenMakesTheUsersKeyAloneAndGivesItsResult) {
     EXPECT_EQ(app_->Open(path.c_str()), 0);
     EXPECT_EQ(app_->GetKeyPath(), path);
     RemoveKeys();
-    RecordedCalls calls;
-    calls.Name(HKEY_CURRENT_USER, "USER");
-    calls.Name(HKEY_LOCAL_MACHINE, "MACHINE");
+    RecordedCalls calls({{HKEY_CURRENT_USER, "USER"}, {HKEY_LOCAL_MACHINE, "MACHINE"}});
     calls.Record("RegOpenKeyExA", RegOpenKeyExA);
     calls.Record("RegCreateKeyExA", RegCreateKeyExA);
     EXPECT_EQ(app_->Open(path.c_str()), 0);
