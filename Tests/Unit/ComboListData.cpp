@@ -13,8 +13,14 @@ using ComboListDataTest = ErrorReportsTest;
 }  // namespace
 
 TEST_F(ComboListDataTest, ItemsStandBeforeTheEnd) {
-    ComboListData list = nullptr;
+    // An empty list in memory that held something before.
+    constexpr uint32_t kBytes = 3 * sizeof(ComboListItem);
+    ComboListData list = static_cast<ComboListData>(gwGmalloc(kBytes, 0));
+    std::memset(list, '#', kBytes);
+    list[0].value = NULLFLOAT;
     EXPECT_EQ(InsertComboListDataItem(&list, 0.1, "thin"), 0);
+    EXPECT_EQ(list[1].value, NULLFLOAT);
+    EXPECT_STREQ(list[1].text, "");
     EXPECT_EQ(InsertComboListDataItem(&list, -2, std::string(200, 'x').c_str()), 0);
     EXPECT_EQ(InsertComboListDataItem(&list, 3, ""), 0);
     EXPECT_EQ(InsertComboListDataItem(&list, 4, nullptr), 0);
@@ -36,18 +42,6 @@ TEST_F(ComboListDataTest, ItemsStandBeforeTheEnd) {
     EXPECT_EQ(list, nullptr);
     FreeComboListData(&list);
     FreeComboListData(nullptr);
-}
-
-TEST_F(ComboListDataTest, TheEndHasNoTextWhateverTheMemoryHeld) {
-    constexpr uint32_t kBytes = 3 * sizeof(ComboListItem);
-    ComboListData list = static_cast<ComboListData>(gwGmalloc(kBytes, 0));
-    std::memset(list, '#', kBytes);
-    list[0].value = NULLFLOAT;
-    EXPECT_EQ(InsertComboListDataItem(&list, 1, "one"), 0);
-    EXPECT_STREQ(list[0].text, "one");
-    EXPECT_EQ(list[1].value, NULLFLOAT);
-    EXPECT_STREQ(list[1].text, "");
-    FreeComboListData(&list);
 }
 
 TEST_F(ComboListDataTest, AMissingListIsReported) {

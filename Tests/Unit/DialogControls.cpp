@@ -35,17 +35,6 @@ ComboListData ListOf(std::initializer_list<std::pair<double, const char*>> items
     return list;
 }
 
-// A control with this binder; the extended style replaces what the dialog gave it.
-template <class Binder>
-std::unique_ptr<BoundDialog> Show(const char* className, DWORD style, LONG extendedStyle, const std::string& name) {
-    auto dialog = std::make_unique<BoundDialog>();
-    dialog->Open({{className, style, kControl}}, [&] {
-        SetWindowLongA(dialog->GetControl(kControl), GWL_EXSTYLE, extendedStyle);
-        dialog->Bind<Binder>(kControl, name);
-    });
-    return dialog;
-}
-
 }  // namespace
 
 TEST_F(DialogControls, StatesShow) {
@@ -219,7 +208,7 @@ TEST_F(DialogControls, DatesTakeAnySeparator) {
     }
 }
 
-TEST(DialogImages, TheStyleSaysWhichImageIsLoadedFromWhere) {
+TEST_F(DialogControls, TheStyleSaysWhichImageIsLoadedFromWhere) {
     const TestFolder folder;
     const std::string file = folder.file("duct.bmp");
     WriteWholeFile(file, "");
@@ -251,23 +240,32 @@ TEST(DialogImages, TheStyleSaysWhichImageIsLoadedFromWhere) {
         calls.Give("SendMessageA", SendMessageA, 0);
         calls.Give("DeleteObject", DeleteObject, TRUE);
         calls.Give("DestroyIcon", DestroyIcon, TRUE);
-        auto dialog = c.isButton ? Show<PDialogControlButton>("BUTTON", c.style, c.extended, c.name)
-                                 : Show<PDialogControlStaticImage>("STATIC", c.style, c.extended, c.name);
+        Open(c.isButton ? "BUTTON" : "STATIC", c.style, [&](BoundDialog& self) {
+            SetWindowLongA(self.GetControl(kControl), GWL_EXSTYLE, c.extended);
+            if (c.isButton)
+                self.Bind<PDialogControlButton>(kControl, c.name);
+            else
+                self.Bind<PDialogControlStaticImage>(kControl, c.name);
+        });
         const std::string state = "SendMessageA & 0xCF 0x0 0\n";  // EM_SETREADONLY
         const std::string load = "LoadImageA " + c.load + "\nSendMessageA & " + (c.isButton ? "0xF7 " : "0x172 ") +
                                  (c.type == IMAGE_ICON ? "0x1" : "0x0") + " 81\n";
         const std::string erase = c.type == IMAGE_ICON ? "DestroyIcon LoadImageA\n" : "DeleteObject LoadImageA\n";
         EXPECT_EQ(calls.Take(), c.load.empty() ? state : state + load) << c.extended;
-        dialog->ToDialog(-1);
+        dialog_->ToDialog(-1);
         EXPECT_EQ(calls.Take(), c.load.empty() ? state : state + erase + load) << "the image before is deleted";
-        dialog.reset();
+        dialog_.reset();
         EXPECT_EQ(calls.Take(), c.load.empty() ? "" : erase);
     }
 }
 
-TEST(DialogImages, ButtonsWithoutAnImageShowTheirText) {
-    for (const DWORD style : {BS_PUSHBUTTON, BS_BITMAP})
-        EXPECT_EQ(Show<PDialogControlButton>("BUTTON", style, 0, "no-such-image")->TextOf(kControl), "no-such-image");
-    const auto icon = Show<PDialogControlButton>("BUTTON", BS_ICON, 0, "#115");
-    EXPECT_NE(icon->Send(kControl, BM_GETIMAGE, IMAGE_ICON), 0) << "the module has the icon";
+TEST_F(DialogControls, ButtonsWithoutAnImageShowTheirText) {
+    for (const DWORD style : {BS_PUSHBUTTON, BS_BITMAP, BS_ICON}) {
+        Open("BUTTON", style, [](BoundDialog& self) {
+            self.Bind<PDialogControlButton>(kControl, "no-such-image");
+            self.Bind<PDialogControlButton>(kOther, "#115");
+        });
+        EXPECT_EQ(dialog_->TextOf(kControl), "no-such-image");
+    }
+    EXPECT_NE(dialog_->Send(kOther, BM_GETIMAGE, IMAGE_ICON), 0) << "the module has the icon";
 }

@@ -80,16 +80,6 @@ TEST(DialogTexts, NumbersAreHeldWithinBounds) {
     EXPECT_FALSE(ClampNumberText(nullptr, 1, 2));
 }
 
-TEST(DialogTexts, FiltersEndWithTwoTerminators) {
-    const auto seen = [](const char* filter) {
-        const std::string parts = OpenFileFilter(filter);
-        return std::string(parts.c_str(), parts.size() + 1);
-    };
-    EXPECT_EQ(seen("Products|*.kpd|"), std::string("Products\0*.kpd\0\0\0", 17));
-    EXPECT_EQ(seen("Products|*.kpd"), std::string("Products\0*.kpd\0\0", 16));
-    EXPECT_EQ(seen(nullptr), std::string("\0\0", 2));
-}
-
 TEST(WindowHelpers, WindowsAreCentredInWholePixels) {
     const HWND window = reinterpret_cast<HWND>(0x51), owner = reinterpret_cast<HWND>(0x52);
     HWND parent = nullptr;
@@ -128,6 +118,8 @@ TEST(WindowHelpers, OpenFileDialogIsAskedForAnExistingFile) {
     char file[MAX_PATH] = "proposal.kpd";
     EXPECT_EQ(ShowOpenFileDialog(owner, "Products|*.kpd|", "C:\\data", file, "kpd", "Choose"), 7);
     EXPECT_STREQ(file, "C:\\chosen.kpd");
+    EXPECT_EQ(OpenFileFilter("Products|*.kpd"), std::string("Products\0*.kpd\0", 15)) << "closed by two terminators";
+    EXPECT_EQ(OpenFileFilter(nullptr), std::string(1, '\0'));
     EXPECT_EQ(asked.hwndOwner, owner);
     EXPECT_EQ(asked.hInstance, GetModuleHandleA(kModuleFileName));
     EXPECT_EQ(askedFilter, std::string("Products\0*.kpd\0\0", 16));

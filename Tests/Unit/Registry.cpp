@@ -33,6 +33,11 @@ class RegistryTest : public ErrorReportsTest {
         const LSTATUS status = RegGetValueA(root, path.c_str(), name, RRF_RT_ANY | RRF_NOEXPAND, &type, bytes, &size);
         return status == ERROR_SUCCESS ? std::to_string(type) + ":" + std::string(bytes, size) : "";
     }
+    // What a writer has left in the user's store.
+    std::string Wrote(int result) const {
+        EXPECT_EQ(result, 0);
+        return Stored(HKEY_CURRENT_USER, "v");
+    }
     static std::string Line(const std::string& function, const std::string& message, int line) {
         return ErrorReportsTest::Line("Registry::" + function, "Registry::" + message,
                                       "Lib/Registry#" + std::to_string(line));
@@ -201,16 +206,13 @@ TEST_F(RegistryValues, EveryOperationOpensFlushesAndCloses) {
 }
 
 TEST_F(RegistryValues, AreStoredAndReadBack) {
-    EXPECT_EQ(registry_.SetDwordValue("v", 0xFF636261), 0);
-    EXPECT_EQ(Stored(HKEY_CURRENT_USER, "v"), "4:abc\xFF");
+    EXPECT_EQ(Wrote(registry_.SetDwordValue("v", 0xFF636261)), "4:abc\xFF");
     EXPECT_EQ(ReadDword(registry_), "0 abc\xFF");
-    EXPECT_EQ(registry_.SetBinaryValue("v", "a\0b\0", 4), 0);
-    EXPECT_EQ(Stored(HKEY_CURRENT_USER, "v"), std::string("3:a\0b\0", 6));
+    EXPECT_EQ(Wrote(registry_.SetBinaryValue("v", "a\0b\0", 4)), std::string("3:a\0b\0", 6));
     EXPECT_EQ(ReadText(registry_), "0 a") << "up to the first zero";
     Put(HKEY_CURRENT_USER, "v", REG_BINARY, "abc");
     EXPECT_EQ(ReadBuffer(registry_), std::string("0 abc\0", 6)) << "terminated where there is room";
-    EXPECT_EQ(registry_.SetStringValue("v", std::string("abc")), 0);
-    EXPECT_EQ(Stored(HKEY_CURRENT_USER, "v"), "1:abc") << "without a terminator";
+    EXPECT_EQ(Wrote(registry_.SetStringValue("v", std::string("abc"))), "1:abc") << "without a terminator";
     EXPECT_EQ(ReadAll(registry_),
               (Reads{"3 1", std::string("0 abc\0", 6), "0 abc", std::string("0 abc\0", 6), "-4006 DDDD"}));
     EXPECT_EQ(ReadBuffer(registry_, 5), std::string("0 abc\0P", 7));
@@ -228,8 +230,7 @@ TEST_F(RegistryValues, AreStoredAndReadBack) {
         EXPECT_EQ(ReadText(registry_), "0 " + std::string(length, 'x'));
     }
     EXPECT_EQ(ReadDword(registry_), "-4006 DDDD") << "more than four bytes are no number";
-    EXPECT_EQ(registry_.DeleteValue("v"), 0);
-    EXPECT_EQ(Stored(HKEY_CURRENT_USER, "v"), "");
+    EXPECT_EQ(Wrote(registry_.DeleteValue("v")), "");
     EXPECT_EQ(LogLines(), "");
 }
 
@@ -413,16 +414,11 @@ TEST_F(RegistryAppTest, ReadersFallBackToTheMachine) {
 TEST_F(RegistryAppTest, WritersWriteForTheUserAlone) {
     Put(HKEY_LOCAL_MACHINE, "v", REG_BINARY, "mach");
     ASSERT_EQ(app_->Open(path.c_str()), 0);
-    EXPECT_EQ(app_->SetDwordValue("v", 0x72657375), 0);
-    EXPECT_EQ(Stored(HKEY_CURRENT_USER, "v"), "4:user");
-    EXPECT_EQ(app_->SetStringValue("v", "text"), 0);
-    EXPECT_EQ(Stored(HKEY_CURRENT_USER, "v"), "1:text");
-    EXPECT_EQ(app_->SetStringValue("v", std::string("more")), 0);
-    EXPECT_EQ(Stored(HKEY_CURRENT_USER, "v"), "1:more");
-    EXPECT_EQ(app_->SetBinaryValue("v", "byte", 4), 0);
-    EXPECT_EQ(Stored(HKEY_CURRENT_USER, "v"), "3:byte");
-    EXPECT_EQ(app_->DeleteValue("v"), 0);
-    EXPECT_EQ(Stored(HKEY_CURRENT_USER, "v"), "");
+    EXPECT_EQ(Wrote(app_->SetDwordValue("v", 0x72657375)), "4:user");
+    EXPECT_EQ(Wrote(app_->SetStringValue("v", "text")), "1:text");
+    EXPECT_EQ(Wrote(app_->SetStringValue("v", std::string("more"))), "1:more");
+    EXPECT_EQ(Wrote(app_->SetBinaryValue("v", "byte", 4)), "3:byte");
+    EXPECT_EQ(Wrote(app_->DeleteValue("v")), "");
     EXPECT_EQ(app_->DeleteValue("v"), -4006) << "the machine's value is not the user's to delete";
     EXPECT_EQ(Stored(HKEY_LOCAL_MACHINE, "v"), "3:mach");
 }
