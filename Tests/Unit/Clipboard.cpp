@@ -17,13 +17,6 @@ std::string Composed(const std::string& text, const char* data, int32_t size) {
     return block;
 }
 
-HGLOBAL GlobalBlock(const std::string& bytes) {
-    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
-    std::memcpy(GlobalLock(block), bytes.data(), bytes.size());
-    GlobalUnlock(block);
-    return block;
-}
-
 // What the clipboard holds, by plain Windows calls: its first bytes in hexadecimal.
 std::string OnTheClipboard(const char* format, size_t count) {
     EXPECT_TRUE(OpenClipboard(nullptr)) << "it was left open";
@@ -82,7 +75,10 @@ TEST(Clipboard, BlocksOfOthersAreReadAsFarAsTheyAreSound) {
         {"short", "|0"},
     };
     for (const auto& [bytes, pasted] : cases) {
-        const GlobalMemory block(GlobalBlock(bytes));
+        HGLOBAL handle = nullptr;
+        std::memcpy(gwGmallocH(static_cast<uint32_t>(bytes.size()), &handle), bytes.data(), bytes.size());
+        GlobalUnlock(handle);
+        const GlobalMemory block(handle);
         RecordedCalls calls;
         calls.Give("IsClipboardFormatAvailable", IsClipboardFormatAvailable, TRUE);
         calls.Give("OpenClipboard", OpenClipboard, FALSE, 1);
@@ -121,8 +117,8 @@ TEST(Clipboard, CopiedAndPasted) {
 
 TEST_F(ClipboardFailures, EveryOneGivesBackWhatItHad) {
     g_diagSettings->errorBits = RF_SILENT;
-    const std::string make =
-        "RegisterClipboardFormatA \"SorvikUnitTest\"\nGlobalAlloc 0x42 0x9\nGlobalLock GlobalAlloc\n";
+    const std::string name = "RegisterClipboardFormatA \"SorvikUnitTest\"\n";
+    const std::string allocate = name + "GlobalAlloc 0x42 0x9\n", make = allocate + "GlobalLock GlobalAlloc\n";
     const std::string fill = make + "GlobalUnlock GlobalAlloc\nOpenClipboard OWNER\n";
     const std::string empty = fill + "EmptyClipboard\n";
     const std::string set = empty + "SetClipboardData 0xC123 GlobalAlloc\nCloseClipboard\n";
@@ -132,16 +128,13 @@ TEST_F(ClipboardFailures, EveryOneGivesBackWhatItHad) {
         int result;
         std::string calls;
     } cases[] = {
-        {[](RecordedCalls& c) { c.Give("RegisterClipboardFormatA", RegisterClipboardFormatA, 0); }, -1,
-         "RegisterClipboardFormatA \"SorvikUnitTest\"\n"},
-        {[](RecordedCalls& c) { c.Give("GlobalAlloc", GlobalAlloc, nullptr); }, -2,
-         make.substr(0, make.rfind("GlobalLock"))},
-        {[](RecordedCalls& c) { c.Give("GlobalLock", GlobalLock, nullptr); }, -2, make + freed},
-        {[](RecordedCalls& c) { c.Give("OpenClipboard", OpenClipboard, FALSE); }, -3, fill + freed},
-        {[](RecordedCalls& c) { c.Give("EmptyClipboard", EmptyClipboard, FALSE); }, -3,
-         empty + "CloseClipboard\n" + freed},
-        {[](RecordedCalls& c) { c.Give("SetClipboardData", SetClipboardData, nullptr); }, 0, set + freed},
-        {[](RecordedCalls&) {}, 0, set},
+        {[](auto& c) { c.Give("RegisterClipboardFormatA", RegisterClipboardFormatA, 0); }, -1, name},
+        {[](auto& c) { c.Give("GlobalAlloc", GlobalAlloc, nullptr); }, -2, allocate},
+        {[](auto& c) { c.Give("GlobalLock", GlobalLock, nullptr); }, -2, make + freed},
+        {[](auto& c) { c.Give("OpenClipboard", OpenClipboard, FALSE); }, -3, fill + freed},
+        {[](auto& c) { c.Give("EmptyClipboard", EmptyClipboard, FALSE); }, -3, empty + "CloseClipboard\n" + freed},
+        {[](auto& c) { c.Give("SetClipboardData", SetClipboardData, nullptr); }, 0, set + freed},
+        {[](auto&) {}, 0, set},
     };
     const HWND owner = GetDesktopWindow();
     for (const auto& one : cases) {

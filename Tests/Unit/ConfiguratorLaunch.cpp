@@ -89,14 +89,13 @@ TEST_F(ConfiguratorLaunch, LaunchLeavesEverythingAsItWas) {
                 {{bench::MainWindow(), "main"}, {module, "module"}, {process, "process"}, {thread, "thread"}});
             calls.Give("GetFocus", GetFocus, GetDesktopWindow());
             calls.Give("EnableWindow", EnableWindow, TRUE);
-            calls.Record("CreateDialogParamA", CreateDialogParamA,
-                         [&](HINSTANCE, LPCSTR, HWND, DLGPROC procedure, LPARAM) {
-                             EXPECT_EQ(procedure(nullptr, WM_INITDIALOG, 0, 0), FALSE);
-                             waiting = CreateWindowExA(WS_EX_APPWINDOW, "Static", "", WS_POPUP, 0, 0, 5, 5, nullptr,
-                                                       nullptr, nullptr, nullptr);
-                             SetWindowLongPtrA(waiting, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(SeeMessage));
-                             return waiting;
-                         });
+            calls.Record("CreateDialogParamA", CreateDialogParamA, [&](auto, auto, auto, DLGPROC procedure, auto) {
+                EXPECT_EQ(procedure(nullptr, WM_INITDIALOG, 0, 0), FALSE);
+                waiting = CreateWindowExA(WS_EX_APPWINDOW, "Static", "", WS_POPUP, 0, 0, 5, 5, nullptr, nullptr,
+                                          nullptr, nullptr);
+                SetWindowLongPtrA(waiting, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(SeeMessage));
+                return waiting;
+            });
             calls.Record("ShowWindow", ShowWindow, [](HWND window, int) {
                 EXPECT_EQ(GetWindowLongPtrA(window, GWL_EXSTYLE) & (WS_EX_TOOLWINDOW | WS_EX_APPWINDOW),
                           WS_EX_TOOLWINDOW);
@@ -107,17 +106,17 @@ TEST_F(ConfiguratorLaunch, LaunchLeavesEverythingAsItWas) {
             calls.Give("KillTimer", KillTimer, TRUE);
             calls.Give("DestroyWindow", DestroyWindow, TRUE);
             calls.Give("SetFocus", SetFocus, nullptr);
-            calls.Record("CreateProcessA", CreateProcessA,
-                         [&](LPCSTR, LPSTR commandLine, LPSECURITY_ATTRIBUTES, LPSECURITY_ATTRIBUTES, BOOL, DWORD,
-                             LPVOID, LPCSTR, LPSTARTUPINFOA startup, LPPROCESS_INFORMATION started) {
-                             EXPECT_STREQ(commandLine, "run /SorvSIL \"http://x?\"y\"\" \"A title\"");
-                             STARTUPINFOA zeroed = {};
-                             zeroed.cb = sizeof zeroed;
-                             EXPECT_EQ(std::memcmp(startup, &zeroed, sizeof zeroed), 0);
-                             EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_WAIT));
-                             *started = {process, thread, 0, 0};
-                             return !c.waits.empty();
-                         });
+            const auto create = [&](auto, char* words, auto, auto, auto, auto, auto, auto, auto* startup,
+                                    auto* started) {
+                EXPECT_STREQ(words, "run /SorvSIL \"http://x?\"y\"\" \"A title\"");
+                STARTUPINFOA zeroed = {};
+                zeroed.cb = sizeof zeroed;
+                EXPECT_EQ(std::memcmp(startup, &zeroed, sizeof zeroed), 0);
+                EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_WAIT));
+                *started = {process, thread, 0, 0};
+                return !c.waits.empty();
+            };
+            calls.Record("CreateProcessA", CreateProcessA, create);
             calls.Record("WaitMessage", WaitMessage, [&] {
                 PostMessageA(waiting, WM_APP, 0, 0);
                 if (quits) PostQuitMessage(5);

@@ -42,10 +42,8 @@ class DiagnosticsTest : public testing::Test {
     }
     static std::string LogLines() { return ClosedLog(LogPath()); }
     static std::string Raw(const std::string& path) {
-        std::string text = ReadWholeFile(path);
-        for (size_t at; (at = text.find("\r\n")) != std::string::npos;)
-            text.erase(at, 1);
-        return text;
+        std::ifstream file(path);
+        return {std::istreambuf_iterator<char>(file), {}};
     }
 
  private:

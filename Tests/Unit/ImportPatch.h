@@ -9,6 +9,7 @@
 #include <cstring>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 // Every function that a module imports by its name: visit(library, name, place), with the place of its address.
@@ -35,31 +36,26 @@ class ImportPatch {
     template <class Function>
     ImportPatch(const char* name, Function* replacement, HMODULE module = GetModuleHandleW(nullptr)) {
         ForEachImport(module, [&](const char*, const char* import, ULONGLONG* place) {
-            if (std::strcmp(import, name) == 0) slots_.push_back({place, *place});
+            if (std::strcmp(import, name) == 0) slots_.emplace_back(place, *place);
         });
         // A patch that patches nothing would let a test pass for the wrong reason.
         if (slots_.empty()) throw std::logic_error(std::string(name) + " is not imported");
-        for (const Slot& slot : slots_)
-            Write(slot.place, reinterpret_cast<ULONGLONG>(replacement));
+        for (const auto& slot : slots_)
+            Write(slot.first, reinterpret_cast<ULONGLONG>(replacement));
     }
     ~ImportPatch() {
-        for (const Slot& slot : slots_)
-            Write(slot.place, slot.original);
+        for (const auto& [place, original] : slots_)
+            Write(place, original);
     }
     ImportPatch(const ImportPatch&) = delete;
     ImportPatch& operator=(const ImportPatch&) = delete;
 
     template <class Function>
     Function* original() const {
-        return reinterpret_cast<Function*>(slots_.front().original);
+        return reinterpret_cast<Function*>(slots_.front().second);
     }
 
  private:
-    struct Slot {
-        ULONGLONG* place;
-        ULONGLONG original;
-    };
-
     static void Write(ULONGLONG* place, ULONGLONG value) {
         DWORD protection = 0;
         VirtualProtect(place, sizeof *place, PAGE_READWRITE, &protection);
@@ -67,5 +63,5 @@ class ImportPatch {
         VirtualProtect(place, sizeof *place, protection, &protection);
     }
 
-    std::vector<Slot> slots_;
+    std::vector<std::pair<ULONGLONG*, ULONGLONG>> slots_;  // the places and what stood there
 };

@@ -64,17 +64,14 @@ TEST(ModuleLoader, LibrariesAreFreedAndArxModulesStay) {
 
 TEST(ModuleLoader, ArxModuleGoesThroughAutoCAD) {
     ModuleRecord record = {"Other.arx", nullptr};
-    SetLastError(5);
-    EXPECT_EQ(LoadModule(record, Folder().c_str()), -2);
     const std::string path = Upper(Folder() + "\\Other.arx");
-    const std::string printed = Printed();
-    const size_t line = printed.find("Error: ");  // behind AutoCAD's own words
-    ASSERT_NE(line, std::string::npos) << printed;
-    EXPECT_NE(printed.find(" - cannot load arx-module: " + path + "\n", line), std::string::npos) << printed;
-    EXPECT_EQ(bench::Journal().at(0), "acedArxLoad " + path + " -> -5001");
-    const ImportPatch patch(
-        "_Z11acedArxLoadPKw", +[](const wchar_t*) { return 0; });
     EXPECT_EQ(LoadModule(record, Folder().c_str()), -2);
+    EXPECT_EQ(bench::Journal().at(0), "acedArxLoad " + path + " -> -5001");
+    Printed();
+    const ImportPatch patch(
+        "_Z11acedArxLoadPKw", +[](const wchar_t*) { return SetLastError(5), 0; });
+    EXPECT_EQ(LoadModule(record, Folder().c_str()), -2);
+    EXPECT_EQ(Printed(), "Error: 5 - cannot load arx-module: " + path + "\n");
 }
 
 TEST(ModuleLoader, LookUpComparesOverTheGivenName) {
