@@ -29,10 +29,6 @@ class UserCodeDialog : public SessionBench {
                           .Buttons(buttons)
                           .AnswerWith(answer));
     }
-    void MeetsUsedCode(const std::string& answer) {
-        Meets("User code is already in use.\nDo you want to replace existing product?", BoxIcon::kWarning,
-              {"Yes", "No"}, answer);
-    }
     int Show() { return ShowUserCodeDialog(bench::MainWindow(), session_); }
     std::string Device() const { return session_.CurrentDevice()->ToString(); }
 
@@ -70,10 +66,11 @@ TEST_F(UserCodeDialog, OpensCentredWithTheProposalAndFocusOnOk) {
 }
 
 TEST_F(UserCodeDialog, EmptyAndUsedCodesAreQuestioned) {
+    const std::string used = "User code is already in use.\nDo you want to replace existing product?";
     Types("");
     Meets("User code can not be empty", BoxIcon::kError, {"OK"}, "OK");
     Types("SORV1");
-    MeetsUsedCode("No");
+    Meets(used, BoxIcon::kWarning, {"Yes", "No"}, "No");
     robot_.Expect(bench::Dialog("Configurator").Shows(1102, "SORV1").Close());
     EXPECT_EQ(Show(), -1);
     EXPECT_EQ(Device(), "<device><UserCode>SORV1</UserCode></device>")
@@ -89,7 +86,7 @@ TEST_F(UserCodeDialog, EmptyAndUsedCodesAreQuestioned) {
     EXPECT_EQ(Show(), 0);
     EXPECT_EQ(Device(), "<device UserCode=\"ABCDEFGHIJ\"><UserCode>ABCDEFGHIJ</UserCode></device>");
     Types("SORV1");
-    MeetsUsedCode("Yes");
+    Meets(used, BoxIcon::kWarning, {"Yes", "No"}, "Yes");
     EXPECT_EQ(Show(), 0);
     EXPECT_EQ(Device(), "<device UserCode=\"SORV1\"><UserCode>SORV1</UserCode></device>");
     EXPECT_EQ(Printed(), "");
