@@ -38,13 +38,15 @@ ServerCommand& ServerCommand::Element(std::string_view path, const SoundBands& b
 }
 
 ServerCommand& ServerCommand::Element(std::string_view path, const AcGePoint3d& point) {
-    const double values[] = {point.x, point.y, point.z};
-    return Reals(path, values, 3);
+    Open(path);
+    text_.AppendFormat("%f %f %f", point.x, point.y, point.z);
+    return Close(path);
 }
 
 ServerCommand& ServerCommand::Element(std::string_view path, const AcGeVector3d& vector) {
-    const double values[] = {vector.x, vector.y, vector.z};
-    return Reals(path, values, 3);
+    Open(path);
+    text_.AppendFormat("%f %f %f", vector.x, vector.y, vector.z);
+    return Close(path);
 }
 
 ServerCommand& ServerCommand::Verbatim(std::string_view path, const std::string& text) {
