@@ -85,6 +85,7 @@ TEST(XmlFence, SeesElementsWhereTheParserSeesThem) {
         {"<?xml version='1.0'?><r x='\xE2x'><!--'>" + many, true},
         {"<?xml version='1.0' encoding='UTF-8'?><r x='\xF0xx'><!--'>" + many, true},
         {"<?xml encoding='utf8'?><r x='\xC2'><!--'>" + many, true},
+        {"<?xml?><r x='\xC2x' y='\xE2xx' z='\xF0xxx'>" + many, true},  // and no more than its own
         {"<?xml?><r x='\xC1'><!--'>" + many, false},
         {"<?xml?><r x='\xF5'><!--'>" + many, false},
         {"<a><?xml?><r x='\xE2x'><!--'>" + many, false},  // too late to say it
