@@ -1,5 +1,6 @@
 #include "Util/ServerCommand.h"
 
+#include <cstdio>
 #include <limits>
 
 ServerCommand& ServerCommand::Open(std::string_view path) {
@@ -38,15 +39,11 @@ ServerCommand& ServerCommand::Element(std::string_view path, const SoundBands& b
 }
 
 ServerCommand& ServerCommand::Element(std::string_view path, const AcGePoint3d& point) {
-    Open(path);
-    text_.AppendFormat("%f %f %f", point.x, point.y, point.z);
-    return Close(path);
+    return Triple(path, point.x, point.y, point.z);
 }
 
 ServerCommand& ServerCommand::Element(std::string_view path, const AcGeVector3d& vector) {
-    Open(path);
-    text_.AppendFormat("%f %f %f", vector.x, vector.y, vector.z);
-    return Close(path);
+    return Triple(path, vector.x, vector.y, vector.z);
 }
 
 ServerCommand& ServerCommand::Verbatim(std::string_view path, const std::string& text) {
@@ -62,6 +59,14 @@ ServerCommand& ServerCommand::Placement(const PartPlacement& placement) {
     return Element("Position/WCS", placement.position)
         .Element("Direction/WCS", placement.direction)
         .Element("Normal/WCS", placement.normal);
+}
+
+ServerCommand& ServerCommand::Triple(std::string_view path, double x, double y, double z) {
+    char text[1024];  // three of the longest reals
+    std::snprintf(text, sizeof text, "%f %f %f", x, y, z);
+    Open(path);
+    text_.Append(text);
+    return Close(path);
 }
 
 ServerCommand& ServerCommand::Reals(std::string_view path, const double* values, size_t count) {
