@@ -45,7 +45,7 @@ TEST_F(PartAttributes, ReadsEachKind) {
     EXPECT_TRUE(direction.x == 0 && direction.y == 1 && direction.z == 0);
     EXPECT_TRUE(utils_.IsPartTypeID("2A3", 68));
     EXPECT_FALSE(utils_.IsPartTypeID("2AA", 68));
-    EXPECT_FALSE(utils_.IsPartTypeID("FFFF", 68));
+    EXPECT_TRUE(utils_.IsPartTypeID("FFFF", -1)) << "the type of what has none";
     EXPECT_TRUE(utils_.IsPartTypeDefine("2A3", "EWAPART_DUCT"));
     EXPECT_FALSE(utils_.IsPartTypeDefine("2A3", "ewapart_duct"));
     utils_.SetPartAtt("2A3", kText, std::string("1 2"), true);
