@@ -74,7 +74,7 @@ std::string HexText(const void* bytes, size_t count) {
     static const char digits[] = "0123456789ABCDEF";
     const uint8_t* at = static_cast<const uint8_t*>(bytes);
     std::string text(count * 2, '\0');
-    char* to = text.data();  // by the string itself each digit would be a look where its text lies now
+    char* to = text.data();  // through the string, its pointer would be read anew for every digit
     for (size_t i = 0; i < count; ++i) {
         *to++ = digits[at[i] >> 4];
         *to++ = digits[at[i] & 15];

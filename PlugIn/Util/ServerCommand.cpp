@@ -39,11 +39,13 @@ ServerCommand& ServerCommand::Element(std::string_view path, const SoundBands& b
 }
 
 ServerCommand& ServerCommand::Element(std::string_view path, const AcGePoint3d& point) {
-    return Triple(path, point.x, point.y, point.z);
+    const double values[] = {point.x, point.y, point.z};
+    return Reals(path, values, 3);
 }
 
 ServerCommand& ServerCommand::Element(std::string_view path, const AcGeVector3d& vector) {
-    return Triple(path, vector.x, vector.y, vector.z);
+    const double values[] = {vector.x, vector.y, vector.z};
+    return Reals(path, values, 3);
 }
 
 ServerCommand& ServerCommand::Verbatim(std::string_view path, const std::string& text) {
@@ -61,18 +63,13 @@ ServerCommand& ServerCommand::Placement(const PartPlacement& placement) {
         .Element("Normal/WCS", placement.normal);
 }
 
-ServerCommand& ServerCommand::Triple(std::string_view path, double x, double y, double z) {
-    char text[1024];  // three of the longest reals
-    std::snprintf(text, sizeof text, "%f %f %f", x, y, z);
-    Open(path);
-    text_.Append(text);
-    return Close(path);
-}
-
 ServerCommand& ServerCommand::Reals(std::string_view path, const double* values, size_t count) {
     Open(path);
-    for (size_t i = 0; i < count; ++i)
-        text_.AppendFormat(i == 0 ? "%f" : " %f", values[i]);
+    for (size_t i = 0; i < count; ++i) {
+        char text[320];  // the longest real has 317 characters
+        const int length = std::snprintf(text, sizeof text, i == 0 ? "%f" : " %f", values[i]);
+        text_.Append(std::string_view(text, static_cast<size_t>(length)));
+    }
     return Close(path);
 }
 

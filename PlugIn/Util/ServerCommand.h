@@ -38,7 +38,6 @@ class ServerCommand {
 
  private:
     // With single blanks between.
-    ServerCommand& Triple(std::string_view path, double x, double y, double z);
     ServerCommand& Reals(std::string_view path, const double* values, size_t count);
 
     XmlTextBuilder text_;

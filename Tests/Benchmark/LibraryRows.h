@@ -3,6 +3,7 @@
 
 #include "Table.h"
 
-void LoadRow(Table& table);  // before anything else has loaded the module
-void LibraryRows(
-    Table& table);  // within AutoCAD; after the others, since their blocks of many megabytes change the heap
+// Before anything else has loaded the module.
+void LoadRow(Table& table);
+// Within AutoCAD, and after the other rows: blocks of many megabytes change the heap.
+void LibraryRows(Table& table);

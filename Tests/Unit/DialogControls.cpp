@@ -179,9 +179,9 @@ TEST_F(DialogControls, RadioButtonsShareAVariable) {
 TEST_F(DialogControls, DatesTakeAnySeparator) {
     const struct {
         const char* before;
-        int size;
+        int size, shown;
         const char* after;
-    } cases[] = {{"5/3/2024", 32, "5.3.2024"}, {"31-12-1999", 6, "31.12"}};
+    } cases[] = {{"5/3/2024", 32, 20240305, "5.3.2024"}, {"31-12-1999", 6, 19991231, "31.12"}};
     for (const auto& c : cases) {
         char text[32] = "";
         std::strcpy(text, c.before);
@@ -189,11 +189,13 @@ TEST_F(DialogControls, DatesTakeAnySeparator) {
             self.Bind<PDialogControlDate>(kControl, text, c.size);
             self.Bind<PDialogControlDate>(kOther, nullptr, 8);
         });
+        SYSTEMTIME date = {};
+        EXPECT_EQ(Send(DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&date)), GDT_VALID);
+        EXPECT_EQ(date.wYear * 10000 + date.wMonth * 100 + date.wDay, c.shown);
         std::strcpy(text, "##########");
         dialog_->FromDialog(-1);
         EXPECT_STREQ(text, c.after);
         std::strcpy(text, "kept");
-        SYSTEMTIME date = {};
         Send(DTM_SETSYSTEMTIME, GDT_NONE, reinterpret_cast<LPARAM>(&date));
         dialog_->FromDialog(-1);
         EXPECT_STREQ(text, "kept") << "no date, no text";
