@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "Lib/Numbers.h"
+
 namespace {
 
 int ReadInteger(const ticpp::Element& parent, const char* name) {
@@ -14,7 +16,7 @@ int16_t ReadInt16(const ticpp::Element& parent, const char* name) {
 }
 
 float ReadFloat(const ticpp::Element& parent, const char* name) {
-    return static_cast<float>(std::atof(parent.FirstChildElement(name)->GetText().c_str()));
+    return static_cast<float>(ToReal(parent.FirstChildElement(name)->GetText().c_str()));
 }
 
 void ReadBands(const ticpp::Element& parent, uint8_t (&bands)[kOctaveBands]) {

@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int kUserCodeSize = 11;  // ten characters and the terminator
+constexpr int kUserCodeSize = kMaxUserCodeLength + 1;  // with the terminator
 
 void SetIcon(HWND dialog, WPARAM kind, int resource, int width, int height) {
     const HINSTANCE module = GetModuleHandleA(kModuleFileName);

@@ -60,18 +60,19 @@ class ModalState {
     UINT_PTR timer_ = 0;
 };
 
-// Dispatches every pending message; false when the thread was told to quit, which is then still to be seen by AutoCAD.
-bool PumpMessages() {
+enum class Pumped { kMessage, kNothing, kQuit };
+
+// Dispatches one pending message. A request to quit is posted again, for AutoCAD to see.
+Pumped PumpMessage() {
     MSG message;
-    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
-        if (message.message == WM_QUIT) {
-            PostQuitMessage(static_cast<int>(message.wParam));
-            return false;
-        }
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
+    if (!PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) return Pumped::kNothing;
+    if (message.message == WM_QUIT) {
+        PostQuitMessage(static_cast<int>(message.wParam));
+        return Pumped::kQuit;
     }
-    return true;
+    TranslateMessage(&message);
+    DispatchMessageA(&message);
+    return Pumped::kMessage;
 }
 
 }  // namespace
@@ -124,8 +125,10 @@ int KlConn::LaunchConfigurator(const char* program, const char* commandName, con
 // 0 when the program has ended; -1 when AutoCAD is quitting, or when Windows does not say whether it has. The session's
 // end terminates it then.
 int KlConn::WaitForConfigurator() {
+    Pumped pumped = Pumped::kNothing;
     for (;;) {
-        WaitMessage();
+        if (pumped == Pumped::kNothing) WaitMessage();
+        // Between any two messages: a window that posts to itself for ever must not hide the program's end.
         switch (WaitForSingleObject(configurator_.get(), 0)) {
             case WAIT_OBJECT_0:
                 return 0;
@@ -133,7 +136,8 @@ int KlConn::WaitForConfigurator() {
                 PrintCommandLine("\n%s: Can not wait for the configurator.\n", kDisplayName);
                 return -1;
             default:
-                if (!PumpMessages()) return -1;
+                pumped = PumpMessage();
+                if (pumped == Pumped::kQuit) return -1;
         }
     }
 }

@@ -12,11 +12,12 @@ struct DuctAttribute {
     const char* path;
     const char* addressKey;
     int shapes;
+    bool isAirflow = false;
 };
 
 inline constexpr DuctAttribute kDuctAttributes[] = {
     {"diameter_mm", "/part/diameter", "&diameter=", kRoundDuct},
     {"width_mm", "/part/width", "&width=", kRectangularDuct},
     {"height_mm", "/part/height", "&height=", kRectangularDuct},
-    {"airflow_ls", "/part/qv_sizingflow/ls", "&airflow=", kRoundDuct | kRectangularDuct},
+    {"airflow_ls", "/part/qv_sizingflow/ls", "&airflow=", kRoundDuct | kRectangularDuct, true},
 };

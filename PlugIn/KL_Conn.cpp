@@ -5,7 +5,6 @@
 #include <io.h>
 #include <ole2.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <string_view>
@@ -52,9 +51,23 @@ std::string ChildText(const ticpp::Element& parent, const char* name) {
     return child ? child->GetText(false) : std::string();
 }
 
-// One that ends a line of AutoCAD's command line, or would do something else there than stand in a name.
-bool HasControlCharacter(const std::string& text) {
-    return std::any_of(text.begin(), text.end(), [](char c) { return (c >= 0 && c < ' ') || c == 0x7F; });
+// Whether AutoCAD's command line takes the text for a name. A control character ends the line or does something else,
+// and a word that begins like an expression of AutoLISP or DIESEL may be run.
+bool IsCommandLineText(const std::string& text) {
+    char before = ' ';
+    for (const char c : text) {
+        if ((c >= 0 && c < ' ') || c == 0x7F) return false;
+        if (before == ' ' && (c == '(' || c == '!' || c == '\'')) return false;
+        before = c;
+    }
+    return true;
+}
+
+// A message box does not scroll, so a long text of the server is cut.
+std::string BoxText(std::string text) {
+    constexpr size_t kMaxBoxText = 2000;
+    if (text.size() <= kMaxBoxText) return text;
+    return text.erase(kMaxBoxText) + Narrow(L" \u2026");
 }
 
 void ReportFailedInstallation() {
@@ -80,12 +93,12 @@ int AskAboutResult(const ticpp::Element& resultRoot) {
     int result = 0;
     const std::string error = ChildText(resultRoot, "error");
     if (!error.empty()) {
-        MessageBoxA(adsw_acadMainWnd(), error.c_str(), kDisplayName, MB_OK | MB_ICONERROR);
+        MessageBoxA(adsw_acadMainWnd(), BoxText(error).c_str(), kDisplayName, MB_OK | MB_ICONERROR);
         result = -6;
     }
     const std::string warning = ChildText(resultRoot, "warning");
     if (!warning.empty()) {
-        const std::string question = warning + "\nContinue?";
+        const std::string question = BoxText(warning) + "\nContinue?";
         if (MessageBoxA(adsw_acadMainWnd(), question.c_str(), kDisplayName, MB_YESNO | MB_ICONWARNING) != IDYES)
             result = -5;
     }
@@ -156,7 +169,9 @@ void KlConn::MakeWorkingFolder() {
     }
     char temporaryPath[MAX_PATH] = "";
     char unique[MAX_PATH] = "";
-    if (GetTempPathA(MAX_PATH, temporaryPath) == 0 || GetTempFileNameA(temporaryPath, "Sorvik", 0, unique) == 0)
+    const DWORD length = GetTempPathA(MAX_PATH, temporaryPath);
+    if (length >= MAX_PATH) throw "The temporary folder's path is too long.";
+    if (length == 0 || GetTempFileNameA(temporaryPath, "Sorvik", 0, unique) == 0)
         throw "Can't get a name for the temporary folder.";
     DeleteFileA(unique);
     if (!CreateDirectoryA(unique, nullptr)) throw std::string("Can't create temporary folder ") + unique;
@@ -235,9 +250,15 @@ int KlConn::InstallSilencer() {
         const std::string productFamilyKey = currentDevice_->GetAttribute("ProductFamilyKey");
         const std::string userCode = currentDevice_->GetAttribute("UserCode");
         const std::string command = FormatString("KLIMSILX\n%s\n%s\n", productFamilyKey.c_str(), userCode.c_str());
-        if (HasControlCharacter(productFamilyKey) || HasControlCharacter(userCode) || command.size() > kCommandLimit) {
+        if (!IsCommandLineText(productFamilyKey) || !IsCommandLineText(userCode) || command.size() > kCommandLimit) {
             PrintCommandLine("\n%s: Product not added: its key and user code do not make one command of Klimora's.\n",
                              kDisplayName);
+            return -1;
+        }
+        if (!MayInstall(className, userCode)) {
+            PrintCommandLine(
+                "\n%s: Product not added: its user code '%s' was not confirmed, and is in use or too long.\n",
+                kDisplayName, userCode.c_str());
             return -1;
         }
         if (AddDeviceToKlimoraProject(FilePath(kDatabaseFile).c_str(), nullptr, 0, className, userCode,
@@ -258,6 +279,14 @@ int KlConn::InstallSilencer() {
         ReportFailedInstallation();
     }
     return result;
+}
+
+// The user confirms a code for the first device of the result. When it has several, the last one is installed.
+bool KlConn::MayInstall(const std::string& className, const std::string& userCode) {
+    const ticpp::Element* const confirmed = Root()->FirstChildElement("device");
+    if (confirmed == currentDevice_) return true;
+    if (userCode.size() > kMaxUserCodeLength) return false;
+    return userCode == confirmed->GetAttribute("UserCode", false) || !IsUserCodeInUse(className, userCode);
 }
 
 int KlConn::QueueInsertCommand(const std::string& command) {

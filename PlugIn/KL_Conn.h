@@ -27,6 +27,8 @@ struct RunningProgramKind {
     }
 };
 
+inline constexpr size_t kMaxUserCodeLength = 10;
+
 class KlConn : public KLComUtils {
  public:
     KlConn();
@@ -67,7 +69,8 @@ class KlConn : public KLComUtils {
 
     // ---- Installation (KL_Conn.cpp) ---------------------------------------------------------------------------------
     // Adds the current device to the project, queues Klimora's insert command and records the usage event. 0 when the
-    // command was queued. A key or user code that would not be one line of it is refused first.
+    // command was queued. A key or user code that would not be one line of it is refused first, and so is a user code
+    // of a further device that was neither confirmed in the dialog nor is free.
     int InstallSilencer();
 
     // Throws before Initialize.
@@ -84,6 +87,7 @@ class KlConn : public KLComUtils {
     bool UsesLocalData(const std::string& resultFile) const;
     int FetchResult(const char* address, const std::string& resultFile);
     int TakeDevice(std::unique_ptr<ticpp::Document> answer);
+    bool MayInstall(const std::string& className, const std::string& userCode);
     int QueueInsertCommand(const std::string& command);
     void RecordInsertion(const std::string& className, const std::string& productFamilyKey);
 

@@ -10,38 +10,53 @@
 
 namespace {
 
+constexpr char kProposalPrefix[] = "SORV";
+
 std::string PartsOfClass(const std::string& className) {
     return "/Project/KPDClass[" + className + "]/Part";
 }
 
+std::string Proposal(long number, const std::string& suffix) {
+    return kProposalPrefix + std::to_string(number) + suffix;
+}
+
+// Returns the number between prefix and suffix of a code that could be proposed, or 0.
+long ProposalNumber(const std::string& code, const std::string& suffix) {
+    const size_t prefix = std::strlen(kProposalPrefix);
+    if (code.size() <= prefix + suffix.size()) return 0;
+    const std::string digits = code.substr(prefix, code.size() - prefix - suffix.size());
+    const long number = std::strtol(digits.c_str(), nullptr, 10);
+    return number > 0 && code == Proposal(number, suffix) ? number : 0;
+}
+
 }  // namespace
 
-// Gives one after the other to `take` until that wants no more. False when one of these, or their count, is not given.
+// Hands one after the other to `take` until that wants no more. Returns false when their count or one of them cannot be
+// read; the codes before it were handed over.
 bool KlConn::ReadUserCodes(const std::string& className, const std::function<bool(const std::string&)>& take) {
     const std::string parts = PartsOfClass(className);
-    const int count = GetPartAttOrDefault("", "Count(" + parts + ")", -1);
-    bool complete = count >= 0, wanted = true;
+    const int count = GetCountOrDefault(parts, -1);
+    if (count < 0) return false;
     std::string code;
-    for (int i = 0; i < count && wanted; ++i) {
-        if (GetPartAtt("", parts + "[" + std::to_string(i) + "]/Usercode", code, false) != 0) complete = false;
-        wanted = take(code);
+    for (int i = 0; i < count; ++i) {
+        if (GetPartAtt("", parts + "[" + std::to_string(i) + "]/Usercode", code, false) != 0) return false;
+        if (!take(code)) break;
     }
-    return complete;
+    return true;
 }
 
 std::string KlConn::ProposeUserCode(const std::string& className, const std::string& suffix) {
-    const auto proposal = [&](long number) { return "SORV" + std::to_string(number) + suffix; };
     std::vector<long> used;
     ReadUserCodes(className, [&](const std::string& code) {
-        const long number = code.size() > 4 ? std::strtol(code.c_str() + 4, nullptr, 10) : 0;
-        if (number > 0 && code == proposal(number)) used.push_back(number);
+        used.push_back(ProposalNumber(code, suffix));
         return true;
     });
     std::sort(used.begin(), used.end());
     long unused = 1;
-    for (const long number : used)
-        unused += number == unused;
-    return proposal(unused);
+    for (const long number : used) {
+        if (number == unused) ++unused;
+    }
+    return Proposal(unused, suffix);
 }
 
 bool KlConn::IsUserCodeInUse(const std::string& className, const std::string& code) {

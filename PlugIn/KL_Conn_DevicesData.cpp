@@ -8,6 +8,7 @@
 #include "kbase.h"
 
 #include "AirDeviceData.h"
+#include "AttributeValues.h"
 #include "LocalisedAttributes.h"
 #include "Lib/ExceptionReport.h"
 #include "Lib/Text.h"
@@ -39,13 +40,9 @@ enum Attribute : short {
     kWebLink = 8529
 };
 
-void InsertText(KB_HANDLE database, KB_RECORD* record, short attribute, const std::string& text) {
-    kbinsertatt(database, record, attribute, text.c_str(), static_cast<short>(text.size()));
-}
-
 template <class Element>
 void InsertElement(KB_HANDLE database, KB_RECORD* record, short attribute, const Element& element) {
-    kbinsertatt(database, record, attribute, &element, 1);
+    InsertElements(database, record, attribute, &element, 1);
 }
 
 // Elements of one kind, gathered from the children of one name.
@@ -67,7 +64,7 @@ class ElementArray {
     }
     bool IsEmpty() const { return count_ == 0; }
     void Insert(KB_HANDLE database, KB_RECORD* record, short attribute) const {
-        if (!IsEmpty()) kbinsertatt(database, record, attribute, elements_, static_cast<short>(count_));
+        if (!IsEmpty()) InsertElements(database, record, attribute, elements_, static_cast<size_t>(count_));
     }
 
  private:

@@ -10,6 +10,7 @@
 #include "DuctAttributes.h"
 #include "Lib/CommandLine.h"
 #include "Lib/DisplayName.h"
+#include "Lib/Numbers.h"
 #include "Util/KLUtils.h"
 #include "Util/XmlElements.h"
 
@@ -27,7 +28,7 @@ bool StandsForItsDuct(int typeId) {
 }
 
 bool IsZero(const std::string& number) {
-    return !(std::fabs(std::atof(number.c_str())) > 1e-7);
+    return !(std::fabs(ToReal(number.c_str())) > 1e-7);
 }
 
 // A query with a negative answer: the end of the selection.
@@ -61,7 +62,7 @@ std::string DuctOf(KLComUtils& klimora, const std::string& part) {
     std::vector<std::string> connected;
     klimora.GetAllConnectedParts(part, connected, true);
     for (const std::string& candidate : connected) {
-        if (QueryNumber(klimora, candidate, "/Part/Type/ID") == kDuctTypeId) return candidate;
+        if (klimora.IsPartTypeID(candidate, kDuctTypeId)) return candidate;
     }
     return std::string();
 }
@@ -73,12 +74,16 @@ std::optional<DuctValues> ReadDuct(KLComUtils& klimora, const std::string& duct)
     const int shape = QueryNumber(klimora, duct, "/part/shape/id");
     if (shape != 0 && shape != 1) return {};
     DuctValues values;
+    bool complete = true;
     for (const DuctAttribute& attribute : kDuctAttributes) {
         if (!(attribute.shapes & 1 << shape)) continue;
+        // Both sizes of a rectangular duct are read before one of them is missed; the airflow only of a complete duct.
+        if (!complete && attribute.isAirflow) break;
         std::string value = Query(klimora, duct, attribute.path);
-        if (value.empty()) return {};
+        complete = complete && !value.empty();
         values.emplace_back(attribute.name, std::move(value));
     }
+    if (!complete) return {};
     return values;
 }
 

@@ -14,6 +14,7 @@
 #include "ModuleNames.h"
 #include "ProductTitle.h"
 #include "Util/ArxHandles.h"
+#include "Util/WaitCursor.h"
 
 namespace {
 
@@ -54,6 +55,7 @@ void SorvSilencer() noexcept {
         }
         KlConn session;
         if (!ChooseSilencer(session)) return;
+        const KLUtils::WaitCursor waitCursor;  // two downloads, the record and Klimora's project take their time
         if (session.AddDeviceFromXMLToDatabase(kSilencerCommand) < 0) return;
         if (session.InstallSilencer() < 0) return;
         transaction.SetAbortOnEnd(false);

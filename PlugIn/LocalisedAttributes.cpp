@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "AttributeValues.h"
 #include "Lib/ExceptionReport.h"
 
 namespace {
@@ -48,9 +49,10 @@ int Store(const LocalisedAttribute (&table)[size], KB_HANDLE database, KB_RECORD
             const ticpp::Element* child = device.FirstChildElement(attribute.element, false);
             const std::string text = child ? child->GetText(false) : std::string();
             if (text.empty()) continue;
-            kbinsertatt(database, record, static_cast<short>(attribute.number), text.c_str(),
-                        static_cast<short>(text.size()));
+            InsertText(database, record, static_cast<short>(attribute.number), text);
         }
+    } catch (const AttributeTooLarge&) {
+        throw;  // a product that does not fit is not stored in part
     } catch (...) {
         ReportException(function, kSource, line, function);
     }

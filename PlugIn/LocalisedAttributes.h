@@ -5,7 +5,8 @@
 #include "kbase.h"
 #include "ticpp.h"
 
-// Each stores the device's children of its kind that have a text, in the order of the attributes' numbers. A failure
-// ends the walk and is reported; what was stored stays. Always 0.
+// Each stores the device's children of its kind that have a text, in the order of the attributes' numbers. A text that
+// is too large for the record database throws AttributeTooLarge; any other failure ends the walk and is reported, and
+// what was stored stays. Returns 0.
 int SetAttributeDescriptionNN(const KB_HANDLE* database, KB_RECORD* record, const ticpp::Element& device);
 int SetAttributeWebLinkNN(const KB_HANDLE* database, KB_RECORD* record, const ticpp::Element& device);

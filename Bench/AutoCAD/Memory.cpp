@@ -1,6 +1,7 @@
 #include "Memory.h"
 
 #include <cstdlib>
+#include <cstring>
 #include <cwchar>
 #include <map>
 
@@ -83,8 +84,10 @@ int BeginChain(const std::string& name) {
 }
 
 resbuf* AddNode(int chain, resbuf* last, short type) {
-    resbuf* node = static_cast<resbuf*>(std::calloc(1, sizeof(resbuf)));
+    resbuf* node = static_cast<resbuf*>(std::malloc(sizeof(resbuf)));
     if (node == nullptr) std::abort();
+    std::memset(node, kSentinel, sizeof *node);
+    node->rbnext = nullptr;
     node->restype = type;
     nodes[node] = Node{chain, false};
     ++chains[chain].parts;

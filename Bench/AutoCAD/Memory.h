@@ -8,6 +8,9 @@
 
 namespace bench {
 
+// Fills what AutoCAD does not promise to set.
+inline constexpr int kSentinel = 0xDD;
+
 // A text for the module to keep; the balance owes "string NAME" until acutDelString.
 wchar_t* HandOut(const std::wstring& text, const std::string& name);
 // A text inside a chain: goes with the chain, and keeps it owed while it lives.
@@ -18,6 +21,7 @@ void ReleaseString(void* text, const char* by);
 // A new chain for the module; the balance owes "resbuf chain NAME" until its last node and text are released, so that a
 // node left out and a text overwritten are found.
 int BeginChain(const std::string& name);
+// The next node is null, the value a sentinel.
 resbuf* AddNode(int chain, resbuf* last, short type);
 // Is this node no released one? Accuses otherwise. The caller's own buffer is good where nothing is released.
 bool LivingNode(const resbuf* node, const char* by);

@@ -1,5 +1,6 @@
 // acutNewRb, acutBuildList and acutRelRb.
 #include <cstdarg>
+#include <cstring>
 
 #include "ArxCall.h"
 #include "Memory.h"
@@ -28,7 +29,11 @@ bool FillNode(resbuf* node, int chain, va_list& arguments) {
 struct resbuf* acutNewRb(int v) {
     ArxCall call("acutNewRb", std::to_string(v));
     if (call.fails()) return nullptr;
-    return bench::AddNode(bench::BeginChain("acutNewRb " + std::to_string(v)), nullptr, static_cast<short>(v));
+    // The type is all that is promised.
+    resbuf* const node =
+        bench::AddNode(bench::BeginChain("acutNewRb " + std::to_string(v)), nullptr, static_cast<short>(v));
+    std::memset(&node->rbnext, bench::kSentinel, sizeof node->rbnext);
+    return node;
 }
 
 struct resbuf* acutBuildList(int rtype, ...) {

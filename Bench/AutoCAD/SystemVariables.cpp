@@ -3,6 +3,7 @@
 #include "SystemVariables.h"
 
 #include <cstdlib>
+#include <cstring>
 #include <map>
 
 #include "ArxCall.h"
@@ -84,6 +85,7 @@ int acedGetVar(const ACHAR* sym, struct resbuf* result) {
     if (call.fails()) return call.failed(RTERROR);
     const bench::Variable* variable = sym == nullptr ? nullptr : bench::Find(sym);
     if (variable == nullptr || result == nullptr || !bench::LivingNode(result, "acedGetVar")) return call.done(RTERROR);
+    std::memset(&result->resval, bench::kSentinel, sizeof result->resval);
     result->restype = variable->type;
     if (variable->type == RTSHORT) result->resval.rint = variable->integer;
     if (variable->type == RTSTR)

@@ -121,7 +121,7 @@ void SetReportHandlers(void* context, ReportHandler onFatal, ReportHandler onErr
 
 uint32_t ReportErrorAndBreak(const char* message, const char* file, int line, const char* function) noexcept {
     const uint32_t bits = ReportError(message, file, line, function);
-    if (bits & RF_BREAK) DebugBreak();
+    if (bits & RF_BREAK && IsDebuggerPresent()) DebugBreak();
     return bits;
 }
 

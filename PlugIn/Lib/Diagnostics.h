@@ -1,6 +1,6 @@
 // Process-wide reporting of failures. A report is composed into one line and, by the bit word of its severity, written
 // to the debug log, echoed to standard output and shown in a message box; the word is returned, and the caller breaks
-// into the debugger when it has RF_BREAK (ReportErrorAndBreak does both). Texts are narrow and may be null. The
+// into an attached debugger when it has RF_BREAK (ReportErrorAndBreak does both). Texts are narrow and may be null. The
 // facility never fails, never reports about itself and takes no memory of the heap for itself: a composed text is cut
 // to 8191 characters, and what a handler throws ends there. Main thread only.
 #pragma once
@@ -48,7 +48,8 @@ uint32_t ReportInfo(const char* message, const char* file, int line, const char*
 void SetReportLevels(uint32_t fatalBits, uint32_t errorBits, uint32_t warningBits, uint32_t infoBits) noexcept;
 void SetReportHandlers(void* context, ReportHandler onFatal, ReportHandler onError, ReportHandler onWarning) noexcept;
 
-// ReportError, then DebugBreak when the returned word has RF_BREAK.
+// Calls ReportError, then DebugBreak when the returned word has RF_BREAK and a debugger is attached: without one the
+// break would end AutoCAD.
 uint32_t ReportErrorAndBreak(const char* message, const char* file, int line, const char* function) noexcept;
 uint32_t ReportErrorAndBreak(const std::string& message, const char* file, int line, const char* function) noexcept;
 

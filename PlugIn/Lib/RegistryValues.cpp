@@ -16,11 +16,13 @@ const char* OrNull(const char* text) {
     return text ? text : "NULL";
 }
 
-// A buffer as a text for a report: no further than the size that came with it.
+// Returns a buffer's text for a report: up to its terminator, and no further than its size or, when the size is what
+// was wrong, than a report reaches.
 std::string BufferText(const void* buffer, int size) {
+    constexpr size_t kReportLimit = 8191;
     if (!buffer) return "NULL";
     const char* text = static_cast<const char*>(buffer);
-    return std::string(text, strnlen(text, static_cast<size_t>(std::max(size, 0))));
+    return std::string(text, strnlen(text, size > 0 ? static_cast<size_t>(size) : kReportLimit));
 }
 
 // Type or size alone may be asked for.

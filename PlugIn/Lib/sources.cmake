@@ -8,6 +8,7 @@ set(SORVIK_LIB_SOURCES
   Lib/FormatText.cpp
   Lib/Md5.cpp
   Lib/Md5Driver.cpp
+  Lib/Numbers.cpp
   Lib/Text.cpp
   Lib/WindowMessageNames.cpp
   Lib/WindowMessageText.cpp)

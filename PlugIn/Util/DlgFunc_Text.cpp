@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdio>
-#include <cstdlib>
+
+#include "Lib/Numbers.h"
 
 const char* gwgetsubstring(char* destination, const char* source, char separator, int32_t index,
                            int32_t size) noexcept {
@@ -33,7 +34,7 @@ char* TrimTrailingBlanks(char* buffer, int length) {
 
 bool ClampNumberText(char* text, double minimum, double maximum) {
     if (!text) return false;
-    const double number = std::atof(text);
+    const double number = ToReal(text);
     if (number < minimum) {
         std::sprintf(text, "%.0f", minimum);
         return true;

@@ -18,10 +18,13 @@ bool Join(char (&path)[MAX_PATH], const char* folder, const char* name) {
     return length >= 0 && length < MAX_PATH;
 }
 
-// A junction or symbolic link: what it leads to is not ours.
+// A junction or symbolic link: what it leads to is not ours. Other reparse points, like the placeholders of a cloud
+// folder, hold what they show.
 bool IsLink(const char* path) {
-    const DWORD attributes = GetFileAttributesA(path);
-    return attributes != INVALID_FILE_ATTRIBUTES && attributes & FILE_ATTRIBUTE_REPARSE_POINT;
+    WIN32_FIND_DATAA entry = {};
+    const FindHandle found(FindFirstFileA(path, &entry));
+    return found && entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT &&
+           (entry.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT || entry.dwReserved0 == IO_REPARSE_TAG_SYMLINK);
 }
 
 void DeleteEntry(const char* path, DWORD attributes) {

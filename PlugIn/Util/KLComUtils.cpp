@@ -151,6 +151,11 @@ int KLComUtils::GetPartAttOrDefault(const std::string& part, const std::string& 
     return NumbersIn(text) >> value ? value : defaultValue;
 }
 
+int KLComUtils::GetCountOrDefault(const std::string& path, int defaultValue) {
+    const int count = GetPartAttOrDefault("", "Count(" + path + ")", defaultValue);
+    return count <= kMaxCount ? count : defaultValue;
+}
+
 bool KLComUtils::IsPartTypeID(const std::string& part, int id) {
     return GetPartAttOrDefault(part, "/Part/Type/ID", -1) == id;
 }
@@ -180,7 +185,7 @@ int KLComUtils::ForEachRecord(const std::string& path, const std::vector<std::st
     if (!server_) return -1;
     try {
         if (path.find('/') == std::string::npos) throw "Can't find '/' in a parent path " + path;
-        const int count = GetPartAttOrDefault("", "Count(" + path + ")", 0);
+        const int count = GetCountOrDefault(path, 0);
         Record record;
         std::vector<std::string*> values;
         values.reserve(names.size());

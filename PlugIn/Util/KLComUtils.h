@@ -26,6 +26,9 @@ class KLComUtils {
  public:
     using Record = std::map<std::string, std::string>;
 
+    // No project has as many elements of one kind; a server that says so is not believed.
+    static constexpr int kMaxCount = 1000000;
+
     KLComUtils();
     virtual ~KLComUtils();
     KLComUtils(const KLComUtils&) = delete;
@@ -57,6 +60,8 @@ class KLComUtils {
     std::string GetPartAttOrDefault(const std::string& part, const std::string& attribute,
                                     const std::string& defaultValue);
     int GetPartAttOrDefault(const std::string& part, const std::string& attribute, int defaultValue);
+    // The number of elements at `path` of the project. A number beyond kMaxCount counts as one that cannot be read.
+    int GetCountOrDefault(const std::string& path, int defaultValue);
 
     // One record for every element at `path` ("/Project/…/Part"), with the named attributes under their names ("/" in a
     // name becomes "_"). Appended to `records`; those before a failure stay. `part` is accepted and not used: these

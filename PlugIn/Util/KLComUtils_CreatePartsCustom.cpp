@@ -156,17 +156,17 @@ bool KLComUtils::IsCustomObject(const std::string& part) {
 
 std::string KLComUtils::CreateCustomObject(const std::string& blockReference, const CustomObjectData& object,
                                            bool /*flag*/) {
-    std::string part;
     try {
         CheckVersion(ServerVersion());
-        if (IsCustomObject(blockReference)) return part;
+        if (IsCustomObject(blockReference)) return std::string();
         const BlockPlace place = ReadBlockReference(blockReference);
         CustomObjectData onLayer = object;
         if (!place.layer.empty()) onLayer.layer = place.layer;
-        part = CreateCustomObject(place.placement, onLayer);
+        const std::string part = CreateCustomObject(place.placement, onLayer);
         if (IsValidPartHandle(part)) SetGeometryForCustomObject(part, ReadBlockName(place.block));
+        return part;
     } catch (...) {
         ReportException(kNotCreated, kSource, 774, kCreateCustomObject);
+        return std::string();
     }
-    return part;
 }

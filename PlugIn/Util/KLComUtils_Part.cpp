@@ -25,7 +25,9 @@ std::string ConnectedToPath(int connection) {
 }  // namespace
 
 int KLComUtils::CountConnections(const std::string& part) {
-    return ToWholeNumber(GetPartAttReal(part, "Count(/Part/Connection)", true));
+    const int count = ToWholeNumber(GetPartAttReal(part, "Count(/Part/Connection)", true));
+    if (count > kMaxCount) throw "Klimora's number of connections is not believable";
+    return count;
 }
 
 void KLComUtils::GetTwoConnectedParts(const std::string& part, std::string& first, std::string& second,

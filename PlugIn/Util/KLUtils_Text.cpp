@@ -2,9 +2,7 @@
 
 #include "KLUtils_Text.h"
 
-#include <cstdlib>
-
-#include "Lib/FormatText.h"
+#include "Lib/Numbers.h"
 
 namespace KLUtils {
 
@@ -33,7 +31,7 @@ int ParseNumbers(const char* text, double* numbers, int count) {
     int stored = 0;
     for (const std::string& part : Split(text, " ")) {
         if (stored == count) break;
-        numbers[stored++] = std::atof(part.c_str());
+        numbers[stored++] = ToReal(part.c_str());
     }
     return stored;
 }
@@ -43,7 +41,7 @@ std::string FormatNumbers(const double* numbers, int count, int precision) {
     if (!numbers) return text;
     for (int i = 0; i < count; ++i) {
         if (i) text += ' ';
-        text += FormatString("%.*f", precision, numbers[i]);
+        text += RealText(numbers[i], precision);
     }
     return text;
 }

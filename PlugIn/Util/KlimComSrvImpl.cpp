@@ -1,6 +1,9 @@
 #include "Util/KlimComSrvImpl.h"
 
+#include <string_view>
+
 #include "Lib/CommandLine.h"
+#include "Lib/Numbers.h"
 
 using namespace KLIMCOMSRVLib;
 
@@ -29,7 +32,8 @@ void PutArgument(std::string& line, const char* text) {
     Put(line, "'");
 }
 void PutArgument(std::string& line, double number) {
-    Put(line, std::to_string(number));
+    char text[kRealTextSize];
+    Put(line, std::string_view(text, WriteReal(text, sizeof text, number)));
 }
 void PutArgument(std::string& line, long number) {
     Put(line, std::to_string(number));

@@ -1,7 +1,8 @@
 #include "Util/ServerCommand.h"
 
-#include <cstdio>
 #include <limits>
+
+#include "Lib/Numbers.h"
 
 ServerCommand& ServerCommand::Open(std::string_view path) {
     text_.Append("<");
@@ -66,9 +67,9 @@ ServerCommand& ServerCommand::Placement(const PartPlacement& placement) {
 ServerCommand& ServerCommand::Reals(std::string_view path, const double* values, size_t count) {
     Open(path);
     for (size_t i = 0; i < count; ++i) {
-        char text[320];  // the longest real has 317 characters
-        const int length = std::snprintf(text, sizeof text, i == 0 ? "%f" : " %f", values[i]);
-        text_.Append(std::string_view(text, static_cast<size_t>(length)));
+        if (i > 0) text_.Append(" ");
+        char text[kRealTextSize];
+        text_.Append(std::string_view(text, WriteReal(text, sizeof text, values[i])));
     }
     return Close(path);
 }

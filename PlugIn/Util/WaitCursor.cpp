@@ -2,7 +2,7 @@
 
 namespace KLUtils {
 
-WaitCursor::WaitCursor(const wchar_t* cursorName, bool show) : cursor_(LoadCursorW(nullptr, cursorName)) {
+WaitCursor::WaitCursor(const char* cursorName, bool show) : cursor_(LoadCursorA(nullptr, cursorName)) {
     if (show) Show();
 }
 

@@ -10,7 +10,7 @@ namespace KLUtils {
 
 class WaitCursor {
  public:
-    explicit WaitCursor(const wchar_t* cursorName = MAKEINTRESOURCEW(32514), bool show = true);
+    explicit WaitCursor(const char* cursorName = MAKEINTRESOURCEA(32514), bool show = true);
     WaitCursor(const WaitCursor&) = delete;
     WaitCursor& operator=(const WaitCursor&) = delete;
     ~WaitCursor();

@@ -11,12 +11,12 @@
 #include <dbmain.h>
 
 #include <algorithm>
-#include <cstdio>
+#include <cstring>
 #include <optional>
 #include <utility>
 
 #include "ArxHandles.h"
-#include "Lib/FormatText.h"
+#include "Lib/Numbers.h"
 #include "Lib/Text.h"
 
 namespace {
@@ -48,20 +48,20 @@ std::optional<KeyValue> Parse(const resbuf* item) {
     return Parse(Narrow(item->resval.rstring));
 }
 
-// A key that would not be read back as it was written has no place in the data.
-bool IsReadable(const char* key) {
+// The form in which keys are compared; empty for a key under which nothing could be read.
+std::string Comparable(const char* key) {
     const std::optional<KeyValue> entry = Parse(std::string(key) + "=");
-    return entry && entry->key == ToUpper(key);
+    return entry && !std::strchr(key, '=') ? entry->key : std::string();
 }
 
 // The item before the one of that key, otherwise the last one. The chain is headed by the application's name, so there
 // always is one.
 resbuf* BeforeItem(resbuf* chain, const char* key) {
-    const std::string upperKey = ToUpper(key);
+    const std::string wanted = Comparable(key);
     resbuf* before = chain;
     for (; before->rbnext; before = before->rbnext) {
         const std::optional<KeyValue> entry = Parse(before->rbnext);
-        if (entry && entry->key == upperKey) break;
+        if (entry && entry->key == wanted) break;
     }
     return before;
 }
@@ -70,10 +70,20 @@ bool SetText(resbuf* item, const std::string& text) {
     return acutUpdString(Widen(text).c_str(), item->resval.rstring) == Acad::eOk;
 }
 
+// AutoCAD promises nothing but the type of a new buffer, and acutUpdString releases the string that it finds.
+resbuf* NewResbuf(int type) {
+    resbuf* const item = acutNewRb(type);
+    if (item) {
+        item->rbnext = nullptr;
+        item->resval.rstring = nullptr;
+    }
+    return item;
+}
+
 ResbufChain NewChain(const std::string& application) {
     // Refusal means, among other things, that the name is registered already; setXData knows better.
     acdbRegApp(Widen(application).c_str());
-    ResbufChain chain(acutNewRb(AcDb::kDxfRegAppName));
+    ResbufChain chain(NewResbuf(AcDb::kDxfRegAppName));
     if (chain && !SetText(chain.get(), application)) chain.reset();
     return chain;
 }
@@ -107,29 +117,30 @@ int CopyValue(const std::string& value, char* buffer, size_t size) {
 }  // namespace
 
 int SetXDataString(AcDbObject* object, const char* application, const char* key, const char* value) {
-    if (!object || !application || !key || !value || !IsReadable(key)) return -1;
+    if (!object || !application || !key || !value) return -1;
     if (!*value) return -2;
+    if (Comparable(key).empty()) return -1;
     ResbufChain chain(object->xData(Widen(application).c_str()));
     if (!chain) chain = NewChain(application);
     if (!chain) return -1;
 
     resbuf*& item = BeforeItem(chain.get(), key)->rbnext;
-    if (!item) item = acutNewRb(AcDb::kDxfXdAsciiString);
+    if (!item) item = NewResbuf(AcDb::kDxfXdAsciiString);
     if (!item || !SetText(item, std::string(key) + "=" + value)) return -1;
     return object->setXData(chain.get()) == Acad::eOk ? 0 : -1;
 }
 
 int SetXDataFloat(AcDbObject* object, const char* application, const char* key, float value, int precision) {
-    return SetXDataString(object, application, key, FormatString("%.*f", precision, value).c_str());
+    return SetXDataString(object, application, key, RealText(value, precision).c_str());
 }
 
 int SetXDataDouble(AcDbObject* object, const char* application, const char* key, double value, int precision) {
-    return SetXDataString(object, application, key, FormatString("%.*lf", precision, value).c_str());
+    return SetXDataString(object, application, key, RealText(value, precision).c_str());
 }
 
 int SetXDataPoint(AcDbObject* object, const char* application, const char* key, double x, double y, double z,
                   int precision) {
-    const std::string point = FormatString("%.*lf,%.*lf,%.*lf", precision, x, precision, y, precision, z);
+    const std::string point = RealText(x, precision) + ',' + RealText(y, precision) + ',' + RealText(z, precision);
     return SetXDataString(object, application, key, point.c_str());
 }
 
@@ -141,18 +152,22 @@ int GetXDataString(const AcDbObject* object, const char* application, const char
 }
 
 int GetXDataFloat(const AcDbObject* object, const char* application, const char* key, float& value) {
-    return ReadNumber(object, application, key, [&](const char* text) { return std::sscanf(text, "%f", &value) == 1; });
+    return ReadNumber(object, application, key, [&](const char* text) { return ReadReal(text, value) != text; });
 }
 
 int GetXDataDouble(const AcDbObject* object, const char* application, const char* key, double& value) {
-    return ReadNumber(object, application, key,
-                      [&](const char* text) { return std::sscanf(text, "%lf", &value) == 1; });
+    return ReadNumber(object, application, key, [&](const char* text) { return ReadReal(text, value) != text; });
 }
 
 int GetXDataPoint(const AcDbObject* object, const char* application, const char* key, double& x, double& y, double& z) {
     return ReadNumber(object, application, key, [&](const char* text) {
         double point[3];
-        if (std::sscanf(text, "%lf,%lf,%lf", &point[0], &point[1], &point[2]) != 3) return false;
+        for (double& coordinate : point) {
+            if (&coordinate != point && *text++ != ',') return false;
+            const char* const end = ReadReal(text, coordinate);
+            if (end == text) return false;
+            text = end;
+        }
         x = point[0];
         y = point[1];
         z = point[2];

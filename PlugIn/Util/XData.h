@@ -1,7 +1,7 @@
 // Named values in the extended entity data of drawing objects: text items "key=value" in the chain of a registered
-// application. Keys have 1 to 39 characters, no "=" and no blank at either end, and are compared without regard to
-// case; other keys and other applications' data stay untouched. Failure is told by negative results; objects must be
-// open for the access in question and stay open.
+// application. Keys have 1 to 39 characters and no "=", and are compared without regard to
+// case and outer blanks; other keys and other applications' data stay untouched. Failure is told by negative results;
+// objects must be open for the access in question and stay open.
 #pragma once
 
 #include <cstddef>

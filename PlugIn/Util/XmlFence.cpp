@@ -22,6 +22,7 @@ class Walk {
     }
 
     void Run() {
+        RefuseCutCharacter();
         while (PassNode()) {
         }
     }
@@ -36,6 +37,14 @@ class Walk {
     }
 
  private:
+    // The parser waits for ever for the two bytes that belong to this one.
+    void RefuseCutCharacter() const {
+        const size_t length = std::strlen(text_);
+        for (size_t i = length < 2 ? 0 : length - 2; i < length; ++i) {
+            if (text_[i] == '\xEF') Refuse("A character is cut off at the end", text_ + i);
+        }
+    }
+
     bool StartsWith(const char* start) const { return std::strncmp(at_, start, std::strlen(start)) == 0; }
 
     void SkipBlanks() {
@@ -169,8 +178,9 @@ class Walk {
     bool PassNode() {
         SkipBlanks();
         if (!*at_) return false;
+        if (!open_.empty() && *at_ == '<' && at_[1] == '/') return PassEndTag();
+        if (++nodes_ > kMostXmlNodes) Refuse("More than 100000 elements, texts and comments", at_);
         if (*at_ != '<') return !open_.empty() && PassTextTo('<');
-        if (!open_.empty() && at_[1] == '/') return PassEndTag();
         if (at_[1] == '?' && std::tolower(at_[2]) == 'x' && std::tolower(at_[3]) == 'm' && std::tolower(at_[4]) == 'l')
             return PassDeclaration();
         if (StartsWith("<!--")) return (at_ += 4, PassThrough("-->"));
@@ -182,8 +192,20 @@ class Walk {
     const char* at_;
     const std::string& name_;
     TiXmlEncoding encoding_ = TIXML_ENCODING_UNKNOWN;
+    size_t nodes_ = 0;
     std::vector<std::string_view> open_;  // names of the elements around the place, the innermost last
 };
+
+// CR LF and a CR alone become LF.
+void EndLinesInLf(std::string& text) {
+    size_t to = 0;
+    for (size_t at = 0; at < text.size(); ++at) {
+        const bool carriageReturn = text[at] == '\r';
+        text[to++] = carriageReturn ? '\n' : text[at];
+        if (carriageReturn && at + 1 < text.size() && text[at + 1] == '\n') ++at;
+    }
+    text.resize(to);
+}
 
 }  // namespace
 
@@ -196,6 +218,7 @@ std::string ReadXmlFile(const std::string& path) {
     std::string text(size > 0 ? std::min(static_cast<size_t>(size), kMostXmlBytes + 1) : 0, '\0');
     if (size < 0 || std::fread(text.data(), 1, text.size(), file.get()) != text.size())
         throw ticpp::Exception(path + ": Failed to read file");
+    if (text.size() <= kMostXmlBytes) EndLinesInLf(text);
     CheckXmlLimits(text, path);
     // The parser steps over the whole of a character whose end the text has lost.
     text.append(3, '\0');

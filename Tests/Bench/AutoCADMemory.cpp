@@ -25,6 +25,7 @@ TEST_F(AutoCADMemory, WrongReleasesAreAccused) {
     EXPECT_EQ(acutRelRb(nullptr), RTERROR);
     EXPECT_EQ(acutRelRb(&own), RTERROR);
     resbuf* chain = acutNewRb(RTSHORT);
+    chain->rbnext = nullptr;  // promised is the type alone
     EXPECT_EQ(acutRelRb(chain), RTNORM);
     EXPECT_EQ(acutRelRb(chain), RTERROR);
     EXPECT_EQ(acedGetVar(L"CMDECHO", chain), RTERROR);
@@ -60,6 +61,8 @@ TEST_F(AutoCADMemory, XdataIsCheckedBeforeItIsStored) {
         {acutBuildList(1001, L"SORV", RTSHORT, 5, RTNONE), Acad::eInvalidDxfCode},
         {acutBuildList(1001, L"SORV", 1000, much.c_str(), 1000, much.c_str(), RTNONE), Acad::eXdataSizeExceeded},
     };
+    cases[2].first->rbnext = nullptr;
+    cases[2].first->resval.rstring = nullptr;
     AcDbEntity* entity = Opened(duct, AcDb::kForWrite);
     for (const auto& [chain, status] : cases) {
         EXPECT_EQ(entity->setXData(chain), status);

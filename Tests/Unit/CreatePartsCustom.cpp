@@ -97,7 +97,7 @@ TEST_F(CreatePartsCustom, CustomObjectIsLeftAloneAndTheQuestionIsSilent) {
     utils_.SetTrace(false, false, false);
 }
 
-TEST_F(CreatePartsCustom, EachStepHasItsMessageAndLeavesThePartThatWasMade) {
+TEST_F(CreatePartsCustom, FailingStepsHaveTheirMessageAndReturnNoHandle) {
     Start();
     const std::string block = AddBlock("0");
     Log(utils_.CreateCustomObject("2A3", kUnit, true));  // no block reference

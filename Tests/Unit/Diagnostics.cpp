@@ -109,6 +109,8 @@ TEST_F(DiagnosticsTest, LevelsTakeOnlyKnownBits) {
 TEST_F(DiagnosticsTest, FailedConditionIsReportedAndBrokenUpon) {
     RecordedCalls calls;
     calls.Record("DebugBreak", DebugBreak, [] {});
+    BOOL debugged = TRUE;
+    calls.Record("IsDebuggerPresent", IsDebuggerPresent, [&] { return debugged; });
     g_diagSettings->errorBits = 0x0080;
     EXPECT_FALSE(VerifyOrReport(false, "!ret", "Can not allocate memory.", "PlugIn/Lib/Unit", 1, "Work"));
     EXPECT_TRUE(VerifyOrReport(true, "!ret", "Can not allocate memory.", "PlugIn/Lib/Unit", 1, "Work"));
@@ -116,10 +118,13 @@ TEST_F(DiagnosticsTest, FailedConditionIsReportedAndBrokenUpon) {
     g_diagSettings->errorBits = 0x0082;
     EXPECT_TRUE(VerifyOrReport(true, "x < 0", nullptr, "PlugIn/Lib/Unit", 1, "Work"));
     EXPECT_EQ(ReportErrorAndBreak(std::string("text"), "PlugIn/Lib/Unit", 1, "Work"), 0x0082u);
-    EXPECT_EQ(calls.Take(), "DebugBreak\nDebugBreak\n");
+    EXPECT_EQ(calls.Take(), "IsDebuggerPresent\nDebugBreak\nIsDebuggerPresent\nDebugBreak\n");
+    debugged = FALSE;
+    EXPECT_EQ(ReportErrorAndBreak("alone", "PlugIn/Lib/Unit", 1, "Work"), 0x0082u);
+    EXPECT_EQ(calls.Take(), "IsDebuggerPresent\n") << "a break that nobody catches ends AutoCAD";
     EXPECT_EQ(LogLines(),
               "Error  -    -  \"(!ret) Can not allocate memory.\"\nError  -    -  \"(x < 0) \"\n"
-              "Error  -    -  \"text\"\n");
+              "Error  -    -  \"text\"\nError  -    -  \"alone\"\n");
 }
 
 TEST_F(DiagnosticsTest, ReportsAreWrittenWithoutMemory) {
@@ -219,11 +224,7 @@ TEST_F(DiagnosticsLogTest, TheModuleStopsItsLogWhenItIsUnloaded) {
     const auto allocate =
         reinterpret_cast<void* (*)(uint32_t, HGLOBAL*)>(reinterpret_cast<void*>(GetProcAddress(module, "gwGmallocH")));
     ASSERT_TRUE(allocate);
-    {
-        const ImportPatch patch(
-            "DebugBreak", +[] {}, module);
-        EXPECT_EQ(allocate(1, nullptr), nullptr) << "and that is reported";
-    }
+    EXPECT_EQ(allocate(1, nullptr), nullptr) << "and that is reported";
     FreeLibrary(module);
     EXPECT_EQ(GetModuleHandleA("Copy.arx"), nullptr);
     const std::string log = Raw(LogPath());

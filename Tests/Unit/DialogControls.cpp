@@ -98,11 +98,12 @@ TEST_F(DialogControls, ListsAreConsumedPastARefusedTextAndUpToAnEmptyOne) {
         float before;
         LRESULT selected;
         float after;
-    } cases[] = {{true, 2.5F, 2, 2.5F},  {true, -0.0F, 1, 0},  {true, 9, 0, 1},      {true, 5, 0, 1},
-                 {false, 2.5F, 2, 2.5F}, {false, -0.0F, 1, 0}, {false, 9, LB_ERR, 9}};
+    } cases[] = {{true, 2.5F, 3, 2.5F},  {true, -0.0F, 1, 0},  {true, 9, 0, 1},      {true, 5, 0, 1},
+                 {false, 2.5F, 3, 2.5F}, {false, -0.0F, 1, 0}, {false, 9, LB_ERR, 9}};
     for (const auto& c : cases) {
-        ComboListData list = ListOf({{1, "a"}, {2.5, "c"}, {9, "refused"}, {0, "b"}, {4, "x"}, {5, "behind"}});
-        list[4].text[0] = '\0';
+        ComboListData list =
+            ListOf({{1, "a"}, {2.5, "c"}, {9, "refused"}, {0, "b"}, {2.5, "d"}, {4, "x"}, {5, "behind"}});
+        list[5].text[0] = '\0';
         float value = c.before;
         PDialogControl* binder = nullptr;
         RecordedCalls calls({{list, "list"}});
@@ -126,8 +127,8 @@ TEST_F(DialogControls, ListsAreConsumedPastARefusedTextAndUpToAnEmptyOne) {
              });
         EXPECT_EQ(list, nullptr);
         EXPECT_NE(calls.Take().find("free list\n"), std::string::npos);
-        EXPECT_EQ(Send(c.combo ? CB_GETCOUNT : LB_GETCOUNT), 3);
-        EXPECT_EQ(Send(c.combo ? CB_GETCURSEL : LB_GETCURSEL), c.selected) << c.before;
+        EXPECT_EQ(Send(c.combo ? CB_GETCOUNT : LB_GETCOUNT), 4);
+        EXPECT_EQ(Send(c.combo ? CB_GETCURSEL : LB_GETCURSEL), c.selected) << c.before << ", of equal values the last";
         EXPECT_EQ(binder->FromDialog(), 0);
         EXPECT_EQ(value, c.after) << c.before;
         Send(c.combo ? CB_SETCURSEL : LB_SETCURSEL, 2);

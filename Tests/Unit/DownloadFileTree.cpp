@@ -18,7 +18,10 @@ TEST(DownloadFileTree, FolderGoesWithEverythingInIt) {
     RecordedCalls calls;
     calls.Record("FindClose", FindClose);
     EXPECT_NE(DeleteDirectoryTree(top.c_str()), 0);
-    EXPECT_EQ(calls.Take(), "FindClose &\nFindClose &\nFindClose &\nFindClose &\n");
+    EXPECT_EQ(
+        calls.Take(),
+        "FindClose &\nFindClose &\nFindClose &\nFindClose &\nFindClose &\nFindClose &\nFindClose &\nFindClose &\n")
+        << "two searches a folder";
     EXPECT_FALSE(Exists(top));
     EXPECT_TRUE(Exists(base.file("neighbour")));
 }
@@ -38,23 +41,38 @@ TEST(DownloadFileTree, WhatCannotBeDeletedKeepsItsFoldersOnly) {
     EXPECT_NE(DeleteDirectoryTree(top.c_str()), 0);
 }
 
-TEST(DownloadFileTree, LinksAreNeverEntered) {
+TEST(DownloadFileTree, LinksAloneAreNeverEntered) {
     const TestFolder base;
     const std::string top = base.file("work"), link = top + "\\link", file = link + "\\project.xml";
     create_directories(link);
     WriteWholeFile(file, "elsewhere");
     WriteWholeFile(top + "\\other", "x");
-    {
+    const auto deleteAs = [&](DWORD tag, const std::string& path) {
         RecordedCalls calls;
-        calls.Record("GetFileAttributesA", GetFileAttributesA, [&](const char* path) -> DWORD {
-            return FILE_ATTRIBUTE_DIRECTORY | (path == link ? FILE_ATTRIBUTE_REPARSE_POINT : 0u);
+        calls.Record("FindFirstFileA", FindFirstFileA, [&](const char* pattern, WIN32_FIND_DATAA* entry) {
+            std::wstring wide(pattern, pattern + std::strlen(pattern));
+            WIN32_FIND_DATAW found = {};
+            const HANDLE search = FindFirstFileW(wide.c_str(), &found);
+            *entry = {};
+            entry->dwFileAttributes = found.dwFileAttributes;
+            if (pattern == link) {
+                entry->dwFileAttributes |= FILE_ATTRIBUTE_REPARSE_POINT;
+                entry->dwReserved0 = tag;
+            }
+            return search;
         });
-        EXPECT_EQ(DeleteDirectoryTree(top.c_str()), 0);
-        EXPECT_EQ(DeleteDirectoryTree(link.c_str()), 0);
-        EXPECT_EQ(std::remove(file.c_str()), 0) << "what it leads to stays";
-        EXPECT_NE(DeleteDirectoryTree(link.c_str()), 0) << "a link itself goes";
+        return DeleteDirectoryTree(path.c_str());
+    };
+    for (const DWORD tag : {IO_REPARSE_TAG_SYMLINK, IO_REPARSE_TAG_MOUNT_POINT}) {
+        EXPECT_EQ(deleteAs(tag, top), 0);
+        EXPECT_EQ(deleteAs(tag, link), 0);
+        EXPECT_TRUE(Exists(file)) << "what it leads to stays";
     }
     EXPECT_FALSE(Exists(top + "\\other"));
+    const DWORD kCloudFile = 0x9000001A;
+    EXPECT_NE(deleteAs(kCloudFile, link), 0) << "a placeholder is a folder like any other";
+    create_directories(link);
+    EXPECT_NE(deleteAs(IO_REPARSE_TAG_SYMLINK, link), 0) << "a link itself goes";
 }
 
 TEST(DownloadFileTree, NothingIsRemovedWithoutACompleteSearch) {

@@ -265,8 +265,8 @@ TEST_F(KLUtilsTest, WaitCursorPutsTheOldOneBack) {
         EXPECT_NE(GetCursor(), before);
     }
     EXPECT_EQ(GetCursor(), before);
-    KLUtils::WaitCursor missing(L"no such cursor");
+    KLUtils::WaitCursor missing("no such cursor");
     EXPECT_EQ(GetCursor(), before);
-    KLUtils::WaitCursor waiting(IDC_WAIT, false);
+    KLUtils::WaitCursor waiting(MAKEINTRESOURCEA(32514), false);
     EXPECT_EQ(GetCursor(), before);
 }

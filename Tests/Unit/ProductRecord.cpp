@@ -204,6 +204,34 @@ TEST_F(ProductRecord, LastOfSeveralDevicesBecomesCurrent) {
         << "the first stays current, under the key that was reached";
 }
 
+// Its counts have 16 bits.
+TEST_F(ProductRecord, NothingIsSavedThatTheDatabaseCannotCount) {
+    const std::string most(32767, 'x');
+    std::string shapes;
+    for (int i = 0; i < 32767; ++i)
+        shapes += "<Shape>1</Shape>";
+    const std::string device = With("Shape", kMissing);
+    const auto ends = [](const std::string& contents, const std::string& name) {
+        return "<" + name + ">" + contents + "</" + name + ">";
+    };
+    const std::pair<std::string, std::string> cases[] = {
+        {With("ProductCodeALL", most), ""},
+        {With("DescriptionGBR", most), ""},
+        {ReplaceAll(device, "</device>", shapes + "</device>"), ""},
+        {With("ProductCodeALL", most + "x"),
+         "Attribute 1562 is too large for the record database: 32768, at most 32767."},
+        {With("DescriptionGBR", most + most + most),
+         "Attribute 9552 is too large for the record database: 98301, at most 32767."},
+        {ReplaceAll(kDevice, "<ID>", ends(most + "x", "kpdWeblinkSWE") + "<ID>"),
+         "Attribute 8501 is too large for the record database: 32768, at most 32767."},
+        {ReplaceAll(device, "</device>", shapes + "<Shape>1</Shape></device>"),
+         "Attribute 1110 is too large for the record database: 32768, at most 32767."}};
+    for (const auto& [xml, told] : cases) {
+        EXPECT_EQ(Build(xml), told.empty() ? std::pair(0, std::string()) : std::pair(-1, Told(told)));
+        EXPECT_EQ(called_.find("kbsaverec") != std::string::npos, told.empty());
+    }
+}
+
 TEST_F(ProductRecord, EveryMessageAboutADevice) {
     const std::pair<std::string, const char*> cases[] = {
         {With("ID", kMissing), "Parameter 'ID' is not defined."},

@@ -98,6 +98,8 @@ TEST_F(RegistryTest, StartsWithItsDefaultsAndResetRestoresThem) {
 TEST_F(RegistryTest, TakesFourRootsAndReportsOthers) {
     RecordedCalls calls;
     calls.Record("DebugBreak", DebugBreak, [] {});
+    const ImportPatch debugged(
+        "IsDebuggerPresent", +[]() -> BOOL { return TRUE; });
     Registry registry;
     for (const HKEY root : {HKEY_CLASSES_ROOT, HKEY_LOCAL_MACHINE, HKEY_USERS, HKEY_CURRENT_USER}) {
         EXPECT_EQ(registry.SetRootKey(root), 0);
@@ -323,10 +325,10 @@ TEST_F(RegistryValues, BadArgumentsAreTold) {
          getter(R"(ValueName="", Value="ab", ValueSize=2, DefaultValue="NULL")")},
         {r.GetStringValue("n", nullptr, 4, "d"),
          getter(R"(ValueName="n", Value="NULL", ValueSize=4, DefaultValue="d")")},
-        {r.GetStringValue("n", value, 0, "d"), getter(R"(ValueName="n", Value="", ValueSize=0, DefaultValue="d")")},
+        {r.GetStringValue("n", value, 0, "d"), getter(R"(ValueName="n", Value="abc", ValueSize=0, DefaultValue="d")")},
         {r.SetBinaryValue(nullptr, "abc", 2), setter(R"(ValueName="NULL", Value="ab", ValueSize=2)")},
         {r.SetBinaryValue("n", nullptr, 2), setter(R"(ValueName="n", Value="NULL", ValueSize=2)")},
-        {r.SetBinaryValue("n", "abc", 0), setter(R"(ValueName="n", Value="", ValueSize=0)")},
+        {r.SetBinaryValue("n", "abc", -1), setter(R"(ValueName="n", Value="abc", ValueSize=-1)")},
         {r.GetBinaryValue("", value, 3, place), bytes("ValueName=\"\", Value=\"" + at + "\", ValueSize=3")},
         {r.GetBinaryValue("n", value, 0, place), bytes("ValueName=\"n\", Value=\"" + at + "\", ValueSize=0")},
         {r.GetBinaryValue("n", nullptr, 3, place), bytes(R"(ValueName="n", Value="0000000000000000", ValueSize=3)")}};

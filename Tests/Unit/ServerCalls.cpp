@@ -321,15 +321,20 @@ TEST_F(RawServer, VersionAndErrorTextAreNeverTraced) {
 
 // ---- Answers that no good server gives
 
-TEST_F(RawServer, CountsAreCutToTheLargestIntegerAndRefusedOrEmptyAnswersAreNone) {
+TEST_F(RawServer, RejectsCountsOverAMillionAndEmptyOrRefusedAnswers) {
     KLComUtils utils;
     ASSERT_EQ(utils.Connect(), 0);
-    for (const auto& [count, read] : {std::pair{L"3e9", "3e9"}, {L"-1e300", ""}, {L"0.9", ""}}) {
+    for (const auto& [count, read] :
+         {std::pair{L"1000000", "1000000"}, {L"1000001", ""}, {L"3e9", ""}, {L"-1e300", ""}, {L"0.9", ""}}) {
         g_raw.answer = count;
         std::string first, second;
         utils.GetTwoConnectedParts("2A3", first, second, true);
         EXPECT_EQ(second, read);
     }
+    g_raw.answer = L"1000000";
+    EXPECT_EQ(utils.GetCountOrDefault("/Part", -7), 1000000);
+    g_raw.answer = L"1000001";
+    EXPECT_EQ(utils.GetCountOrDefault("/Part", -7), -7);
     for (const wchar_t* const reply : {L"", L"0"}) {
         g_raw.answer = reply;
         utils.CreateCustomObject(PartPlacement(), CustomObjectData(), "abc", 3);

@@ -43,7 +43,8 @@ TEST_F(Session, BeginsWithItsOwnIdentifierAndFolder) {
         std::strcpy(name, (std::string(folder) + std::string(180, 'S')).c_str());
         return 1u;
     });
-    std::string folder;
+    std::string folder = TemporaryFolder() + std::string(180, 'S');
+    std::filesystem::remove_all(folder);  // of a run that failed
     for (const auto& [tick, id] : {std::pair{12345u, "827CCB0EEA8A706C4C34A16891F84E7B"},
                                    {0xFFFFFFFFu, "6BB61E3B7BCE0931DA574D19D1D82C88"}}) {  // of "12345" and "-1"
         calls.Give("GetTickCount", GetTickCount, tick);
@@ -83,6 +84,12 @@ TEST_F(Session, FolderThatCannotBeHadIsTold) {
     calls.Give("GetTempFileNameA", GetTempFileNameA, 0, 0, 1);
     EXPECT_EQ(session.Initialize(), -1);
     EXPECT_EQ(Printed(), Line(told + "Can't get a name for the temporary folder."));
+    for (const DWORD length : {MAX_PATH, 5000}) {
+        const DWORD path = length;
+        calls.Give("GetTempPathA", GetTempPathA, path, 0, 1);
+        EXPECT_EQ(session.Initialize(), -1);
+        EXPECT_EQ(Printed(), Line(told + "The temporary folder's path is too long."));
+    }
     const std::string id = session.SessionId();
     calls.Give("GetTickCount", GetTickCount, 2);
     calls.Give("CreateDirectoryA", CreateDirectoryA, FALSE);
@@ -166,6 +173,10 @@ TEST_F(Session, ResultsAndTheirCodes) {
         {"<r>" + error + warning + "</r>", IDYES, -6, told + asked, ""},
         {"<r>" + error + warning + "</r>", IDNO, -5, told + asked, ""},
         {"<r><x/></r>", IDYES, -1, "", "\nSorvik Klimora Cloud Plugin: Can not find product data in output.xml"},
+        {"<r><error>" + std::string(2000, 'e') + "</error></r>", IDYES, -6,
+         "MessageBoxA main \"" + std::string(2000, 'e') + "\" \"" + title + "\" 0x10\n", ""},
+        {"<r><warning>" + std::string(2001, 'w') + "</warning><device/></r>", IDYES, 0,
+         "MessageBoxA main \"" + std::string(2000, 'w') + " \x85\nContinue?\" \"" + title + "\" 0x34\n", ""},
         {"no xml", IDYES, -2, "", unreadable + "Error document empty..\n"},
         {"<!-- no root -->", IDYES, -2, "",
          "Sorvik Klimora Cloud Plugin: Can't parse xml data The document has no child element.\n"},
@@ -253,14 +264,18 @@ TEST_F(Session, KeyAndCodeMustMakeOneCommand) {
                  {"K", "S&#13;", false},
                  {"K&#9;", "S", false},
                  {"K", "S&#127;", false},
-                 {"K \xC3\x81", "\xC3\xB6", true}};
+                 {"K \xC3\x81", "\xC3\xB6", true},
+                 {"(K", "S", false},
+                 {"K !X", "S", false},
+                 {"K", "S 'X", false},
+                 {"K(1)!'", "-S'", true}};
     for (const auto& c : cases) {
         bench::ClearJournal();
         bench::ClearFailures();
         bench::FailCall("IKlimora200805::manageProductData", 1, 3);  // a product that Klimora does not know may pass
         Printed();
-        ASSERT_EQ(Take(session, "<?xml version='1.0'?><r><device KPDClassName='dSilencerType' ProductFamilyKey='" +
-                                    c.key + "' UserCode='" + c.code + "'/></r>"),
+        ASSERT_EQ(Take(session, "<?xml version='1.0'?><r><device KPDClassName='dSilencerType' ProductFamilyKey=\"" +
+                                    c.key + "\" UserCode=\"" + c.code + "\"/></r>"),
                   0);
         EXPECT_EQ(session.InstallSilencer(), c.taken ? 0 : -1) << c.key;
         const size_t times = c.taken ? 1 : 0;

@@ -53,6 +53,16 @@ TEST_F(XDataTest, KeysAreRewrittenInPlace) {
     EXPECT_EQ(Get("missing"), "-2");
 }
 
+TEST_F(XDataTest, OuterBlanksOfAKeyAreStoredAndIgnored) {
+    EXPECT_EQ(SetXDataString(object(), "SORV", " \tKey ", "1"), 0);
+    EXPECT_EQ(Items("SORV"), (Texts{"1001:SORV", "1000: \tKey =1"}));
+    EXPECT_EQ(Get("key"), "1");
+    EXPECT_EQ(Get("  KEY "), "1");
+    EXPECT_EQ(Get("key  "), "-2") << "one blank at the end is ignored, not two";
+    EXPECT_EQ(SetXDataString(object(), "SORV", "KEY", "2"), 0);
+    EXPECT_EQ(Items("SORV"), (Texts{"1001:SORV", "1000:KEY=2"}));
+}
+
 TEST_F(XDataTest, OtherApplicationsAndItemsStay) {
     acdbRegApp(L"FOREIGN");
     acdbRegApp(L"SORV");
@@ -115,9 +125,11 @@ TEST_F(XDataTest, BadArgumentsChangeNothing) {
     EXPECT_EQ(SetXDataString(object(), "SORV", "K", nullptr), -1);
     EXPECT_EQ(SetXDataString(object(), "SORV", "K", ""), -2);
     // Keys that would never be found again.
-    for (const std::string& key : {std::string(40, 'k'), std::string("a=b"), std::string("a="), std::string(""),
-                                   std::string(" a"), std::string("a\t"), std::string("a  "), std::string(" ")})
+    for (const std::string& key :
+         {std::string(40, 'k'), std::string("a=b"), std::string("a="), std::string(""), std::string(" ")}) {
         EXPECT_EQ(SetXDataString(object(), "SORV", key.c_str(), "v"), -1) << key;
+        EXPECT_EQ(SetXDataString(object(), "SORV", key.c_str(), ""), -2) << key;
+    }
     EXPECT_EQ(RemoveXDataKey(nullptr, "SORV", "K"), -1);
     EXPECT_EQ(RemoveXDataKey(object(), nullptr, "K"), -1);
     EXPECT_EQ(RemoveXDataKey(object(), "SORV", nullptr), -1);

@@ -9,4 +9,5 @@ set(SORVIK_LIB_TESTS
   KLUtilsText.cpp
   Md5.cpp
   Md5TimeTrial.cpp
+  Numbers.cpp
   XData.cpp)
