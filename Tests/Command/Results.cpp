@@ -1,5 +1,6 @@
 // What a run does with the outcome of fetching the result; the outcomes themselves are the session's.
 #include "CommandBench.h"
+#include "RequestTarget.h"
 
 namespace {
 
@@ -53,6 +54,52 @@ TEST_F(Results, CancelledDialogEndsTheCommand) {
     Run();
     EXPECT_EQ(CountOf("ddk_opendatabase"), 0u);
     ExpectNothingChanged();
+}
+
+// The user confirms a code for the first device; the last one is installed.
+TEST_F(Results, FurtherDeviceNeedsAConfirmedOrFreeCode) {
+    const auto answer = [](const char* method, const char* target) {
+        return TheWebServer().Answer(method, bench::ParseRequestTarget(target), Trouble::kNone).body;
+    };
+    answer("POST", "/klimora/choose?klsid=0123456789ABCDEF0123456789ABCDEF&product=SRC-250-900");
+    const std::string one = answer("GET", "/klimora/export/0123456789ABCDEF0123456789ABCDEF.xml");
+    const size_t from = one.find("<device"), end = one.find("</device>") + 9;
+    const struct {
+        const char *attribute, *typed, *installed;  // nothing installed: refused
+    } cases[] = {{"", "AB1", "SORV2"},
+                 {" UserCode=\"FREE\"", "AB1", "FREE"},
+                 {" UserCode=\"ELEVENCHARS\"", "AB1", ""},
+                 {" UserCode=\"SORV1\"", "AB1", ""},
+                 {" UserCode=\"SORV1\"", "SORV1", "SORV1"}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.attribute + std::string(" ") + c.typed);
+        UseServer({});
+        StartOver();
+        std::string second = one.substr(from, end - from);
+        TheWebServer().PublishInstead(std::string(one).insert(end, second.insert(7, c.attribute)));
+        robot().Expect(bench::Dialog("Configurator").Type(1102, c.typed).Press(IDOK));
+        if (c.typed == std::string("SORV1")) {
+            robot().Expect(
+                bench::Box("User code is already in use.\nDo you want to replace existing product?").AnswerWith("Yes"));
+        }
+        if (*c.installed) ConfirmsInsertion();
+        Run();
+        const std::vector<std::string> queued = Calls("AcApDocManager::sendStringToExecute ");
+        if (*c.installed) {
+            ExpectCommitted();
+            ASSERT_EQ(queued.size(), 1u);
+            EXPECT_NE(queued[0].find(std::string("\\n") + c.installed + "\\n"), std::string::npos) << queued[0];
+        } else {
+            EXPECT_NE(Printed().find("was not confirmed, and is in use or too long.\n"), std::string::npos)
+                << Printed();
+            EXPECT_EQ(queued.size() + CountOf("IKlimora200805::manageProductData"), 0u);
+            ExpectNothingChanged();
+        }
+        EXPECT_EQ(Owed(), std::vector<std::string>{"record dSilencerType SRC-250-900"}) << "the first one's stays";
+        TakeBackWhatIsOwed();
+        Picks("2A3");
+    }
+    bench::ClearAnswers();
 }
 
 }  // namespace

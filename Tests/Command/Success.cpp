@@ -1,6 +1,8 @@
 // The main job.
 #include "CommandBench.h"
+#include "Unit/ImportPatch.h"
 #include "Unit/TestFiles.h"
+#include "kbase.h"
 
 namespace {
 
@@ -18,6 +20,27 @@ TEST_F(Success, EveryCallInItsOrder) {
     EXPECT_TRUE(bench::StatisticsEvents().at(0).sent);
     EXPECT_EQ(Printed().find(kName), std::string::npos) << "a good run says nothing of its own";
     EXPECT_EQ(bench::PartAttribute("", "/Project/KPDClass[dSilencerType]/Part[1]/Usercode"), "SORV2");
+}
+
+// From the dialog's OK to the queued command.
+TEST_F(Success, WaitCursorIsShownWhileTheProductIsAdded) {
+    static int waiting;
+    static decltype(&kbsaverec) save;
+    waiting = 0;
+    const ImportPatch patch(
+        "kbsaverec",
+        +[](KB_HANDLE database, KB_RECORD record) {
+            waiting += GetCursor() == LoadCursorA(nullptr, MAKEINTRESOURCEA(32514));
+            return save(database, record);
+        },
+        GetModuleHandleA("Sorvik_R24_x64.arx"));
+    save = patch.original<decltype(kbsaverec)>();
+    SetCursor(LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)));
+    ChoosesASilencer();
+    ConfirmsInsertion();
+    Run();
+    EXPECT_EQ(waiting, 1);
+    EXPECT_EQ(GetCursor(), LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)));
 }
 
 }  // namespace

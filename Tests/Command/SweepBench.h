@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "CommandBench.h"
+#include "HeapCheck.h"
 #include "Unit/ImportPatch.h"
 #include "Watchdog.h"
 
@@ -47,6 +48,8 @@ class SweepBench : public CommandBench {
     virtual bool Met(const bench::PlannedFailure& failure) const;
     // Between the run with the failure and the look at what it left.
     virtual void Meddle() {}
+    // Whether the run was right to leave this outstanding.
+    virtual bool MayOwe(const std::string&) const { return false; }
     // What the user saw of the last run: the command line, and captions of boxes.
     virtual std::string Told();
 
@@ -61,6 +64,8 @@ class SweepBench : public CommandBench {
  private:
     std::string Product() const;  // the record and all that lies around
     void UsualRun();              // the user does what leads to a product, whatever comes
+    // Told, or tried to tell while the command line failed.
+    bool Attempted(const std::string& text);
     bool SaidAWord();
     bool EndedByUser() const;
     std::vector<bench::PlannedFailure> Concerned(const bench::PlannedFailure& failure) const;
@@ -68,6 +73,7 @@ class SweepBench : public CommandBench {
 
     bench::Watchdog watchdog_;
     ImportPatch launch_;
+    HeapCheck heap_;
     ImportPatch abort_;    // a module that gives up crashes, and a crash tells where
     std::string opened_;   // surroundings before a run
     std::string healthy_;  // outcome of a healthy run

@@ -13,7 +13,7 @@ int first = 0, last = 0;  // ordinals of those that are refused
 void* Allocate(size_t size) {
     if (made >= 0) ++made;
     if (made > 0 && made >= first && made <= last) return nullptr;
-    return std::malloc(size);
+    return HeapCheck::Allocate(size);
 }
 
 class Allocations : public SweepBench {

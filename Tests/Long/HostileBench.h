@@ -1,5 +1,6 @@
 // Runs of the command against a server that does not mean well: a suite's Arm tells the web server what to answer.
-// Boxes are answered as soon as they are asked for, and the dialog ends with OK before it opens.
+// Boxes are answered as soon as they are asked for. One run in fifty, the first among them, meets the real dialog; in
+// the others it ends with OK before it opens.
 #pragma once
 
 #include "RequestTarget.h"
@@ -7,8 +8,16 @@
 
 class HostileBench : public SweepBench {
  protected:
-    void Arm(const bench::PlannedFailure&) override { boxes_.clear(); }
-    void Disarm() override { TheWebServer().Reset(); }
+    HostileBench() { original_ = dialog_.original<Dialog>(); }
+
+    void Arm(const bench::PlannedFailure& failure) override {
+        boxes_.clear();
+        showsDialog_ = failure.ordinal % 50 == 1;
+    }
+    void Disarm() override {
+        showsDialog_ = false;
+        TheWebServer().Reset();
+    }
     bool Met(const bench::PlannedFailure&) const override { return CountOf("GET /klimora/export/") > 0; }
     void Meddle() override {
         committed_ = CountOf("AcTransactionManager::endTransaction") > 0;
@@ -40,9 +49,14 @@ class HostileBench : public SweepBench {
         boxes_ += "[" + std::string(caption) + ": " + text + "]";
         return type & MB_YESNO ? IDYES : IDOK;
     }
-    static INT_PTR WINAPI AnswerDialog(HINSTANCE, LPCSTR, HWND, DLGPROC, LPARAM) { return IDOK; }
+    using Dialog = INT_PTR WINAPI(HINSTANCE, LPCSTR, HWND, DLGPROC, LPARAM);
+    static INT_PTR WINAPI AnswerDialog(HINSTANCE module, LPCSTR name, HWND owner, DLGPROC procedure, LPARAM session) {
+        return showsDialog_ ? original_(module, name, owner, procedure, session) : IDOK;
+    }
 
     static inline std::string boxes_;
+    static inline bool showsDialog_ = false;
+    static inline Dialog* original_ = nullptr;
     const ImportPatch box_{"MessageBoxA", AnswerBox, module()};
     const ImportPatch dialog_{"DialogBoxParamA", AnswerDialog, module()};
 };

@@ -1,15 +1,28 @@
 // Results that are nearly right, 2,000 of them, and results around the limits of the fence.
+#include <tinyxml.h>
+
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <random>
 #include <sstream>
 
+#include "BenchKbase.h"
 #include "HostileBench.h"
 
 namespace {
 
 constexpr unsigned kSeed = 20100801;
 constexpr int kMutations = 2000;
+
+// The good result with its device a second time, under a user code that is in use.
+std::string WithSecondDevice(std::string result) {
+    const size_t from = result.find("<device"), end = result.find("</device>") + 9;
+    std::string device = result.substr(from, end - from);
+    device.insert(7, " UserCode=\"SORV1\"");
+    return result.insert(end, device);
+}
 
 class Mutations : public HostileBench {
  protected:
@@ -27,9 +40,62 @@ class Mutations : public HostileBench {
         EXPECT_EQ(std::count(queued.begin(), queued.end(), '\\'), 3) << queued;  // each stands for a line's end
         for (const char c : queued)
             EXPECT_TRUE((c >= ' ' && c != 0x7F) || c < 0) << queued;
+        CheckRecord(queued);
+    }
+
+    // Of several devices only the last one's record is released.
+    bool MayOwe(const std::string& debt) const override {
+        return debt.find("record ") == 0 && result_.find("<device") != result_.rfind("<device");
+    }
+
+    // The saved record and the queued command against the last device of the result.
+    void CheckRecord(const std::string& queued) {
+        TiXmlDocument document;
+        document.Parse(ResultText().c_str());
+        const TiXmlElement* device = nullptr;
+        for (auto* next = document.RootElement()->FirstChildElement("device"); next;
+             next = next->NextSiblingElement("device"))
+            device = next;
+        const auto text = [](const TiXmlElement* parent, const char* name) {
+            const TiXmlElement* child = parent ? parent->FirstChildElement(name) : nullptr;
+            const char* const value = child ? child->GetText() : nullptr;
+            return std::string(value ? value : "");
+        };
+        const bench::KbaseRecord record = bench::LastSavedRecord();
+        EXPECT_EQ(record.key, text(device, "ID"));
+        EXPECT_NE(queued.find("KLIMSILX\\n" + record.key + "\\n"), std::string::npos) << queued;
+        for (const auto& [number, name] :
+             {std::pair{1562, "ProductCodeALL"}, {9552, "DescriptionGBR"}, {9551, "DescriptionSWE"}})
+            EXPECT_EQ(record.BytesOf(number), text(device, name)) << name;
+        const TiXmlElement* const dimensions = device->FirstChildElement("AirDeviceDimData");
+        const std::string bytes = record.BytesOf(1650);
+        ASSERT_EQ(bytes.size(), 22u);
+        size_t at = 0;
+        for (const char* name : {"Fnc", "D1", "D2"}) {
+            int16_t value = 0;
+            std::memcpy(&value, &bytes[at], sizeof value);
+            at += sizeof value;
+            EXPECT_EQ(value, static_cast<int16_t>(std::strtol(text(dimensions, name).c_str(), nullptr, 10))) << name;
+        }
+        for (const char* name : {"Qvmin", "Qvmax"}) {
+            float value = 0;
+            std::memcpy(&value, &bytes[at], sizeof value);
+            at += sizeof value;
+            const float expected = static_cast<float>(std::strtod(text(dimensions, name).c_str(), nullptr));
+            EXPECT_TRUE(value == expected || (value != value && expected != expected)) << name;
+        }
+    }
+    std::string ResultText() const {
+        std::string text;
+        for (size_t i = 0; i < result_.size(); ++i) {
+            if (result_[i] == '\r' && i + 1 < result_.size() && result_[i + 1] == '\n') continue;
+            text += result_[i] == '\r' ? '\n' : result_[i];
+        }
+        return text;
     }
 
     const std::string good_ = GoodResult();
+    const std::string twoDevices_ = WithSecondDevice(good_);
     std::string result_;
 };
 
@@ -74,7 +140,7 @@ TEST_F(Mutations, OfAResult) {
     for (int number = 1; number <= kMutations; ++number) {
         std::printf(" %d", number);
         std::fflush(stdout);
-        result_ = Mutated(good_, static_cast<unsigned>(number));
+        result_ = Mutated(number % 4 ? good_ : twoDevices_, static_cast<unsigned>(number));
         committed += Plant({"mutation", number, {}}) && committed_;
     }
     std::printf("\n%d of them committed\n", committed);

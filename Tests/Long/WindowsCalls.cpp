@@ -32,7 +32,7 @@ constexpr char kExcluded[] =
 constexpr char kUncalled[] =
     "Reg*|InitCommonControls|GetOpenFileNameA|CreateSolidBrush|DeleteObject|SetBk*|SetTextColor|FormatMessageA|"
     "FreeLibrary|LoadLibraryA|GlobalAlloc|GlobalFree|GlobalLock|GlobalSize|GlobalUnlock|LocalFree|SetCurrentDirectoryA|"
-    "ShellExecuteExA|CloseClipboard|CreateWindowExA|DestroyIcon|EmptyClipboard|GetClipboardData|"
+    "ShellExecuteExA|CloseClipboard|CreateWindowExA|DestroyIcon|EmptyClipboard|GetClipboardData|GetFileAttributesA|"
     "GetDlgCtrlID|IsClipboard*|OpenClipboard|RegisterClip*|SetClipboardData|SetWindowTextA";
 
 using Patch = std::unique_ptr<ImportPatch>;
@@ -87,7 +87,7 @@ std::vector<Patch> FailingImports(HMODULE module) {
         FAILING(InternetCloseHandle, FALSE, Work::kDone), FAILING(InternetGetConnectedState, FALSE),
         FAILING(InternetReadFile, FALSE), FAILING(InternetSetOptionA, FALSE), FAILING(GetModuleHandleA, nullptr),
         FAILING(SysAllocStringLen, nullptr), FAILING(CreateDialogParamA, nullptr), FAILING(GetDlgItem, nullptr),
-        FAILING(GetFocus, nullptr), FAILING(GetParent, nullptr), FAILING(LoadCursorW, nullptr),
+        FAILING(GetFocus, nullptr), FAILING(GetParent, nullptr), FAILING(LoadCursorA, nullptr),
         FAILING(LoadImageA, nullptr), FAILING(SetCursor, nullptr), FAILING(SetFocus, nullptr),
         FAILING(InternetOpenA, nullptr), FAILING(InternetOpenUrlA, nullptr), FAILING(fopen, nullptr),
         FAILING(realloc, nullptr), FAILING(GetModuleFileNameA, 0), FAILING(GetTempFileNameA, 0),
@@ -96,14 +96,13 @@ std::vector<Patch> FailingImports(HMODULE module) {
         FAILING(MessageBoxA, 0), FAILING(SetTimer, 0), FAILING(SetWindowLongPtrA, 0),
         FAILING(GetFileVersionInfoSizeA, 0), FAILING(fread, 0), FAILING(DialogBoxParamA, -1), FAILING(_access, -1),
         FAILING(_unlink, -1), FAILING(fseek, -1), FAILING(ftell, -1), FAILING(CreateFileA, INVALID_HANDLE_VALUE),
-        FAILING(FindFirstFileA, INVALID_HANDLE_VALUE), FAILING(GetFileAttributesA, INVALID_FILE_ATTRIBUTES),
-        FAILING(WaitForSingleObject, WAIT_FAILED), FAILING(CLSIDFromProgID, REGDB_E_CLASSNOTREG),
-        FAILING(GetActiveObject, MK_E_UNAVAILABLE), FAILING(OleInitialize, E_OUTOFMEMORY),
-        FAILING(fclose, EOF, Work::kDone));
+        FAILING(FindFirstFileA, INVALID_HANDLE_VALUE), FAILING(WaitForSingleObject, WAIT_FAILED),
+        FAILING(CLSIDFromProgID, REGDB_E_CLASSNOTREG), FAILING(GetActiveObject, MK_E_UNAVAILABLE),
+        FAILING(OleInitialize, E_OUTOFMEMORY), FAILING(fclose, EOF, Work::kDone));
 }
 
 constexpr char kConverting[] = "MultiByteToWideChar|WideCharToMultiByte";
-constexpr char kDeleting[] = "DeleteFileA|RemoveDirectoryA|FindFirstFileA|FindNextFileA|FindClose|GetFileAttributesA";
+constexpr char kDeleting[] = "DeleteFileA|RemoveDirectoryA|FindFirstFileA|FindNextFileA|FindClose";
 const Tolerance kTolerances[] = {
     {Breach::kSilent, "EndDialog|GetWindowLongPtrA|SetWindowLongPtrA", 0,
      "the dialog stays until the user ends it by Cancel"},

@@ -93,6 +93,17 @@ TEST_F(DiagnosticsTest, HandlersGetTheContextEvenWhenSilentAndMayThrow) {
     EXPECT_EQ(called, "warning error fatal ");
 }
 
+TEST_F(DiagnosticsTest, HandlerRunsBeforeTheLogIsFlushed) {
+    static RecordedCalls* calls;
+    RecordedCalls recorded;
+    calls = &recorded;
+    recorded.Record("fflush", std::fflush);
+    SetReportHandlers(
+        nullptr, nullptr, [](void*) { EXPECT_EQ(calls->Take(), ""); }, nullptr);
+    ReportWith(kError, RF_LOG, "text");
+    EXPECT_EQ(recorded.Take(), "fflush &\n");
+}
+
 TEST_F(DiagnosticsTest, LevelsTakeOnlyKnownBits) {
     const DiagSettings fresh;
     const auto words = [](const DiagSettings& s) {

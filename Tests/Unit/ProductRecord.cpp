@@ -175,6 +175,13 @@ TEST_F(ProductRecord, EveryLanguageAndCountryOfTheDictionaryInItsOrder) {
     EXPECT_EQ(SetAttributeWebLinkNN(&answers.database, &record, *session_.CurrentDevice()), 0);
 }
 
+TEST_F(ProductRecord, TextsAreStoredWholeAndTheirLinesEndInLf) {
+    const std::string longText(32767, 'x');
+    EXPECT_EQ(Build(With("DescriptionGBR", "<![CDATA[two\r\nlines\r]]>", With("ProductCodeALL", longText))).first, 0);
+    EXPECT_NE(attributes.find("\n1562 '" + longText + "'\n9552 'two\nlines\n'\n"), std::string::npos)
+        << attributes.substr(attributes.find("\n9552"));
+}
+
 TEST_F(ProductRecord, PressureDropFollowsFncAndTheRestMayBeMissing) {
     const std::string point = "1651 0000C84200004041\n",
                       curves = "1652 0000803F0000003F00000040000000400000803F00000041\n";

@@ -262,6 +262,7 @@ TEST_F(Session, KeyAndCodeMustMakeOneCommand) {
                  {longest + "k", "0123456789", false},
                  {"K&#10;X", "S", false},
                  {"K", "S&#13;", false},
+                 {"K&#12;", "S", false},
                  {"K&#9;", "S", false},
                  {"K", "S&#127;", false},
                  {"K \xC3\x81", "\xC3\xB6", true},
@@ -322,6 +323,20 @@ TEST_F(Session, ProductThatCannotBeInsertedIsToldAndStatisticsAreNoFailure) {
             EXPECT_EQ(install(nullptr), -1);
             const std::string told = Printed();
             EXPECT_NE(told.find(place + "no documents\n" + half), std::string::npos) << told;
+        }
+        {
+            const auto convert = MultiByteToWideChar;
+            RecordedCalls calls;
+            calls.Record("MultiByteToWideChar", MultiByteToWideChar,
+                         [convert](UINT page, DWORD flags, LPCCH text, int size, LPWSTR wide, int wideSize) {
+                             if (std::strncmp(text, "KLIMSILX", 8) != 0)
+                                 return convert(page, flags, text, size, wide, wideSize);
+                             EXPECT_EQ(bench::SystemVariable("CMDECHO"), "0");
+                             throw std::runtime_error("no queue");
+                         });
+            EXPECT_EQ(install(nullptr), -1);
+            EXPECT_EQ(bench::SystemVariable("CMDECHO"), "1") << "also after an exception";
+            EXPECT_NE(Printed().find(place + "no queue\n" + half), std::string::npos);
         }
         const ImportPatch patch(
             kAdd, +[](KlimoraPluginsStatisticsWrapper*, const wchar_t*, PluginStat*) {
