@@ -12,6 +12,16 @@
 
 inline constexpr int kWrongUse = 2;
 
+// A temporary folder for this program alone, so that the programs do not see each other's files.
+inline void UseOwnTemporaryFolder(const std::string& programName) {
+    char folder[MAX_PATH] = "";
+    GetTempPathA(MAX_PATH, folder);
+    const std::string own = folder + programName + "-files";
+    CreateDirectoryA(own.c_str(), nullptr);
+    SetEnvironmentVariableA("TMP", own.c_str());
+    SetEnvironmentVariableA("TEMP", own.c_str());
+}
+
 // False, after a sentence for the user, when the program was started elsewhere than in its folder.
 inline bool BeginTests() {
     bench::ReportCrashes();
@@ -19,7 +29,10 @@ inline bool BeginTests() {
     GetModuleFileNameA(nullptr, path, MAX_PATH);
     const std::string program = path;
     const size_t folder = program.find_last_of('\\');
-    if (GetFileAttributesA(program.c_str() + folder + 1) != INVALID_FILE_ATTRIBUTES) return true;
+    if (GetFileAttributesA(program.c_str() + folder + 1) != INVALID_FILE_ATTRIBUTES) {
+        UseOwnTemporaryFolder(program.substr(folder + 1));
+        return true;
+    }
     std::printf("%s must be started in its own folder.\n", path);
     return false;
 }
