@@ -5,7 +5,6 @@ if(SORVIK_BENCH)
   set(tinyxml_dir ${SORVIK_THIRD_PARTY}/tinyxml/source)
   add_library(tinyxml STATIC
     ${tinyxml_dir}/tinyxml.cpp ${tinyxml_dir}/tinyxmlparser.cpp ${tinyxml_dir}/tinyxmlerror.cpp)
-  target_include_directories(tinyxml PRIVATE ${CMAKE_SOURCE_DIR}/Platform/compiler/gcc)
   target_include_directories(tinyxml SYSTEM PUBLIC ${tinyxml_dir})
   target_compile_definitions(tinyxml PUBLIC TIXML_USE_STL)
 

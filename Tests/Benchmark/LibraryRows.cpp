@@ -12,7 +12,6 @@
 
 #include "Lib/Base64.h"
 #include "Lib/Md5Driver.h"
-#include "ModuleNames.h"
 #include "TestFiles.h"
 #include "Util/Download.h"
 #include "WebServer.h"
@@ -165,17 +164,6 @@ void DownloadRow(Table& table) {
 }
 
 }  // namespace
-
-void LoadRow(Table& table) {
-    const auto load = [](const char* name) {
-        const HMODULE module = LoadLibraryA(name);
-        if (!module) throw std::runtime_error(std::string(name) + " cannot be loaded");
-        FreeLibrary(module);
-    };
-    table.Ratio("load the module / an empty DLL with its imports", 1.5, Timed([=] { load(kModuleFileName); }, 20),
-                Timed([=] { load("benchmark_empty.dll"); }, 20));
-    table.AtMost("bytes of the module", 1380000, static_cast<long long>(std::filesystem::file_size(kModuleFileName)));
-}
 
 void LibraryRows(Table& table) {
     DigestRow(table);

@@ -270,7 +270,6 @@ void RunRow(Table& table) {
 
 int Benchmark(const std::string& wanted) {
     Table table(wanted);
-    LoadRow(table);
     if (!LoadLibraryA(kModuleFileName)) throw std::runtime_error("the module cannot be loaded");
     bench::StartAutoCAD();
     bench::NewDrawing("Office.dwg");
