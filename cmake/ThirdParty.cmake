@@ -1,4 +1,5 @@
-# TinyXML comes as Debian's source package (bench) or from vcpkg (autocad); GoogleTest and cpp-httplib serve the bench only.
+# TinyXML 2.6.2 is the author's release in both builds: tools/setup fetches its source for the bench, vcpkg has a port of
+# it. GoogleTest and cpp-httplib serve the bench only.
 set(SORVIK_THIRD_PARTY ${CMAKE_SOURCE_DIR}/build/third-party CACHE PATH "Sources that tools/setup has fetched")
 
 if(SORVIK_BENCH)
@@ -19,10 +20,10 @@ if(SORVIK_BENCH)
     target_link_libraries(${target} PRIVATE sorvik_quick_build)
   endforeach()
 else()
-  find_package(unofficial-tinyxml CONFIG REQUIRED)
+  find_package(tinyxml CONFIG REQUIRED)
   add_library(tinyxml INTERFACE)
   target_link_libraries(tinyxml INTERFACE unofficial-tinyxml::unofficial-tinyxml)
-  target_include_directories(tinyxml INTERFACE
-    $<TARGET_PROPERTY:unofficial-tinyxml::unofficial-tinyxml,INTERFACE_INCLUDE_DIRECTORIES>)
+  find_path(TINYXML_INCLUDE tinyxml.h REQUIRED NO_CMAKE_FIND_ROOT_PATH)
+  target_include_directories(tinyxml SYSTEM INTERFACE ${TINYXML_INCLUDE})
   target_compile_definitions(tinyxml INTERFACE TIXML_USE_STL)
 endif()

@@ -1,8 +1,8 @@
 # The build for AutoCAD (SORVIK_BENCH=OFF) as far as it goes without Windows: from a copy of the repository that lacks
 # Bench, Tests and our own declarations of ObjectARX, against a folder that is laid out like the SDK and filled with
 # those declarations and the stand-ins' import libraries. Then what it must refuse.
-# In: SOURCE, SCRATCH, TOOLCHAIN, LIBRARIES (folder of the bench's libraries), TINYXML (folder of its sources), PYTHON,
-# VERSION, PART (refusals or build).
+# In: SOURCE, SCRATCH, TOOLCHAIN, LIBRARIES (folder of the bench's libraries), PREFIX (where TinyXML is installed as vcpkg
+# does it), PYTHON, VERSION, PART (refusals or build).
 cmake_minimum_required(VERSION 3.22)
 file(REMOVE_RECURSE ${SCRATCH})
 set(copy ${SCRATCH}/source)
@@ -19,11 +19,6 @@ foreach(name ac1st24 acdb24 acge24)  # the stand-in has all of them in accore.dl
   file(WRITE ${sdk}/lib-x64/${name}.lib "!<arch>\n")
 endforeach()
 
-file(WRITE ${SCRATCH}/vcpkg/unofficial-tinyxml-config.cmake "
-add_library(unofficial-tinyxml::unofficial-tinyxml STATIC IMPORTED)
-set_target_properties(unofficial-tinyxml::unofficial-tinyxml PROPERTIES
-  IMPORTED_LOCATION ${LIBRARIES}/libtinyxml.a INTERFACE_INCLUDE_DIRECTORIES ${TINYXML})
-")
 set(beside ${SCRATCH}/CAD_Connection_UI_x64.exe ${SCRATCH}/Klimora.Plugins.Statistics.Sorvik.dll)
 foreach(file IN LISTS beside)
   file(WRITE ${file} "stands for what ships beside the module\n")
@@ -31,7 +26,7 @@ endforeach()
 
 string(REPLACE ";" "\\;" shipped "${beside}")
 set(configure ${CMAKE_COMMAND} -G Ninja -S ${copy} --toolchain ${TOOLCHAIN} -DSORVIK_BENCH=OFF
-  -Dunofficial-tinyxml_DIR=${SCRATCH}/vcpkg -DKBASE_LIBRARY=${LIBRARIES}/libKbase640.dll.a
+  -DCMAKE_PREFIX_PATH=${PREFIX} -DKBASE_LIBRARY=${LIBRARIES}/libKbase640.dll.a
   -DKLIMORA_STATISTICS_LIBRARY=${LIBRARIES}/libKlimora.Plugins.Statistics.Sorvik.dll.a
   -DSORVIK_WEB_SERVER=http://server.of.the.manufacturer "-DSORVIK_BUNDLE_FILES=${shipped}")
 
