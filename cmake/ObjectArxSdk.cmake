@@ -1,4 +1,4 @@
-# What the build for AutoCAD needs beyond the sources, told before anything is compiled: the SDK's folder, and that the
+# What the build for AutoCAD needs beyond the sources, told before anything is compiled: the SDK's folder and release, and that the
 # C runtime is the one that AutoCAD's own libraries share, which has no debug kind.
 file(TO_CMAKE_PATH "${OBJECTARX_SDK}" OBJECTARX_SDK)
 if(OBJECTARX_SDK STREQUAL "")
@@ -9,6 +9,28 @@ foreach(file inc/acdocman.h lib-x64/acdb24.lib)
     message(FATAL_ERROR "OBJECTARX_SDK names ${OBJECTARX_SDK}, which is no ObjectARX SDK of release 24: ${file} is missing.")
   endif()
 endforeach()
+
+# A module built with the SDK of a release runs in that release and later ones.
+set(SORVIK_SDK_RELEASE 24.0 CACHE STRING "Release of the ObjectARX SDK, 24.0 to 24.3: the oldest AutoCAD that the module runs in")
+set(release "")
+if(EXISTS ${OBJECTARX_SDK}/inc/id.h)
+  file(READ ${OBJECTARX_SDK}/inc/id.h header)
+  foreach(part MAJOR MINOR)
+    if(NOT header MATCHES "#[ \t]*define[ \t]+ACADV_REL${part}[ \t]+\\(?[ \t]*([0-9]+)")
+      set(release "")
+      break()
+    endif()
+    list(APPEND release ${CMAKE_MATCH_1})
+  endforeach()
+  list(JOIN release . release)
+endif()
+if(release STREQUAL "")
+  message(FATAL_ERROR "OBJECTARX_SDK names ${OBJECTARX_SDK}, which does not say its release: ACADV_RELMAJOR and ACADV_RELMINOR are not defined in inc/id.h.")
+elseif(NOT release MATCHES "^24\\.[0-3]$")
+  message(FATAL_ERROR "OBJECTARX_SDK names the SDK of release ${release}, which builds no module for AutoCAD 2021 to 2024 (24.0 to 24.3).")
+elseif(NOT release STREQUAL SORVIK_SDK_RELEASE)
+  message(FATAL_ERROR "OBJECTARX_SDK names the SDK of release ${release}, but SORVIK_SDK_RELEASE is ${SORVIK_SDK_RELEASE}: only 24.0 gives one module for AutoCAD 2021 to 2024; set it to ${release} to leave older AutoCAD out.")
+endif()
 
 set(configurations Release RelWithDebInfo)
 get_property(several GLOBAL PROPERTY GENERATOR_IS_MULTI_CONFIG)

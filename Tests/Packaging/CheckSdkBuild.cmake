@@ -15,6 +15,11 @@ file(COPY ${headers} DESTINATION ${sdk}/inc)
 file(MAKE_DIRECTORY ${sdk}/inc-x64 ${sdk}/lib-x64)
 configure_file(${LIBRARIES}/libaccore.dll.a ${sdk}/lib-x64/accore.lib COPYONLY)
 configure_file(${LIBRARIES}/librxapi.a ${sdk}/lib-x64/rxapi.lib COPYONLY)
+# Sets the release that the SDK says to be.
+function(write_release major minor)
+  file(WRITE ${sdk}/inc/id.h "#pragma once\n#define ACADV_RELMAJOR ${major}\n# define\tACADV_RELMINOR\t( ${minor} )\n")
+endfunction()
+write_release(24 0)  # AutoCAD 2021
 foreach(name ac1st24 acdb24 acge24)  # the stand-in has all of them in accore.dll
   file(WRITE ${sdk}/lib-x64/${name}.lib "!<arch>\n")
 endforeach()
@@ -49,13 +54,23 @@ if(PART STREQUAL "refusals")
   file(REMOVE ${sdk}/lib-x64/acdb24.lib)
   refuses(other_release "-DCMAKE_BUILD_TYPE=Release;-DOBJECTARX_SDK=${sdk}" "lib-x64/acdb24.lib is missing")
   file(WRITE ${sdk}/lib-x64/acdb24.lib "!<arch>\n")
+  write_release(24 3)
+  refuses(later_release "-DCMAKE_BUILD_TYPE=Release;-DOBJECTARX_SDK=${sdk}" "release 24.3, but SORVIK_SDK_RELEASE is 24.0")
+  write_release(25 0)
+  refuses(next_series "-DCMAKE_BUILD_TYPE=Release;-DOBJECTARX_SDK=${sdk};-DSORVIK_SDK_RELEASE=25.0" "release 25.0, which builds no module")
+  file(REMOVE ${sdk}/inc/id.h)
+  refuses(no_release "-DCMAKE_BUILD_TYPE=Release;-DOBJECTARX_SDK=${sdk}" "does not say its release")
+  write_release(24 0)
   refuses(debug_build "-DCMAKE_BUILD_TYPE=Debug;-DOBJECTARX_SDK=${sdk}" "CMAKE_BUILD_TYPE is \"Debug\"")
   file(REMOVE ${beside})
   refuses(missing_file "-DCMAKE_BUILD_TYPE=Release;-DOBJECTARX_SDK=${sdk}" "SORVIK_BUNDLE_FILES names")
   return()
 endif()
 
-execute_process(COMMAND ${configure} -DCMAKE_BUILD_TYPE=Release -DOBJECTARX_SDK=${sdk} -B ${SCRATCH}/build
+# An SDK of AutoCAD 2022, which the bundle follows.
+write_release(24 1)
+execute_process(
+  COMMAND ${configure} -DCMAKE_BUILD_TYPE=Release -DOBJECTARX_SDK=${sdk} -DSORVIK_SDK_RELEASE=24.1 -B ${SCRATCH}/build
   RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
 if(NOT result EQUAL 0)
   message(FATAL_ERROR "The configuration failed.\n${output}")
@@ -67,7 +82,7 @@ if(NOT result EQUAL 0)
 endif()
 execute_process(
   COMMAND ${PYTHON} ${SOURCE}/Tests/Packaging/check_bundle.py ${SCRATCH}/build/Sorvik.bundle ${SCRATCH}/build/Sorvik-${VERSION}
-          ${VERSION} ${copy}/PlugIn/ModuleNames.h ${beside}
+          ${VERSION} R24.1 ${copy}/PlugIn/ModuleNames.h ${beside}
   RESULT_VARIABLE result)
 if(NOT result EQUAL 0)
   message(FATAL_ERROR "The bundle is not as it should be.")

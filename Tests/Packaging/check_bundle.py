@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """Holds a bundle to what AutoCAD's autoloader and the module expect of it.
 
-    check_bundle.py FOLDER ARCHIVE VERSION NAMES [FILE...]
+    check_bundle.py FOLDER ARCHIVE VERSION SERIES NAMES [FILE...]
 
-FOLDER is the bundle, ARCHIVE the path of its zip without the ending, NAMES the header with the names that the
-module registers, FILE what ships beside the module. Every fault is a line; exit code 1 when there is one."""
+FOLDER is the bundle, ARCHIVE the path of its zip without the ending, SERIES the oldest release of AutoCAD that it serves
+("R24.0"), NAMES the header with the names that the module registers, FILE what ships beside the module. Every fault is a
+line; exit code 1 when there is one."""
 import os
 import re
 import struct
@@ -64,7 +65,7 @@ def version_resource(path):
     return version, mask & flags, "LegalCopyright\0".encode("utf-16-le") in data
 
 
-def check(folder, archive, version, header, shipped):
+def check(folder, archive, version, series, header, shipped):
     contents = os.path.join(folder, "PackageContents.xml")
     lint = subprocess.run(["xmllint", "--noout", "--dtdvalid", DTD, contents], capture_output=True, text=True)
     if lint.returncode:
@@ -80,6 +81,7 @@ def check(folder, archive, version, header, shipped):
     expect_equal("commands", [(c.get("Global"), c.get("Local")) for c in commands],
                  [(names["kSilencerCommand"], names["kSilencerCommand"])])
 
+    expect_equal("SeriesMin", package.find("Components/RuntimeRequirements").get("SeriesMin"), series)
     expect_equal("AppVersion", package.get("AppVersion"), version)
     expect_equal("UpgradeCode", package.get("UpgradeCode"), UPGRADE_CODE)
     expect_equal("ProductCode", package.get("ProductCode"),
@@ -118,8 +120,8 @@ def check(folder, archive, version, header, shipped):
 
 
 def main():
-    folder, archive, version, header, *shipped = sys.argv[1:]
-    check(folder, archive, version, header, shipped)
+    folder, archive, version, series, header, *shipped = sys.argv[1:]
+    check(folder, archive, version, series, header, shipped)
     for fault in faults:
         print(fault)
     if not faults:
