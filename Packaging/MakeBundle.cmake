@@ -1,6 +1,6 @@
 # Makes FOLDER anew, ARCHIVE.zip of it and ARCHIVE-symbols.zip.
 # In: FOLDER, ARCHIVE, CONTENTS (PackageContents.xml), MODULE, SYMBOLS, GUIDE (Markdown), ICON, MARKDOWN
-# (cmark-gfm or pandoc), WEB_SERVER, and separated by bars NOTICES (folders, one of which holds tinyxml.h) and FILES (what
+# (cmark-gfm or pandoc), WEB_SERVER, SUPPORT, and separated by bars NOTICES (folders, one of which holds tinyxml.h) and FILES (what
 # else ships beside the module).
 cmake_minimum_required(VERSION 3.22)
 
@@ -13,7 +13,7 @@ function(run)
   endif()
 endfunction()
 
-# The guide as a page that stands alone and names the server that the module was built for.
+# The guide as a page that stands alone, with the web server and the support address of this build.
 function(write_guide page)
   set(options --extension table)
   if(MARKDOWN MATCHES "pandoc")
@@ -26,6 +26,8 @@ function(write_guide page)
   file(READ ${page}.body body)
   file(REMOVE ${page}.body)
   string(REPLACE "http://klimora.sorvik.example" "${WEB_SERVER}" body "${body}")
+  string(REPLACE "&" "&amp;" SUPPORT "${SUPPORT}")
+  string(REPLACE "support.sorvik.example" "${SUPPORT}" body "${body}")
   file(WRITE ${page} "<!DOCTYPE html>
 <html lang=\"en\">
 <head>

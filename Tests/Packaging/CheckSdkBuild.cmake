@@ -33,7 +33,9 @@ string(REPLACE ";" "\\;" shipped "${beside}")
 set(configure ${CMAKE_COMMAND} -G Ninja -S ${copy} --toolchain ${TOOLCHAIN} -DSORVIK_BENCH=OFF
   -DCMAKE_PREFIX_PATH=${PREFIX} -DKBASE_LIBRARY=${LIBRARIES}/libKbase640.dll.a
   -DKLIMORA_STATISTICS_LIBRARY=${LIBRARIES}/libKlimora.Plugins.Statistics.Sorvik.dll.a
-  -DSORVIK_WEB_SERVER=http://server.of.the.manufacturer "-DSORVIK_BUNDLE_FILES=${shipped}")
+  -DCMAKE_BUILD_TYPE=Release -DOBJECTARX_SDK=${sdk} -DSORVIK_WEB_SERVER=http://server.of.the.manufacturer
+  "-DSORVIK_HOME_PAGE=https://page.of.the.manufacturer/?a=1&b=2" "-DSORVIK_SUPPORT=https://support.of.the.manufacturer/?a=1&b=2"
+  "-DSORVIK_BUNDLE_FILES=${shipped}")
 
 # A wrong setting ends the configuration with one error, whose text is given.
 function(refuses case settings text)
@@ -48,29 +50,51 @@ function(refuses case settings text)
   endif()
 endfunction()
 
+# A setting with which the configuration succeeds ends the target `bundle` with a text.
+function(refuses_bundle case setting text)
+  execute_process(COMMAND ${configure} ${setting} -B ${SCRATCH}/${case}
+    RESULT_VARIABLE result OUTPUT_QUIET ERROR_VARIABLE messages)
+  if(NOT result EQUAL 0)
+    message(SEND_ERROR "${case}: the configuration failed.\n${messages}")
+    return()
+  endif()
+  execute_process(COMMAND ${CMAKE_COMMAND} --build ${SCRATCH}/${case} --target bundle
+    RESULT_VARIABLE result OUTPUT_VARIABLE messages ERROR_VARIABLE messages)
+  file(GLOB made ${SCRATCH}/${case}/Sorvik*.zip)
+  if(result EQUAL 0)
+    message(SEND_ERROR "${case} is not refused.")
+  elseif(NOT messages MATCHES "${text}" OR made)
+    message(SEND_ERROR "${case} is refused otherwise: ${made} ${messages}")
+  endif()
+endfunction()
+
 if(PART STREQUAL "refusals")
-  refuses(no_sdk "-DCMAKE_BUILD_TYPE=Release" "OBJECTARX_SDK is not set")
-  refuses(wrong_sdk "-DCMAKE_BUILD_TYPE=Release;-DOBJECTARX_SDK=${sdk}/inc" "is no ObjectARX SDK of release 24: inc/acdocman.h")
+  refuses(no_sdk "-DOBJECTARX_SDK=" "OBJECTARX_SDK is not set")
+  refuses(wrong_sdk "-DOBJECTARX_SDK=${sdk}/inc" "is no ObjectARX SDK of release 24: inc/acdocman.h")
   file(REMOVE ${sdk}/lib-x64/acdb24.lib)
-  refuses(other_release "-DCMAKE_BUILD_TYPE=Release;-DOBJECTARX_SDK=${sdk}" "lib-x64/acdb24.lib is missing")
+  refuses(other_release "" "lib-x64/acdb24.lib is missing")
   file(WRITE ${sdk}/lib-x64/acdb24.lib "!<arch>\n")
   write_release(24 3)
-  refuses(later_release "-DCMAKE_BUILD_TYPE=Release;-DOBJECTARX_SDK=${sdk}" "release 24.3, but SORVIK_SDK_RELEASE is 24.0")
+  refuses(later_release "" "release 24.3, but SORVIK_SDK_RELEASE is 24.0")
   write_release(25 0)
-  refuses(next_series "-DCMAKE_BUILD_TYPE=Release;-DOBJECTARX_SDK=${sdk};-DSORVIK_SDK_RELEASE=25.0" "release 25.0, which builds no module")
+  refuses(next_series "-DSORVIK_SDK_RELEASE=25.0" "release 25.0, which builds no module")
   file(REMOVE ${sdk}/inc/id.h)
-  refuses(no_release "-DCMAKE_BUILD_TYPE=Release;-DOBJECTARX_SDK=${sdk}" "does not say its release")
+  refuses(no_release "" "does not say its release")
   write_release(24 0)
-  refuses(debug_build "-DCMAKE_BUILD_TYPE=Debug;-DOBJECTARX_SDK=${sdk}" "CMAKE_BUILD_TYPE is \"Debug\"")
+  refuses(debug_build "-DCMAKE_BUILD_TYPE=Debug" "CMAKE_BUILD_TYPE is \"Debug\"")
+  foreach(address SORVIK_WEB_SERVER SORVIK_HOME_PAGE SORVIK_SUPPORT)
+    refuses(${address} "-D${address}=https://x.sorvik.example/" "${address} is .* a placeholder")
+  endforeach()
+  refuses_bundle(no_files "-DSORVIK_BUNDLE_FILES=" "SORVIK_BUNDLE_FILES is empty")
   file(REMOVE ${beside})
-  refuses(missing_file "-DCMAKE_BUILD_TYPE=Release;-DOBJECTARX_SDK=${sdk}" "SORVIK_BUNDLE_FILES names")
+  refuses(missing_file "" "SORVIK_BUNDLE_FILES names")
   return()
 endif()
 
+file(APPEND ${copy}/docs/user-guide.md "\nSupport: `support.sorvik.example`\n")
 # An SDK of AutoCAD 2022, which the bundle follows.
 write_release(24 1)
-execute_process(
-  COMMAND ${configure} -DCMAKE_BUILD_TYPE=Release -DOBJECTARX_SDK=${sdk} -DSORVIK_SDK_RELEASE=24.1 -B ${SCRATCH}/build
+execute_process(COMMAND ${configure} -DSORVIK_SDK_RELEASE=24.1 -B ${SCRATCH}/build
   RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
 if(NOT result EQUAL 0)
   message(FATAL_ERROR "The configuration failed.\n${output}")
@@ -88,6 +112,7 @@ if(NOT result EQUAL 0)
   message(FATAL_ERROR "The bundle is not as it should be.")
 endif()
 file(READ ${SCRATCH}/build/Sorvik.bundle/Contents/user-guide.html guide)
-if(NOT guide MATCHES "http://server.of.the.manufacturer" OR guide MATCHES "sorvik.example")
-  message(FATAL_ERROR "The guide does not name the server that the module was built for.")
+if(NOT guide MATCHES "http://server.of.the.manufacturer" OR NOT guide MATCHES "https://support.of.the.manufacturer/.a=1&amp;b=2"
+   OR guide MATCHES "sorvik.example")
+  message(FATAL_ERROR "The guide does not give the server and the support address that the module was built for.")
 endif()
