@@ -4,8 +4,11 @@
 //
 // Relied on: both objects of a running Klimora are in the running object table; every BSTR that comes back belongs to
 // the caller; every method answers S_OK and puts 0 in its last argument when it did its work. The four interface
-// identifiers below stand for those of the server's type library, which replaces them in a build for the real server.
+// identifiers below are placeholders. A build for AutoCAD takes the server's type library instead of this header, and
+// refuses any that defines the mark.
 #pragma once
+
+#define KLIMORA_PLACEHOLDER_INTERFACES
 
 #include <windows.h>
 #include <objbase.h>

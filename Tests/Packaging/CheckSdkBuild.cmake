@@ -1,13 +1,14 @@
 # The build for AutoCAD (SORVIK_BENCH=OFF) as far as it goes without Windows: from a copy of the repository that lacks
-# Bench, Tests and our own declarations of ObjectARX, against a folder that is laid out like the SDK and filled with
-# those declarations and the stand-ins' import libraries. Then what it must refuse.
+# Bench, Tests and our own declarations of ObjectARX and Klimora, against a folder that is laid out like the SDK and filled
+# with those declarations and the stand-ins' import libraries, and a folder of headers in place of Klimora's. Then what it must refuse.
 # In: SOURCE, SCRATCH, TOOLCHAIN, LIBRARIES (folder of the bench's libraries), PREFIX (where TinyXML is installed as vcpkg
 # does it), PYTHON, VERSION, PART (refusals or build).
 cmake_minimum_required(VERSION 3.22)
 file(REMOVE_RECURSE ${SCRATCH})
 set(copy ${SCRATCH}/source)
 file(COPY ${SOURCE}/CMakeLists.txt ${SOURCE}/cmake ${SOURCE}/Packaging ${SOURCE}/PlugIn ${SOURCE}/docs DESTINATION ${copy})
-file(COPY ${SOURCE}/Platform DESTINATION ${copy} PATTERN objectarx EXCLUDE)
+file(COPY ${SOURCE}/Platform DESTINATION ${copy}
+  PATTERN objectarx EXCLUDE PATTERN klimora EXCLUDE PATTERN kbase EXCLUDE PATTERN statistics EXCLUDE)
 
 set(sdk ${SCRATCH}/sdk)
 file(GLOB headers ${SOURCE}/Platform/objectarx/*.h)
@@ -24,6 +25,15 @@ foreach(name ac1st24 acdb24 acge24)  # the stand-in has all of them in accore.dl
   file(WRITE ${sdk}/lib-x64/${name}.lib "!<arch>\n")
 endforeach()
 
+# Klimora's headers: ours with other identifiers, and without the mark that the build refuses.
+set(klimora ${SCRATCH}/klimora)
+configure_file(${SOURCE}/Platform/kbase/kbase.h ${klimora}/kbase.h COPYONLY)
+configure_file(${SOURCE}/Platform/statistics/KlimoraPluginsStatisticsWrapper.h ${klimora}/KlimoraPluginsStatisticsWrapper.h COPYONLY)
+file(READ ${SOURCE}/Platform/klimora/KLIMCOMSRVLib.h header)
+string(REPLACE "#define KLIMORA_PLACEHOLDER_INTERFACES" "" header "${header}")
+string(REPLACE "0x6d1f0a3" "0x12345a3" header "${header}")
+file(WRITE ${klimora}/KLIMCOMSRVLib.h "${header}")
+
 set(beside ${SCRATCH}/CAD_Connection_UI_x64.exe ${SCRATCH}/Klimora.Plugins.Statistics.Sorvik.dll)
 foreach(file IN LISTS beside)
   file(WRITE ${file} "stands for what ships beside the module\n")
@@ -33,7 +43,8 @@ string(REPLACE ";" "\\;" shipped "${beside}")
 set(configure ${CMAKE_COMMAND} -G Ninja -S ${copy} --toolchain ${TOOLCHAIN} -DSORVIK_BENCH=OFF
   -DCMAKE_PREFIX_PATH=${PREFIX} -DKBASE_LIBRARY=${LIBRARIES}/libKbase640.dll.a
   -DKLIMORA_STATISTICS_LIBRARY=${LIBRARIES}/libKlimora.Plugins.Statistics.Sorvik.dll.a
-  -DCMAKE_BUILD_TYPE=Release -DOBJECTARX_SDK=${sdk} -DSORVIK_WEB_SERVER=http://server.of.the.manufacturer
+  -DCMAKE_BUILD_TYPE=Release -DOBJECTARX_SDK=${sdk} -DKLIMORA_INCLUDE=${klimora}
+  -DSORVIK_WEB_SERVER=http://server.of.the.manufacturer
   "-DSORVIK_HOME_PAGE=https://page.of.the.manufacturer/?a=1&b=2" "-DSORVIK_SUPPORT=https://support.of.the.manufacturer/?a=1&b=2"
   "-DSORVIK_BUNDLE_FILES=${shipped}")
 
@@ -50,15 +61,15 @@ function(refuses case settings text)
   endif()
 endfunction()
 
-# A setting with which the configuration succeeds ends the target `bundle` with a text.
-function(refuses_bundle case setting text)
+# With a setting the configuration succeeds, but a target fails with a text and no zip is made.
+function(refuses_target case target setting text)
   execute_process(COMMAND ${configure} ${setting} -B ${SCRATCH}/${case}
     RESULT_VARIABLE result OUTPUT_QUIET ERROR_VARIABLE messages)
   if(NOT result EQUAL 0)
     message(SEND_ERROR "${case}: the configuration failed.\n${messages}")
     return()
   endif()
-  execute_process(COMMAND ${CMAKE_COMMAND} --build ${SCRATCH}/${case} --target bundle
+  execute_process(COMMAND ${CMAKE_COMMAND} --build ${SCRATCH}/${case} --target ${target}
     RESULT_VARIABLE result OUTPUT_VARIABLE messages ERROR_VARIABLE messages)
   file(GLOB made ${SCRATCH}/${case}/Sorvik*.zip)
   if(result EQUAL 0)
@@ -82,10 +93,22 @@ if(PART STREQUAL "refusals")
   refuses(no_release "" "does not say its release")
   write_release(24 0)
   refuses(debug_build "-DCMAKE_BUILD_TYPE=Debug" "CMAKE_BUILD_TYPE is \"Debug\"")
+  refuses(no_klimora "-DKLIMORA_INCLUDE=" "KLIMORA_INCLUDE is not set")
+  refuses(incomplete_klimora "-DKLIMORA_INCLUDE=${SOURCE}/Platform/klimora" "which lacks kbase.h")
+  set(assumptions PlugIn/CMakeFiles/sorvik_plugin.dir/InterfaceAssumptions.cpp.obj)
+  file(READ ${SOURCE}/Platform/kbase/kbase.h header)
+  string(REPLACE "short attribute, const void* value, short count" "int attribute, const void* value, short count" header "${header}")
+  file(WRITE ${klimora}/kbase.h "${header}")
+  refuses_target(other_signature ${assumptions} "" "static assertion failed")
+  configure_file(${SOURCE}/Platform/kbase/kbase.h ${klimora}/kbase.h COPYONLY)
+  configure_file(${SOURCE}/Platform/klimora/KLIMCOMSRVLib.h ${klimora}/KLIMCOMSRVLib.h COPYONLY)
+  refuses(placeholder_copy "" "whose KLIMCOMSRVLib.h holds the placeholder")
+  file(WRITE ${klimora}/KLIMCOMSRVLib.h "#include \"${SOURCE}/Platform/klimora/KLIMCOMSRVLib.h\"\n")
+  refuses_target(placeholder_include ${assumptions} "" "KLIMORA_INCLUDE leads to the placeholder")
   foreach(address SORVIK_WEB_SERVER SORVIK_HOME_PAGE SORVIK_SUPPORT)
     refuses(${address} "-D${address}=https://x.sorvik.example/" "${address} is .* a placeholder")
   endforeach()
-  refuses_bundle(no_files "-DSORVIK_BUNDLE_FILES=" "SORVIK_BUNDLE_FILES is empty")
+  refuses_target(no_files bundle "-DSORVIK_BUNDLE_FILES=" "SORVIK_BUNDLE_FILES is empty")
   file(REMOVE ${beside})
   refuses(missing_file "" "SORVIK_BUNDLE_FILES names")
   return()

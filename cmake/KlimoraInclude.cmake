@@ -1,0 +1,16 @@
+# Klimora's own declarations for the build for AutoCAD, in a folder that takes the place of Platform/klimora,
+# Platform/kbase and Platform/statistics.
+set(KLIMORA_INCLUDE "" CACHE PATH "Folder of Klimora's KLIMCOMSRVLib.h, kbase.h and KlimoraPluginsStatisticsWrapper.h")
+file(TO_CMAKE_PATH "${KLIMORA_INCLUDE}" KLIMORA_INCLUDE)
+if(KLIMORA_INCLUDE STREQUAL "")
+  message(FATAL_ERROR "KLIMORA_INCLUDE is not set: it names the folder of Klimora's own headers, since the interface identifiers in Platform/klimora are placeholders.")
+endif()
+foreach(header KLIMCOMSRVLib.h kbase.h KlimoraPluginsStatisticsWrapper.h)
+  if(NOT EXISTS ${KLIMORA_INCLUDE}/${header})
+    message(FATAL_ERROR "KLIMORA_INCLUDE names ${KLIMORA_INCLUDE}, which lacks ${header}.")
+  endif()
+endforeach()
+file(READ ${KLIMORA_INCLUDE}/KLIMCOMSRVLib.h header)
+if(header MATCHES "KLIMORA_PLACEHOLDER_INTERFACES")
+  message(FATAL_ERROR "KLIMORA_INCLUDE names ${KLIMORA_INCLUDE}, whose KLIMCOMSRVLib.h holds the placeholder interface identifiers of Platform/klimora.")
+endif()
