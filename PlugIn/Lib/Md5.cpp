@@ -65,7 +65,7 @@ void Transform(uint32_t (&state)[4], const uint8_t* block) {
     for (int i = 0; i < 16; ++i)
         words[i] = LoadLittleEndian(block + 4 * i);
     uint32_t s[4] = {state[0], state[1], state[2], state[3]};
-    constexpr std::make_integer_sequence<int, 16> steps;
+    constexpr std::make_integer_sequence<int, 16> steps{};
     Turn<F, 0, 0, 1>(s, words, steps);
     Turn<G, 1, 1, 5>(s, words, steps);
     Turn<H, 2, 5, 3>(s, words, steps);

@@ -1,8 +1,9 @@
 # The build for AutoCAD (SORVIK_BENCH=OFF) as far as it goes without Windows: from a copy of the repository that lacks
 # Bench, Tests and our own declarations of ObjectARX and Klimora, against a folder that is laid out like the SDK and filled
-# with those declarations and the stand-ins' import libraries, and a folder of headers in place of Klimora's. Then what it must refuse.
+# with those declarations and the stand-ins' import libraries, and a folder of headers in place of Klimora's. Then what it
+# must refuse.
 # In: SOURCE, SCRATCH, TOOLCHAIN, LIBRARIES (folder of the bench's libraries), PREFIX (where TinyXML is installed as vcpkg
-# does it), PYTHON, VERSION, PART (refusals or build).
+# does it), PYTHON, CLANG, VERSION, PART (refusals, visualc or build).
 cmake_minimum_required(VERSION 3.22)
 file(REMOVE_RECURSE ${SCRATCH})
 set(copy ${SCRATCH}/source)
@@ -40,17 +41,17 @@ foreach(file IN LISTS beside)
 endforeach()
 
 string(REPLACE ";" "\\;" shipped "${beside}")
-set(configure ${CMAKE_COMMAND} -G Ninja -S ${copy} --toolchain ${TOOLCHAIN} -DSORVIK_BENCH=OFF
-  -DCMAKE_PREFIX_PATH=${PREFIX} -DKBASE_LIBRARY=${LIBRARIES}/libKbase640.dll.a
+set(common -G Ninja -S ${copy} -DSORVIK_BENCH=OFF -DCMAKE_PREFIX_PATH=${PREFIX} -DKBASE_LIBRARY=${LIBRARIES}/libKbase640.dll.a
   -DKLIMORA_STATISTICS_LIBRARY=${LIBRARIES}/libKlimora.Plugins.Statistics.Sorvik.dll.a
   -DCMAKE_BUILD_TYPE=Release -DOBJECTARX_SDK=${sdk} -DKLIMORA_INCLUDE=${klimora}
   -DSORVIK_WEB_SERVER=http://server.of.the.manufacturer
   "-DSORVIK_HOME_PAGE=https://page.of.the.manufacturer/?a=1&b=2" "-DSORVIK_SUPPORT=https://support.of.the.manufacturer/?a=1&b=2"
   "-DSORVIK_BUNDLE_FILES=${shipped}")
+set(configure ${CMAKE_COMMAND} --toolchain ${TOOLCHAIN})
 
 # A wrong setting ends the configuration with one error, whose text is given.
 function(refuses case settings text)
-  execute_process(COMMAND ${configure} ${settings} -B ${SCRATCH}/${case}
+  execute_process(COMMAND ${configure} ${common} ${settings} -B ${SCRATCH}/${case}
     RESULT_VARIABLE result OUTPUT_QUIET ERROR_VARIABLE messages)
   string(REGEX REPLACE "[ \n]+" " " messages "${messages}")
   string(REGEX MATCHALL "CMake Error" errors "${messages}")
@@ -63,7 +64,7 @@ endfunction()
 
 # With a setting the configuration succeeds, but a target fails with a text and no zip is made.
 function(refuses_target case target setting text)
-  execute_process(COMMAND ${configure} ${setting} -B ${SCRATCH}/${case}
+  execute_process(COMMAND ${configure} ${common} ${setting} -B ${SCRATCH}/${case}
     RESULT_VARIABLE result OUTPUT_QUIET ERROR_VARIABLE messages)
   if(NOT result EQUAL 0)
     message(SEND_ERROR "${case}: the configuration failed.\n${messages}")
@@ -114,10 +115,27 @@ if(PART STREQUAL "refusals")
   return()
 endif()
 
+# Clang, called as Visual C++ is, takes CMake through all that is written for that compiler. Nothing is compiled.
+if(PART STREQUAL "visualc")
+  file(CREATE_LINK ${CLANG} ${SCRATCH}/clang-cl SYMBOLIC)
+  execute_process(
+    COMMAND ${CMAKE_COMMAND} ${common} -DCMAKE_SYSTEM_NAME=Windows -DCMAKE_CXX_COMPILER=${SCRATCH}/clang-cl
+            -DCMAKE_CXX_COMPILER_WORKS=ON -DCMAKE_RC_COMPILER=true -DCMAKE_LINKER=true -DCMAKE_MT=true -B ${SCRATCH}/build
+    RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+  if(NOT result EQUAL 0)
+    message(FATAL_ERROR "The configuration failed.\n${output}")
+  endif()
+  file(READ ${SCRATCH}/build/build.ninja rules)
+  if(NOT rules MATCHES " FLAGS = [^\n]*/EHs [^\n]*/guard:cf" OR NOT rules MATCHES " LINK_FLAGS = [^\n]*/guard:cf" OR rules MATCHES "/EHsc")
+    message(FATAL_ERROR "The module is not compiled with /EHs and /guard:cf and linked with /guard:cf.")
+  endif()
+  return()
+endif()
+
 file(APPEND ${copy}/docs/user-guide.md "\nSupport: `support.sorvik.example`\n")
 # An SDK of AutoCAD 2022, which the bundle follows.
 write_release(24 1)
-execute_process(COMMAND ${configure} -DSORVIK_SDK_RELEASE=24.1 -B ${SCRATCH}/build
+execute_process(COMMAND ${configure} ${common} -DSORVIK_SDK_RELEASE=24.1 -B ${SCRATCH}/build
   RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
 if(NOT result EQUAL 0)
   message(FATAL_ERROR "The configuration failed.\n${output}")
