@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <type_traits>
+#include <utility>
 
 #include "KLIMCOMSRVLib.h"
 #include "KlimoraPluginsStatisticsWrapper.h"
@@ -80,7 +81,9 @@ static_assert(std::is_same_v<decltype(kbsetwarningmode), void(int)>);
 // ---- Usage statistics ------------------------------------------------------------------------------------------
 
 using Statistics = KlimoraPluginsStatisticsWrapper;
-static_assert(std::is_constructible_v<Statistics, int, const wchar_t*, const wchar_t*>);
+// Braces refuse a parameter that is narrower than the argument.
+static_assert(std::is_class_v<decltype(Statistics{std::declval<int>(), std::declval<const wchar_t*>(),
+                                                  std::declval<const wchar_t*>()})>);
 static_assert(
     std::is_same_v<decltype(&Statistics::AddInsertStatistics), void (Statistics::*)(const wchar_t*, PluginStat*)>);
 static_assert(std::is_same_v<decltype(&Statistics::FlushStatistics), void (Statistics::*)()>);
