@@ -1,7 +1,7 @@
 # Makes FOLDER anew, ARCHIVE.zip of it and ARCHIVE-symbols.zip.
 # In: FOLDER, ARCHIVE, CONTENTS (PackageContents.xml), MODULE, SYMBOLS, GUIDE (Markdown), ICON, MARKDOWN
-# (cmark-gfm or pandoc), WEB_SERVER, SUPPORT, and separated by bars NOTICES (folders, one of which holds tinyxml.h) and FILES (what
-# else ships beside the module).
+# (cmark-gfm or pandoc), WEB_SERVER, SUPPORT, and separated by bars NOTICES (folders, one of which holds tinyxml.h), FILES
+# (what else ships beside the module) and SIGN (a command that signs a file, or empty).
 cmake_minimum_required(VERSION 3.22)
 
 # Runs a command and ends with its output when it fails.
@@ -73,6 +73,15 @@ file(REMOVE ${ARCHIVE}.zip ${ARCHIVE}-symbols.zip)
 file(MAKE_DIRECTORY ${FOLDER}/Contents)
 file(COPY ${CONTENTS} DESTINATION ${FOLDER})
 file(COPY ${MODULE} ${ICON} ${FILES} DESTINATION ${FOLDER}/Contents)
+if(SIGN)
+  string(REPLACE "|" ";" SIGN "${SIGN}")
+  file(GLOB_RECURSE files ${FOLDER}/Contents/*)
+  foreach(file IN LISTS files)
+    if(file MATCHES "\\.([Aa][Rr][Xx]|[Ee][Xx][Ee]|[Dd][Ll][Ll])$")
+      run(${SIGN} ${file})
+    endif()
+  endforeach()
+endif()
 write_guide(${FOLDER}/Contents/user-guide.html)
 write_notices(${FOLDER}/Contents/third-party-notices.txt)
 

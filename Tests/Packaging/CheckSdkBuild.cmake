@@ -133,9 +133,10 @@ if(PART STREQUAL "visualc")
 endif()
 
 file(APPEND ${copy}/docs/user-guide.md "\nSupport: `support.sorvik.example`\n")
-# An SDK of AutoCAD 2022, which the bundle follows.
+# An SDK of AutoCAD 2022, which the bundle follows, and a signer that marks the files.
 write_release(24 1)
-execute_process(COMMAND ${configure} ${common} -DSORVIK_SDK_RELEASE=24.1 -B ${SCRATCH}/build
+file(WRITE ${SCRATCH}/sign "test \"$1\" = /q && printf SIGNED >>\"$2\"\n")
+execute_process(COMMAND ${configure} ${common} -DSORVIK_SDK_RELEASE=24.1 "-DSORVIK_SIGN=sh;${SCRATCH}/sign;/q" -B ${SCRATCH}/build
   RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
 if(NOT result EQUAL 0)
   message(FATAL_ERROR "The configuration failed.\n${output}")
@@ -147,7 +148,7 @@ if(NOT result EQUAL 0)
 endif()
 execute_process(
   COMMAND ${PYTHON} ${SOURCE}/Tests/Packaging/check_bundle.py ${SCRATCH}/build/Sorvik.bundle ${SCRATCH}/build/Sorvik-${VERSION}
-          ${VERSION} R24.1 ${copy}/PlugIn/ModuleNames.h ${beside}
+          ${VERSION} R24.1 SIGNED ${copy}/PlugIn/ModuleNames.h ${beside}
   RESULT_VARIABLE result)
 if(NOT result EQUAL 0)
   message(FATAL_ERROR "The bundle is not as it should be.")
@@ -156,4 +157,12 @@ file(READ ${SCRATCH}/build/Sorvik.bundle/Contents/user-guide.html guide)
 if(NOT guide MATCHES "http://server.of.the.manufacturer" OR NOT guide MATCHES "https://support.of.the.manufacturer/.a=1&amp;b=2"
    OR guide MATCHES "sorvik.example")
   message(FATAL_ERROR "The guide does not give the server and the support address that the module was built for.")
+endif()
+
+file(WRITE ${SCRATCH}/sign "echo no certificate\nexit 1\n")
+file(TOUCH ${copy}/docs/user-guide.md)
+execute_process(COMMAND ${CMAKE_COMMAND} --build ${SCRATCH}/build --target bundle
+  RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+if(result EQUAL 0 OR NOT output MATCHES "no certificate" OR EXISTS ${SCRATCH}/build/Sorvik-${VERSION}.zip)
+  message(FATAL_ERROR "A file that could not be signed was packed.\n${output}")
 endif()

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
 """Holds a bundle to what AutoCAD's autoloader and the module expect of it.
 
-    check_bundle.py FOLDER ARCHIVE VERSION SERIES NAMES [FILE...]
+    check_bundle.py FOLDER ARCHIVE VERSION SERIES SIGNATURE NAMES [FILE...]
 
 FOLDER is the bundle, ARCHIVE the path of its zip without the ending, SERIES the oldest release of AutoCAD that it serves
-("R24.0"), NAMES the header with the names that the module registers, FILE what ships beside the module. Every fault is a
-line; exit code 1 when there is one."""
+("R24.0"), SIGNATURE how each signed file ends, or empty, NAMES the header with the names that the module registers, FILE
+what ships beside the module. Every fault is a line; exit code 1 when there is one."""
 import os
 import re
 import struct
@@ -65,7 +65,7 @@ def version_resource(path):
     return version, mask & flags, "LegalCopyright\0".encode("utf-16-le") in data
 
 
-def check(folder, archive, version, series, header, shipped):
+def check(folder, archive, version, series, signature, header, shipped):
     contents = os.path.join(folder, "PackageContents.xml")
     lint = subprocess.run(["xmllint", "--noout", "--dtdvalid", DTD, contents], capture_output=True, text=True)
     if lint.returncode:
@@ -110,6 +110,12 @@ def check(folder, archive, version, series, header, shipped):
     for words in ("TinyXML", "Lee Thomason", "provided 'as-is'", "may not be removed or altered"):
         expect(words in notices, f"the notices lack: {words}")
 
+    if signature:
+        with zipfile.ZipFile(archive + ".zip") as packed:
+            signed = sorted(name for name in packed.namelist() if packed.read(name).endswith(signature.encode()))
+        expect_equal("signed files of the zip", signed,
+                     [f"{root}/{name}" for name in expected if name.endswith((".arx", ".exe", ".dll"))])
+
     module = os.path.join(folder, entry.get("ModuleName"))
     expect_equal("version, flags and copyright of the module", version_resource(module), (version, 0, True))
     debug = [name for name in sections(module) if name.startswith(".debug")]
@@ -120,8 +126,8 @@ def check(folder, archive, version, series, header, shipped):
 
 
 def main():
-    folder, archive, version, series, header, *shipped = sys.argv[1:]
-    check(folder, archive, version, series, header, shipped)
+    folder, archive, version, series, signature, header, *shipped = sys.argv[1:]
+    check(folder, archive, version, series, signature, header, shipped)
     for fault in faults:
         print(fault)
     if not faults:
