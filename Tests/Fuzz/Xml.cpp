@@ -15,7 +15,7 @@ namespace {
 
 constexpr char kPieces[] =
     "<a>`</a>`<a/>`<a `</`/>`/`<`>`=`'`\"`&`&#x`&#`;`<!--`-->`<?p`?>`<!`<![CDATA[`]]>`x`1` `\n`\r`\x01`\x7F`\x80`\xC2`"
-    "\xE2`\xF0`\xEF\xBB\xBF`-9`99999999`1e999`a:b`<Qvmin>`<Shape>`<dLw>`<b>`</b>` x=1`<?xml version='1.0' "
+    "\xE2`\xF0`\xEF\xBB\xBF`\xEF`\r\n`-9`99999999`1e999`a:b`<Qvmin>`<Shape>`<dLw>`<b>`</b>` x=1`<?xml version='1.0' "
     "encoding='UTF-8'?>`<?xml encoding='x'?>";
 
 std::string Edited(FuzzedDataProvider& input) {
@@ -34,6 +34,23 @@ std::string Edited(FuzzedDataProvider& input) {
                         what % 16 == 1 ? " n" + std::to_string(++attribute) + "='1'" : pieces[what % pieces.size()]);
     }
     return text;
+}
+
+std::string WithLineFeeds(const std::string& text) {
+    std::string result;
+    for (const std::string& line : KLUtils::Split(text, "\r\n"))
+        result += line + '\n';
+    if (!result.empty()) result.pop_back();
+    std::replace(result.begin(), result.end(), '\r', '\n');
+    return result;
+}
+
+// A lead byte 0xEF without the two bytes that belong to it.
+bool IsCutOff(const char* text) {
+    for (; *text; ++text) {
+        if (*text == '\xEF' && (!text[1] || !text[2])) return true;
+    }
+    return false;
 }
 
 // How far the parser went: the deepest element, the deepest that has something in it, the most attributes of one.
@@ -68,12 +85,19 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     FuzzedDataProvider input(data, size);
     std::string text = Edited(input), refusal;
     if (ftruncate(file, 0) != 0 || pwrite(file, text.data(), text.size(), 0) < 0) std::abort();
+    text = WithLineFeeds(text);
+    const bool isCut = IsCutOff(text.c_str());
     text.append(3, '\0');
     try {
-        Require(ReadXmlFile("/proc/self/fd/" + std::to_string(file)) == text, "the file is read whole");
+        Require(ReadXmlFile("/proc/self/fd/" + std::to_string(file)) == text,
+                "the file is read whole, with its lines ended by LF");
     } catch (const ticpp::Exception& exception) {
         refusal = exception.m_details;
     }
+    const bool refusedAsCut = refusal.find(": A character is cut off at the end (line ") != std::string::npos;
+    Require(isCut == refusedAsCut,
+            "a character that the parser would wait for is refused, and nothing else is for that");
+    if (isCut) return 0;
     text.shrink_to_fit();  // so that a byte beyond is noticed
     TiXmlDocument parsed;
     parsed.Parse(text.c_str());
