@@ -1,5 +1,5 @@
-# Makes FOLDER anew, ARCHIVE.zip of it and ARCHIVE-symbols.zip.
-# In: FOLDER, ARCHIVE, CONTENTS (PackageContents.xml), MODULE, SYMBOLS, GUIDE (Markdown), ICON, MARKDOWN
+# Makes FOLDER, ARCHIVE.zip of it and ARCHIVE-symbols.zip, in place of what is there.
+# In: FOLDER, ARCHIVE, CONTENTS (PackageContents.xml), MODULE, SYMBOLS, VERSION, GUIDE (Markdown), ICON, MARKDOWN
 # (cmark-gfm or pandoc), WEB_SERVER, SUPPORT, and separated by bars NOTICES (folders, one of which holds tinyxml.h), FILES
 # (what else ships beside the module) and SIGN (a command that signs a file, or empty).
 cmake_minimum_required(VERSION 3.22)
@@ -13,11 +13,48 @@ function(run)
   endif()
 endfunction()
 
-# The guide as a page that stands alone, with the web server and the support address of this build.
+# Gives each heading the anchor that GitHub gives it: cmark-gfm gives none.
+function(add_anchors variable)
+  set(text "${${variable}}")
+  string(REGEX MATCHALL "<h[2-6]>[^<]*</h" headings "${text}")
+  foreach(heading IN LISTS headings)
+    string(REGEX REPLACE "^<h([2-6])>(.*)</h$" "\\2" anchor "${heading}")
+    string(TOLOWER "${anchor}" anchor)
+    string(REGEX REPLACE "[^a-z0-9 _-]" "" anchor "${anchor}")
+    string(REPLACE " " "-" anchor "${anchor}")
+    string(REGEX REPLACE "^<h([2-6])>" "<h\\1 id=\"${anchor}\">" anchored "${heading}")
+    string(REPLACE "${heading}" "${anchored}" text "${text}")
+  endforeach()
+  set(${variable} "${text}" PARENT_SCOPE)
+endfunction()
+
+# Puts the pictures, which the guide names by their paths, into the page itself.
+function(embed_pictures variable)
+  set(text "${${variable}}")
+  get_filename_component(folder ${GUIDE} DIRECTORY)
+  string(REGEX MATCHALL "src=\"[^\"]+\"" sources "${text}")
+  foreach(source IN LISTS sources)
+    string(REGEX REPLACE "^src=\"(.*)\"$" "\\1" path "${source}")
+    if(NOT EXISTS ${folder}/${path})
+      message(FATAL_ERROR "${GUIDE} names the picture ${path}, which is not there.")
+    endif()
+    set(type image/png)
+    if(path MATCHES "\\.svg$")
+      set(type image/svg+xml)
+    endif()
+    file(READ ${folder}/${path} bytes HEX)
+    string(REGEX REPLACE "(..)" "%\\1" bytes "${bytes}")
+    string(REPLACE "${source}" "src=\"data:${type},${bytes}\"" text "${text}")
+  endforeach()
+  set(${variable} "${text}" PARENT_SCOPE)
+endfunction()
+
+# Writes the guide as a page that needs no other file, with the version, the web server and the support address of this
+# build.
 function(write_guide page)
   set(options --extension table)
   if(MARKDOWN MATCHES "pandoc")
-    set(options --from gfm --to html)
+    set(options --from gfm --to html --wrap none)
   endif()
   execute_process(COMMAND ${MARKDOWN} ${options} ${GUIDE} RESULT_VARIABLE result OUTPUT_FILE ${page}.body)
   if(NOT result EQUAL 0)
@@ -25,18 +62,22 @@ function(write_guide page)
   endif()
   file(READ ${page}.body body)
   file(REMOVE ${page}.body)
+  string(REGEX REPLACE "(<h1[^>]*>[^<]*)</h1>" "\\1, version ${VERSION}</h1>" body "${body}")
   string(REPLACE "http://klimora.sorvik.example" "${WEB_SERVER}" body "${body}")
   string(REPLACE "&" "&amp;" SUPPORT "${SUPPORT}")
   string(REPLACE "support.sorvik.example" "${SUPPORT}" body "${body}")
+  add_anchors(body)
+  embed_pictures(body)
   file(WRITE ${page} "<!DOCTYPE html>
 <html lang=\"en\">
 <head>
 <meta charset=\"utf-8\">
-<title>SorvSIL: Sorvik silencers for Klimora</title>
+<title>Sorvik silencers for Klimora</title>
 <style>
 body { font-family: \"Segoe UI\", sans-serif; line-height: 1.4; max-width: 60em; margin: 2em auto; padding: 0 1em; }
 table { border-collapse: collapse; }
-th, td { border: 1px solid #bbb; padding: 0.3em 0.6em; text-align: left; vertical-align: top; }
+th, td { border: 1px solid #bbb; padding: 0.3em 0.6em; text-align: left; vertical-align: top; overflow-wrap: anywhere; }
+img { max-width: 100%; }
 </style>
 </head>
 <body>

@@ -103,6 +103,8 @@ def check(folder, archive, version, series, signature, header, shipped):
         expect_equal("size of the icon", struct.unpack(">8x8xII", file.read(24)), (32, 32))
     with open(os.path.join(folder, package.get("HelpFile")), encoding="utf-8") as file:
         page = file.read()
+    heading = re.search("<h1[^>]*>(.*)</h1>", page)
+    expect_equal("heading of the guide", heading and heading.group(1), f"Sorvik silencers for Klimora, version {version}")
     expect("<meta charset=\"utf-8\">" in page and "</html>" in page, "the guide is no complete page")
     expect(page.count("<table>") >= 2 and "| ---" not in page and "|---" not in page, "the guide's tables are no tables")
     with open(os.path.join(folder, "Contents/third-party-notices.txt"), encoding="utf-8") as file:
