@@ -55,6 +55,16 @@ def sections(path):
     return names
 
 
+def icon_sizes(path):
+    """Width and height of each picture in an .ico file, 0 for 256; nothing for another kind of file."""
+    with open(path, "rb") as file:
+        data = file.read()
+    reserved, kind, count = struct.unpack_from("<HHH", data)
+    if (reserved, kind) != (0, 1):
+        return []
+    return [struct.unpack_from("BB", data, 6 + 16 * i) for i in range(count)]
+
+
 def version_resource(path):
     """File version and flags out of the fixed part, and whether the texts have a copyright."""
     with open(path, "rb") as file:
@@ -99,12 +109,14 @@ def check(folder, archive, version, series, signature, header, shipped):
     if faults:
         return
 
-    with open(os.path.join(folder, package.get("Icon")), "rb") as file:
-        expect_equal("size of the icon", struct.unpack(">8x8xII", file.read(24)), (32, 32))
+    expect((32, 32) in icon_sizes(os.path.join(folder, package.get("Icon"))), "the icon has no picture of 32 by 32")
     with open(os.path.join(folder, package.get("HelpFile")), encoding="utf-8") as file:
         page = file.read()
     heading = re.search("<h1[^>]*>(.*)</h1>", page)
     expect_equal("heading of the guide", heading and heading.group(1), f"Sorvik silencers for Klimora, version {version}")
+    for command in commands:
+        topic = command.get("HelpTopic")
+        expect(f'id="{topic}"' in page, f"the guide has no anchor for the help topic {topic}")
     expect("<meta charset=\"utf-8\">" in page and "</html>" in page, "the guide is no complete page")
     expect(page.count("<table>") >= 2 and "| ---" not in page and "|---" not in page, "the guide's tables are no tables")
     with open(os.path.join(folder, "Contents/third-party-notices.txt"), encoding="utf-8") as file:
