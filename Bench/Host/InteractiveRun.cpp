@@ -30,9 +30,10 @@ bool Informs(const std::string& line) {
 }
 
 Answer AnswerTo(const std::string& prompt, KeyboardLines& keyboard) {
+    const bool setOff = !prompt.empty() && prompt.back() == ' ';
     std::string line;
     for (;;) {
-        Say(kWanted);
+        Say(setOff ? kWanted : std::string(" ") + kWanted);
         if (!keyboard.Next(line) || line == "esc") return {Answer::kEscape, ""};
         if (line.empty()) return {Answer::kEnter, ""};
         if (!Informs(line)) break;

@@ -49,7 +49,7 @@ int Run(const std::vector<std::string>& words) {
 }  // namespace
 
 int main(int count, char** words) {
-    SetConsoleOutputCP(CP_UTF8);
+    bench::SetUpConsole();
     bench::ReportCrashes();
     const int code = Run(std::vector<std::string>(words + 1, words + count));
     // A thread may still wait for the keyboard; it must not keep the process.

@@ -2,11 +2,25 @@
 
 #include "Output.h"
 
+#include <fcntl.h>
+#include <io.h>
+
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 
 namespace bench {
+namespace {
+
+using ToUnixPath = char*(__cdecl*)(const wchar_t* path);
+
+// Null on Windows itself.
+ToUnixPath WineToUnixPath() {
+    return reinterpret_cast<ToUnixPath>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("kernel32.dll"), "wine_get_unix_file_name")));
+}
+
+}  // namespace
 
 std::string MakeFolder(const std::string& folder) {
     std::error_code error;
@@ -29,15 +43,18 @@ std::string JoinLines(const std::vector<std::string>& lines) {
     return text;
 }
 
+void SetUpConsole() {
+    SetConsoleOutputCP(CP_UTF8);
+    if (WineToUnixPath()) _setmode(_fileno(stdout), _O_BINARY);
+}
+
 void Say(const std::string& text) {
     std::fputs(text.c_str(), stdout);
     std::fflush(stdout);
 }
 
 std::string ShownPath(const std::string& path) {
-    using ToUnixPath = char*(__cdecl*)(const wchar_t* path);
-    const auto toUnixPath = reinterpret_cast<ToUnixPath>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("kernel32.dll"), "wine_get_unix_file_name")));
+    const ToUnixPath toUnixPath = WineToUnixPath();
     char* const unixPath = toUnixPath ? toUnixPath(std::filesystem::absolute(path).c_str()) : nullptr;
     if (!unixPath) return path;
     std::string shown = unixPath;

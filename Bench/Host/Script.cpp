@@ -54,6 +54,7 @@ class Reader {
         }
         if (script_.empty()) return "\"" + verb + "\" comes before the first command.";
         if (verb == "dialog") return DialogStep(rest);
+        if (verb == "box") return BoxStep(rest);
         if (verb == "configurator" || verb == "screenshot") {
             (verb == "screenshot" ? screenshot_ : script_.back().configurator) = rest;
             return rest.empty() ? "\"" + verb + "\" needs a value." : std::string();
@@ -89,17 +90,30 @@ class Reader {
         const bool press = verb == "press" && !rest.empty();
         if (!press && (verb != "close" || !rest.empty()))
             return "a dialog step is \"shows ID TEXT\", \"type ID TEXT\", \"press BUTTON\" or \"close\".";
-        if (!screenshot_.empty()) dialog_->Screenshot(outputFolder_ + "\\" + screenshot_);
-        screenshot_.clear();
+        TakeScreenshot(*dialog_);
         script_.back().dialogs.push_back(press ? dialog_->AnswerWith(rest) : dialog_->Close());
         dialog_.reset();
         return {};
     }
 
+    std::string BoxStep(const std::string& button) {
+        if (dialog_) return kUnfinished;
+        if (button.empty()) return "\"box\" needs a button.";
+        Expectation box = AnyBox();
+        TakeScreenshot(box);
+        script_.back().dialogs.push_back(box.AnswerWith(button));
+        return {};
+    }
+
+    void TakeScreenshot(Expectation& expectation) {
+        if (!screenshot_.empty()) expectation.Screenshot(outputFolder_ + "\\" + screenshot_);
+        screenshot_.clear();
+    }
+
     const std::string outputFolder_;
     Script& script_;
     std::optional<Expectation> dialog_;  // whose steps are being read
-    std::string screenshot_;             // of the next dialog
+    std::string screenshot_;             // of the next dialog or box
 };
 
 }  // namespace

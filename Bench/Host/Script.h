@@ -4,8 +4,10 @@
 //   configurator WORDS                                     how the configurator window is answered
 //   dialog shows ID TEXT | dialog type ID TEXT             in the next dialog
 //   dialog press BUTTON | dialog close                     ends a dialog's steps
-//   screenshot FILE                                        picture of the next dialog, into the output folder
-// Dialogs are met in the order in which the script ends their steps.
+//   box BUTTON                                             in the next message box: "box Yes"
+//   screenshot FILE                                        picture of the next dialog or box, into the output folder
+// Dialogs and boxes are expected in the order in which the script answers them. A dialog that stays open needs steps of
+// its own for the next answer.
 #pragma once
 
 #include <string>
@@ -20,7 +22,7 @@ struct ScriptCommand {
     std::string name;
     std::string configurator = "choose first";
     std::vector<Answer> answers;
-    std::vector<Expectation> dialogs;
+    std::vector<Expectation> dialogs;  // and message boxes
 };
 
 using Script = std::vector<ScriptCommand>;

@@ -31,7 +31,9 @@ void RunOne(Run& run, const ScriptCommand& command, Robot& robot) {
     if (!report.committed) run.Fail(name + " did not commit.");
     if (!report.queued.empty() && report.inserted.empty())
         run.Fail(name + " queued Klimora's insert command, but no part was inserted.");
-    if (AnswersLeft() > 0) run.Fail(name + " left " + std::to_string(AnswersLeft()) + " answers of the script unused.");
+    if (const size_t left = AnswersLeft(); left > 0)
+        run.Fail(name + " left " + std::to_string(left) + (left == 1 ? " answer" : " answers") +
+                 " of the script unused.");
     ClearAnswers();
     for (const std::string& complaint : robot.Complaints())
         run.Fail(complaint);

@@ -54,6 +54,10 @@ Expectation Box(const std::string& text) {
             [text](const SeenDialog& seen) { return seen.edits.empty() && seen.text == text; }};
 }
 
+Expectation AnyBox() {
+    return {"a box", [](const SeenDialog& seen) { return seen.edits.empty(); }};
+}
+
 Expectation Dialog(const std::string& caption) {
     return {"the dialog " + Escaped(caption), [caption](const SeenDialog& seen) { return seen.caption == caption; }};
 }

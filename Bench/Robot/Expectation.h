@@ -67,6 +67,8 @@ class Expectation {
 
 // A message box (no edit fields) with exactly this text.
 Expectation Box(const std::string& text);
+// A message box, whatever its text.
+Expectation AnyBox();
 // A dialog with exactly this caption.
 Expectation Dialog(const std::string& caption);
 // A dialog with edit fields, whatever its caption.

@@ -2,9 +2,14 @@
 function(run_host script expected)
   execute_process(
     COMMAND ${EMULATOR} ${BENCHCAD} --s ${script} --out ${SCRATCH}
-    RESULT_VARIABLE code OUTPUT_VARIABLE said ERROR_VARIABLE said)
+    RESULT_VARIABLE code OUTPUT_FILE ${SCRATCH}.txt ERROR_FILE ${SCRATCH}.txt)
+  file(READ ${SCRATCH}.txt said)
   if(NOT code EQUAL expected)
     message(SEND_ERROR "${script} ended with ${code}, not ${expected}:\n${said}")
+  endif()
+  file(READ ${SCRATCH}.txt bytes HEX)  # CMake drops carriage returns from texts
+  if(bytes MATCHES "^(..)*0d0a")
+    message(SEND_ERROR "${script}: lines of the output end in a carriage return under Wine.")
   endif()
   foreach(sentence IN LISTS ARGN)
     if(NOT said MATCHES "${sentence}")
@@ -16,5 +21,5 @@ endfunction()
 run_host(${SAMPLE} 0
   "Command SorvSIL: committed" "All went as it should" " 8  product family +SRC-250-900")
 run_host(${FAILING} 1
-  "The command NOSUCH is not known" "The command NOSUCH left 1 answers" "The command SorvSIL did not commit"
+  "The command NOSUCH is not known" "The command NOSUCH left 1 answer of" "The command SorvSIL did not commit"
   "it never came")

@@ -1,14 +1,20 @@
 // What the bench host makes without any stand-in: its scripts and the verdict.
-#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <gmock/gmock.h>
 
 #include <string>
 #include <vector>
 
 #include "Report.h"
+#include "Robot.h"
 #include "Script.h"
 
 namespace bench {
 namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
 
 TEST(HostScript, ErrorsNameTheLine) {
     const struct {
@@ -23,12 +29,26 @@ TEST(HostScript, ErrorsNameTheLine) {
         {"command X\nenter now\n", "Line 2: \"enter\" takes no value."},
         {"command X\ndialog type field A\n", "Line 2: \"dialog type\" needs the number of a field."},
         {"command X\ndialog type 1 A\ncommand Y\n", "Line 3: the dialog before is neither answered nor closed."},
+        {"command X\nbox\n", "Line 2: \"box\" needs a button."},
+        {"command X\ndialog type 1 A\nbox Yes\n", "Line 3: the dialog before is neither answered nor closed."},
         {"command X\ndialog type 1 A\n", "the dialog before is neither answered nor closed."},
     };
     for (const auto& c : cases) {
         Script script;
         EXPECT_EQ(c.error, ReadScript(c.text, "out", script)) << c.text;
     }
+}
+
+TEST(HostScript, ABoxStepPressesTheNamedButton) {
+    Script script;
+    ASSERT_EQ("", ReadScript("command X\n  box Yes\n  box Maybe\n", "out", script));
+    Robot robot;
+    for (const Expectation& box : script[0].dialogs)
+        robot.Expect(box);
+    EXPECT_EQ(IDYES, MessageBoxA(nullptr, "Replace?", "X", MB_YESNO));
+    EXPECT_THAT(robot.Complaints(), ElementsAre("Expected, but it never came: a box."));
+    EXPECT_EQ(IDNO, MessageBoxA(nullptr, "Replace?", "X", MB_YESNO));
+    EXPECT_THAT(robot.Complaints(), Contains("At a box there is no button \"Maybe\"."));
 }
 
 TEST(HostReport, OnlyACommandThatEndedAndNeverAbortedIsCommitted) {
