@@ -132,7 +132,6 @@ if(PART STREQUAL "visualc")
   return()
 endif()
 
-file(APPEND ${copy}/docs/user-guide.md "\nSupport: `support.sorvik.example`\n")
 # An SDK of AutoCAD 2022, which the bundle follows, and a signer that marks the files.
 write_release(24 1)
 file(WRITE ${SCRATCH}/sign "test \"$1\" = /q && printf SIGNED >>\"$2\"\n")
