@@ -142,7 +142,7 @@ class Walk {
             SkipBlanks();
             if (*at_ == '/') return *++at_ == '>' && *at_++;
             if (*at_ == '>') break;
-            if (attributes.size() == kMostXmlAttributes) Refuse("More than 200 attributes in an element", at_);
+            if (*at_ && attributes.size() == kMostXmlAttributes) Refuse("More than 200 attributes in an element", at_);
             if (!PassAttribute(attributes)) return false;
         }
         ++at_;

@@ -3,7 +3,7 @@
 # with those declarations and the stand-ins' import libraries, and a folder of headers in place of Klimora's. Then what it
 # must refuse.
 # In: SOURCE, SCRATCH, TOOLCHAIN, LIBRARIES (folder of the bench's libraries), PREFIX (where TinyXML is installed as vcpkg
-# does it), PYTHON, CLANG, VERSION, PART (refusals, visualc or build).
+# does it), PYTHON, VERSION, PART (refusals, visualc or build).
 cmake_minimum_required(VERSION 3.22)
 file(REMOVE_RECURSE ${SCRATCH})
 set(copy ${SCRATCH}/source)
@@ -117,7 +117,8 @@ endif()
 
 # Clang, called as Visual C++ is, takes CMake through all that is written for that compiler. Nothing is compiled.
 if(PART STREQUAL "visualc")
-  file(CREATE_LINK ${CLANG} ${SCRATCH}/clang-cl SYMBOLIC)
+  find_program(clang clang++ REQUIRED)
+  file(CREATE_LINK ${clang} ${SCRATCH}/clang-cl SYMBOLIC)
   execute_process(
     COMMAND ${CMAKE_COMMAND} ${common} -DCMAKE_SYSTEM_NAME=Windows -DCMAKE_CXX_COMPILER=${SCRATCH}/clang-cl
             -DCMAKE_CXX_COMPILER_WORKS=ON -DCMAKE_RC_COMPILER=true -DCMAKE_LINKER=true -DCMAKE_MT=true -B ${SCRATCH}/build
