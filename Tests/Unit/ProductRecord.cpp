@@ -111,6 +111,11 @@ class ProductRecord : public SessionBench {
  private:
     RecordedCalls calls_;
     const ImportPatch insertions_{"kbinsertatt", InsertAttribute};
+    // A real session costs a second under Wine, and none is needed here.
+    const ImportPatch connected_{"InternetGetConnectedState", +[](DWORD*, DWORD) -> BOOL { return TRUE; }};
+    const ImportPatch openings_{
+        "InternetOpenA", +[](const char*, DWORD, const char*, const char*, DWORD) -> HINTERNET { return &attributes; }};
+    const ImportPatch options_{"InternetSetOptionA", +[](HINTERNET, DWORD, void*, DWORD) -> BOOL { return TRUE; }};
     // What breaks off counts as complete.
     const ImportPatch nothingToRead_{"InternetReadFile",
                                      +[](HINTERNET, void*, DWORD, DWORD* read) -> BOOL { return *read = 0, FALSE; }};
