@@ -1,121 +1,107 @@
 #include "Catalogue.h"
 
-#include <sstream>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
 #include <stdexcept>
-
-#include "tinyxml.h"
 
 namespace bench {
 namespace {
 
-std::string Attribute(const TiXmlElement& element, const char* name) {
-    const char* text = element.Attribute(name);
-    return text ? text : "";
+// The text of an element below the device, by the names on the way to it; empty when there is none.
+std::string Text(const TiXmlElement& device, const char* name, const char* inner = nullptr) {
+    const TiXmlElement* element = device.FirstChildElement(name);
+    if (element && inner) element = element->FirstChildElement(inner);
+    return element && element->GetText() ? element->GetText() : "";
 }
 
-std::string Required(const TiXmlElement& element, const char* name) {
-    const std::string text = Attribute(element, name);
-    if (text.empty())
-        throw std::runtime_error("The catalogue's element " + element.ValueStr() + " in line " +
-                                 std::to_string(element.Row()) + " has no " + name + ".");
+double Dimension(const TiXmlElement& device, const char* name) {
+    return std::strtod(Text(device, "AirDeviceDimData", name).c_str(), nullptr);
+}
+
+bool Fits(const TiXmlElement& device, const Duct& duct) {
+    const bool round = Text(device, "Shape") == "0";
+    const double width = round ? duct.diameter : duct.width, height = round ? 0 : duct.height;
+    const bool sizeFits = width > 0 && std::fabs(width - Dimension(device, "D1")) < 0.5 &&
+                          (round || std::fabs(height - Dimension(device, "D2")) < 0.5);
+    return sizeFits && (duct.airflow <= 0 ||
+                        (duct.airflow >= Dimension(device, "Qvmin") && duct.airflow <= Dimension(device, "Qvmax")));
+}
+
+// It grows with the square of the airflow.
+std::string PressureDrop(const TiXmlElement& device, double airflow) {
+    const double ratio = airflow / Dimension(device, "Qvmax");
+    char text[32];
+    std::snprintf(text, sizeof text, "%.1f", Dimension(device, "Dpmax") * ratio * ratio);
     return text;
 }
 
-template <class Visit>
-void ForEach(const TiXmlElement& parent, const char* name, Visit visit) {
-    for (const TiXmlElement* child = parent.FirstChildElement(name); child; child = child->NextSiblingElement(name))
-        visit(*child);
+TiXmlElement& Add(TiXmlNode& parent, const std::string& name, const std::string& text = "") {
+    TiXmlElement* element = parent.LinkEndChild(new TiXmlElement(name))->ToElement();
+    if (!text.empty()) element->LinkEndChild(new TiXmlText(text));
+    return *element;
 }
 
-std::vector<std::string> Levels(const TiXmlElement& element) {
-    std::istringstream words(Required(element, "lw"));
-    std::vector<std::string> levels;
-    for (std::string word; words >> word;)
-        levels.push_back(word);
-    if (levels.size() != kOctaveBands)
-        throw std::runtime_error("The catalogue's levels in line " + std::to_string(element.Row()) +
-                                 " are not one for each octave band.");
-    return levels;
-}
-
-CurvePoint Point(const TiXmlElement& element) {
-    return {Attribute(element, "a"), Required(element, "qv"), Required(element, "dp"), {}};
-}
-
-Series ReadSeries(const TiXmlElement& element) {
-    Series series;
-    series.shape = Required(element, "shape");
-    series.model = Required(element, "model");
-    series.marketArea = Attribute(element, "marketArea");
-    const auto text = [](const TiXmlElement& child) { return std::string(child.GetText() ? child.GetText() : ""); };
-    ForEach(element, "description", [&](const TiXmlElement& child) {
-        series.descriptions.emplace_back(Required(child, "language"), text(child));
-    });
-    ForEach(element, "weblink",
-            [&](const TiXmlElement& child) { series.webLinks.emplace_back(Attribute(child, "country"), text(child)); });
-    return series;
-}
-
-Silencer ReadSilencer(const TiXmlElement& element, const Series& series) {
-    Silencer silencer;
-    silencer.series = series;
-    silencer.id = Required(element, "id");
-    silencer.code = Required(element, "code");
-    silencer.fnc = Required(element, "fnc");
-    silencer.d1 = Required(element, "d1");
-    silencer.d2 = Required(element, "d2");
-    silencer.length = Required(element, "length");
-    ForEach(element, "range", [&](const TiXmlElement& range) {
-        silencer.qvMin = Required(range, "qvMin");
-        silencer.qvMax = Required(range, "qvMax");
-        silencer.dpMin = Required(range, "dpMin");
-        silencer.dpMax = Required(range, "dpMax");
-    });
-    ForEach(element, "dpPoint", [&](const TiXmlElement& point) { silencer.dpPoints.push_back(Point(point)); });
-    ForEach(element, "dpCurve", [&](const TiXmlElement& point) { silencer.dpCurve.push_back(Point(point)); });
-    ForEach(element, "flowNoise", [&](const TiXmlElement& point) {
-        silencer.flowNoise.push_back(Point(point));
-        silencer.flowNoise.back().levels = Levels(point);
-    });
-    ForEach(element, "insertionLoss",
-            [&](const TiXmlElement& loss) { silencer.insertionLosses.push_back(Levels(loss)); });
-    if (const TiXmlElement* parameters = element.FirstChildElement("modelParameters"))
-        for (const TiXmlAttribute* one = parameters->FirstAttribute(); one; one = one->Next())
-            silencer.modelParameters.emplace_back(one->NameTStr(), one->ValueStr());
-    return silencer;
-}
-
-ServedFile ReadServedFile(const TiXmlElement& root, const char* name, const std::string& folder) {
-    const TiXmlElement* element = root.FirstChildElement(name);
-    if (!element) throw std::runtime_error(std::string("The catalogue names no ") + name + ".");
-    return {folder + Required(*element, "file"), Required(*element, "path")};
+std::string Printed(const TiXmlDocument& document) {
+    TiXmlPrinter printer;
+    document.Accept(&printer);
+    return printer.Str();
 }
 
 }  // namespace
 
-const Silencer* Catalogue::Find(const std::string& id) const {
-    for (const Silencer& silencer : silencers)
-        if (silencer.id == id) return &silencer;
-    return nullptr;
-}
-
-Catalogue ReadCatalogue(const std::string& path) {
-    TiXmlDocument document;
-    if (!document.LoadFile(path, TIXML_ENCODING_UTF8))
-        throw std::runtime_error("The catalogue " + path + " cannot be read: " + document.ErrorDesc() + '.');
-    const TiXmlElement* root = document.RootElement();
-    if (!root || root->ValueStr() != "catalogue") throw std::runtime_error(path + " is no catalogue.");
+Catalogue::Catalogue(const std::string& path) {
+    if (!document_.LoadFile(path, TIXML_ENCODING_UTF8))
+        throw std::runtime_error("The catalogue " + path + " cannot be read: " + document_.ErrorDesc() + '.');
     const size_t lastSeparator = path.find_last_of("/\\");
     const std::string folder = lastSeparator == std::string::npos ? "" : path.substr(0, lastSeparator + 1);
-    Catalogue catalogue;
-    catalogue.dictionary = ReadServedFile(*root, "dictionary", folder);
-    catalogue.database = ReadServedFile(*root, "database", folder);
-    ForEach(*root, "series", [&](const TiXmlElement& element) {
-        const Series series = ReadSeries(element);
-        ForEach(element, "silencer",
-                [&](const TiXmlElement& child) { catalogue.silencers.push_back(ReadSilencer(child, series)); });
-    });
-    return catalogue;
+    const auto served = [&](const char* name) -> ServedFile {
+        const TiXmlElement* root = document_.RootElement();
+        const TiXmlElement* element = root ? root->FirstChildElement(name) : nullptr;
+        if (!element || !element->Attribute("file") || !element->Attribute("path"))
+            throw std::runtime_error("The catalogue " + path + " names no " + name + '.');
+        return {folder + element->Attribute("file"), element->Attribute("path")};
+    };
+    dictionary_ = served("dictionary");
+    database_ = served("database");
+}
+
+const TiXmlElement* Catalogue::Find(const std::string& id) const {
+    const TiXmlElement* device = document_.RootElement()->FirstChildElement("device");
+    while (device && Text(*device, "ID") != id)
+        device = device->NextSiblingElement("device");
+    return device;
+}
+
+std::string Catalogue::ProductsPage(const Duct& duct) const {
+    TiXmlDocument page;
+    page.LinkEndChild(new TiXmlDeclaration("1.0", "UTF-8", ""));
+    TiXmlElement& root = Add(page, "products");
+    for (const TiXmlElement* device = document_.RootElement()->FirstChildElement("device"); device;
+         device = device->NextSiblingElement("device")) {
+        if (!Fits(*device, duct)) continue;
+        TiXmlElement& product = Add(root, "product");
+        product.SetAttribute("id", Text(*device, "ID"));
+        product.SetAttribute("code", Text(*device, "ProductCodeALL"));
+        product.SetAttribute("length", Text(*device, "KmodelParams", "L"));
+        product.SetAttribute("pressureDrop", PressureDrop(*device, duct.airflow));
+        product.SetAttribute("attenuation250", Text(*device, "dLw", "Lw250"));
+    }
+    return Printed(page);
+}
+
+std::string Catalogue::Result(const std::vector<std::string>& products, const std::string& server,
+                              const std::vector<std::pair<std::string, std::string>>& rootTexts) const {
+    TiXmlDocument result;
+    result.LinkEndChild(new TiXmlDeclaration("1.0", "UTF-8", ""));
+    TiXmlElement& root = Add(result, "ConfiguratorResult");
+    for (const auto& [name, text] : rootTexts)
+        Add(root, name, text);
+    Add(root, "DdkFileUrl", server + dictionary_.path);
+    Add(root, "KpdFileUrl", server + database_.path);
+    for (const std::string& product : products)
+        if (const TiXmlElement* device = Find(product)) root.InsertEndChild(*device);
+    return Printed(result);
 }
 
 }  // namespace bench

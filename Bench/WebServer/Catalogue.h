@@ -1,7 +1,8 @@
-// The maker's catalogue as its file has it (see Bench/Sample/catalogue.xml). Values that only travel on into a result
-// stay the texts that they are in the file; the reader is the one place that knows the file's form. Lengths in mm,
-// airflows in l/s, pressures in Pa, levels in dB for the octave bands 63, 125, 250, 500, 1000, 2000, 4000, 8000 Hz.
+// The manufacturer's catalogue, Bench/Sample/catalogue.xml: a finished device element for each product, and the
+// database files. Sizes in mm, airflows in l/s, pressures in Pa, attenuation in dB.
 #pragma once
+
+#include <tinyxml.h>
 
 #include <string>
 #include <utility>
@@ -9,51 +10,40 @@
 
 namespace bench {
 
-constexpr int kOctaveBands = 8;
-
-// One point of a pressure drop or flow noise curve; levels are empty where the curve has none.
-struct CurvePoint {
-    std::string a;  // setting of the curve, pressure drop curves only
-    std::string qv;
-    std::string dp;
-    std::vector<std::string> levels;
-};
-
-struct Series {
-    std::string shape;  // "0" round, "1" rectangular
-    std::string model;
-    std::string marketArea;
-    // Language or country and text, in file order; the empty country is the page for all.
-    std::vector<std::pair<std::string, std::string>> descriptions;
-    std::vector<std::pair<std::string, std::string>> webLinks;
-};
-
-struct Silencer {
-    Series series;
-    std::string id, code, fnc, d1, d2, length;
-    std::string qvMin, qvMax, dpMin, dpMax;
-    std::vector<CurvePoint> dpPoints;
-    std::vector<CurvePoint> dpCurve;
-    std::vector<CurvePoint> flowNoise;
-    std::vector<std::vector<std::string>> insertionLosses;
-    std::vector<std::pair<std::string, std::string>> modelParameters;
-};
-
 struct ServedFile {
     std::string file;  // full path
     std::string path;  // on the server
 };
 
-struct Catalogue {
-    ServedFile dictionary;
-    ServedFile database;
-    std::vector<Silencer> silencers;
-
-    // Null when there is none of that id.
-    const Silencer* Find(const std::string& id) const;
+// A duct as a request describes it; what the request does not name is 0. Without an airflow every range fits.
+struct Duct {
+    double diameter = 0;
+    double width = 0;
+    double height = 0;
+    double airflow = 0;
 };
 
-// Throws std::runtime_error with the reason when the file is no catalogue.
-Catalogue ReadCatalogue(const std::string& path);
+class Catalogue {
+ public:
+    // Throws std::runtime_error with the reason when the file is not a catalogue.
+    explicit Catalogue(const std::string& path);
+
+    const ServedFile& dictionary() const { return dictionary_; }
+    const ServedFile& database() const { return database_; }
+    // The product's device element; null when there is none of that id.
+    const TiXmlElement* Find(const std::string& id) const;
+    // The products that fit, as the page that the configurator reads: <products> with a <product id code length
+    // pressureDrop attenuation250> for each.
+    std::string ProductsPage(const Duct& duct) const;
+    // The result that is published for a choice: `rootTexts` as elements of the root, the addresses of the database
+    // files, the chosen devices. `server` is scheme and host without a trailing slash.
+    std::string Result(const std::vector<std::string>& products, const std::string& server,
+                       const std::vector<std::pair<std::string, std::string>>& rootTexts) const;
+
+ private:
+    TiXmlDocument document_;
+    ServedFile dictionary_;
+    ServedFile database_;
+};
 
 }  // namespace bench

@@ -4,9 +4,6 @@
 #include <fstream>
 #include <iterator>
 
-#include "Figures.h"
-#include "ResultDocument.h"
-
 namespace bench {
 namespace {
 
@@ -14,8 +11,6 @@ const char kProductsPath[] = "/klimora";
 const char kChoosePath[] = "/klimora/choose";
 const char kExportPath[] = "/klimora/export/";
 const char kExportEnding[] = ".xml";
-const char kMovedPath[] = "/moved";
-constexpr size_t kHugeSize = 5 * 1024 * 1024;
 
 bool StartsWith(const std::string& text, const std::string& beginning) {
     return text.compare(0, beginning.size(), beginning) == 0;
@@ -27,9 +22,9 @@ double Number(const std::string& text) {
 
 // An error page as a server shows it to people.
 WebAnswer Page(int status, const std::string& text) {
-    return {status, "text/html",
-            "<html><head><title>" + std::to_string(status) + "</title></head><body><p>" + text + "<br></body></html>\n",
-            ""};
+    return {
+        status, "text/html",
+        "<html><head><title>" + std::to_string(status) + "</title></head><body><p>" + text + "<br></body></html>\n"};
 }
 
 WebAnswer File(const std::string& path) {
@@ -43,7 +38,7 @@ WebAnswer File(const std::string& path) {
 
 }  // namespace
 
-Site::Site(Catalogue catalogue, std::string server) : catalogue_(std::move(catalogue)), server_(std::move(server)) {}
+Site::Site(const std::string& catalogue, std::string server) : catalogue_(catalogue), server_(std::move(server)) {}
 
 Trouble Site::Arrived(const std::string& method, const RequestTarget& target) {
     const std::lock_guard<std::mutex> lock(mutex_);
@@ -58,27 +53,15 @@ Trouble Site::Arrived(const std::string& method, const RequestTarget& target) {
     return trouble;
 }
 
-WebAnswer Site::Answer(const std::string& method, RequestTarget target, Trouble trouble) {
+WebAnswer Site::Answer(const std::string& method, const RequestTarget& target, Trouble trouble) {
     const std::lock_guard<std::mutex> lock(mutex_);
-    // A redirected request that comes again gets its first path back.
-    if (StartsWith(target.path, std::string(kMovedPath) + '/')) target.path.erase(0, sizeof kMovedPath - 1);
     if (trouble == Trouble::kNotFound) return Page(404, "The page was not found.");
-    if (trouble == Trouble::kEmpty) return {};
-    if (trouble == Trouble::kRedirected) return {302, "text/plain", "", server_ + kMovedPath + target.text()};
-    WebAnswer answer = Handle(method, target);
-    // Empty lines at its end change no document and no database file.
-    if (trouble == Trouble::kHuge && answer.body.size() < kHugeSize) answer.body.resize(kHugeSize, '\n');
-    return answer;
-}
-
-WebAnswer Site::Handle(const std::string& method, const RequestTarget& target) {
-    if (const auto fixed = fixed_.find(target.path); fixed != fixed_.end())
-        return {200, "text/plain", fixed->second, ""};
+    if (const auto fixed = fixed_.find(target.path); fixed != fixed_.end()) return {200, "text/plain", fixed->second};
     if (method == "POST")
         return target.path == kChoosePath ? Choose(target) : Page(404, "Nothing takes a choice here.");
     if (target.path == kProductsPath) return Products(target);
-    if (target.path == catalogue_.dictionary.path) return File(catalogue_.dictionary.file);
-    if (target.path == catalogue_.database.path) return File(catalogue_.database.file);
+    if (target.path == catalogue_.dictionary().path) return File(catalogue_.dictionary().file);
+    if (target.path == catalogue_.database().path) return File(catalogue_.database().file);
     if (StartsWith(target.path, kExportPath)) return Result(target.path.substr(sizeof kExportPath - 1));
     return Page(404, "There is no such page.");
 }
@@ -88,7 +71,7 @@ WebAnswer Site::Products(const RequestTarget& target) const {
     if (!IsSessionIdentifier(target.Value("klsid"))) return Page(400, "The session identifier is not valid.");
     const Duct duct{Number(target.Value("diameter")), Number(target.Value("width")), Number(target.Value("height")),
                     Number(target.Value("airflow"))};
-    return {200, "text/xml; charset=utf-8", ProductsPage(catalogue_, duct), ""};
+    return {200, "text/xml; charset=utf-8", catalogue_.ProductsPage(duct)};
 }
 
 WebAnswer Site::Choose(const RequestTarget& target) {
@@ -98,7 +81,7 @@ WebAnswer Site::Choose(const RequestTarget& target) {
     for (const std::string& product : products)
         if (!catalogue_.Find(product)) return Page(404, "There is no such product.");
     choices_[session] = products;
-    return {200, "text/plain", "published\n", ""};
+    return {200, "text/plain", "published\n"};
 }
 
 WebAnswer Site::Result(const std::string& fileName) const {
@@ -108,9 +91,8 @@ WebAnswer Site::Result(const std::string& fileName) const {
     if (!IsSessionIdentifier(session)) return Page(400, "The session identifier is not valid.");
     const auto choice = choices_.find(session);
     if (choice == choices_.end()) return Page(404, "Nothing has been chosen in this session.");
-    const std::string body =
-        instead_.empty() ? ResultDocument(catalogue_, choice->second, server_, rootTexts_) : instead_;
-    return {200, "text/xml; charset=utf-8", body, ""};
+    const std::string body = instead_.empty() ? catalogue_.Result(choice->second, server_, rootTexts_) : instead_;
+    return {200, "text/xml; charset=utf-8", body};
 }
 
 void Site::SetTrouble(const std::string& path, Trouble trouble) {

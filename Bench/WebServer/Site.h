@@ -16,27 +16,23 @@ namespace bench {
 
 enum class Trouble {
     kNone,
-    kNotFound,    // 404 with a page of text
-    kEmpty,       // 200 and no byte
-    kTruncated,   // the connection closes in an orderly way before the announced length
-    kReset,       // the connection is reset in the middle of the body: a read fails
-    kRefused,     // the connection is reset before any answer: the address cannot be opened
-    kStalled,     // a short pause in the middle, then the rest
-    kRedirected,  // 302 to the same file under another path
-    kHuge         // five megabytes
+    kNotFound,   // 404 with a page of text
+    kTruncated,  // the connection closes in an orderly way before the announced length
+    kReset,      // the connection is reset in the middle of the body: a read fails
+    kRefused,    // the connection is reset before any answer: the address cannot be opened
+    kStalled,    // a short pause in the middle, then the rest
 };
 
 struct WebAnswer {
     int status = 200;
     std::string type = "text/plain";
     std::string body;
-    std::string location;  // of a redirection
 };
 
 class Site {
  public:
-    // `server` is the scheme and host that results name, without a trailing slash.
-    Site(Catalogue catalogue, std::string server);
+    // `catalogue` is the catalogue file; `server` the scheme and host that results name, without a trailing slash.
+    Site(const std::string& catalogue, std::string server);
 
     // The next requests whose path begins with `path` meet this trouble; of several paths the longest counts.
     void SetTrouble(const std::string& path, Trouble trouble);
@@ -57,10 +53,9 @@ class Site {
     // Once for each request as it arrives: notes it and tells its trouble.
     Trouble Arrived(const std::string& method, const RequestTarget& target);
     std::optional<std::string> Raw(const RequestTarget& target) const;
-    WebAnswer Answer(const std::string& method, RequestTarget target, Trouble trouble);
+    WebAnswer Answer(const std::string& method, const RequestTarget& target, Trouble trouble);
 
  private:
-    WebAnswer Handle(const std::string& method, const RequestTarget& target);
     WebAnswer Products(const RequestTarget& target) const;
     WebAnswer Choose(const RequestTarget& target);
     WebAnswer Result(const std::string& fileName) const;

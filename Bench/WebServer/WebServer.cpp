@@ -1,14 +1,121 @@
-#include "SpoiltStream.h"
 #include "WebServer.h"
 
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
 #include <optional>
 #include <stdexcept>
 #include <thread>
+
+#include "httplib.h"
 
 #include "BenchControl.h"
 
 namespace bench {
 namespace {
+
+constexpr std::chrono::milliseconds kStall(300);
+constexpr std::chrono::milliseconds kBeforeReset(150);
+constexpr std::chrono::milliseconds kBetweenPieces(20);
+
+size_t AnnouncedLength(const std::string& head) {
+    static const std::string name = "Content-Length:";
+    const size_t at = head.find(name);
+    return at == std::string::npos ? 0 : std::strtoul(head.c_str() + at + name.size(), nullptr, 10);
+}
+
+// A connection of the server on which a trouble can be put: what is written passes through until the body is half out,
+// and then the trouble happens. Only WinINet itself tells what a client sees of it, so the bytes really go that way.
+// A reset is felt as a failure only by a client that waits in its read, so one is preceded by a pause.
+class SpoiltStream : public httplib::Stream {
+ public:
+    // `stream` is borrowed for the life of this one.
+    explicit SpoiltStream(httplib::Stream& stream) : stream_(stream) {}
+
+    // From now on; troubles that are not the connection's business, but the answer's, change nothing.
+    void Spoil(Trouble trouble);
+    // These bytes are written, in pieces with pauses, in place of the answer.
+    void WriteInstead(const std::string& bytes);
+    // The trouble that was put on ends with a reset of the connection.
+    static bool EndsWithReset(Trouble trouble) { return trouble == Trouble::kReset || trouble == Trouble::kRefused; }
+
+    bool is_readable() const override { return stream_.is_readable(); }
+    bool is_writable() const override { return stream_.is_writable(); }
+    ssize_t read(char* ptr, size_t size) override { return stream_.read(ptr, size); }
+    ssize_t write(const char* ptr, size_t size) override;
+    void get_remote_ip_and_port(std::string& ip, int& port) const override { stream_.get_remote_ip_and_port(ip, port); }
+    void get_local_ip_and_port(std::string& ip, int& port) const override { stream_.get_local_ip_and_port(ip, port); }
+    socket_t socket() const override { return stream_.socket(); }
+
+ private:
+    bool WriteAll(const char* ptr, size_t size);
+    ssize_t WriteHalf(const char* ptr, size_t size);
+    // Nothing more is written: -1, as the stream's own failures.
+    ssize_t BreakOff() const;
+
+    httplib::Stream& stream_;
+    Trouble trouble_ = Trouble::kNone;
+    bool ended_ = false;
+    std::string head_;  // what was written up to the blank line, until the body begins
+    bool inBody_ = false;
+    size_t untilTrouble_ = 0;  // bytes of the body that still pass
+};
+
+void SpoiltStream::Spoil(Trouble trouble) {
+    const bool ofConnection = EndsWithReset(trouble) || trouble == Trouble::kTruncated || trouble == Trouble::kStalled;
+    trouble_ = ofConnection ? trouble : Trouble::kNone;
+}
+
+ssize_t SpoiltStream::write(const char* ptr, size_t size) {
+    if (ended_) return -1;
+    if (trouble_ == Trouble::kNone) return stream_.write(ptr, size);
+    if (trouble_ == Trouble::kRefused) return BreakOff();
+    if (inBody_) return WriteHalf(ptr, size);
+
+    const size_t before = head_.size();
+    head_.append(ptr, size);
+    const size_t blankLine = head_.find("\r\n\r\n");
+    if (blankLine == std::string::npos) return WriteAll(ptr, size) ? static_cast<ssize_t>(size) : -1;
+    inBody_ = true;
+    untilTrouble_ = AnnouncedLength(head_) / 2;
+    const size_t ofHead = blankLine + 4 - before;
+    if (!WriteAll(ptr, ofHead)) return -1;
+    if (ofHead == size) return static_cast<ssize_t>(size);
+    return WriteHalf(ptr + ofHead, size - ofHead) < 0 ? -1 : static_cast<ssize_t>(size);
+}
+
+ssize_t SpoiltStream::WriteHalf(const char* ptr, size_t size) {
+    const size_t passing = size < untilTrouble_ ? size : untilTrouble_;
+    if (!WriteAll(ptr, passing)) return -1;
+    untilTrouble_ -= passing;
+    if (passing == size) return static_cast<ssize_t>(size);
+    if (trouble_ != Trouble::kStalled) return BreakOff();
+    std::this_thread::sleep_for(kStall);
+    trouble_ = Trouble::kNone;
+    return WriteAll(ptr + passing, size - passing) ? static_cast<ssize_t>(size) : -1;
+}
+
+void SpoiltStream::WriteInstead(const std::string& bytes) {
+    ended_ = true;
+    const size_t piece = bytes.size() / 10 + 1;
+    for (size_t at = 0; at < bytes.size() && WriteAll(&bytes[at], std::min(piece, bytes.size() - at)); at += piece)
+        std::this_thread::sleep_for(kBetweenPieces);
+}
+
+ssize_t SpoiltStream::BreakOff() const {
+    if (EndsWithReset(trouble_)) std::this_thread::sleep_for(kBeforeReset);
+    return -1;
+}
+
+bool SpoiltStream::WriteAll(const char* ptr, size_t size) {
+    while (size > 0) {
+        const ssize_t written = stream_.write(ptr, size);
+        if (written <= 0) return false;
+        ptr += written;
+        size -= static_cast<size_t>(written);
+    }
+    return true;
+}
 
 // One request on its connection's thread, from its arrival to the end of its answer.
 struct Exchange {
@@ -37,7 +144,6 @@ void Reply(Site& site, const httplib::Request& request, httplib::Response& respo
     const WebAnswer answer = site.Answer(request.method, exchange.target, exchange.trouble);
     response.status = answer.status;
     response.set_content(answer.body, answer.type.c_str());
-    if (!answer.location.empty()) response.set_header("Location", answer.location);
     exchange.call->result(answer.status);
 }
 
@@ -107,7 +213,7 @@ bool WebServer::Listener::process_and_close_socket(socket_t sock) {
 }
 
 WebServer::WebServer(const std::string& catalogue)
-    : Site(ReadCatalogue(catalogue), SORVIK_WEB_SERVER), listener_(std::make_unique<Listener>(*this)) {}
+    : Site(catalogue, SORVIK_WEB_SERVER), listener_(std::make_unique<Listener>(*this)) {}
 
 WebServer::~WebServer() = default;
 

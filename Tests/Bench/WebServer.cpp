@@ -90,7 +90,6 @@ TEST_F(WebServer, OffersWhatFitsAndPublishesWhatWasChosen) {
     server_.PublishWith("warning", "Price < 1 & old");
     EXPECT_THAT(Result(), HasSubstr("<warning>Price &lt; 1 &amp; old</warning>"));
     EXPECT_THAT(Result(), HasSubstr("<ID>SRK-200-900</ID>"));
-    EXPECT_THAT(Result(), HasSubstr("length 600 mm")) << "the size is filled into the series' description";
     server_.Reset();
     EXPECT_EQ(Result().find("warning"), std::string::npos);
 }
@@ -104,16 +103,13 @@ TEST_F(WebServer, EachTroubleIsMetAsItsNameSays) {
         size_t least, most;  // bytes
     } cases[] = {{Trouble::kNone, true, true, 200, kSize, kSize},
                  {Trouble::kNotFound, true, true, 404, 40, 400},
-                 {Trouble::kEmpty, true, true, 200, 0, 0},
                  {Trouble::kTruncated, true, true, 200, kSize / 2, kSize / 2},
                  {Trouble::kReset, true, false, 200, 1, kSize / 2},
                  {Trouble::kRefused, false, false, 0, 0, 0},
-                 {Trouble::kStalled, true, true, 200, kSize, kSize},
-                 {Trouble::kRedirected, true, true, 200, kSize, kSize},
-                 {Trouble::kHuge, true, true, 200, 5 * 1024 * 1024, 5 * 1024 * 1024}};
+                 {Trouble::kStalled, true, true, 200, kSize, kSize}};
     for (const auto& one : cases) {
         SCOPED_TRACE(static_cast<int>(one.trouble));
-        server_.SetTrouble("/f", Trouble::kEmpty);
+        server_.SetTrouble("/f", Trouble::kNotFound);
         server_.SetTrouble("/fi", one.trouble);  // the longer path counts
         const Fetched fetched = Fetch("GET", "/file");
         EXPECT_EQ(fetched.opened, one.opens);

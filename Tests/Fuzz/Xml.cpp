@@ -6,8 +6,8 @@
 #include <algorithm>
 
 #include "AirDeviceData.h"
+#include "Catalogue.h"
 #include "Fuzz.h"
-#include "ResultDocument.h"
 #include "Util/KLUtils_Text.h"
 #include "Util/XmlFence.h"
 
@@ -19,8 +19,7 @@ constexpr char kPieces[] =
     "encoding='UTF-8'?>`<?xml encoding='x'?>";
 
 std::string Edited(FuzzedDataProvider& input) {
-    static const bench::Catalogue catalogue = bench::ReadCatalogue(SORVIK_CATALOGUE);
-    static const std::string good = bench::ResultDocument(catalogue, {"SRC-250-900"}, "http://x", {});
+    static const std::string good = bench::Catalogue(SORVIK_CATALOGUE).Result({"SRC-250-900"}, "http://x", {});
     static const std::vector<std::string> pieces = KLUtils::Split(kPieces, "`");
     std::string text = input.ConsumeBool() ? good : "<a >";
     for (int attribute = 0; input.remaining_bytes() && text.size() < 8000;) {
