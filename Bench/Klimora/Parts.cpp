@@ -24,11 +24,10 @@ constexpr PartType kPartTypes[] = {
     {kStubDefine, 90},          {"EWAPART_CUSTOM", 99},
 };
 
-// Zero for a define that is in no table.
 long TypeIdOfDefine(const std::string& define) {
     for (const PartType& type : kPartTypes)
         if (define == type.define) return type.id;
-    return 0;
+    throw Refusal(kBadCommand, "There is no part of type '" + define + "'.");
 }
 
 // Class under which a part stands in the drawing.

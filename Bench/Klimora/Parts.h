@@ -18,7 +18,7 @@ inline constexpr long kDuctTypeId = 68;
 inline constexpr char kDuctDefine[] = "EWAPART_DUCT";
 inline constexpr char kSilencerDefine[] = "EWAPART_SILENCER";
 inline constexpr char kStubDefine[] = "EWAPART_STUB";
-void SetType(TiXmlElement* part, const std::string& define);
+void SetType(TiXmlElement* part, const std::string& define);  // an unknown type is refused
 
 // Places.
 struct Point {

@@ -19,11 +19,6 @@ constexpr size_t kLongestUserCode = 10;
 constexpr const char* kProductClasses[] = {"hZoneValveType", "hStopValveType", "dSupplyType", "dExtractType",
                                            "dOutdoorType",   "dExhaustType",   kSilencerClass};
 
-const std::vector<Field> kAddFields = {
-    {"Function/Name", Kind::kWord}, {"KPD/Filename", Kind::kWord},     {"KPDClass/Name", Kind::kWord},
-    {"Usercode", Kind::kWord},      {"Productfamilykey", Kind::kWord}, {"Productkey", Kind::kWord, true},
-};
-
 // Attributes of the dictionary.
 constexpr int kModelParameters = 1507;
 constexpr int kProductCode = 1562;
@@ -106,7 +101,6 @@ void CheckWords(const TiXmlElement* command) {
 std::string ManageProductData(Server& server, const std::string& command) {
     const std::unique_ptr<TiXmlDocument> document = ParseCommand(command, "ManageProductData");
     const TiXmlElement* root = document->RootElement();
-    CheckFields(Leaves(root), kAddFields, "ManageProductData");
     CheckWords(root);
     ProjectTree& project = server.project;
     project.Project();

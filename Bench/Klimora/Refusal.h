@@ -19,7 +19,6 @@ enum RefusalCode : long {
     kProductFile = -121,
     kBinaryVariable = -130,
     kDrawing = -140,
-    kPlanned = -199,  // a failure that the bench asked for without naming a code
 };
 
 class Refusal : public std::runtime_error {
