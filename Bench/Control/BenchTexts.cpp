@@ -96,30 +96,6 @@ std::string Escaped(std::string_view text) {
     return escaped + '"';
 }
 
-bool FromEscaped(std::string_view escaped, std::string& text) {
-    if (escaped.size() < 2 || escaped.front() != '"' || escaped.back() != '"') return false;
-    escaped = escaped.substr(1, escaped.size() - 2);
-    std::string read;
-    for (size_t i = 0; i < escaped.size(); ++i) {
-        if (escaped[i] == '"') return false;
-        if (escaped[i] != '\\') {
-            read += escaped[i];
-            continue;
-        }
-        if (++i == escaped.size()) return false;
-        std::string byte(1, escaped[i]);
-        if (byte == "n") byte = "\n";
-        if (byte == "r") byte = "\r";
-        if (byte == "x") {
-            if (i + 2 >= escaped.size() || !FromHex(escaped.substr(i + 1, 2), byte)) return false;
-            i += 2;
-        }
-        read += byte;
-    }
-    text = read;
-    return true;
-}
-
 bool SameName(std::string_view one, std::string_view other) {
     return std::equal(one.begin(), one.end(), other.begin(), other.end(),
                       [](char a, char b) { return LowerCase(a) == LowerCase(b); });

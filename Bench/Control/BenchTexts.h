@@ -23,7 +23,6 @@ std::string Quoted(std::string_view text);
 // "text" in which every byte can be written: \" and \\, \n and \r, other control characters as \xNN. Bytes above 7F
 // stay, so that UTF-8 stays legible.
 std::string Escaped(std::string_view text);
-bool FromEscaped(std::string_view escaped, std::string& text);
 
 // Letter case is ignored; in narrow texts that of ASCII letters.
 bool SameName(std::string_view one, std::string_view other);

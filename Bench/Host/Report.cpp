@@ -75,7 +75,7 @@ std::string RecordText(const KbaseRecord& record) {
         const int wide = std::snprintf(head, sizeof head, "  %5d  %-20s ", number, attribute.name.c_str());
         std::string before = head;
         for (const std::string& line : attribute.decoded) {
-            text += before + line + "\n";
+            text += before + (line.empty() ? "(empty)" : line) + "\n";
             before.assign(static_cast<size_t>(wide), ' ');
         }
         if (attribute.decoded.empty()) text += before + "(empty)\n";

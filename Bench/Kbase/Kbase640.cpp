@@ -25,8 +25,7 @@ KB_HANDLE OpenDictionary(const char* path, int mode, int flags) {
     if (!TextGiven("ddk_opendatabase", "a dictionary path", path)) return kNoDictionary;
     CheckModes("ddk_opendatabase", mode, 1, flags);
     KbaseDictionary dictionary;
-    std::string error;
-    return dictionary.Read(path, error) ? AddDictionary(dictionary) : kNoDictionary;
+    return dictionary.Read(path) ? AddDictionary(dictionary) : kNoDictionary;
 }
 
 int FindClassId(KB_HANDLE dictionary, const char* symbol, KB_CLASSID* classId) {
@@ -46,9 +45,8 @@ KB_HANDLE OpenBoth(const char* dictionaryPath, const char* databasePath, int fla
         return kNoDictionary;
     CheckModes("kbopendatabase", 0, 0, flags);
     OpenDatabase database;
-    std::string error;
-    if (!database.dictionary.Read(dictionaryPath, error)) return kNoDictionary;
-    if (!database.file.Read(databasePath, error)) return kNoDatabase;
+    if (!database.dictionary.Read(dictionaryPath)) return kNoDictionary;
+    if (!database.file.Read(databasePath)) return kNoDatabase;
     for (const auto& [name, record] : database.file.records())
         if (!database.dictionary.FindClass(record.className)) return kNoDatabase;
     return AddDatabase(std::move(database));

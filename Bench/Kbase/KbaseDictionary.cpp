@@ -4,10 +4,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
 #include <sstream>
 
 #include "BenchTexts.h"
-#include "KbaseText.h"
 
 namespace bench {
 namespace {
@@ -52,7 +52,10 @@ size_t KbaseAttributeForm::elementSize() const {
 }
 
 std::vector<std::string> KbaseAttributeForm::Decode(std::string_view bytes) const {
-    if (isText()) return {Escaped(bytes)};
+    if (isText()) {
+        const std::string quoted = Escaped(bytes);
+        return {quoted.substr(1, quoted.size() - 2)};
+    }
     std::vector<std::string> elements;
     for (size_t at = 0; at + elementSize() <= bytes.size();) {
         std::string text;
@@ -65,17 +68,20 @@ std::vector<std::string> KbaseAttributeForm::Decode(std::string_view bytes) cons
     return elements;
 }
 
-bool KbaseDictionary::Read(const std::string& path, std::string& error) {
+bool KbaseDictionary::Read(const std::string& path) {
     *this = {};
-    KbaseText text;
-    if (!ReadKbaseText(path, "dictionary", text, error)) return false;
-    for (size_t i = 0; i < text.lines.size(); ++i) {
-        if (TakeLine(text.lines[i])) continue;
-        *this = {};
-        error = KbaseLineError(path, "dictionary", i);
-        return false;
-    }
-    return true;
+    std::ifstream file(path, std::ios::binary);
+    std::string line;
+    const auto next = [&] {
+        std::getline(file, line);
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        return static_cast<bool>(file);
+    };
+    bool good = next() && line == "Kbase dictionary 1";
+    while (good && (good = next()) && line != "end of dictionary")
+        good = TakeLine(line);
+    if (!good) *this = {};
+    return good;
 }
 
 bool KbaseDictionary::TakeLine(const std::string& line) {

@@ -1,5 +1,5 @@
 // Dictionary of the record database: the classes with their ids and the attributes with number, name and form. It is a
-// text file (KbaseText.h) with lines
+// text file that begins with "Kbase dictionary 1", ends with "end of dictionary" and has between them lines
 //   class SYMBOL ID ID
 //   attribute NUMBER text   FEWEST MOST NAME             FEWEST and MOST count bytes
 //   attribute NUMBER binary FEWEST MOST NAME LAYOUT...   FEWEST and MOST count elements
@@ -32,14 +32,14 @@ struct KbaseAttributeForm {
     bool isText() const { return layout.empty(); }
     // Bytes of one element; 1 for a text.
     size_t elementSize() const;
-    // One line for a text, in quotes; for binary one line an element, "Qv=120 Dp=18.5".
+    // One line for a text; for binary one line an element, "Qv=120 Dp=18.5".
     std::vector<std::string> Decode(std::string_view bytes) const;
 };
 
 class KbaseDictionary {
  public:
-    // False with the reason in `error`; the dictionary is empty then.
-    bool Read(const std::string& path, std::string& error);
+    // False, and the dictionary is empty, when the file cannot be read, is something else or is cut off.
+    bool Read(const std::string& path);
 
     // Null and empty when there is none.
     const KbaseClassId* FindClass(const std::string& symbol) const;

@@ -1,70 +1,46 @@
 #include "KbaseFile.h"
 
-#include <algorithm>
+#include <tinyxml.h>
+
 #include <fstream>
-#include <sstream>
 
 #include "BenchTexts.h"
-#include "KbaseText.h"
 
 namespace bench {
 namespace {
 
-using Records = std::map<std::pair<std::string, std::string>, KbaseRecord>;
+std::string Text(const char* text) {
+    return text ? text : "";
+}
 
-const std::string kFirstLine = "Kbase database 1\n";
-const std::string kLastLine = "end of database\n";
-
-// Takes the lines of a file one by one; Take gives false for a line that cannot stand there.
-class RecordReader {
- public:
-    explicit RecordReader(Records& records) : records_(records) {}
-
-    bool Take(const std::string& line) {
-        std::istringstream words(line);
-        std::string first, second;
-        words >> first;
-        const std::string rest = line.substr(std::min(line.find_first_not_of(" \t", first.size()), line.size()));
-        if (!record_) return first.empty() || first[0] == '#' || (first == "record" && Begin(rest));
-        if (line == "end") return record_ = nullptr, true;
-        if (first == "hex") return attribute_ && FromHex(rest, attribute_->bytes);
-        if (first == "is") return attribute_ && (attribute_->decoded.push_back(rest), true);
-        long number = 0;
-        if (!ReadNumber(first, number) || number <= 0 || !(words >> second) || !(words >> std::ws).eof()) return false;
-        const auto [place, isNew] = record_->attributes.try_emplace(static_cast<int>(number));
-        attribute_ = &place->second;
-        attribute_->name = second;
-        return isNew;
+bool ReadRecord(const TiXmlElement& element, KbaseRecord& record) {
+    record.className = Text(element.Attribute("class"));
+    record.key = Text(element.Attribute("key"));
+    for (const TiXmlElement* one = element.FirstChildElement(); one; one = one->NextSiblingElement()) {
+        int number = 0;
+        one->Attribute("number", &number);
+        KbaseAttribute& attribute = record.attributes[number];
+        attribute.name = Text(one->Attribute("name"));
+        if (!FromHex(Text(one->Attribute("hex")), attribute.bytes)) return false;
+        for (const TiXmlElement* line = one->FirstChildElement("is"); line; line = line->NextSiblingElement("is"))
+            attribute.decoded.push_back(Text(line->GetText()));
     }
+    return true;
+}
 
-    bool InRecord() const { return record_ != nullptr; }
-
- private:
-    bool Begin(const std::string& classAndKey) {
-        KbaseRecord record;
-        const size_t blank = classAndKey.find(' ');
-        if (blank == std::string::npos || !FromEscaped(classAndKey.substr(blank + 1), record.key)) return false;
-        record.className = classAndKey.substr(0, blank);
-        const auto [place, isNew] = records_.emplace(std::pair(record.className, record.key), record);
-        record_ = &place->second;
-        attribute_ = nullptr;
-        return isNew;
-    }
-
-    Records& records_;
-    KbaseRecord* record_ = nullptr;
-    KbaseAttribute* attribute_ = nullptr;
-};
-
-std::string RecordText(const KbaseRecord& record) {
-    std::string text = "record " + record.className + ' ' + Escaped(record.key) + '\n';
+TiXmlElement* RecordElement(const KbaseRecord& record) {
+    auto* element = new TiXmlElement("Record");
+    element->SetAttribute("class", record.className);
+    element->SetAttribute("key", record.key);
     for (const auto& [number, attribute] : record.attributes) {
-        text += "  " + std::to_string(number) + ' ' + attribute.name + '\n';
-        text += "    hex " + Hex(attribute.bytes) + '\n';
+        auto* one = element->LinkEndChild(new TiXmlElement("Attribute"))->ToElement();
+        one->SetAttribute("number", number);
+        one->SetAttribute("name", attribute.name);
+        one->SetAttribute("hex", Hex(attribute.bytes));
         for (const std::string& line : attribute.decoded)
-            text += "    is  " + line + '\n';
+            one->LinkEndChild(new TiXmlElement("is"))->LinkEndChild(new TiXmlText(line));
     }
-    return text + "end\n\n";
+    return element;
 }
 
 }  // namespace
@@ -74,22 +50,20 @@ std::string KbaseRecord::BytesOf(int attribute) const {
     return found == attributes.end() ? std::string() : found->second.bytes;
 }
 
-bool KbaseFile::Read(const std::string& path, std::string& error) {
+// Texts are bytes here, in whatever encoding.
+bool KbaseFile::Read(const std::string& path) {
     *this = {};
-    KbaseText text;
-    if (!ReadKbaseText(path, "database", text, error)) return false;
-    RecordReader reader(records_);
-    size_t taken = 0;
-    while (taken < text.lines.size() && reader.Take(text.lines[taken]))
-        ++taken;
-    if (taken < text.lines.size() || reader.InRecord()) {
-        *this = {};
-        error = KbaseLineError(path, "database", taken);
-        return false;
-    }
     path_ = path;
-    end_ = text.end;
-    return true;
+    TiXmlDocument document;
+    bool good = document.LoadFile(path, TIXML_ENCODING_LEGACY) && document.RootElement() &&
+                document.RootElement()->ValueStr() == "KbaseDatabase";
+    if (!good) return false;
+    for (const TiXmlElement* one = document.RootElement()->FirstChildElement(); one && good;
+         one = one->NextSiblingElement()) {
+        KbaseRecord record;
+        good = ReadRecord(*one, record) && records_.emplace(std::pair(record.className, record.key), record).second;
+    }
+    return good;
 }
 
 const KbaseRecord* KbaseFile::Find(const std::string& className, const std::string& key) const {
@@ -98,15 +72,8 @@ const KbaseRecord* KbaseFile::Find(const std::string& className, const std::stri
 }
 
 bool KbaseFile::Save(const KbaseRecord& record) {
-    const bool isNew = records_.insert_or_assign({record.className, record.key}, record).second;
-    if (!isNew) return Write();
-    const std::string text = RecordText(record);
-    std::fstream file(path_, std::ios::in | std::ios::out | std::ios::binary);
-    file.seekp(end_);
-    file << text << kLastLine;
-    file.flush();
-    if (file) end_ += static_cast<long long>(text.size());
-    return static_cast<bool>(file);
+    records_.insert_or_assign({record.className, record.key}, record);
+    return Write();
 }
 
 bool KbaseFile::Delete(const std::string& className, const std::string& key) {
@@ -114,14 +81,16 @@ bool KbaseFile::Delete(const std::string& className, const std::string& key) {
     return Write();
 }
 
-bool KbaseFile::Write() {
-    std::string text = kFirstLine + '\n';
+bool KbaseFile::Write() const {
+    TiXmlDocument document;
+    TiXmlNode* root = document.LinkEndChild(new TiXmlElement("KbaseDatabase"));
     for (const auto& [name, record] : records_)
-        text += RecordText(record);
+        root->LinkEndChild(RecordElement(record));
+    TiXmlPrinter printer;
+    document.Accept(&printer);
     std::ofstream file(path_, std::ios::binary | std::ios::trunc);
-    file << text << kLastLine;
+    file << printer.Str();
     file.flush();
-    if (file) end_ = static_cast<long long>(text.size());
     return static_cast<bool>(file);
 }
 

@@ -1,10 +1,7 @@
-// Database file of the record database: a text file (KbaseText.h) with one block a record:
-//   record CLASS "KEY"
-//     ATTRIBUTE NAME
-//       hex 0A00...          the bytes, which alone are read back
-//       is  Fnc=10 D1=200    what they mean, one line an element, for the reader
-//   end
-// Lines after "#" between records are comments.
+// Database file of the record database, XML with an element for each record:
+//   <Record class="CLASS" key="KEY">
+//     <Attribute number="1650" name="AirDeviceDimData" hex="0A00...">   the bytes, which alone count
+//       <is>Fnc=10 D1=200</is>                                         what they mean, one an element, for the reader
 #pragma once
 
 #include <map>
@@ -31,24 +28,22 @@ struct KbaseRecord {
 
 class KbaseFile {
  public:
-    // False with the reason in `error`.
-    bool Read(const std::string& path, std::string& error);
+    // False when the file cannot be read, is something else or is cut off.
+    bool Read(const std::string& path);
 
     // Ordered by class and key.
     const std::map<std::pair<std::string, std::string>, KbaseRecord>& records() const { return records_; }
     const KbaseRecord* Find(const std::string& className, const std::string& key) const;  // null when there is none
 
-    // A new record is written at the end of the file; replacing or deleting one writes the file anew. False when the
-    // file cannot be written.
+    // Both write the file. False when it cannot be written.
     bool Save(const KbaseRecord& record);
     bool Delete(const std::string& className, const std::string& key);
 
  private:
-    bool Write();
+    bool Write() const;
 
     std::string path_;
     std::map<std::pair<std::string, std::string>, KbaseRecord> records_;
-    long long end_ = 0;  // where the last line begins
 };
 
 }  // namespace bench

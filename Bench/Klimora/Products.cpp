@@ -53,9 +53,7 @@ class ProductFile {
     // file. An empty record where it has none.
     KbaseRecord Record(const std::string& className, const std::string& key) const {
         KbaseFile file;
-        std::string error;
-        const KbaseRecord* record =
-            file.Read(path_, error) ? file.Find(InCodePage(className), InCodePage(key)) : nullptr;
+        const KbaseRecord* record = file.Read(path_) ? file.Find(InCodePage(className), InCodePage(key)) : nullptr;
         return record ? *record : KbaseRecord();
     }
 
