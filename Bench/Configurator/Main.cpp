@@ -4,7 +4,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -18,34 +17,6 @@ namespace {
 
 constexpr int kExported = 1;
 constexpr int kNotExported = 0;
-// A program that nobody terminates goes by itself after ten minutes, so that a broken test leaves none behind.
-constexpr DWORD kLongestHang = 600000;
-
-// Tells whoever waits for it that the program is up; the variable names an event of the waiting process.
-void SignalReady() {
-    const std::string name = Environment("SORVIK_BENCH_CONFIGURATOR_READY");
-    if (name.empty()) return;
-    if (const HANDLE ready = OpenEventA(EVENT_MODIFY_STATE, FALSE, name.c_str())) {
-        SetEvent(ready);
-        CloseHandle(ready);
-    }
-}
-
-int Hang() {
-    if (const HANDLE never = CreateEventW(nullptr, TRUE, FALSE, nullptr)) {
-        SignalReady();
-        WaitForSingleObject(never, kLongestHang);
-        CloseHandle(never);
-    }
-    return kNotExported;
-}
-
-[[noreturn]] void Crash() {
-    // No box and no debugger: the process ends at once, and the caller sees the exit code of an access violation.
-    SetUnhandledExceptionFilter([](EXCEPTION_POINTERS*) -> LONG { return EXCEPTION_EXECUTE_HANDLER; });
-    RaiseException(EXCEPTION_ACCESS_VIOLATION, EXCEPTION_NONCONTINUABLE, 0, nullptr);
-    ExitProcess(EXCEPTION_ACCESS_VIOLATION);
-}
 
 bool AllFit(const std::string& chosen, const std::vector<Product>& products) {
     for (const std::string& id : bench::SplitAtCommas(chosen))
@@ -68,7 +39,7 @@ int Choose(const CommandLine& line, const std::vector<Product>& products, const 
 }
 
 int Ask(const CommandLine& line, const std::vector<Product>& products) {
-    const std::string chosen = AskForProduct(line, products, SignalReady);
+    const std::string chosen = AskForProduct(line, products);
     if (chosen.empty()) return kNotExported;
     Record("chose", chosen);
     return kExported;
@@ -76,10 +47,6 @@ int Ask(const CommandLine& line, const std::vector<Product>& products) {
 
 int Run(const CommandLine& line) {
     const Script script = ReadScript();
-    if (script.verb == "hang") return Hang();
-    if (script.verb == "crash") Crash();
-    if (script.verb == "exit") return std::atoi(script.object.c_str());
-
     std::vector<Product> products;
     std::string error;
     if (!FetchProducts(line.address, products, error)) {

@@ -14,7 +14,6 @@ namespace {
 struct Window {
     const CommandLine& line;
     const std::vector<Product>& products;
-    void (*shown)();
     std::string exported;
 };
 
@@ -82,7 +81,6 @@ void Open(HWND dialog, const Window& window) {
     SetFocus(GetDlgItem(dialog, window.products.empty() ? IDCANCEL : IDC_PRODUCTS));
     ShowWindow(dialog, SW_SHOW);
     SetForegroundWindow(dialog);
-    window.shown();
 }
 
 void Export(HWND dialog, Window& window) {
@@ -122,10 +120,10 @@ INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lPar
 
 }  // namespace
 
-std::string AskForProduct(const CommandLine& line, const std::vector<Product>& products, void (*shown)()) {
+std::string AskForProduct(const CommandLine& line, const std::vector<Product>& products) {
     const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_LISTVIEW_CLASSES};
     InitCommonControlsEx(&controls);
-    Window window{line, products, shown, {}};
+    Window window{line, products, {}};
     DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_PRODUCTS), nullptr, Procedure,
                     reinterpret_cast<LPARAM>(&window));
     return window.exported;

@@ -8,5 +8,5 @@
 #include "CommandLine.h"
 #include "MakerSite.h"
 
-// Id of the exported product, empty when the window was cancelled. `shown` is called once the window is filled.
-std::string AskForProduct(const CommandLine& line, const std::vector<Product>& products, void (*shown)());
+// Id of the exported product, empty when the window was cancelled.
+std::string AskForProduct(const CommandLine& line, const std::vector<Product>& products);

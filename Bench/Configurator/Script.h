@@ -1,8 +1,8 @@
 // How the bench drives the program and learns what it did.
 //
 // What the program is to do without asking anybody, taken from the environment variable SORVIK_BENCH_CONFIGURATOR:
-// "choose first", "choose PRODUCT" (several with commas between), "cancel", "hang" (stays open until it is terminated),
-// "crash", "exit N", or "ask", which shows the window. Nothing, or anything else, cancels.
+// "choose first", "choose PRODUCT" (several with commas between), "cancel", or "ask", which shows the window. Nothing,
+// or anything else, cancels.
 #pragma once
 
 #include <string>

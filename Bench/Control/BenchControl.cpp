@@ -127,10 +127,6 @@ void FailCalls(const PlannedFailure& failure) {
     Locked()->failures.push_back(failure);
 }
 
-void FailCall(int ordinal) {
-    FailCalls({"", ordinal, {}});
-}
-
 void FailCall(const char* name, int ordinal) {
     FailCalls({name, ordinal, {}});
 }
@@ -143,14 +139,6 @@ void ClearFailures() {
     const Locked state;
     state->failures.clear();
     state->callsByName.clear();
-}
-
-int CallCount() {
-    const Locked state;
-    int calls = 0;
-    for (const auto& [name, times] : state->callsByName)
-        calls += times;
-    return calls;
 }
 
 void Owe(const std::string& kind, const std::string& name) {

@@ -70,12 +70,9 @@ struct PlannedFailure {
 };
 BENCH_CONTROL_API bool NameFits(const std::string& name, const std::string& pattern);
 BENCH_CONTROL_API void FailCalls(const PlannedFailure& failure);
-BENCH_CONTROL_API void FailCall(int ordinal);
 BENCH_CONTROL_API void FailCall(const char* name, int ordinal);
 BENCH_CONTROL_API void FailCall(const char* name, int ordinal, long code);
 BENCH_CONTROL_API void ClearFailures();
-// Calls counted since the plan was last cleared, so that a test can run once for every call of a good run.
-BENCH_CONTROL_API int CallCount();
 
 // Balance: what the module owes. `kind` is a plain noun ("open object", "resbuf chain"), `name` tells which one.
 BENCH_CONTROL_API void Owe(const std::string& kind, const std::string& name);

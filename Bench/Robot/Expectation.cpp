@@ -74,11 +74,6 @@ Expectation& Expectation::Captioned(const std::string& caption) {
     return *this;
 }
 
-Expectation& Expectation::Saying(const std::string& text) {
-    text_ = text;
-    return *this;
-}
-
 Expectation& Expectation::Icon(BoxIcon icon) {
     icon_ = icon;
     return *this;
@@ -90,12 +85,7 @@ Expectation& Expectation::Buttons(const std::vector<std::string>& texts) {
 }
 
 Expectation& Expectation::Shows(int control, const std::string& text) {
-    fields_.push_back({control, text, {}});
-    return *this;
-}
-
-Expectation& Expectation::Limit(int control, size_t characters) {
-    fields_.push_back({control, {}, characters});
+    fields_.emplace_back(control, text);
     return *this;
 }
 
@@ -142,19 +132,16 @@ std::vector<std::string> Expectation::Differences(const SeenDialog& seen) const 
                                 " and is " + Escaped(found) + ".");
     };
     if (caption_) differ("caption", *caption_, seen.caption);
-    if (text_) differ("text", *text_, seen.text);
     if (icon_) differ("icon", NameOf(*icon_), NameOf(seen.icon));
     if (buttons_) differ("row of buttons", Join(*buttons_), seen.ButtonTexts());
-    for (const Field& field : fields_) {
+    for (const auto& [control, text] : fields_) {
         const auto found = std::find_if(seen.edits.begin(), seen.edits.end(),
-                                        [&](const SeenEdit& edit) { return edit.id == field.control; });
-        const std::string name = "field " + std::to_string(field.control);
-        if (found == seen.edits.end()) {
+                                        [id = control](const SeenEdit& edit) { return edit.id == id; });
+        const std::string name = "field " + std::to_string(control);
+        if (found == seen.edits.end())
             sentences.push_back("There is no " + name + " in " + name_ + ".");
-            continue;
-        }
-        if (field.text) differ(name, *field.text, found->text);
-        if (field.limit) differ("limit of " + name, std::to_string(*field.limit), std::to_string(found->limit));
+        else
+            differ(name, text, found->text);
     }
     return sentences;
 }

@@ -9,6 +9,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "SeenDialog.h"
@@ -24,13 +25,11 @@ class Expectation {
     Expectation(const std::string& name, std::function<bool(const SeenDialog& seen)> meant);
 
     Expectation& Captioned(const std::string& caption);
-    Expectation& Saying(const std::string& text);
     Expectation& Icon(BoxIcon icon);
     // Texts of the push buttons, in their order: {"Yes", "No"}.
     Expectation& Buttons(const std::vector<std::string>& texts);
-    // The field's text and its limit before anything is typed.
+    // The field's text before anything is typed.
     Expectation& Shows(int control, const std::string& text);
-    Expectation& Limit(int control, size_t characters);
 
     // Replaces what the field holds, key by key, so that the field's own limit holds.
     Expectation& Type(int control, const std::string& text);
@@ -49,19 +48,12 @@ class Expectation {
  private:
     Expectation& Do(Step step);
 
-    struct Field {
-        int control;
-        std::optional<std::string> text;
-        std::optional<size_t> limit;
-    };
-
     std::string name_;
     std::function<bool(const SeenDialog&)> meant_;
     std::optional<std::string> caption_;
-    std::optional<std::string> text_;
     std::optional<BoxIcon> icon_;
     std::optional<std::vector<std::string>> buttons_;
-    std::vector<Field> fields_;
+    std::vector<std::pair<int, std::string>> fields_;
     std::vector<Step> steps_;
 };
 

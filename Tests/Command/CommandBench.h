@@ -39,7 +39,7 @@ class CommandBench : public testing::Test {
     // ---- The user -------------------------------------------------------------------------------------------------
     void Picks(const std::string& handle);
     void PressesEscape();
-    // What the configurator does: "choose first", "choose SRC-250-900", "cancel", "hang", "exit 7".
+    // What the configurator does: "choose first", "choose SRC-250-900", "cancel".
     void InTheConfigurator(const std::string& script);
     // A message box of the plug-in comes and is answered.
     void MeetsBox(const std::string& text, bench::BoxIcon icon, const std::vector<std::string>& buttons,
