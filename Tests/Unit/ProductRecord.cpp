@@ -111,7 +111,7 @@ class ProductRecord : public SessionBench {
  private:
     RecordedCalls calls_;
     const ImportPatch insertions_{"kbinsertatt", InsertAttribute};
-    // A real session costs a second under Wine, and none is needed here.
+    // A real session is slow under Wine, and none is needed here.
     const ImportPatch connected_{"InternetGetConnectedState", +[](DWORD*, DWORD) -> BOOL { return TRUE; }};
     const ImportPatch openings_{
         "InternetOpenA", +[](const char*, DWORD, const char*, const char*, DWORD) -> HINTERNET { return &attributes; }};
