@@ -135,6 +135,20 @@ void Base64Rows(Table& table) {
     table.Same([&] { return encoded == text; });
 }
 
+void DownloadRow(Table& table) {
+    const TestFolder folder;
+    const std::string url = SORVIK_WEB_SERVER "/klimora/export/file.bin", ours = folder.file("ours"),
+                      peers = folder.file("peers"), bytes = Bytes(32 * kMegabyte);
+    bench::WebServer server{SORVIK_CATALOGUE};
+    server.UseAsProxy();
+    server.Serve("/klimora/export/file.bin", bytes);
+    table.Ratio("download of 32 MB / a bare WinINet loop", 1.1, Timed([&] { DownloadFile(url.c_str(), ours.c_str()); }),
+                Timed([&] { BareDownload(url.c_str(), peers.c_str()); }));
+    table.Same([&] { return ReadWholeFile(ours) == bytes && ReadWholeFile(peers) == bytes; });
+}
+
+}  // namespace
+
 void BareDownload(const char* url, const char* path) {
     const HANDLE file = CreateFileA(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
     DWORD connection = 7;
@@ -150,20 +164,6 @@ void BareDownload(const char* url, const char* path) {
     InternetCloseHandle(session);
     CloseHandle(file);
 }
-
-void DownloadRow(Table& table) {
-    const TestFolder folder;
-    const std::string url = SORVIK_WEB_SERVER "/klimora/export/file.bin", ours = folder.file("ours"),
-                      peers = folder.file("peers"), bytes = Bytes(32 * kMegabyte);
-    bench::WebServer server{SORVIK_CATALOGUE};
-    server.UseAsProxy();
-    server.Serve("/klimora/export/file.bin", bytes);
-    table.Ratio("download of 32 MB / a bare WinINet loop", 1.1, Timed([&] { DownloadFile(url.c_str(), ours.c_str()); }),
-                Timed([&] { BareDownload(url.c_str(), peers.c_str()); }));
-    table.Same([&] { return ReadWholeFile(ours) == bytes && ReadWholeFile(peers) == bytes; });
-}
-
-}  // namespace
 
 void LibraryRows(Table& table) {
     DigestRow(table);

@@ -12,6 +12,7 @@
 #include "BenchAutoCAD.h"
 #include "BenchControl.h"
 #include "BenchKlimora.h"
+#include "CommandRows.h"
 #include "KL_Conn.h"
 #include "KL_Conn_SorvSilencer.h"
 #include "LibraryRows.h"
@@ -292,6 +293,7 @@ int Benchmark(const std::string& wanted) {
         TextRows(table);
         RunRow(table);
     }
+    CommandRows(table);
     LibraryRows(table);
     bench::StopKlimora();
     bench::StopAutoCAD();

@@ -15,29 +15,41 @@
 #include "ImportPatch.h"
 #include "KLIMCOMSRVLib.h"
 
-// Klimora's running server with some slots of its own: it has silencers with the codes SORV1, SORV2, … and takes
-// attributes, binary variables and products without a look. Other questions go on to the stand-in and its journal.
-class QuickServer {
+// A reference to the interface of Klimora's running server.
+class RunningServer {
  public:
-    QuickServer() {
+    RunningServer() {
         CLSID id;
         IUnknown* object = nullptr;
         CLSIDFromProgID(L"KlimComSrv.Klimora", &id);
         GetActiveObject(id, nullptr, &object);
         object->QueryInterface(KLIMCOMSRVLib::IID_IKlimora200805, reinterpret_cast<void**>(&server_));
         object->Release();
-        slots_ = *reinterpret_cast<void***>(server_);
+    }
+    ~RunningServer() { server_->Release(); }
+    RunningServer(const RunningServer&) = delete;
+    RunningServer& operator=(const RunningServer&) = delete;
+
+    KLIMCOMSRVLib::IKlimora200805* get() const { return server_; }
+
+ private:
+    KLIMCOMSRVLib::IKlimora200805* server_ = nullptr;
+};
+
+// Klimora's running server with some slots of its own: it has silencers with the codes SORV1, SORV2, … and takes
+// attributes, binary variables and products without a look. Other questions go on to the stand-in and its journal.
+class QuickServer {
+ public:
+    QuickServer() {
+        slots_ = *reinterpret_cast<void***>(server_.get());
         std::copy_n(slots_, own_.size(), own_.begin());
         askStandIn_ = reinterpret_cast<decltype(askStandIn_)>(own_[9]);
         own_[9] = reinterpret_cast<void*>(GetPartAtt);
         for (const int slot : {10, 19, 20, 21, 22})  // setPartAtt, binary variables, manageProductData
             own_[slot] = reinterpret_cast<void*>(TakeAnything);
-        *reinterpret_cast<void***>(server_) = own_.data();
+        *reinterpret_cast<void***>(server_.get()) = own_.data();
     }
-    ~QuickServer() {
-        *reinterpret_cast<void***>(server_) = slots_;
-        server_->Release();
-    }
+    ~QuickServer() { *reinterpret_cast<void***>(server_.get()) = slots_; }
     QuickServer(const QuickServer&) = delete;
     QuickServer& operator=(const QuickServer&) = delete;
 
@@ -49,7 +61,7 @@ class QuickServer {
     }
     static inline long long calls = 0;  // answered here so far
 
-    KLIMCOMSRVLib::IKlimora200805* operator->() const { return server_; }
+    KLIMCOMSRVLib::IKlimora200805* operator->() const { return server_.get(); }
 
  private:
     using Server = KLIMCOMSRVLib::IKlimora200805;
@@ -75,7 +87,7 @@ class QuickServer {
     static inline std::wstring codeCount_;
     static inline std::vector<std::wstring> codes_;
     static inline size_t nextCode_ = 0;
-    Server* server_ = nullptr;
+    const RunningServer server_;
     void** slots_ = nullptr;
     std::array<void*, 25> own_ = {};
 };
