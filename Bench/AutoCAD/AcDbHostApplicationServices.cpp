@@ -1,6 +1,6 @@
 // None of it ever fails in AutoCAD, so the failure plan has no effect here; only the working database is null when no
 // drawing is open.
-#include "AcDbHostApplicationServices.h"
+#include "Application.h"
 
 #include "AcRxClass.h"
 #include "AcTransactionManager.h"

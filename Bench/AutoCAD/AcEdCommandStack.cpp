@@ -1,4 +1,4 @@
-#include "AcEdCommandStack.h"
+#include "SystemRegistry.h"
 
 #include <algorithm>
 #include <cwchar>

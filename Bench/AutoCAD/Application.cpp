@@ -1,17 +1,15 @@
 // Start and end of AutoCAD and of its drawing.
+#include "Application.h"
+
 #include <ole2.h>
 
 #include "AcDbDatabase.h"
-#include "AcDbHostApplicationServices.h"
 #include "AcDbObject.h"
 #include "AcTransactionManager.h"
-#include "MainWindow.h"
+#include "BenchAutoCAD.h"
 #include "Memory.h"
-#include "Modules.h"
-#include "ObjectClasses.h"
-#include "Services.h"
 #include "Session.h"
-#include "SystemVariables.h"
+#include "SystemRegistry.h"
 #include "Texts.h"
 
 namespace bench {

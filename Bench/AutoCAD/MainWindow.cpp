@@ -1,4 +1,4 @@
-#include "MainWindow.h"
+#include "Application.h"
 
 #include "ArxCall.h"
 #include "Session.h"

@@ -1,11 +1,11 @@
-#include "Modules.h"
+#include "Application.h"
+#include "SystemRegistry.h"
 
 #include <filesystem>
 
 #include "AcRxClass.h"
 #include "ArxCall.h"
 #include "CommandLine.h"
-#include "Services.h"
 #include "Session.h"
 #include "Texts.h"
 #include "acedads.h"

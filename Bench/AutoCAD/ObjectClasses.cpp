@@ -1,4 +1,4 @@
-#include "ObjectClasses.h"
+#include "Application.h"
 
 #include "AcDbObject.h"
 #include "dbents.h"

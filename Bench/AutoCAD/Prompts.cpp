@@ -1,7 +1,6 @@
-#include "Prompts.h"
+#include "CommandLine.h"
 
 #include "ArxCall.h"
-#include "CommandLine.h"
 #include "Session.h"
 #include "Texts.h"
 #include "acedads.h"

@@ -7,7 +7,6 @@
 #include "AcDbObjectId.h"
 #include "ArxCall.h"
 #include "CommandLine.h"
-#include "Prompts.h"
 #include "Session.h"
 #include "Texts.h"
 #include "acedads.h"

@@ -1,4 +1,4 @@
-#include "Services.h"
+#include "SystemRegistry.h"
 
 #include "AcRxClass.h"
 #include "ArxCall.h"

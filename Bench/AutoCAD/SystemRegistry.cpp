@@ -1,8 +1,7 @@
 // The system registry: where a module finds command stack, services and loader.
-#include "AcEdCommandStack.h"
+#include "SystemRegistry.h"
+
 #include "ArxCall.h"
-#include "Modules.h"
-#include "Services.h"
 #include "Texts.h"
 #include "rxnames.h"
 

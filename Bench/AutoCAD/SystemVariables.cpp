@@ -1,6 +1,6 @@
 // System variables: a table of names with their type, as AutoCAD types them. The coordinate system's variables and the
 // drawing's name are answered from the drawing itself.
-#include "SystemVariables.h"
+#include "Application.h"
 
 #include <cstdlib>
 #include <cstring>

@@ -1,4 +1,4 @@
-// The service dictionary of the system registry.
+// The objects of AutoCAD's system registry.
 #pragma once
 
 #include <windows.h>
@@ -6,9 +6,17 @@
 #include <string>
 #include <vector>
 
+#include "accmd.h"
 #include "rxdict.h"
+#include "rxdlinkr.h"
 
 namespace bench {
+
+AcEdCommandStack* TheCommandStack();
+
+// Loads and unloads ObjectARX modules. The application id that a module gets is the address of its record in the
+// session.
+AcRxDynamicLinker* TheDynamicLinker();
 
 AcRxDictionary* ServiceDictionary();
 // Names of the services that code of this module registered.
