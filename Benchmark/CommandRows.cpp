@@ -180,10 +180,10 @@ void CommandRows(Table& table) {
                 work();
             });
         };
-        table.Ratio("from OK to the command" + with + " / bare calls", 1.3, quietly([&] { InstallFrom(session); }),
+        table.Ratio("from OK to the command" + with + " / bare calls", 1.5, quietly([&] { InstallFrom(session); }),
                     quietly([&] { bare.Install(); }));
         table.Ratio(
-            "the module's part of a run" + with + " / calls", 0.5, [&] { return RunAlone(result, silencers); },
+            "the module's part of a run" + with + " / calls", 0.55, [&] { return RunAlone(result, silencers); },
             quietly([&] { bare.Run(); }));
     }
 }
