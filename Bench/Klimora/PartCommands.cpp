@@ -43,7 +43,7 @@ std::string Insert(ProjectTree& project, const TiXmlElement& made) {
         project.Parts()->RemoveChild(part);
         throw;
     }
-    const std::string handle = ProjectTree::Handle(part);
+    std::string handle = ProjectTree::Handle(part);
     for (const TiXmlElement* connection : ConnectionsOf(part)) {
         const std::string neighbour = ValueAt(connection, "ConnectedTo");
         if (IsConnectedHandle(neighbour)) ConnectTo(project.Part(neighbour), handle);

@@ -117,7 +117,7 @@ Expectation& Expectation::Screenshot(const std::string& file) {
     return Do([=](const SeenDialog& seen) { return SavePictureOf(seen.window, file); });
 }
 
-Expectation& Expectation::Look(std::function<void(const SeenDialog&)> observer) {
+Expectation& Expectation::Look(const std::function<void(const SeenDialog&)>& observer) {
     return Do([=](const SeenDialog& seen) {
         observer(seen);
         return std::string();

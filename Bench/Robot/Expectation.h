@@ -37,7 +37,7 @@ class Expectation {
     Expectation& AnswerWith(const std::string& buttonText);
     Expectation& Close();
     Expectation& Screenshot(const std::string& file);  // .png
-    Expectation& Look(std::function<void(const SeenDialog& seen)> observer);
+    Expectation& Look(const std::function<void(const SeenDialog& seen)>& observer);
 
     const std::string& name() const { return name_; }
     bool Meant(const SeenDialog& seen) const { return meant_(seen); }
