@@ -135,8 +135,10 @@ class Walk {
     }
     bool PassStartTag() {
         const char* const tag = at_++;
+        SkipBlanks();  // byte order marks may stand before the name
+        const char* const start = at_;
         if (!PassName()) return false;
-        const std::string_view name(tag + 1, static_cast<size_t>(at_ - tag - 1));
+        const std::string_view name(start, static_cast<size_t>(at_ - start));
         std::vector<std::string_view> attributes;
         for (;;) {
             SkipBlanks();

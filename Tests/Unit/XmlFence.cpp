@@ -107,6 +107,8 @@ TEST(XmlFence, SeesElementsWhereTheParserSeesThem) {
         {"<r x='&#xg;'>" + many, false},
         {"<?xml?><r \xEF\xBB\xBF x='1'>" + many, true},
         {"<r \xEF\xBB\xBF='1'>" + many, true},
+        {"<?xml?><\xEF\xBB\xBF\nr>" + many, true},  // a mark before a name is a blank
+        {"<\xEF\xBB\xBF r>" + many, false},
     };
     for (const auto& [xml, refused] : cases)
         EXPECT_EQ(!Refusal(xml).empty(), refused) << xml.substr(0, 60);
