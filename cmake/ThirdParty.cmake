@@ -2,7 +2,7 @@
 # it. GoogleTest and cpp-httplib serve the bench only.
 set(SORVIK_THIRD_PARTY ${CMAKE_SOURCE_DIR}/build/third-party CACHE PATH "Sources that tools/setup has fetched")
 
-if(SORVIK_BENCH)
+if(SORVIK_BENCH AND NOT CMAKE_HOST_WIN32)
   set(tinyxml_dir ${SORVIK_THIRD_PARTY}/tinyxml/source)
   add_library(tinyxml STATIC
     ${tinyxml_dir}/tinyxml.cpp ${tinyxml_dir}/tinyxmlparser.cpp ${tinyxml_dir}/tinyxmlerror.cpp)
@@ -26,4 +26,11 @@ else()
   find_path(TINYXML_INCLUDE tinyxml.h REQUIRED NO_CMAKE_FIND_ROOT_PATH)
   target_include_directories(tinyxml SYSTEM INTERFACE ${TINYXML_INCLUDE})
   target_compile_definitions(tinyxml INTERFACE TIXML_USE_STL)
+endif()
+
+if(SORVIK_BENCH AND CMAKE_HOST_WIN32)
+  find_package(GTest CONFIG REQUIRED)
+  find_package(httplib CONFIG REQUIRED)
+  add_library(cpp_httplib INTERFACE)
+  target_link_libraries(cpp_httplib INTERFACE httplib::httplib)
 endif()

@@ -3,6 +3,7 @@
 #include "AcRxClass.h"
 #include "ArxCall.h"
 #include "BenchAutoCAD.h"
+#include "CallerAddress.h"
 #include "Texts.h"
 #include "rxregsvc.h"
 #include "rxsrvice.h"
@@ -101,7 +102,7 @@ void* acrxRegisterService(const ACHAR* serviceName) {
         services.all[place].object = service;
         return service;
     }
-    services.all.push_back({serviceName, service, bench::ModuleOf(__builtin_return_address(0))});
+    services.all.push_back({serviceName, service, bench::ModuleOf(CALLER_ADDRESS())});
     bench::Owe("service", bench::Shown(serviceName));
     return service;
 }

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "RequestTarget.h"
+#include "Script.h"
 #include "tinyxml.h"
 
 namespace {
@@ -14,6 +15,8 @@ struct InternetCloser {
     void operator()(void* handle) const { InternetCloseHandle(handle); }
 };
 using Internet = std::unique_ptr<void, InternetCloser>;
+
+constexpr char kAgent[] = "Sorvik configurator";
 
 struct Host {
     std::string name;
@@ -49,7 +52,10 @@ bool Exchange(const char* method, const std::string& address, const std::string&
         error = "The address names no server.";
         return false;
     }
-    const Internet session(InternetOpenA("Sorvik configurator", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0));
+    // The bench's web server is reached through a proxy that the environment names.
+    const std::string proxy = Environment("http_proxy");
+    const Internet session(proxy.empty() ? InternetOpenA(kAgent, INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0)
+                                         : InternetOpenA(kAgent, INTERNET_OPEN_TYPE_PROXY, proxy.c_str(), nullptr, 0));
     const Internet connection(session ? InternetConnectA(session.get(), host.name.c_str(), host.port, nullptr, nullptr,
                                                          INTERNET_SERVICE_HTTP, 0, 0)
                                       : nullptr);

@@ -10,6 +10,7 @@
 #include "httplib.h"
 
 #include "BenchControl.h"
+#include "Proxy.h"
 
 namespace bench {
 namespace {
@@ -217,20 +218,8 @@ WebServer::WebServer(const std::string& catalogue)
 
 WebServer::~WebServer() = default;
 
-// WinINet under Wine takes its proxy from the environment variable http_proxy, which it reads through the C runtime;
-// each runtime of the process keeps its own copy of the environment, so all of them are told.
 void WebServer::UseAsProxy() const {
-    const std::string address = "127.0.0.1:" + std::to_string(listener_->port());
-    for (const char* runtime : {"ucrtbase.dll", "msvcrt.dll"}) {
-        const HMODULE module = LoadLibraryA(runtime);
-        if (!module) continue;
-        using PutEnvironment = int(__cdecl*)(const char*);
-        const FARPROC putEnvironment = GetProcAddress(module, "_putenv");
-        if (putEnvironment)
-            reinterpret_cast<PutEnvironment>(reinterpret_cast<void*>(putEnvironment))(
-                ("http_proxy=" + address).c_str());
-    }
-    SetEnvironmentVariableA("http_proxy", address.c_str());
+    UseProxy("127.0.0.1:" + std::to_string(listener_->port()));
 }
 
 }  // namespace bench

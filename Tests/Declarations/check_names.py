@@ -4,6 +4,7 @@ tools/check-sdk against SDK folders whose libraries export that list: complete, 
 import importlib.machinery
 import importlib.util
 import os
+import re
 import shutil
 import subprocess
 import sys
@@ -93,6 +94,10 @@ def main():
         real = check_sdk.imports(objects) - {INLINE} | {INLINE.replace("getBlockTable", "getSymbolTable")}
         if check_sdk.differing_names(real, list_of_names):
             faults.append("what the SDK imports in place of an inline function is not accepted")
+        needed = {name.replace("__imp_", "") for name in check_sdk.unresolved(objects)}
+        with open(root + "/Tests/Unit/DecoratedNames.h", encoding="utf-8") as file:
+            patched = re.findall(r'"(\?[^"]+)"', file.read())
+        faults += [f"DecoratedNames.h has {name}, which is not imported" for name in patched if name not in needed]
     print(*faults, sep="\n")
     return 1 if faults else 0
 

@@ -9,6 +9,7 @@
 #include "TestFiles.h"
 #include "Util/Download.h"
 #include "WebServer.h"
+#include "Wine.h"
 
 namespace {
 
@@ -135,7 +136,6 @@ TEST_F(DownloadTest, WholeFilesArriveFromARealServer) {
     EXPECT_EQ(server.requests().size(), 3u) << "none came from a cache";
 
     // A session's time-outs hold for its requests on Windows. Wine forgets them; when this fails, it has learnt that.
-    const bool isWine = GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") != nullptr;
     RecordedCalls calls;
     calls.Record("InternetSetOptionA", InternetSetOptionA, [](HINTERNET session, DWORD option, void*, DWORD size) {
         DWORD limit = 50;
@@ -143,7 +143,7 @@ TEST_F(DownloadTest, WholeFilesArriveFromARealServer) {
     });
     server.Serve("/klimora/export/file.xml", binary);
     server.SetTrouble("/klimora/export/file.xml", bench::Trouble::kStalled);
-    EXPECT_EQ(Fetch(), isWine ? 1 : 0);
+    EXPECT_EQ(Fetch(), bench::RunsUnderWine() ? 1 : 0);
     EXPECT_EQ(bench::Transcript(), "");
 }
 

@@ -1,6 +1,6 @@
 // Puts another function in the place of one that this program (or a given module) imports, for the length of a scope:
 // single calls of Windows or the C runtime can be made to fail, or their arguments be looked at. Whatever module the
-// name comes from is covered; other modules that import it are not.
+// name comes from is covered; other modules that import it are not. C++ functions have plain names in DecoratedNames.h.
 #pragma once
 
 #include <windows.h>
@@ -11,6 +11,8 @@
 #include <string>
 #include <utility>
 #include <vector>
+
+#include "DecoratedNames.h"
 
 // Every function that a module imports by its name: visit(library, name, place), with the place of its address.
 template <class Visit>
@@ -36,7 +38,7 @@ class ImportPatch {
     template <class Function>
     ImportPatch(const char* name, Function* replacement, HMODULE module = GetModuleHandleW(nullptr)) {
         ForEachImport(module, [&](const char*, const char* import, ULONGLONG* place) {
-            if (std::strcmp(import, name) == 0) slots_.emplace_back(place, *place);
+            if (IsImport(import, name)) slots_.emplace_back(place, *place);
         });
         // A patch that patches nothing would let a test pass for the wrong reason.
         if (slots_.empty()) throw std::logic_error(std::string(name) + " is not imported");
@@ -56,6 +58,12 @@ class ImportPatch {
     }
 
  private:
+    static bool IsImport(const char* import, const char* name) {
+        for (const DecoratedName& row : kDecoratedNames)
+            if (std::strcmp(row.plain, name) == 0)
+                return std::strcmp(row.gcc, import) == 0 || std::strcmp(row.visualCpp, import) == 0;
+        return std::strcmp(import, name) == 0;
+    }
     static void Write(ULONGLONG* place, ULONGLONG value) {
         DWORD protection = 0;
         VirtualProtect(place, sizeof *place, PAGE_READWRITE, &protection);

@@ -73,7 +73,7 @@ TEST_F(KLUtilsTest, UcsMatrixIsIdentityWhenAVariableCannotBeRead) {
 
 TEST_F(KLUtilsTest, ValuesThatAreNoPointsAreToldAndUsed) {
     RecordedCalls calls;
-    calls.Record("_Z10acedGetVarPKwP6resbuf", acedGetVar, [](const ACHAR* name, resbuf* value) {
+    calls.Record("acedGetVar", acedGetVar, [](const ACHAR* name, resbuf* value) {
         value->restype = RTREAL;
         for (int i = 0; i < 3; ++i)
             value->resval.rpoint[i] = name[3] == L'O' ? 7 : i == (name[3] == L'Y');

@@ -69,7 +69,7 @@ TEST(ModuleLoader, ArxModuleGoesThroughAutoCAD) {
     EXPECT_EQ(bench::Journal().at(0), "acedArxLoad " + path + " -> -5001");
     Printed();
     const ImportPatch patch(
-        "_Z11acedArxLoadPKw", +[](const wchar_t*) { return SetLastError(5), 0; });
+        "acedArxLoad", +[](const wchar_t*) { return SetLastError(5), 0; });
     EXPECT_EQ(LoadModule(record, Folder().c_str()), -2);
     EXPECT_EQ(Printed(), "Error: 5 - cannot load arx-module: " + path + "\n");
 }
@@ -103,7 +103,7 @@ TEST(ModuleStart, FailedModuleRefusesTheApplication) {
     nothingIsLeft(records[0]);
     // What throws is taken back as well: the line of success, when all is loaded.
     const ImportPatch patch(
-        "_Z10acutPrintfPKwz", +[](const wchar_t*) -> int { throw std::runtime_error("no print"); });
+        "acutPrintf", +[](const wchar_t*) -> int { throw std::runtime_error("no print"); });
     EXPECT_EQ(StartApplication(records, 1, &packet), 3);
     EXPECT_EQ(acrxEntryPoint(AcRx::kInitAppMsg, &packet), 3);
     nothingIsLeft(records[0]);

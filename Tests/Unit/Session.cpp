@@ -295,8 +295,6 @@ TEST_F(Session, ProductThatCannotBeInsertedIsToldAndStatisticsAreNoFailure) {
                              "Product K is in the project, but was not inserted. Type KLIMSILX, the product and "
                              "its user code S, or run SorvSIL again and replace it.\n",
                       place = head + "InstallSilencer PlugIn/KL_Conn(573):KlConn::InstallSilencer ";
-    const char kAdd[] = "_ZN31KlimoraPluginsStatisticsWrapper19AddInsertStatisticsEPKwP10PluginStat",
-               kClose[] = "_ZN31KlimoraPluginsStatisticsWrapper15CloseStatisticsEv";
     {
         KlConn session;
         ASSERT_EQ(session.Initialize(), 0);
@@ -319,7 +317,7 @@ TEST_F(Session, ProductThatCannotBeInsertedIsToldAndStatisticsAreNoFailure) {
         }
         {
             const ImportPatch patch(
-                "_Z15acDocManagerPtrv", +[]() -> void* { throw std::runtime_error("no documents"); });
+                "acDocManagerPtr", +[]() -> void* { throw std::runtime_error("no documents"); });
             EXPECT_EQ(install(nullptr), -1);
             const std::string told = Printed();
             EXPECT_NE(told.find(place + "no documents\n" + half), std::string::npos) << told;
@@ -339,13 +337,13 @@ TEST_F(Session, ProductThatCannotBeInsertedIsToldAndStatisticsAreNoFailure) {
             EXPECT_NE(Printed().find(place + "no queue\n" + half), std::string::npos);
         }
         const ImportPatch patch(
-            kAdd, +[](KlimoraPluginsStatisticsWrapper*, const wchar_t*, PluginStat*) {
+            "AddInsertStatistics", +[](KlimoraPluginsStatisticsWrapper*, const wchar_t*, PluginStat*) {
                 throw std::runtime_error("no event");
             });
         EXPECT_EQ(install(nullptr), 0);
         EXPECT_NE(Printed().find(place + "no event\n"), std::string::npos);
         const ImportPatch close(
-            kClose, +[](KlimoraPluginsStatisticsWrapper*) { throw std::runtime_error("no end"); });
+            "CloseStatistics", +[](KlimoraPluginsStatisticsWrapper*) { throw std::runtime_error("no end"); });
         session.Shutdown();
         EXPECT_EQ(Printed(), head + "Failed to close the statistics. PlugIn/KL_Conn(204):KlConn::Shutdown no end\n");
     }
@@ -368,7 +366,7 @@ TEST_F(Session, UnexpectedFailuresAreToldWhereTheyHappen) {
     linesPrinted = 0;
     {
         // The first line, that there is no device, cannot be printed.
-        const ImportPatch patch("_Z10acutPrintfPKwz", ThrowAtFirst);
+        const ImportPatch patch("acutPrintf", ThrowAtFirst);
         EXPECT_EQ(Take(session, "<r/>"), -1);
     }
     EXPECT_EQ(printed, Line("Failed to get results from configurator. "
@@ -380,8 +378,7 @@ TEST_F(Session, TheCommandLetsNothingOut) {
     Printed();
     {
         const ImportPatch patch(
-            "_Z9acedSSGetPKwPKvS2_PK6resbufPx",
-            +[](const wchar_t*, const void*, const void*, const resbuf*, int64_t*) -> int {
+            "acedSSGet", +[](const wchar_t*, const void*, const void*, const resbuf*, int64_t*) -> int {
                 throw std::runtime_error("no pick");
             });
         SorvSilencer();
