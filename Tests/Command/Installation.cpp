@@ -24,6 +24,15 @@ TEST_F(Installation, KlimoraRefusesTheProduct) {
     ExpectNothingChanged();
 }
 
+TEST_F(Installation, NothingIsAddedWithoutARecord) {
+    ChoosesASilencer();
+    bench::FailCall("kbsaverec", 1);
+    Run();
+    EXPECT_NE(Printed().find("Can'save device database record."), std::string::npos) << Printed();
+    EXPECT_EQ(CountOf("IKlimora200805::manageProductData") + CountOf("AcApDocManager::sendStringToExecute"), 0u);
+    ExpectNothingChanged();
+}
+
 TEST_F(Installation, YesReplacesTheProductOfThatCodeAndOfItsDrawnSilencers) {
     Picks("2A3");
     InTheConfigurator("choose SRC-250-900");

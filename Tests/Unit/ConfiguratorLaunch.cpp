@@ -32,6 +32,19 @@ TEST_F(ConfiguratorLaunch, LaunchNeedsItsFourWords) {
     EXPECT_EQ(Printed(), "");
 }
 
+TEST_F(ConfiguratorLaunch, ThrowsWhenTheModuleIsNotFound) {
+    KlConn session;
+    ASSERT_EQ(session.Initialize(), 0);
+    RecordedCalls calls;
+    calls.Give("GetModuleFileNameA", GetModuleFileNameA, 0);
+    try {
+        session.LaunchConfigurator("CAD.exe", "SorvSIL", "http://x", "title");
+        ADD_FAILURE() << "nothing thrown";
+    } catch (const char* text) {
+        EXPECT_STREQ(text, "ARX is not loaded.");
+    }
+}
+
 TEST_F(ConfiguratorLaunch, AddressNeedsADuct) {
     KlConn session;
     ASSERT_EQ(session.Initialize(), 0);

@@ -101,7 +101,7 @@ TEST_F(CreateParts, StubOfEachKindHasItsElements) {
     for (const char* const kind :
          {"TerminalDevice", "Radiator", "HeatingDevice", "WaterDevice", "DuctworkRoot", "Fan", "PipeworkRoot", "Pump",
           "HotColdWaterJoint", "HotCircWaterJoint", "Nbranch", "Component", "pump", "Fan ", "NBranch", ""})
-        Log(ConnectionStubCommand(Stub(kind, 5, 50, 6, 60, 700, SoundBands{1, 2, 3, 4, 5, 6, 7, 8.5},
+        Log(ConnectionStubCommand(Stub(kind, 5, 200000, 6, 60, 700, SoundBands{1, 2, 3, 4, 5, 6, 7, 8.5},
                                        SoundBands{0, 0, 0, 0, 0, 0, 0, 0.25})));
 }
 

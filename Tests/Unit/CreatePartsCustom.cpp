@@ -40,6 +40,8 @@ TEST_F(CreatePartsCustom, EachFormOfGeometryInItsStepsAndTheirFailures) {
         bench::FailCall("IKlimora200805::setPartAtt", ordinal, 7);
         Log(kForms[2](utils_));
     }
+    bench::FailCall("IKlimora200805::setPartAtt", 2, 7);
+    Log(kForms[1](utils_));
     Log(utils_.SetGeometryForCustomObject("2A0", nullptr, 3));
     Log(utils_.SetGeometryForCustomObject("2A0", kMemory.data(), 0));
     Log(utils_.SetGeometryForCustomObject("2A0", std::string("u.kmodel"), ""));
@@ -91,6 +93,11 @@ TEST_F(CreatePartsCustom, TakesPlaceLayerAndBlockOfTheReference) {
         Log(utils_.CreateCustomObject(blocks[i], kUnit, false), kCreation);
     bench::FailCall("AcDbEntity::layer", 1);
     Log(utils_.CreateCustomObject(blocks[0], kUnit, true), kCreation);
+    utils_.CreateCustomObject(blocks[0], kUnit, true);
+    const std::vector<std::string> opened = Calls("acdbOpenObject ");
+    EXPECT_EQ(opened.size(), 2u);
+    for (const std::string& call : opened)
+        EXPECT_NE(call.find(" read"), std::string::npos) << call;
 }
 
 TEST_F(CreatePartsCustom, CustomObjectIsLeftAloneAndTheQuestionIsSilent) {

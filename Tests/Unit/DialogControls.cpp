@@ -44,13 +44,19 @@ TEST_F(DialogControls, StatesShow) {
                                                    {kControlDisabled, WS_VISIBLE | WS_DISABLED},
                                                    {kControlHidden, 0}};
     for (const auto& c : cases) {
+        const bool isDate = c.first == kControlHidden || c.first == kControlReadOnly;
         // The other style bits are there before, so that each is taken away as well as set.
         Open("EDIT", c.first == kControlHidden ? 0 : ES_READONLY | WS_DISABLED, [&](BoundDialog& self) {
             self.BindAs<PDialogControlTextEdit>(kControl, c.first, "", nullptr, 0);
-            self.Bind<PDialogControlStaticText>(kOther, "");
+            if (isDate)
+                self.BindAs<PDialogControlDate>(kOther, c.first, "", nullptr, 8);
+            else
+                self.BindAs<PDialogControlStaticText>(kOther, c.first, "", "");
         });
-        const LONG style = GetWindowLongA(dialog_->GetControl(kControl), GWL_STYLE);
-        EXPECT_EQ(style & (WS_VISIBLE | WS_DISABLED | ES_READONLY), c.second) << c.first;
+        for (const int control : {kControl, kOther}) {
+            const LONG style = GetWindowLongA(dialog_->GetControl(control), GWL_STYLE);
+            EXPECT_EQ(style & (WS_VISIBLE | WS_DISABLED | ES_READONLY), c.second) << c.first << " of " << control;
+        }
     }
 }
 

@@ -188,6 +188,11 @@ TEST_F(KLUtilsTest, EntitiesAreAppendedToModelSpace) {
     OpenObject<AcDbBlockReference> added(new AcDbBlockReference(AcGePoint3d(1, 2, 3), block));
     ASSERT_EQ(KLUtils::AppendToModelSpace(added.get(), id), Acad::eOk);
     EXPECT_FALSE(id.isNull());
+    const std::vector<std::string> journal = bench::Journal();
+    EXPECT_EQ(std::count_if(journal.begin(), journal.end(),
+                            [](const std::string& call) { return call.find("AcDbDatabase::getBlockTable read") == 0; }),
+              1)
+        << testing::PrintToString(journal);
     added.reset();
     EXPECT_EQ(bench::Entities().size(), count + 1);
     OpenObject<AcDbBlockReference> refused(new AcDbBlockReference(AcGePoint3d(1, 2, 3), block));

@@ -335,8 +335,12 @@ TEST_F(RawServer, RejectsCountsOverAMillionAndEmptyOrRefusedAnswers) {
     EXPECT_EQ(utils.GetCountOrDefault("/Part", -7), 1000000);
     g_raw.answer = L"1000001";
     EXPECT_EQ(utils.GetCountOrDefault("/Part", -7), -7);
+    bench::NewDrawing("Office.dwg");
+    const std::string block = bench::AddBlockReference({"", "AHU-2", "0", {1, 2, 3}, 0, {0, 0, 1}, {}});
     for (const wchar_t* const reply : {L"", L"0"}) {
         g_raw.answer = reply;
+        utils.CreateCustomObject(block, CustomObjectData(), false);
+        EXPECT_EQ(g_raw.called.substr(0, 10), "200805 15 ") << "nor is a block";
         utils.CreateCustomObject(PartPlacement(), CustomObjectData(), "abc", 3);
         EXPECT_EQ(g_raw.called.substr(0, 10), "200805 15 ") << "line types and geometry are for parts";
     }

@@ -269,7 +269,8 @@ TEST_F(Session, KeyAndCodeMustMakeOneCommand) {
                  {"(K", "S", false},
                  {"K !X", "S", false},
                  {"K", "S 'X", false},
-                 {"K(1)!'", "-S'", true}};
+                 {"K(1)!'", "-S'", true},
+                 {"K", "\xC4K1", true}};
     for (const auto& c : cases) {
         bench::ClearJournal();
         bench::ClearFailures();
@@ -281,7 +282,12 @@ TEST_F(Session, KeyAndCodeMustMakeOneCommand) {
         EXPECT_EQ(session.InstallSilencer(), c.taken ? 0 : -1) << c.key;
         const size_t times = c.taken ? 1 : 0;
         EXPECT_EQ(Calls("IKlimora200805::manageProductData ").size(), times);
-        EXPECT_EQ(Calls("AcApDocManager::sendStringToExecute ").size(), times);
+        const std::vector<std::string> queued = Calls("AcApDocManager::sendStringToExecute ");
+        EXPECT_EQ(queued.size(), times);
+        if (c.code == "\xC4K1") {
+            EXPECT_EQ(queued.at(0).find("KLIMSILX\\nK\\n\xC4K1\\n"), 0u)
+                << queued.at(0) << " in the code page of Windows";
+        }
         EXPECT_EQ(Calls("KlimoraPluginsStatisticsWrapper::AddInsertStatistics ").size(), times);
         EXPECT_EQ(
             Printed().find(Line("Product not added: its key and user code do not make one command of Klimora's.")),

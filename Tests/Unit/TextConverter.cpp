@@ -16,6 +16,7 @@ TEST(TextConverter, ConvertsBothWaysInSeveralCodePages) {
         {CP_UTF8, "", L""},
         {1252, "\xC5ngstr\xF6m \x80", L"\u00C5ngstr\u00F6m \u20AC"},
         {1251, "\xD8\xF3\xEC", L"\u0428\u0443\u043C"},
+        {1250, "\xA3", L"\u0141"},
         {932, "\x8F\xC1\x89\xB9", L"\u6D88\u97F3"},
     };
     for (const auto& c : cases) {
@@ -72,4 +73,10 @@ TEST(TextConverter, WhatCannotBeConvertedIsEmpty) {
     EXPECT_EQ(converter.ToWide(nullptr), L"");
     EXPECT_STREQ(converter.ToNarrow(), "");
     EXPECT_STREQ(TextConverter().ToNarrow(), "");
+}
+
+TEST(TextConverter, CharactersThatACodePageLacksBecomeTheirNearest) {
+    TextConverter converter;
+    converter.ToWide("\xC5\x81\xE6\xB6\x88");
+    EXPECT_STREQ(converter.ToNarrow(1252), "L?");
 }

@@ -170,7 +170,8 @@ TEST(XDataParse, KeyValuePairs) {
     } cases[] = {
         {"key=value", 5, "KEY", "value"},
         {"  \t key =v", 1, "KEY", "v"},
-        {"key  =v", 1, "KEY ", "v"},  // one trailing blank goes, the other stays
+        {"key  =v", 1, "KEY ", "v"},           // one trailing blank goes, the other stays
+        {"\xE5k\xE4=v", 1, "\xE5K\xE4", "v"},  // letters, not blanks
         {"a=b=c", 3, "A", "b=c"},
         {"key=", 0, "KEY", ""},
         {"key= v ", 3, "KEY", " v "},
