@@ -19,7 +19,7 @@
 #include "KL_Conn_SorvSilencer.h"
 #include "LibraryRows.h"
 #include "ModuleNames.h"
-#include "QuickNeighbours.h"
+#include "QuickFakes.h"
 #include "TestFiles.h"
 #include "Util/ComTypes.h"
 #include "WebServer.h"
@@ -146,9 +146,9 @@ double RunAlone(const std::string& result, int silencers) {
     QuickRun::program = CreateEventA(nullptr, TRUE, TRUE, nullptr);
     bench::QueueAnswer({bench::Answer::kPick, "2A3"});
     bench::ClearTranscript();
-    bench::ClearJournal();
+    bench::ClearCallLog();
     const double taken = Timed([] { SorvSilencer(); })();
-    for (const std::string& line : bench::Journal()) {
+    for (const std::string& line : bench::CallLog()) {
         if (line.rfind("AcTransactionManager::endTransaction", 0) == 0) return taken;
     }
     throw std::runtime_error("the run failed: " + bench::Transcript());
@@ -176,7 +176,7 @@ void CommandRows(Table& table) {
         }
         const auto quietly = [](auto work) {
             return Timed([=] {
-                bench::ClearJournal();
+                bench::ClearCallLog();
                 work();
             });
         };

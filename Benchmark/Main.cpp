@@ -17,7 +17,7 @@
 #include "KL_Conn_SorvSilencer.h"
 #include "LibraryRows.h"
 #include "ModuleNames.h"
-#include "QuickNeighbours.h"
+#include "QuickFakes.h"
 #include "Robot.h"
 #include "TestFiles.h"
 #include "Util/ComTypes.h"
@@ -257,13 +257,13 @@ void RunRow(Table& table) {
     bench::Robot robot(bench::MainWindow());
     robot.Expect(bench::Dialog("Configurator").Press(IDOK));
     bench::QueueAnswer({bench::Answer::kPick, "2A3"});
-    bench::ClearJournal();
+    bench::ClearCallLog();
     bench::ClearTranscript();
     QuickServer::calls = 0;
     SorvSilencer();
     long long calls = QuickServer::calls;
     bool committed = false;
-    for (const std::string& line : bench::Journal()) {
+    for (const std::string& line : bench::CallLog()) {
         calls += line.rfind("IKlimora", 0) == 0;
         committed |= line.rfind("AcTransactionManager::endTransaction", 0) == 0;
     }

@@ -44,8 +44,8 @@ class DocumentManager : public AcApDocManager {
         if (pszExecute == nullptr || *pszExecute == L'\0') return call.done(Acad::eInvalidInput);
         const std::wstring text = pszExecute;
         if (std::wcschr(L" \n\r", text.back()) == nullptr) {
-            Accuse("The text \"" + Ansi(text) +
-                   "\" was sent to the command line without a blank or newline at its end.");
+            ReportViolation("The text \"" + Ansi(text) +
+                            "\" was sent to the command line without a blank or newline at its end.");
             return call.done(Acad::eInvalidInput);
         }
         TheSession().queue.push_back(text);

@@ -12,7 +12,7 @@ AcDbEntity::~AcDbEntity() = default;
 
 ACHAR* AcDbEntity::layer() const {
     return Answered<ACHAR*>(this, "AcDbEntity::layer", nullptr, [this](const Record& record) {
-        return bench::HandOut(record.layer, "layer of " + AcDbObjectOpening::Name(this));
+        return bench::AllocateForCaller(record.layer, "layer of " + AcDbObjectOpening::Name(this));
     });
 }
 
@@ -34,8 +34,8 @@ void AcDbEntity::recordGraphicsModified(Adesk::Boolean setModified) {
     ArxCall call("AcDbEntity::recordGraphicsModified", AcDbObjectOpening::Name(this) + (setModified ? " 1" : " 0"));
     Acad::ErrorStatus status;
     if (AcDbObjectOpening::Write(this, "recordGraphicsModified", status) == nullptr && status == Acad::eNotOpenForWrite)
-        bench::Accuse("recordGraphicsModified was called on the object " + AcDbObjectOpening::Name(this) +
-                      ", which is not open for writing.");
+        bench::ReportViolation("recordGraphicsModified was called on the object " + AcDbObjectOpening::Name(this) +
+                               ", which is not open for writing.");
 }
 
 Acad::ErrorStatus acdbOpenObject(AcDbEntity*& pEnt, AcDbObjectId id, AcDb::OpenMode mode, bool openErased) {

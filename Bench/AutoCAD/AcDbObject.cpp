@@ -37,7 +37,7 @@ Acad::ErrorStatus AcDbObjectOpening::Open(AcDbObject*& object, AcDbObjectId id, 
     if (id.isNull()) return Acad::eNullObjectId;
     const AcDbStub* stub = bench::StubOf(id);
     if (stub == nullptr) {
-        bench::Accuse("An object was to be opened by an id that is no id of this session.");
+        bench::ReportViolation("An object was to be opened by an id that is no id of this session.");
         return Acad::eInvalidInput;
     }
     bench::DrawingDatabase* database = stub->database;
@@ -61,7 +61,7 @@ Acad::ErrorStatus AcDbObjectOpening::Open(AcDbObject*& object, AcDbObjectId id, 
         return Acad::eNotThatKindOfClass;
     }
     ++(mode == AcDb::kForWrite ? openings.writers : openings.readers);
-    bench::Owe("open object", bench::HandleText(opening.handle));
+    bench::TrackAcquire("open object", bench::HandleText(opening.handle));
     object = opened;
     return Acad::eOk;
 }
@@ -69,41 +69,42 @@ Acad::ErrorStatus AcDbObjectOpening::Open(AcDbObject*& object, AcDbObjectId id, 
 Acad::ErrorStatus AcDbObjectOpening::Close(AcDbObject* object) {
     AcDbObjectOpening& opening = of(object);
     if (opening.state == State::kNew) {
-        bench::Accuse("An object that is in no drawing was closed; it is to be deleted.");
+        bench::ReportViolation("An object that is in no drawing was closed; it is to be deleted.");
         return Acad::eNotInDatabase;
     }
     if (opening.state == State::kClosed) {
-        bench::Accuse("The object " + Name(object) + " was closed a second time.");
+        bench::ReportViolation("The object " + Name(object) + " was closed a second time.");
         return Acad::eNotOpenForRead;
     }
     bench::DrawingDatabase::Openings& openings = opening.database->openings[opening.handle];
     --(opening.mode == AcDb::kForWrite ? openings.writers : openings.readers);
     opening.state = State::kClosed;
-    bench::Settle("open object", bench::HandleText(opening.handle));
+    bench::TrackRelease("open object", bench::HandleText(opening.handle));
     return Acad::eOk;
 }
 
 void AcDbObjectOpening::Begin(AcDbObject* object, const Record& record) {
     of(object).fresh = record;
-    bench::Owe("unowned object", UnownedName(of(object)));
+    bench::TrackAcquire("unowned object", UnownedName(of(object)));
 }
 
 Acad::ErrorStatus AcDbObjectOpening::Adopt(AcDbObject* object, bench::Handle owner, bench::DrawingDatabase* database) {
     AcDbObjectOpening& opening = of(object);
     if (opening.state != State::kNew) {
         if (opening.state == State::kClosed)
-            bench::Accuse("The object " + Name(object) + " was given to the drawing after it had been closed.");
+            bench::ReportViolation("The object " + Name(object) +
+                                   " was given to the drawing after it had been closed.");
         return Acad::eAlreadyInDb;
     }
     opening.fresh.owner = owner;
     const Record* record = database->drawing.add(opening.fresh);
-    bench::Settle("unowned object", UnownedName(opening));
+    bench::TrackRelease("unowned object", UnownedName(opening));
     opening.state = State::kOpen;
     opening.database = database;
     opening.handle = record->handle;
     ++database->openings[opening.handle].writers;
     kept.push_back(object);
-    bench::Owe("open object", bench::HandleText(opening.handle));
+    bench::TrackAcquire("open object", bench::HandleText(opening.handle));
     return Acad::eOk;
 }
 
@@ -111,9 +112,9 @@ void AcDbObjectOpening::End(AcDbObject* object) {
     const auto place = std::find(kept.begin(), kept.end(), object);
     if (place != kept.end()) {
         kept.erase(place);
-        bench::Accuse("The object " + Name(object) + " belongs to the drawing and was deleted by its user.");
+        bench::ReportViolation("The object " + Name(object) + " belongs to the drawing and was deleted by its user.");
     } else if (of(object).state == State::kNew) {
-        bench::Settle("unowned object", UnownedName(of(object)));
+        bench::TrackRelease("unowned object", UnownedName(of(object)));
     }
     delete object->mpOpening;
 }
@@ -129,7 +130,8 @@ const Record* AcDbObjectOpening::Read(const AcDbObject* object, const char* what
     const AcDbObjectOpening& opening = of(object);
     if (opening.state == State::kNew) return &opening.fresh;
     if (opening.state == State::kClosed) {
-        bench::Accuse(std::string(what) + " was called on the object " + Name(object) + " after it had been closed.");
+        bench::ReportViolation(std::string(what) + " was called on the object " + Name(object) +
+                               " after it had been closed.");
         return nullptr;
     }
     return opening.database->drawing.find(opening.handle);

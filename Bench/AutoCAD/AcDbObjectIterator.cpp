@@ -12,11 +12,11 @@ namespace bench {
 
 AttributeIterator::AttributeIterator(DrawingDatabase* drawing, const Record& reference)
     : database(drawing), owner(reference.handle), handles(reference.children) {
-    Owe("attribute iterator", HandleText(owner));
+    TrackAcquire("attribute iterator", HandleText(owner));
 }
 
 AttributeIterator::~AttributeIterator() {
-    Settle("attribute iterator", HandleText(owner));
+    TrackRelease("attribute iterator", HandleText(owner));
 }
 
 }  // namespace bench
@@ -41,6 +41,6 @@ AcDbObjectId AcDbObjectIterator::objectId() {
     auto& walk = static_cast<AttributeIterator&>(*this);
     ArxCall call("AcDbObjectIterator::objectId", bench::HandleText(walk.owner));
     const bool ended = walk.place >= walk.handles.size();
-    if (ended) bench::Accuse("An attribute iterator was asked for an object although it had reached its end.");
+    if (ended) bench::ReportViolation("An attribute iterator was asked for an object although it had reached its end.");
     return ended || call.fails() ? AcDbObjectId() : bench::IdOf(walk.database, walk.handles[walk.place]);
 }

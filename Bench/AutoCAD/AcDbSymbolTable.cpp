@@ -41,7 +41,7 @@ Acad::ErrorStatus AcDbSymbolTableRecord::getName(ACHAR*& pName) const {
     if (call.fails()) return call.failed(Acad::eNotOpenForRead);
     const Record* record = AcDbObjectOpening::Read(this, "getName");
     if (record == nullptr) return call.done(Acad::eNotOpenForRead);
-    pName = bench::HandOut(record->name, "name of " + AcDbObjectOpening::Name(this));
+    pName = bench::AllocateForCaller(record->name, "name of " + AcDbObjectOpening::Name(this));
     return call.done(Acad::eOk);
 }
 

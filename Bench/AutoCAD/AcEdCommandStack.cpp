@@ -43,7 +43,7 @@ class CommandStack : public AcEdCommandStack {
             return call.done(Acad::eInvalidInput);
         if (find(cmdGroupName, cmdGlobalName) != TheSession().commands.end()) return call.done(Acad::eDuplicateKey);
         const std::wstring known = GroupName(cmdGroupName);
-        if (known.empty()) Owe("command group", Shown(cmdGroupName));
+        if (known.empty()) TrackAcquire("command group", Shown(cmdGroupName));
         const std::wstring group = known.empty() ? cmdGroupName : known;
         TheSession().commands.push_back(Command{group, cmdGlobalName, cmdLocalName, FunctionAddr, nullptr});
         return call.done(Acad::eOk);
@@ -58,7 +58,7 @@ class CommandStack : public AcEdCommandStack {
         commands.erase(std::remove_if(commands.begin(), commands.end(),
                                       [&](const Command& command) { return SameName(command.group, group); }),
                        commands.end());
-        Settle("command group", Ansi(group));
+        TrackRelease("command group", Ansi(group));
         return call.fails() ? call.failed(Acad::eKeyNotFound) : call.done(Acad::eOk);
     }
 

@@ -30,7 +30,7 @@ class TransactionManager : public AcTransactionManager {
         const Drawing* drawing = CurrentDrawing();
         if (call.fails() || drawing == nullptr) return nullptr;
         active.push_back(std::make_unique<Transaction>(*drawing));
-        Owe("transaction", "of " + Ansi(TheSession().fileName));
+        TrackAcquire("transaction", "of " + Ansi(TheSession().fileName));
         return active.back().get();
     }
 
@@ -49,12 +49,12 @@ class TransactionManager : public AcTransactionManager {
  private:
     Acad::ErrorStatus finish(ArxCall& call, const char* what, bool abort) {
         if (active.empty()) {
-            Accuse(std::string(what) + " was called although no transaction is active.");
+            ReportViolation(std::string(what) + " was called although no transaction is active.");
             return call.done(Acad::eNoActiveTransactions);
         }
         if (abort) CurrentDrawing()->restore(active.back()->start);
         active.pop_back();
-        Settle("transaction", "of " + Ansi(TheSession().fileName));
+        TrackRelease("transaction", "of " + Ansi(TheSession().fileName));
         return call.fails() ? call.failed(Acad::eLockViolation) : call.done(Acad::eOk);
     }
 };

@@ -51,7 +51,7 @@ bool RunOne(const std::wstring& name) {
     const size_t transactions = ActiveTransactions();
     Call(command);
     if (ActiveTransactions() > transactions)
-        Accuse("The command " + session.runningCommand + " returned without ending its transaction.");
+        ReportViolation("The command " + session.runningCommand + " returned without ending its transaction.");
     session.runningCommand.clear();
     return true;
 }
@@ -78,7 +78,7 @@ void RunQueue() {
 
 bool RunCommand(const std::string& command) {
     if (!TheSession().runningCommand.empty()) {
-        Accuse("The command " + command + " was typed while " + TheSession().runningCommand + " was running.");
+        ReportViolation("The command " + command + " was typed while " + TheSession().runningCommand + " was running.");
         return false;
     }
     const bool known = RunOne(FromAnsi(command));

@@ -48,7 +48,7 @@ void OpenMainWindow() {
 
 void CloseMainWindow() {
     if (TheSession().mainWindow == nullptr) return;
-    if (!IsWindowEnabled(frame)) Accuse("AutoCAD's main window was still disabled when AutoCAD ended.");
+    if (!IsWindowEnabled(frame)) ReportViolation("AutoCAD's main window was still disabled when AutoCAD ended.");
     EnableWindow(frame, TRUE);
     SetWindowTextW(frame, L"AutoCAD has ended");
     TheSession().mainWindow = nullptr;

@@ -42,17 +42,17 @@ wchar_t* Allocate(const std::wstring& text, const std::string& name, int chain) 
 
 void ReleaseChainPart(int chain) {
     Chain& known = chains[chain];
-    if (--known.parts == 0) Settle("resbuf chain", known.name);
+    if (--known.parts == 0) TrackRelease("resbuf chain", known.name);
 }
 
 }  // namespace
 
-wchar_t* HandOut(const std::wstring& text, const std::string& name) {
-    Owe("string", name);
+wchar_t* AllocateForCaller(const std::wstring& text, const std::string& name) {
+    TrackAcquire("string", name);
     return Allocate(text, name, 0);
 }
 
-wchar_t* HandOutInChain(const std::wstring& text, int chain) {
+wchar_t* AllocateInChain(const std::wstring& text, int chain) {
     ++chains[chain].parts;
     return Allocate(text, "", chain);
 }
@@ -60,12 +60,12 @@ wchar_t* HandOutInChain(const std::wstring& text, int chain) {
 void ReleaseString(void* text, const char* by) {
     const auto found = texts.find(text);
     if (found == texts.end()) {
-        Accuse(std::string(by) + " was called on a text that AutoCAD did not hand out.");
+        ReportViolation(std::string(by) + " was called on a text that AutoCAD did not hand out.");
         return;
     }
     Text& known = found->second;
     if (known.released) {
-        Accuse(std::string(by) + " was called on a text that was already released.");
+        ReportViolation(std::string(by) + " was called on a text that was already released.");
         return;
     }
     known.released = true;
@@ -74,12 +74,12 @@ void ReleaseString(void* text, const char* by) {
     if (known.chain != 0)
         ReleaseChainPart(known.chain);
     else
-        Settle("string", known.name);
+        TrackRelease("string", known.name);
 }
 
 int BeginChain(const std::string& name) {
     chains[++lastChain] = Chain{name, 0};
-    Owe("resbuf chain", name);
+    TrackAcquire("resbuf chain", name);
     return lastChain;
 }
 
@@ -98,14 +98,14 @@ resbuf* AddNode(int chain, resbuf* last, short type) {
 bool LivingNode(const resbuf* node, const char* by) {
     const auto found = nodes.find(node);
     if (found == nodes.end() || !found->second.released) return true;
-    Accuse(std::string(by) + " was called on a result buffer that was already released.");
+    ReportViolation(std::string(by) + " was called on a result buffer that was already released.");
     return false;
 }
 
 bool ReleaseNode(resbuf*& node, const char* by) {
     const auto found = nodes.find(node);
     if (found == nodes.end()) {
-        Accuse(std::string(by) + " was called on a result buffer that AutoCAD did not make.");
+        ReportViolation(std::string(by) + " was called on a result buffer that AutoCAD did not make.");
         return false;
     }
     if (!LivingNode(node, by)) return false;

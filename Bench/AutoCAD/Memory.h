@@ -12,9 +12,9 @@ namespace bench {
 inline constexpr int kSentinel = 0xDD;
 
 // A text for the module to keep; the balance owes "string NAME" until acutDelString.
-wchar_t* HandOut(const std::wstring& text, const std::string& name);
+wchar_t* AllocateForCaller(const std::wstring& text, const std::string& name);
 // A text inside a chain: goes with the chain, and keeps it owed while it lives.
-wchar_t* HandOutInChain(const std::wstring& text, int chain);
+wchar_t* AllocateInChain(const std::wstring& text, int chain);
 // Accuses when the text is none that AutoCAD handed out, or was released before.
 void ReleaseString(void* text, const char* by);
 

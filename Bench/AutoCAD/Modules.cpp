@@ -58,7 +58,7 @@ Module* FindLoaded(const std::wstring& name) {
 Module* ById(void* appId, const char* by) {
     for (const auto& module : TheSession().modules)
         if (module.get() == appId) return module.get();
-    Accuse(std::string(by) + " was called with something that is no application id.");
+    ReportViolation(std::string(by) + " was called with something that is no application id.");
     return nullptr;
 }
 
@@ -74,12 +74,13 @@ void AccuseOfLeftovers(const Module& module) {
         if (commands[i].function == nullptr ||
             ModuleOf(reinterpret_cast<const void*>(commands[i].function)) != module.handle)
             continue;
-        Accuse("The module " + name + " was unloaded with its command " + Ansi(commands[i].globalName) +
-               " still registered.");
+        ReportViolation("The module " + name + " was unloaded with its command " + Ansi(commands[i].globalName) +
+                        " still registered.");
         commands.erase(commands.begin() + static_cast<std::ptrdiff_t>(i));
     }
     for (const std::wstring& service : ServicesOf(module.handle))
-        Accuse("The module " + name + " was unloaded with its service " + Ansi(service) + " still registered.");
+        ReportViolation("The module " + name + " was unloaded with its service " + Ansi(service) +
+                        " still registered.");
 }
 
 void Discard(Module* module) {

@@ -29,7 +29,7 @@ Answer Ask(const std::string& prompt, bool blankEnds) {
     } else if (session.user) {
         answer = session.user(prompt);
     } else {
-        Accuse("Nobody answered the prompt \"" + prompt + "\".");
+        ReportViolation("Nobody answered the prompt \"" + prompt + "\".");
     }
     Print(Echo(answer));
     return answer;

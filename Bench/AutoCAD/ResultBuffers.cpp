@@ -16,7 +16,7 @@ namespace {
 bool FillNode(resbuf* node, int chain, va_list& arguments) {
     if (bench::HoldsText(node->restype)) {
         const wchar_t* text = va_arg(arguments, const wchar_t*);
-        node->resval.rstring = bench::HandOutInChain(text == nullptr ? L"" : text, chain);
+        node->resval.rstring = bench::AllocateInChain(text == nullptr ? L"" : text, chain);
         return true;
     }
     if (node->restype != RTSHORT && node->restype != AcDb::kDxfXdInteger16) return false;
@@ -52,7 +52,7 @@ struct resbuf* acutBuildList(int rtype, ...) {
     }
     va_end(arguments);
     if (good) return head;
-    bench::Quiet quiet;
+    bench::UnrecordedScope quiet;
     acutRelRb(head);
     return nullptr;
 }

@@ -49,7 +49,7 @@ int Pick(const Answer& answer, Handle& picked) {
     const Handle handle = HandleFromText(FromAnsi(answer.value).c_str());
     const Record* record = CurrentDrawing()->find(handle);
     if (record == nullptr || !record->isEntity() || record->erased) {
-        Accuse("The script picked " + answer.value + ", which is no entity of the drawing.");
+        ReportViolation("The script picked " + answer.value + ", which is no entity of the drawing.");
         return RTERROR;
     }
     picked = TheSession().lastPick = handle;
@@ -60,7 +60,7 @@ int Select(const ACHAR* options, const void* pt1, const resbuf* filter, Handle& 
     const Request request = Understand(options);
     if (!request.understood || !request.single || filter != nullptr || CurrentDrawing() == nullptr) return RTREJ;
     if (request.ownPrompts && pt1 == nullptr) {
-        Accuse("acedSSGet was to use its caller's own prompts and got none.");
+        ReportViolation("acedSSGet was to use its caller's own prompts and got none.");
         return RTREJ;
     }
     const std::string prompt =
@@ -79,7 +79,7 @@ struct SelectionSet {
     bool freed = false;
 };
 
-constexpr size_t kMostOpen = 128;
+constexpr size_t kMaxOpen = 128;
 // Names of sets start where no address of an object can be.
 constexpr int64_t kFirstName = 0x5E1EC70000000000;
 
@@ -94,11 +94,11 @@ bool HandOutSet(Handle entity, ads_name set) {
     size_t open = 0;
     for (const auto& [name, known] : sets)
         open += known.freed ? 0 : 1;
-    if (open >= kMostOpen) return false;
+    if (open >= kMaxOpen) return false;
     set[0] = kFirstName + static_cast<int64_t>(sets.size()) + 1;
     set[1] = 0;
     sets[set[0]].entity = entity;
-    Owe("selection set", SetText(set));
+    TrackAcquire("selection set", SetText(set));
     return true;
 }
 
@@ -106,11 +106,12 @@ bool HandOutSet(Handle entity, ads_name set) {
 SelectionSet* FindSet(const ads_name name, const char* by) {
     const auto found = sets.find(name[0]);
     if (found == sets.end()) {
-        Accuse(std::string(by) + " was called with a name that is no selection set.");
+        ReportViolation(std::string(by) + " was called with a name that is no selection set.");
         return nullptr;
     }
     if (!found->second.freed) return &found->second;
-    Accuse(std::string(by) + " was called on selection set " + SetText(name) + ", which was already released.");
+    ReportViolation(std::string(by) + " was called on selection set " + SetText(name) +
+                    ", which was already released.");
     return nullptr;
 }
 
@@ -138,7 +139,7 @@ int acedSSFree(const ads_name sname) {
     bench::SelectionSet* set = bench::FindSet(sname, "acedSSFree");
     if (set == nullptr) return call.done(RTERROR);
     set->freed = true;
-    bench::Settle("selection set", bench::SetText(sname));
+    bench::TrackRelease("selection set", bench::SetText(sname));
     return call.fails() ? call.failed(RTERROR) : call.done(RTNORM);
 }
 

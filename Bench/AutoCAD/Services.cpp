@@ -36,7 +36,7 @@ class Services : public AcRxDictionary {
         const size_t place = find(key);
         if (place == all.size()) return nullptr;
         AcRxObject* object = all[place].object;
-        Settle("service", Ansi(all[place].name));
+        TrackRelease("service", Ansi(all[place].name));
         all.erase(all.begin() + static_cast<std::ptrdiff_t>(place));
         if (!call.fails()) return object;
         delete object;
@@ -103,6 +103,6 @@ void* acrxRegisterService(const ACHAR* serviceName) {
         return service;
     }
     services.all.push_back({serviceName, service, bench::ModuleOf(CALLER_ADDRESS())});
-    bench::Owe("service", bench::Shown(serviceName));
+    bench::TrackAcquire("service", bench::Shown(serviceName));
     return service;
 }

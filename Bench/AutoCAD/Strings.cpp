@@ -10,7 +10,7 @@ Acad::ErrorStatus acutUpdString(const ACHAR* pInput, ACHAR*& pOutput) {
     ArxCall call("acutUpdString", bench::Shown(pInput));
     if (call.fails()) return call.failed(Acad::eOutOfMemory);
     ACHAR* const old = pOutput;
-    pOutput = pInput == nullptr ? nullptr : bench::HandOut(pInput, "acutUpdString " + bench::Shown(pInput));
+    pOutput = pInput == nullptr ? nullptr : bench::AllocateForCaller(pInput, "acutUpdString " + bench::Shown(pInput));
     if (old != nullptr) bench::ReleaseString(old, "acutUpdString");
     return call.done(Acad::eOk);
 }

@@ -21,7 +21,7 @@ class SystemRegistry : public AcRxDictionary {
 
     AcRxObject* remove(const ACHAR* key) override {
         ArxCall call("AcRxDictionary::remove", bench::Shown(key));
-        bench::Accuse("The entry " + bench::Shown(key) + " of the system registry was to be removed.");
+        bench::ReportViolation("The entry " + bench::Shown(key) + " of the system registry was to be removed.");
         return nullptr;
     }
 };

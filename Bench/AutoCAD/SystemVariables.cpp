@@ -70,7 +70,7 @@ std::string SystemVariable(const std::string& name) {
 void SetSystemVariable(const std::string& name, const std::string& value) {
     Variable* variable = Find(FromAnsi(name));
     if (variable == nullptr || variable->type != RTSHORT) {
-        Accuse("The bench set " + name + ", which is no system variable that it can set.");
+        ReportViolation("The bench set " + name + ", which is no system variable that it can set.");
         return;
     }
     variable->integer = static_cast<short>(std::atoi(value.c_str()));
@@ -89,7 +89,8 @@ int acedGetVar(const ACHAR* sym, struct resbuf* result) {
     result->restype = variable->type;
     if (variable->type == RTSHORT) result->resval.rint = variable->integer;
     if (variable->type == RTSTR)
-        result->resval.rstring = bench::HandOut(variable->text, "value of " + bench::Ansi(bench::UpperCase(sym)));
+        result->resval.rstring =
+            bench::AllocateForCaller(variable->text, "value of " + bench::Ansi(bench::UpperCase(sym)));
     if (variable->type == RT3DPOINT)
         for (unsigned i = 0; i < 3; ++i)
             result->resval.rpoint[i] = variable->point[i];

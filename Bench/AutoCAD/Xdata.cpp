@@ -14,7 +14,7 @@ namespace bench {
 namespace {
 
 // What all applications together may store on one object.
-constexpr size_t kMostBytes = 16383;
+constexpr size_t kMaxBytes = 16383;
 
 // Two bytes of code, then a text with two bytes of length, or a number of two bytes.
 size_t StoredSize(const std::vector<XdataOfApplication>& all) {
@@ -65,7 +65,7 @@ std::vector<XdataOfApplication> Merged(std::vector<XdataOfApplication> old,
 
 resbuf* AppendText(int chain, resbuf* last, short code, const std::wstring& text) {
     resbuf* node = AddNode(chain, last, code);
-    node->resval.rstring = HandOutInChain(text, chain);
+    node->resval.rstring = AllocateInChain(text, chain);
     return node;
 }
 
@@ -97,7 +97,7 @@ Acad::ErrorStatus StoreXdata(const resbuf* chain, const Drawing& drawing, std::v
     const Acad::ErrorStatus status = ReadChain(chain, drawing, news);
     if (status != Acad::eOk) return status;
     std::vector<XdataOfApplication> merged = Merged(all, news);
-    if (StoredSize(merged) > kMostBytes) return Acad::eXdataSizeExceeded;
+    if (StoredSize(merged) > kMaxBytes) return Acad::eXdataSizeExceeded;
     all = std::move(merged);
     return Acad::eOk;
 }

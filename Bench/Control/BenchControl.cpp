@@ -12,7 +12,7 @@ struct State {
     std::mutex mutex;
     std::vector<std::string> journal;
     size_t cleared = 0;  // lines that the journal had before
-    std::vector<PlannedFailure> failures;
+    std::vector<InjectedFault> failures;
     std::map<std::string, int> callsByName;
     std::map<std::pair<std::string, std::string>, int> owed;
     std::vector<std::string> accusations;
@@ -53,7 +53,7 @@ Call::Call(const char* name, const std::string& arguments) : quiet_(quietDepth >
     if (quiet_) return;
     const Locked state;
     ++state->callsByName[name];
-    for (const PlannedFailure& failure : state->failures) {
+    for (const InjectedFault& failure : state->failures) {
         int ordinal = 0;
         for (const auto& [called, times] : state->callsByName)
             if (NameFits(called, failure.name)) ordinal += times;
@@ -61,7 +61,7 @@ Call::Call(const char* name, const std::string& arguments) : quiet_(quietDepth >
         if (!reached || !NameFits(name, failure.name)) continue;
         fails_ = true;
         code_ = failure.code;
-        poisons_ = failure.poisonsOutputs;
+        poisons_ = failure.corruptsOutputs;
     }
     line_ = state->cleared + state->journal.size();
     state->journal.push_back(arguments.empty() ? std::string(name) : name + (" " + OneLine(arguments)));
@@ -77,7 +77,7 @@ long Call::failureCode(long usual) const {
     return code_.value_or(usual);
 }
 
-bool Call::poisonsOutputs() const {
+bool Call::corruptsOutputs() const {
     return poisons_;
 }
 
@@ -92,25 +92,25 @@ void Call::result(long code) {
     result(std::to_string(code));
 }
 
-Quiet::Quiet() {
+UnrecordedScope::UnrecordedScope() {
     ++quietDepth;
 }
 
-Quiet::~Quiet() {
+UnrecordedScope::~UnrecordedScope() {
     --quietDepth;
 }
 
-std::vector<std::string> Journal() {
+std::vector<std::string> CallLog() {
     return Locked()->journal;
 }
 
-void ClearJournal() {
+void ClearCallLog() {
     const Locked state;
     state->cleared += state->journal.size();
     state->journal.clear();
 }
 
-void Note(const std::string& text) {
+void LogMarker(const std::string& text) {
     Locked()->journal.push_back(OneLine(text));
 }
 
@@ -123,30 +123,30 @@ bool NameFits(const std::string& name, const std::string& pattern) {
     return pattern.empty();
 }
 
-void FailCalls(const PlannedFailure& failure) {
+void InjectFault(const InjectedFault& failure) {
     Locked()->failures.push_back(failure);
 }
 
 void FailCall(const char* name, int ordinal) {
-    FailCalls({name, ordinal, {}});
+    InjectFault({name, ordinal, {}});
 }
 
 void FailCall(const char* name, int ordinal, long code) {
-    FailCalls({name, ordinal, code});
+    InjectFault({name, ordinal, code});
 }
 
-void ClearFailures() {
+void ClearFaults() {
     const Locked state;
     state->failures.clear();
     state->callsByName.clear();
 }
 
-void Owe(const std::string& kind, const std::string& name) {
+void TrackAcquire(const std::string& kind, const std::string& name) {
     const Locked state;
     ++state->owed[{kind, name}];
 }
 
-bool Settle(const std::string& kind, const std::string& name) {
+bool TrackRelease(const std::string& kind, const std::string& name) {
     {
         const Locked state;
         const auto found = state->owed.find({kind, name});
@@ -155,11 +155,11 @@ bool Settle(const std::string& kind, const std::string& name) {
             return true;
         }
     }
-    Accuse("A " + kind + " was given back that was not owed: " + name + ".");
+    ReportViolation("A " + kind + " was given back that was not owed: " + name + ".");
     return false;
 }
 
-std::vector<std::string> BenchBalance() {
+std::vector<std::string> OutstandingResources() {
     const Locked state;
     std::vector<std::string> balance;
     for (const auto& [what, count] : state->owed) {
@@ -169,27 +169,27 @@ std::vector<std::string> BenchBalance() {
     return balance;
 }
 
-void ClearBalance() {
+void ClearOutstandingResources() {
     Locked()->owed.clear();
 }
 
-void Accuse(const std::string& sentence) {
+void ReportViolation(const std::string& sentence) {
     Locked()->accusations.push_back(sentence);
 }
 
-std::vector<std::string> Accusations() {
+std::vector<std::string> Violations() {
     return Locked()->accusations;
 }
 
-void ClearAccusations() {
+void ClearViolations() {
     Locked()->accusations.clear();
 }
 
 void ResetBench() {
-    ClearJournal();
-    ClearFailures();
-    ClearBalance();
-    ClearAccusations();
+    ClearCallLog();
+    ClearFaults();
+    ClearOutstandingResources();
+    ClearViolations();
 }
 
 }  // namespace bench

@@ -30,7 +30,7 @@ class BENCH_CONTROL_API Call {
     // The code to fail with: the plan's, or `usual` when the plan names none.
     long failureCode(long usual) const;
     // The failing call leaves garbage in its outputs instead of leaving them alone.
-    bool poisonsOutputs() const;
+    bool corruptsOutputs() const;
 
     void result(const std::string& text);
     void result(long code);
@@ -43,50 +43,51 @@ class BENCH_CONTROL_API Call {
     bool quiet_ = false;
 };
 
-// Calls made on this thread while a Quiet lives are a stand-in's own: they are neither written nor planned to fail.
-class BENCH_CONTROL_API Quiet {
+// Calls made on this thread while a UnrecordedScope lives are a stand-in's own: they are neither written nor planned to
+// fail.
+class BENCH_CONTROL_API UnrecordedScope {
  public:
-    Quiet();
-    ~Quiet();
-    Quiet(const Quiet&) = delete;
-    Quiet& operator=(const Quiet&) = delete;
+    UnrecordedScope();
+    ~UnrecordedScope();
+    UnrecordedScope(const UnrecordedScope&) = delete;
+    UnrecordedScope& operator=(const UnrecordedScope&) = delete;
 };
 
 // Journal: one line a call, in the order in which the calls began.
-BENCH_CONTROL_API std::vector<std::string> Journal();
-BENCH_CONTROL_API void ClearJournal();
+BENCH_CONTROL_API std::vector<std::string> CallLog();
+BENCH_CONTROL_API void ClearCallLog();
 // A line that is no call: a marker of the host or of a test ("-- command SorvSIL"). It is not counted as a call.
-BENCH_CONTROL_API void Note(const std::string& text);
+BENCH_CONTROL_API void LogMarker(const std::string& text);
 
 // Failure plan. Calls count from 1, since the plan was last cleared. How a call fails is its stand-in's matter: a null
 // handle, a code, a failing HRESULT, a connection that is refused.
 // Patterns of names: "kbsaverec"; "kb*|ddk*", all that begin so; empty, all.
-struct PlannedFailure {
+struct InjectedFault {
     std::string name;          // which calls count, a pattern
     int ordinal = 1;           // the n-th of them fails
     std::optional<long> code;  // none: the usual one of the call
     bool fromThereOn = false;  // and so does every later one
-    bool poisonsOutputs = false;
+    bool corruptsOutputs = false;
 };
 BENCH_CONTROL_API bool NameFits(const std::string& name, const std::string& pattern);
-BENCH_CONTROL_API void FailCalls(const PlannedFailure& failure);
+BENCH_CONTROL_API void InjectFault(const InjectedFault& failure);
 BENCH_CONTROL_API void FailCall(const char* name, int ordinal);
 BENCH_CONTROL_API void FailCall(const char* name, int ordinal, long code);
-BENCH_CONTROL_API void ClearFailures();
+BENCH_CONTROL_API void ClearFaults();
 
 // Balance: what the module owes. `kind` is a plain noun ("open object", "resbuf chain"), `name` tells which one.
-BENCH_CONTROL_API void Owe(const std::string& kind, const std::string& name);
+BENCH_CONTROL_API void TrackAcquire(const std::string& kind, const std::string& name);
 // Gives one back; false, and an accusation, when nothing of that kind and name was owed.
-BENCH_CONTROL_API bool Settle(const std::string& kind, const std::string& name);
+BENCH_CONTROL_API bool TrackRelease(const std::string& kind, const std::string& name);
 // What is owed now, one text each ("open object 2A7", or "open object 2A7 (3 times)"), in order of kind and name.
-BENCH_CONTROL_API std::vector<std::string> BenchBalance();
-BENCH_CONTROL_API void ClearBalance();
+BENCH_CONTROL_API std::vector<std::string> OutstandingResources();
+BENCH_CONTROL_API void ClearOutstandingResources();
 
 // A full sentence about a broken contract ("acutRelRb was called on a chain that was already released."). Every run
 // and every test case ends with a look at them.
-BENCH_CONTROL_API void Accuse(const std::string& sentence);
-BENCH_CONTROL_API std::vector<std::string> Accusations();
-BENCH_CONTROL_API void ClearAccusations();
+BENCH_CONTROL_API void ReportViolation(const std::string& sentence);
+BENCH_CONTROL_API std::vector<std::string> Violations();
+BENCH_CONTROL_API void ClearViolations();
 
 // Journal, failure plan, balance and accusations as at the start of the process.
 BENCH_CONTROL_API void ResetBench();

@@ -29,7 +29,7 @@ void PrintPlace(DWORD64 address) {
 LONG WINAPI Report(EXCEPTION_POINTERS* exception) {
     std::fflush(nullptr);  // what the program had printed is wanted too
     std::string step;
-    for (const std::string& line : Journal())
+    for (const std::string& line : CallLog())
         if (line.compare(0, 3, "-- ") == 0) step = line.substr(2);
     std::printf("\nbench: crashed%s with exception %08lx at\n", step.c_str(),
                 exception->ExceptionRecord->ExceptionCode);

@@ -123,13 +123,13 @@ void FindMeetingPoint(PlanPart& fitting) {
 }  // namespace
 
 std::set<std::string> HandlesOfProject() {
-    const Quiet quiet;
+    const UnrecordedScope quiet;
     const std::vector<std::string> handles = PartHandles();
     return {handles.begin(), handles.end()};
 }
 
 FloorPlan PlanOfProject(const std::string& title, const std::string& subtitle, const std::set<std::string>& known) {
-    const Quiet quiet;
+    const UnrecordedScope quiet;
     FloorPlan plan{title, subtitle, Systems(), {}};
     for (const std::string& handle : PartHandles()) {
         plan.parts.push_back(ReadPart(handle, plan.systems));

@@ -63,7 +63,7 @@ std::string CommandText(const CommandReport& command, const FloorPlan& plan) {
         text += (silencer ? "New silencer " + part.userCode + " (" + part.product + "), part " : "New part ") +
                 part.handle + ": " + PlaceOf(part, plan) + "\n";
     }
-    return text + List("Accusations", command.accusations);
+    return text + List("Violations", command.accusations);
 }
 
 std::string RecordText(const KbaseRecord& record) {

@@ -40,7 +40,7 @@ bool Run::Open() {
         stage_ = std::make_unique<Stage>(options_.catalogue);
         SetEcho(Say);
         problem = stage_->OpenProject(options_.project, {});
-        Note("-- load module");
+        LogMarker("-- load module");
         if (problem.empty()) problem = stage_->LoadModule(options_.module);
     } catch (const std::runtime_error& error) {
         problem = error.what();
@@ -66,19 +66,19 @@ CommandReport Run::Command(const std::string& name, const std::string& configura
     const std::set<std::string> known = HandlesOfProject();
     const FloorPlan before = PlanOfProject("", "", known);
     const size_t requestsBefore = stage_->server().requests().size();
-    Note("-- command " + name);
-    const size_t journalBefore = Journal().size();
-    const size_t accusedBefore = Accusations().size();
+    LogMarker("-- command " + name);
+    const size_t journalBefore = CallLog().size();
+    const size_t accusedBefore = Violations().size();
 
     if (seconds > 0) watchdog_.Step("the command " + name, seconds);
     report.known = RunCommand(name);
     watchdog_.Step({}, 0);
 
-    const std::vector<std::string> journal = Beyond(Journal(), journalBefore);
+    const std::vector<std::string> journal = Beyond(CallLog(), journalBefore);
     report.committed = Committed(journal);
     for (const PlanPart& part : before.parts)
         if (part.handle == LastPick()) report.picked.push_back(part);
-    report.accusations = Beyond(Accusations(), accusedBefore);
+    report.accusations = Beyond(Violations(), accusedBefore);
     report.queued = CallsOf(journal, "AcApDocManager::sendStringToExecute");
     report.requests = Beyond(stage_->server().requests(), requestsBefore);
     report.configuratorRecord = LinesOf(recordFile);
@@ -102,14 +102,14 @@ int Run::Finish() {
     if (!statistics.empty()) Say(Heading("Usage statistics") + statistics);
 
     watchdog_.Step("the module to unload and the stand-ins to close", kCloseSeconds);
-    Note("-- unload module");
+    LogMarker("-- unload module");
     const std::string unloading = stage_->Close();
     watchdog_.Step({}, 0);
-    Save("journal.txt", JoinLines(Journal()));
+    Save("call-log.txt", JoinLines(CallLog()));
     if (!unloading.empty()) Fail(unloading);
-    for (const std::string& sentence : Accusations())
+    for (const std::string& sentence : Violations())
         Fail(sentence);
-    for (const std::string& owed : BenchBalance())
+    for (const std::string& owed : OutstandingResources())
         Fail("Not given back: " + owed + ".");
     Say(VerdictText(failures_) + "\nWritten to " + ShownPath(options_.outputFolder) + "\n");
     return failures_.empty() ? kAllWell : kWentWrong;
@@ -121,7 +121,7 @@ void Run::Save(const char* file, const std::string& text) {
 }
 
 FloorPlan Run::Plan(const char* title) const {
-    const Quiet quiet;
+    const UnrecordedScope quiet;
     return PlanOfProject(title, "Drawn from " + PartAttribute("", "/dwg/kpjfilename"), handlesBefore_);
 }
 

@@ -17,8 +17,8 @@ constexpr KB_HANDLE kNoDatabase = -2;
 
 void CheckModes(const char* function, int mode, int usualMode, int flags) {
     if (mode == usualMode && flags == 0) return;
-    Accuse(std::string(function) + " was called with mode " + std::to_string(mode) + " and flags " +
-           std::to_string(flags) + ", not with " + std::to_string(usualMode) + " and 0.");
+    ReportViolation(std::string(function) + " was called with mode " + std::to_string(mode) + " and flags " +
+                    std::to_string(flags) + ", not with " + std::to_string(usualMode) + " and 0.");
 }
 
 KB_HANDLE OpenDictionary(const char* path, int mode, int flags) {
@@ -31,7 +31,7 @@ KB_HANDLE OpenDictionary(const char* path, int mode, int flags) {
 int FindClassId(KB_HANDLE dictionary, const char* symbol, KB_CLASSID* classId) {
     const KbaseDictionary* opened = FindDictionary("ddk_classsymboltoID", dictionary);
     if (!symbol || !classId)
-        Accuse("ddk_classsymboltoID was called without a class symbol or a place for the class id.");
+        ReportViolation("ddk_classsymboltoID was called without a class symbol or a place for the class id.");
     const KbaseClassId* id = opened && symbol && classId ? opened->FindClass(symbol) : nullptr;
     if (!id) return 0;
     classId->value[0] = (*id)[0];
@@ -75,7 +75,8 @@ KB_RECORD Find(KB_HANDLE handle, const char* className, const char* key, int fla
         return nullptr;
     CheckModes("kbfindrec", 0, 0, flags);
     if (!database->dictionary.FindClass(className))
-        Accuse("kbfindrec was called with the class " + Shown(className) + ", which its dictionary does not know.");
+        ReportViolation("kbfindrec was called with the class " + Shown(className) +
+                        ", which its dictionary does not know.");
     const KbaseRecord* record = database->file.Find(className, key);
     return record ? AddRecord(handle, *record) : nullptr;
 }
@@ -87,34 +88,34 @@ const KbaseAttributeForm* FormOfValue(KB_HANDLE handle, short attribute, const v
     if (!database) return nullptr;
     const KbaseAttributeForm* form = database->dictionary.FindAttribute(attribute);
     if (!form) {
-        Accuse("kbinsertatt was called with the attribute " + std::to_string(attribute) +
-               ", which the dictionary does not know.");
+        ReportViolation("kbinsertatt was called with the attribute " + std::to_string(attribute) +
+                        ", which the dictionary does not know.");
         return nullptr;
     }
     const std::string about =
         "kbinsertatt was called for the attribute " + std::to_string(attribute) + ' ' + form->name;
     if (value && count >= form->fewest && count <= form->most) return form;
-    Accuse(value ? about + " with " + std::to_string(count) + (form->isText() ? " bytes" : " elements") +
-                       ", not with " + std::to_string(form->fewest) + " to " + std::to_string(form->most) + "."
-                 : about + " without a value.");
+    ReportViolation(value ? about + " with " + std::to_string(count) + (form->isText() ? " bytes" : " elements") +
+                                ", not with " + std::to_string(form->fewest) + " to " + std::to_string(form->most) + "."
+                          : about + " without a value.");
     return nullptr;
 }
 
 bool BelongsTo(const char* function, const OpenRecord& record, KB_HANDLE database) {
     if (record.database == database) return true;
-    Accuse(std::string(function) + " was called with a record of the database " + std::to_string(record.database) +
-           " and the handle " + std::to_string(database) + ".");
+    ReportViolation(std::string(function) + " was called with a record of the database " +
+                    std::to_string(record.database) + " and the handle " + std::to_string(database) + ".");
     return false;
 }
 
 short Insert(KB_HANDLE database, KB_RECORD* record, short attribute, const KbaseAttributeForm& form,
              const std::string& bytes) {
     if (form.isText() && bytes.find('\0') != std::string::npos) {
-        Accuse("kbinsertatt was called for the attribute " + std::to_string(attribute) + ' ' + form.name +
-               " with a length that counts a terminator.");
+        ReportViolation("kbinsertatt was called for the attribute " + std::to_string(attribute) + ' ' + form.name +
+                        " with a length that counts a terminator.");
         return -1;
     }
-    if (!record) Accuse("kbinsertatt was called without the address of a record.");
+    if (!record) ReportViolation("kbinsertatt was called without the address of a record.");
     OpenRecord* opened = record ? FindRecord("kbinsertatt", *record) : nullptr;
     if (!opened || !BelongsTo("kbinsertatt", *opened, database)) return -1;
     opened->record.attributes[attribute] = {form.name, bytes, form.Decode(bytes)};
@@ -160,7 +161,7 @@ KB_HANDLE ddk_opendatabase(const char* dictionaryPath, int mode, int flags) {
 
 int ddk_classsymboltoID(KB_HANDLE dictionary, const char* classSymbol, KB_CLASSID* classId) {
     Call call("ddk_classsymboltoID", std::to_string(dictionary) + ' ' + Shown(classSymbol));
-    if (call.poisonsOutputs() && classId) *classId = {{0x0BADF00D, 0x0BADF00D}};
+    if (call.corruptsOutputs() && classId) *classId = {{0x0BADF00D, 0x0BADF00D}};
     return Answer(call, 0, [&] { return FindClassId(dictionary, classSymbol, classId); });
 }
 
@@ -220,7 +221,7 @@ void kbreleaserec(KB_RECORD record) {
 void kbsetwarningmode(int mode) {
     Call call("kbsetwarningmode", std::to_string(mode));
     if (mode != 0 && mode != 1)
-        Accuse("kbsetwarningmode was called with " + std::to_string(mode) + ", which is neither on nor off.");
+        ReportViolation("kbsetwarningmode was called with " + std::to_string(mode) + ", which is neither on nor off.");
 }
 
 KbaseRecord bench::LastSavedRecord() {

@@ -37,25 +37,26 @@ std::string Name(const KbaseRecord& record) {
 }
 
 void AccuseHandle(const char* call, const char* kind, KB_HANDLE handle) {
-    Accuse(std::string(call) + " was called with " + std::to_string(handle) + ", which is no open " + kind + ".");
+    ReportViolation(std::string(call) + " was called with " + std::to_string(handle) + ", which is no open " + kind +
+                    ".");
 }
 
 }  // namespace
 
 KB_HANDLE AddDictionary(KbaseDictionary dictionary) {
     const KB_HANDLE handle = Add(open().dictionaries, kFirstDictionary, std::move(dictionary));
-    Owe("dictionary", std::to_string(handle));
+    TrackAcquire("dictionary", std::to_string(handle));
     return handle;
 }
 
 KB_HANDLE AddDatabase(OpenDatabase database) {
     const KB_HANDLE handle = Add(open().databases, kFirstDatabase, std::move(database));
-    Owe("database", std::to_string(handle));
+    TrackAcquire("database", std::to_string(handle));
     return handle;
 }
 
 KB_RECORD AddRecord(KB_HANDLE database, KbaseRecord record) {
-    Owe("record", Name(record));
+    TrackAcquire("record", Name(record));
     auto opened = std::make_unique<OpenRecord>(OpenRecord{database, std::move(record)});
     const KB_RECORD handle = opened.get();
     open().records.emplace(handle, std::move(opened));
@@ -79,25 +80,25 @@ OpenDatabase* FindDatabase(const char* call, KB_HANDLE handle) {
 OpenRecord* FindRecord(const char* call, KB_RECORD record) {
     const auto found = open().records.find(record);
     if (found == open().records.end()) {
-        Accuse(std::string(call) + " was called with a pointer that is no open record.");
+        ReportViolation(std::string(call) + " was called with a pointer that is no open record.");
         return nullptr;
     }
     if (found->second->database != 0) return found->second.get();
-    Accuse(std::string(call) + " was called with the record " + Name(found->second->record) +
-           " after its database was closed.");
+    ReportViolation(std::string(call) + " was called with the record " + Name(found->second->record) +
+                    " after its database was closed.");
     return nullptr;
 }
 
 void RemoveDictionary(KB_HANDLE handle) {
     if (handle == 0 || !FindDictionary("ddk_releasedatabase", handle)) return;
     open().dictionaries.erase(handle);
-    Settle("dictionary", std::to_string(handle));
+    TrackRelease("dictionary", std::to_string(handle));
 }
 
 void RemoveDatabase(KB_HANDLE handle) {
     if (handle == 0 || !FindDatabase("kbclosedatabase", handle)) return;
     open().databases.erase(handle);
-    Settle("database", std::to_string(handle));
+    TrackRelease("database", std::to_string(handle));
     for (auto& [pointer, record] : open().records)
         if (record->database == handle) record->database = 0;
 }
@@ -107,7 +108,7 @@ void RemoveRecord(KB_RECORD record) {
     FindRecord("kbreleaserec", record);  // a late release is accused, and still settles what is owed
     const auto found = open().records.find(record);
     if (found == open().records.end()) return;
-    Settle("record", Name(found->second->record));
+    TrackRelease("record", Name(found->second->record));
     open().records.erase(found);
 }
 
@@ -134,19 +135,19 @@ std::string ShownClass(KB_HANDLE database, const KB_CLASSID* classId) {
 
 std::string SymbolOf(const char* call, const KbaseDictionary& dictionary, const KB_CLASSID* classId) {
     if (!classId) {
-        Accuse(std::string(call) + " was called without a class id.");
+        ReportViolation(std::string(call) + " was called without a class id.");
         return {};
     }
     const std::string symbol = dictionary.ClassSymbol({classId->value[0], classId->value[1]});
     if (symbol.empty())
-        Accuse(std::string(call) + " was called with the class id " + std::to_string(classId->value[0]) + ' ' +
-               std::to_string(classId->value[1]) + ", which its dictionary does not know.");
+        ReportViolation(std::string(call) + " was called with the class id " + std::to_string(classId->value[0]) + ' ' +
+                        std::to_string(classId->value[1]) + ", which its dictionary does not know.");
     return symbol;
 }
 
 bool TextGiven(const char* call, const char* what, const char* text) {
     if (text && *text) return true;
-    Accuse(std::string(call) + " was called without " + what + ".");
+    ReportViolation(std::string(call) + " was called without " + what + ".");
     return false;
 }
 

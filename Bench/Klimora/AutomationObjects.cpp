@@ -39,7 +39,7 @@ class References {
 
     ULONG Add() {
         ++(g_publishing ? others_ : clients_);
-        if (!g_publishing) Owe("interface reference", name_);
+        if (!g_publishing) TrackAcquire("interface reference", name_);
         return clients_ + others_;
     }
     // A client that releases what it does not hold is accused; the count stays then.
@@ -48,9 +48,9 @@ class References {
             --others_;
         } else if (clients_ > 0) {
             --clients_;
-            Settle("interface reference", name_);
+            TrackRelease("interface reference", name_);
         } else {
-            Accuse("Interface " + name_ + " was released more often than it was handed out.");
+            ReportViolation("Interface " + name_ + " was released more often than it was handed out.");
         }
         return clients_ + others_;
     }
@@ -115,11 +115,11 @@ class ObjectInterface : public Interface {
         Call call(name.c_str(), arguments);
         const bool given = result && (outputs && ...);
         const long planned = call.fails() ? call.failureCode(E_FAIL) : 0;
-        if (given && call.poisonsOutputs()) *result = 0x0BADF00D, (Spoil(outputs), ...);
+        if (given && call.corruptsOutputs()) *result = 0x0BADF00D, (Spoil(outputs), ...);
         if (planned < kSmallestOwnCode) return Failed(call, planned);
         if (!TheServer().started) return HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE);
         if (!given) return WithoutPlace(name);
-        if (!call.poisonsOutputs()) (Clear(outputs), ...);
+        if (!call.corruptsOutputs()) (Clear(outputs), ...);
         try {
             if (call.fails()) throw Refusal(planned, name + " was planned to fail.");
             const std::string shown = work();
@@ -164,7 +164,7 @@ class ObjectInterface : public Interface {
         return code;
     }
     static HRESULT WithoutPlace(const std::string& name) {
-        Accuse(name + " was called without a place for its output.");
+        ReportViolation(name + " was called without a place for its output.");
         return E_POINTER;
     }
 
@@ -229,7 +229,7 @@ class Klimora200805 : public ObjectInterface<Interface> {
         return this->Command("selectPart", command, TakeCommand, reply, result);
     }
     HRESULT STDMETHODCALLTYPE reservedSlot17() override {
-        Accuse("Slot 17 of " + this->CallName("reservedSlot17") + " was called; its signature is not known.");
+        ReportViolation("Slot 17 of " + this->CallName("reservedSlot17") + " was called; its signature is not known.");
         return E_NOTIMPL;
     }
     HRESULT STDMETHODCALLTYPE createConnectionStub(BSTR command, BSTR* reply, long* result) override {
@@ -315,7 +315,7 @@ Objects& TheObjects() {
     return *instance;
 }
 
-HRESULT HandOut(IUnknown* pointer, void** object) {
+HRESULT AllocateForCaller(IUnknown* pointer, void** object) {
     if (!object) return E_POINTER;
     *object = pointer;
     if (!pointer) return E_NOINTERFACE;
@@ -327,7 +327,7 @@ HRESULT QueryDrawing(REFIID id, void** object) {
     IUnknown* pointer = nullptr;
     if (id == IID_IUnknown || id == IID_IDispatch) pointer = &TheObjects().drawingIdentity;
     if (id == KLIMCOMSRVLib::IID_IDrawing && TheServer().settings.hasDrawing) pointer = &TheObjects().drawing;
-    return HandOut(pointer, object);
+    return AllocateForCaller(pointer, object);
 }
 
 HRESULT QueryKlimora(REFIID id, void** object) {
@@ -337,7 +337,7 @@ HRESULT QueryKlimora(REFIID id, void** object) {
     if (id == KLIMCOMSRVLib::IID_IKlimora200805 && settings.has200805) pointer = &TheObjects().first;
     if (id == KLIMCOMSRVLib::IID_IKlimora201011 && settings.has201011) pointer = &TheObjects().second;
     if (id == KLIMCOMSRVLib::IID_IKlimoraLatest && settings.hasLatest) pointer = &TheObjects().latest;
-    return HandOut(pointer, object);
+    return AllocateForCaller(pointer, object);
 }
 
 void RegisterProgId(const std::wstring& progId, const CLSID& classId) {
@@ -346,14 +346,14 @@ void RegisterProgId(const std::wstring& progId, const CLSID& classId) {
     const DWORD bytes = static_cast<DWORD>((std::wcslen(text) + 1) * sizeof(wchar_t));
     const std::wstring key = progId + L"\\CLSID";
     if (RegSetKeyValueW(HKEY_CLASSES_ROOT, key.c_str(), nullptr, REG_SZ, text, bytes) != ERROR_SUCCESS)
-        Accuse("The Klimora stand-in could not register " + Utf8(progId) + ".");
+        ReportViolation("The Klimora stand-in could not register " + Utf8(progId) + ".");
 }
 
 void EnterTable(IUnknown* object, const CLSID& classId, DWORD& cookie) {
     const HRESULT result = RegisterActiveObject(object, classId, ACTIVEOBJECT_STRONG, &cookie);
     if (FAILED(result))
-        Accuse("The Klimora stand-in could not enter the running object table (HRESULT " + std::to_string(result) +
-               ").");
+        ReportViolation("The Klimora stand-in could not enter the running object table (HRESULT " +
+                        std::to_string(result) + ").");
 }
 
 }  // namespace

@@ -15,7 +15,7 @@ namespace {
 
 // Entities of parts that the next project does not have go; those that both have stay.
 void EraseLeftEntities(const ProjectTree& next) {
-    const Quiet quiet;
+    const UnrecordedScope quiet;
     for (const std::string& handle : TheServer().project.Handles())
         if (!next.FindPart(handle)) EraseEntity(handle);
 }
@@ -46,7 +46,7 @@ using namespace klimora;
 
 void StartKlimora(const KlimoraServer& settings) {
     StopKlimora();
-    const Quiet quiet;
+    const UnrecordedScope quiet;
     TheServer().settings = settings;
     TheServer().started = true;
     PublishObjects(settings);
@@ -54,7 +54,7 @@ void StartKlimora(const KlimoraServer& settings) {
 }
 
 void StopKlimora() {
-    const Quiet quiet;
+    const UnrecordedScope quiet;
     WithdrawObjects();
     Server& server = TheServer();
     if (server.started) RemoveForeignCommand(kInsertCommand);

@@ -14,7 +14,7 @@ std::string Name(long variable) {
 }
 
 [[noreturn]] void RefuseAndAccuse(const std::string& sentence) {
-    Accuse(sentence);
+    ReportViolation(sentence);
     throw Refusal(kBinaryVariable, sentence);
 }
 
@@ -33,7 +33,7 @@ std::string Bytes(long variable, const std::string& text) {
 void BinaryVariables::SetSize(long variable, long size) {
     if (size < 1)
         throw Refusal(kBinaryVariable, Name(variable) + " cannot have the size " + std::to_string(size) + ".");
-    if (variables_.count(variable) == 0) Owe("binary variable", std::to_string(variable));
+    if (variables_.count(variable) == 0) TrackAcquire("binary variable", std::to_string(variable));
     const size_t bytes = static_cast<size_t>(size);
     variables_[variable] = {std::string(bytes, '\0'), std::vector<bool>(bytes, false)};
 }
@@ -53,7 +53,7 @@ void BinaryVariables::SetData(long variable, long offset, const std::string& hex
 
 void BinaryVariables::Free(long variable) {
     if (variables_.erase(variable) == 0) throw Refusal(kBinaryVariable, Name(variable) + " was not set.");
-    Settle("binary variable", std::to_string(variable));
+    TrackRelease("binary variable", std::to_string(variable));
 }
 
 const std::string& BinaryVariables::Take(long variable) const {

@@ -50,7 +50,7 @@ void AddEntities(ProjectTree& project, TiXmlElement* silencer, TiXmlElement* sec
     try {
         AddPartEntity(project, secondDuct);
     } catch (const Refusal&) {
-        const Quiet quiet;
+        const UnrecordedScope quiet;
         EraseEntity(handle);
         throw;
     }
@@ -145,7 +145,7 @@ void Insert(const std::string& familyKey, const std::string& userCode) {
 }  // namespace
 
 void RunInsertCommand() {
-    const Quiet quiet;
+    const UnrecordedScope quiet;
     std::string familyKey;
     std::string userCode;
     if (!ReadLine(L"\nProduct family key: ", familyKey) || !ReadLine(L"\nUser code: ", userCode)) {

@@ -88,7 +88,7 @@ std::string ErasePart(Server& server, const std::string& command) {
     if (handles.empty()) throw Refusal(kBadCommand, "ErasePart: the list names no part.");
     for (const std::string& handle : handles)
         server.project.Part(handle);
-    const Quiet quiet;
+    const UnrecordedScope quiet;
     for (const std::string& handle : handles) {
         TiXmlElement* part = server.project.FindPart(handle);
         if (!part) continue;  // named twice

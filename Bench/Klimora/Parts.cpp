@@ -109,7 +109,7 @@ void ConnectTo(TiXmlElement* part, const std::string& handle) {
 }
 
 std::string AddPartEntity(ProjectTree& project, TiXmlElement* part) {
-    const Quiet quiet;
+    const UnrecordedScope quiet;
     const std::string wanted = ProjectTree::Handle(part);
     const std::string handle = AddEntity({wanted, EntityClass(part), LayerOf(project, part)});
     if (handle.empty()) throw Refusal(kDrawing, "The drawing takes no entity with the handle '" + wanted + "'.");
@@ -118,7 +118,7 @@ std::string AddPartEntity(ProjectTree& project, TiXmlElement* part) {
 }
 
 void AddMissingEntities(ProjectTree& project) {
-    const Quiet quiet;
+    const UnrecordedScope quiet;
     const auto number = [](const std::string& handle) { return std::strtoull(handle.c_str(), nullptr, 16); };
     std::map<unsigned long long, std::string> present;  // handle to class
     for (const EntityInfo& entity : Entities())

@@ -108,7 +108,7 @@ std::string ManageProductData(Server& server, const std::string& command) {
     const std::string sentKey = ValueAt(root, "Productkey");
     const std::string productKey = sentKey.empty() ? familyKey : sentKey;
 
-    const Quiet quiet;
+    const UnrecordedScope quiet;
     const ProductFile file(ValueAt(root, "KPD/Filename"));
     file.Require(className, familyKey);
     file.Require(className, productKey);

@@ -45,7 +45,8 @@ struct KlimoraPluginsStatisticsWrapper::Implementation {
 
     // Called first by every operation: nothing but the destructor may follow the end of the work.
     void CheckOpen(const char* operation) const {
-        if (closed) bench::Accuse(std::string("Statistics: ") + operation + " was called after CloseStatistics.");
+        if (closed)
+            bench::ReportViolation(std::string("Statistics: ") + operation + " was called after CloseStatistics.");
     }
 };
 
@@ -53,15 +54,17 @@ KlimoraPluginsStatisticsWrapper::KlimoraPluginsStatisticsWrapper(int channel, co
     : implementation_(new Implementation{Text(client), {}, false, false}) {
     const bench::Call call("KlimoraPluginsStatisticsWrapper::KlimoraPluginsStatisticsWrapper",
                            std::to_string(channel) + " " + Text(client) + " " + Text(key));
-    if (implementation_->client.empty()) bench::Accuse("Statistics: the object was made without the client's name.");
-    if (Text(key).empty()) bench::Accuse("Statistics: the object was made without the client's key.");
-    bench::Owe("statistics object", implementation_->client);
+    if (implementation_->client.empty())
+        bench::ReportViolation("Statistics: the object was made without the client's name.");
+    if (Text(key).empty()) bench::ReportViolation("Statistics: the object was made without the client's key.");
+    bench::TrackAcquire("statistics object", implementation_->client);
 }
 
 KlimoraPluginsStatisticsWrapper::~KlimoraPluginsStatisticsWrapper() {
     const bench::Call call("KlimoraPluginsStatisticsWrapper::~KlimoraPluginsStatisticsWrapper", "");
-    if (!implementation_->closed) bench::Accuse("Statistics: the object was destroyed without CloseStatistics.");
-    bench::Settle("statistics object", implementation_->client);
+    if (!implementation_->closed)
+        bench::ReportViolation("Statistics: the object was destroyed without CloseStatistics.");
+    bench::TrackRelease("statistics object", implementation_->client);
     delete implementation_;
 }
 
@@ -69,8 +72,9 @@ void KlimoraPluginsStatisticsWrapper::AddInsertStatistics(const wchar_t* event, 
     const std::vector<std::string> fields = record ? Fields(*record) : std::vector<std::string>();
     const bench::Call call("KlimoraPluginsStatisticsWrapper::AddInsertStatistics", Text(event) + " " + Joined(fields));
     implementation_->CheckOpen("AddInsertStatistics");
-    if (Text(event).empty()) bench::Accuse("Statistics: AddInsertStatistics was called without an event name.");
-    if (!record) bench::Accuse("Statistics: AddInsertStatistics was called without a record.");
+    if (Text(event).empty())
+        bench::ReportViolation("Statistics: AddInsertStatistics was called without an event name.");
+    if (!record) bench::ReportViolation("Statistics: AddInsertStatistics was called without a record.");
     implementation_->added = true;
     if (call.fails()) return;  // a lost event: the library tells nobody
     implementation_->kept.push_back(Events().size());
@@ -80,7 +84,8 @@ void KlimoraPluginsStatisticsWrapper::AddInsertStatistics(const wchar_t* event, 
 void KlimoraPluginsStatisticsWrapper::FlushStatistics() {
     const bench::Call call("KlimoraPluginsStatisticsWrapper::FlushStatistics", "");
     implementation_->CheckOpen("FlushStatistics");
-    if (!implementation_->added) bench::Accuse("Statistics: FlushStatistics was called with no event to send.");
+    if (!implementation_->added)
+        bench::ReportViolation("Statistics: FlushStatistics was called with no event to send.");
     implementation_->added = false;
     if (call.fails()) return;
     for (size_t place : implementation_->kept)

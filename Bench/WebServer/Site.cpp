@@ -40,12 +40,12 @@ WebAnswer File(const std::string& path) {
 
 Site::Site(const std::string& catalogue, std::string server) : catalogue_(catalogue), server_(std::move(server)) {}
 
-Trouble Site::Arrived(const std::string& method, const RequestTarget& target) {
+ServerFault Site::Arrived(const std::string& method, const RequestTarget& target) {
     const std::lock_guard<std::mutex> lock(mutex_);
     requests_.push_back(method + ' ' + target.text());
-    Trouble trouble = Trouble::kNone;
+    ServerFault trouble = ServerFault::kNone;
     size_t longest = 0;
-    for (const auto& [path, planned] : troubles_) {
+    for (const auto& [path, planned] : faults_) {
         if (path.size() < longest || !StartsWith(target.path, path)) continue;
         longest = path.size();
         trouble = planned;
@@ -53,9 +53,9 @@ Trouble Site::Arrived(const std::string& method, const RequestTarget& target) {
     return trouble;
 }
 
-WebAnswer Site::Answer(const std::string& method, const RequestTarget& target, Trouble trouble) {
+WebAnswer Site::Answer(const std::string& method, const RequestTarget& target, ServerFault trouble) {
     const std::lock_guard<std::mutex> lock(mutex_);
-    if (trouble == Trouble::kNotFound) return Page(404, "The page was not found.");
+    if (trouble == ServerFault::kNotFound) return Page(404, "The page was not found.");
     if (const auto fixed = fixed_.find(target.path); fixed != fixed_.end()) return {200, "text/plain", fixed->second};
     if (method == "POST")
         return target.path == kChoosePath ? Choose(target) : Page(404, "Nothing takes a choice here.");
@@ -95,9 +95,9 @@ WebAnswer Site::Result(const std::string& fileName) const {
     return {200, "text/xml; charset=utf-8", body};
 }
 
-void Site::SetTrouble(const std::string& path, Trouble trouble) {
+void Site::SetFault(const std::string& path, ServerFault trouble) {
     const std::lock_guard<std::mutex> lock(mutex_);
-    troubles_[path] = trouble;
+    faults_[path] = trouble;
 }
 
 void Site::Serve(const std::string& path, const std::string& body) {
@@ -129,7 +129,7 @@ void Site::PublishInstead(const std::string& body) {
 
 void Site::Reset() {
     const std::lock_guard<std::mutex> lock(mutex_);
-    troubles_.clear();
+    faults_.clear();
     fixed_.clear();
     raw_.clear();
     rootTexts_.clear();

@@ -14,7 +14,7 @@
 
 namespace bench {
 
-enum class Trouble {
+enum class ServerFault {
     kNone,
     kNotFound,   // 404 with a page of text
     kTruncated,  // the connection closes in an orderly way before the announced length
@@ -35,7 +35,7 @@ class Site {
     Site(const std::string& catalogue, std::string server);
 
     // The next requests whose path begins with `path` meet this trouble; of several paths the longest counts.
-    void SetTrouble(const std::string& path, Trouble trouble);
+    void SetFault(const std::string& path, ServerFault trouble);
     // A fixed answer for a path, instead of the catalogue's.
     void Serve(const std::string& path, const std::string& body);
     // What is sent for paths that begin with `path`, head and body, whatever is asked for; then the connection closes.
@@ -51,9 +51,9 @@ class Site {
     std::vector<std::string> requests() const;
 
     // Once for each request as it arrives: notes it and tells its trouble.
-    Trouble Arrived(const std::string& method, const RequestTarget& target);
+    ServerFault Arrived(const std::string& method, const RequestTarget& target);
     std::optional<std::string> Raw(const RequestTarget& target) const;
-    WebAnswer Answer(const std::string& method, const RequestTarget& target, Trouble trouble);
+    WebAnswer Answer(const std::string& method, const RequestTarget& target, ServerFault trouble);
 
  private:
     WebAnswer Products(const RequestTarget& target) const;
@@ -64,7 +64,7 @@ class Site {
     const std::string server_;
     mutable std::mutex mutex_;
     std::vector<std::string> requests_;
-    std::map<std::string, Trouble> troubles_;
+    std::map<std::string, ServerFault> faults_;
     std::map<std::string, std::string> fixed_;
     std::map<std::string, std::string> raw_;
     std::map<std::string, std::vector<std::string>> choices_;  // by session identifier

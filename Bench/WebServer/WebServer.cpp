@@ -28,17 +28,19 @@ size_t AnnouncedLength(const std::string& head) {
 // A connection of the server on which a trouble can be put: what is written passes through until the body is half out,
 // and then the trouble happens. Only WinINet itself tells what a client sees of it, so the bytes really go that way.
 // A reset is felt as a failure only by a client that waits in its read, so one is preceded by a pause.
-class SpoiltStream : public httplib::Stream {
+class FaultyStream : public httplib::Stream {
  public:
     // `stream` is borrowed for the life of this one.
-    explicit SpoiltStream(httplib::Stream& stream) : stream_(stream) {}
+    explicit FaultyStream(httplib::Stream& stream) : stream_(stream) {}
 
     // From now on; troubles that are not the connection's business, but the answer's, change nothing.
-    void Spoil(Trouble trouble);
+    void Spoil(ServerFault trouble);
     // These bytes are written, in pieces with pauses, in place of the answer.
     void WriteInstead(const std::string& bytes);
     // The trouble that was put on ends with a reset of the connection.
-    static bool EndsWithReset(Trouble trouble) { return trouble == Trouble::kReset || trouble == Trouble::kRefused; }
+    static bool EndsWithReset(ServerFault trouble) {
+        return trouble == ServerFault::kReset || trouble == ServerFault::kRefused;
+    }
 
     bool is_readable() const override { return stream_.is_readable(); }
     bool is_writable() const override { return stream_.is_writable(); }
@@ -55,22 +57,23 @@ class SpoiltStream : public httplib::Stream {
     ssize_t BreakOff() const;
 
     httplib::Stream& stream_;
-    Trouble trouble_ = Trouble::kNone;
+    ServerFault trouble_ = ServerFault::kNone;
     bool ended_ = false;
     std::string head_;  // what was written up to the blank line, until the body begins
     bool inBody_ = false;
     size_t untilTrouble_ = 0;  // bytes of the body that still pass
 };
 
-void SpoiltStream::Spoil(Trouble trouble) {
-    const bool ofConnection = EndsWithReset(trouble) || trouble == Trouble::kTruncated || trouble == Trouble::kStalled;
-    trouble_ = ofConnection ? trouble : Trouble::kNone;
+void FaultyStream::Spoil(ServerFault trouble) {
+    const bool ofConnection =
+        EndsWithReset(trouble) || trouble == ServerFault::kTruncated || trouble == ServerFault::kStalled;
+    trouble_ = ofConnection ? trouble : ServerFault::kNone;
 }
 
-ssize_t SpoiltStream::write(const char* ptr, size_t size) {
+ssize_t FaultyStream::write(const char* ptr, size_t size) {
     if (ended_) return -1;
-    if (trouble_ == Trouble::kNone) return stream_.write(ptr, size);
-    if (trouble_ == Trouble::kRefused) return BreakOff();
+    if (trouble_ == ServerFault::kNone) return stream_.write(ptr, size);
+    if (trouble_ == ServerFault::kRefused) return BreakOff();
     if (inBody_) return WriteHalf(ptr, size);
 
     const size_t before = head_.size();
@@ -85,30 +88,30 @@ ssize_t SpoiltStream::write(const char* ptr, size_t size) {
     return WriteHalf(ptr + ofHead, size - ofHead) < 0 ? -1 : static_cast<ssize_t>(size);
 }
 
-ssize_t SpoiltStream::WriteHalf(const char* ptr, size_t size) {
+ssize_t FaultyStream::WriteHalf(const char* ptr, size_t size) {
     const size_t passing = size < untilTrouble_ ? size : untilTrouble_;
     if (!WriteAll(ptr, passing)) return -1;
     untilTrouble_ -= passing;
     if (passing == size) return static_cast<ssize_t>(size);
-    if (trouble_ != Trouble::kStalled) return BreakOff();
+    if (trouble_ != ServerFault::kStalled) return BreakOff();
     std::this_thread::sleep_for(kStall);
-    trouble_ = Trouble::kNone;
+    trouble_ = ServerFault::kNone;
     return WriteAll(ptr + passing, size - passing) ? static_cast<ssize_t>(size) : -1;
 }
 
-void SpoiltStream::WriteInstead(const std::string& bytes) {
+void FaultyStream::WriteInstead(const std::string& bytes) {
     ended_ = true;
     const size_t piece = bytes.size() / 10 + 1;
     for (size_t at = 0; at < bytes.size() && WriteAll(&bytes[at], std::min(piece, bytes.size() - at)); at += piece)
         std::this_thread::sleep_for(kBetweenPieces);
 }
 
-ssize_t SpoiltStream::BreakOff() const {
+ssize_t FaultyStream::BreakOff() const {
     if (EndsWithReset(trouble_)) std::this_thread::sleep_for(kBeforeReset);
     return -1;
 }
 
-bool SpoiltStream::WriteAll(const char* ptr, size_t size) {
+bool FaultyStream::WriteAll(const char* ptr, size_t size) {
     while (size > 0) {
         const ssize_t written = stream_.write(ptr, size);
         if (written <= 0) return false;
@@ -121,24 +124,24 @@ bool SpoiltStream::WriteAll(const char* ptr, size_t size) {
 // One request on its connection's thread, from its arrival to the end of its answer.
 struct Exchange {
     RequestTarget target;
-    Trouble trouble = Trouble::kNone;
+    ServerFault trouble = ServerFault::kNone;
     std::optional<Call> call;
 };
 
 thread_local Exchange* currentExchange = nullptr;
 
-void Arrive(Site& site, Exchange& exchange, const httplib::Request& request, SpoiltStream& stream) {
+void Arrive(Site& site, Exchange& exchange, const httplib::Request& request, FaultyStream& stream) {
     exchange.target = ParseRequestTarget(request.target);
     exchange.call.emplace(request.method.c_str(), exchange.target.text());
     exchange.trouble = site.Arrived(request.method, exchange.target);
-    if (exchange.call->fails()) exchange.trouble = Trouble::kRefused;
+    if (exchange.call->fails()) exchange.trouble = ServerFault::kRefused;
     stream.Spoil(exchange.trouble);
     if (const auto raw = site.Raw(exchange.target)) stream.WriteInstead(*raw);
 }
 
 void Reply(Site& site, const httplib::Request& request, httplib::Response& response) {
     Exchange& exchange = *currentExchange;
-    if (exchange.trouble == Trouble::kRefused) {
+    if (exchange.trouble == ServerFault::kRefused) {
         exchange.call->result("dropped");
         return;
     }
@@ -200,12 +203,12 @@ bool WebServer::Listener::process_and_close_socket(socket_t sock) {
         svr_sock_, sock, keep_alive_max_count_, keep_alive_timeout_sec_, read_timeout_sec_, read_timeout_usec_,
         write_timeout_sec_, write_timeout_usec_,
         [&](httplib::Stream& stream, bool closeConnection, bool& connectionClosed) {
-            SpoiltStream spoilt(stream);
+            FaultyStream spoilt(stream);
             return process_request(spoilt, closeConnection, connectionClosed,
                                    [&](httplib::Request& request) { Arrive(site_, exchange, request, spoilt); });
         });
     currentExchange = nullptr;
-    if (SpoiltStream::EndsWithReset(exchange.trouble))
+    if (FaultyStream::EndsWithReset(exchange.trouble))
         SendReset(sock);
     else
         httplib::detail::shutdown_socket(sock);

@@ -44,14 +44,14 @@ TEST_F(AutoCADCommands, QueuedCommandsRunAfterTheRunningOneReturnedAndReadTheirL
     EXPECT_EQ(bench::Transcript(),
               "\nCommand: _SENDS\n\nCommand: READS\nCode: F 1\nCode: too long\n\nCommand: REST\n"
               "Unknown command \"REST\".  Press F1 for help.\n");
-    EXPECT_THAT(TakeAccusations(), ElementsAre("The command READS was typed while SENDS was running."));
+    EXPECT_THAT(TakeViolations(), ElementsAre("The command READS was typed while SENDS was running."));
 }
 
 TEST_F(AutoCADCommands, BadRequestsAreRefused) {
     EXPECT_EQ(acDocManager->sendStringToExecute(nullptr, L"X\n"), Acad::eNoDocument);
     EXPECT_EQ(Send(L""), Acad::eInvalidInput);
     EXPECT_EQ(Send(L"NO END"), Acad::eInvalidInput);
-    EXPECT_THAT(TakeAccusations(), ElementsAre(HasSubstr("without a blank or newline at its end")));
+    EXPECT_THAT(TakeViolations(), ElementsAre(HasSubstr("without a blank or newline at its end")));
     resbuf value = {};
     value.restype = RTSTR;
     EXPECT_EQ(acedSetVar(L"CMDECHO", &value), RTERROR);
@@ -61,12 +61,12 @@ TEST_F(AutoCADCommands, BadRequestsAreRefused) {
     EXPECT_EQ(stack->addCommand(L"g", L"ONE", L"x", ACRX_CMD_MODAL, DoNothing), Acad::eDuplicateKey);
     EXPECT_EQ(stack->addCommand(L"G", L"Two", L"Two", ACRX_CMD_MODAL, nullptr), Acad::eInvalidInput);
     EXPECT_TRUE(bench::RunCommand("UNO"));
-    EXPECT_THAT(bench::BenchBalance(), ElementsAre("command group G"));
+    EXPECT_THAT(bench::OutstandingResources(), ElementsAre("command group G"));
     EXPECT_EQ(stack->removeGroup(L"g"), Acad::eOk);
     EXPECT_EQ(stack->removeGroup(L"G"), Acad::eKeyNotFound);
     EXPECT_EQ(acrxSysRegistry()->remove(ACRX_COMMAND_DOCK), nullptr);
     bench::SetSystemVariable("DWGNAME", "1");
-    EXPECT_THAT(TakeAccusations(), ElementsAre(HasSubstr("was to be removed"), HasSubstr("The bench set DWGNAME")));
+    EXPECT_THAT(TakeViolations(), ElementsAre(HasSubstr("was to be removed"), HasSubstr("The bench set DWGNAME")));
 }
 
 TEST_F(AutoCADCommands, SelectionThatAutoCADRefusesGivesNoSet) {
@@ -82,7 +82,7 @@ TEST_F(AutoCADCommands, SelectionThatAutoCADRefusesGivesNoSet) {
         EXPECT_EQ(SelectOne(), RTERROR);
     }
     EXPECT_EQ(SelectOne(), RTCAN);
-    EXPECT_THAT(TakeAccusations(),
+    EXPECT_THAT(TakeViolations(),
                 ElementsAre(HasSubstr("own prompts"), HasSubstr("picked FFFF"), HasSubstr("picked " + erased),
                             "Nobody answered the prompt \"\nSelect a duct:\"."));
 }
@@ -94,7 +94,7 @@ TEST_F(AutoCADCommands, SetsAreLimitedReleasedOnceAndNotUsedAfterwards) {
     while (open < 200 && SelectOne() == RTNORM)
         ++open;
     EXPECT_EQ(open, 128);
-    EXPECT_EQ(bench::BenchBalance().size(), 128u);
+    EXPECT_EQ(bench::OutstandingResources().size(), 128u);
     ads_name name = {};
     EXPECT_EQ(acedSSName(set_, 1, name), RTERROR);
     for (ads_name set = {set_[0], 0}; open > 0; --open, --set[0])
@@ -102,14 +102,14 @@ TEST_F(AutoCADCommands, SetsAreLimitedReleasedOnceAndNotUsedAfterwards) {
     EXPECT_EQ(acedSSFree(set_), RTERROR);
     EXPECT_EQ(acedSSName(set_, 0, name), RTERROR);
     EXPECT_EQ(acedSSFree(name), RTERROR);
-    EXPECT_THAT(TakeAccusations(),
+    EXPECT_THAT(TakeViolations(),
                 ElementsAre(HasSubstr("acedSSFree"), HasSubstr("acedSSName"), HasSubstr("no selection set")));
 }
 
 TEST_F(AutoCADCommands, DisabledMainWindowIsAccused) {
     EnableWindow(bench::MainWindow(), FALSE);
     bench::StopAutoCAD();
-    EXPECT_THAT(TakeAccusations(), ElementsAre(HasSubstr("still disabled")));
+    EXPECT_THAT(TakeViolations(), ElementsAre(HasSubstr("still disabled")));
     bench::StartAutoCAD();
 }
 
@@ -117,9 +117,9 @@ TEST_F(AutoCADCommands, DisabledMainWindowIsAccused) {
 TEST_F(AutoCADCommands, LeftoversOfAModuleAreAccused) {
     ASSERT_EQ(acedArxLoad(L"bench_probe.arx"), RTNORM);
     EXPECT_EQ(acedArxUnload(L"bench_probe.arx"), RTNORM);
-    EXPECT_THAT(TakeAccusations(), ElementsAre(AllOf(HasSubstr("command Probe"), HasSubstr("still registered")),
-                                               AllOf(HasSubstr("service PROBE"), HasSubstr("still registered"))));
+    EXPECT_THAT(TakeViolations(), ElementsAre(AllOf(HasSubstr("command Probe"), HasSubstr("still registered")),
+                                              AllOf(HasSubstr("service PROBE"), HasSubstr("still registered"))));
     EXPECT_FALSE(bench::RunCommand("PROBE"));
-    EXPECT_THAT(bench::BenchBalance(), ElementsAre("command group PROBE_CMDS", "service PROBE"));
-    bench::ClearBalance();
+    EXPECT_THAT(bench::OutstandingResources(), ElementsAre("command group PROBE_CMDS", "service PROBE"));
+    bench::ClearOutstandingResources();
 }

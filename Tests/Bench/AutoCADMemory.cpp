@@ -12,11 +12,11 @@ TEST_F(AutoCADMemory, ChainStaysOwedUntilEveryNodeAndTextIsReleased) {
     chain->rbnext = middle->rbnext;
     middle->rbnext = nullptr;
     EXPECT_EQ(acutRelRb(chain), RTNORM);
-    EXPECT_THAT(bench::BenchBalance(), ElementsAre("resbuf chain acutBuildList 1001"));
+    EXPECT_THAT(bench::OutstandingResources(), ElementsAre("resbuf chain acutBuildList 1001"));
     ACHAR* text = middle->resval.rstring;
     middle->resval.rstring = nullptr;
     EXPECT_EQ(acutRelRb(middle), RTNORM);
-    EXPECT_THAT(bench::BenchBalance(), ElementsAre("resbuf chain acutBuildList 1001"));
+    EXPECT_THAT(bench::OutstandingResources(), ElementsAre("resbuf chain acutBuildList 1001"));
     acutDelString(text);
 }
 
@@ -33,7 +33,7 @@ TEST_F(AutoCADMemory, WrongReleasesAreAccused) {
     wchar_t* text = nullptr;
     acutDelString(text);
     ASSERT_EQ(acutUpdString(L"text", text), Acad::eOk);
-    EXPECT_THAT(bench::BenchBalance(), ElementsAre("string acutUpdString text"));
+    EXPECT_THAT(bench::OutstandingResources(), ElementsAre("string acutUpdString text"));
     wchar_t* again = text;
     acutDelString(text);
     EXPECT_EQ(text, nullptr);
@@ -42,7 +42,7 @@ TEST_F(AutoCADMemory, WrongReleasesAreAccused) {
     wchar_t foreign[] = L"foreign";
     wchar_t* notOurs = foreign;
     acutDelString(notOurs);
-    EXPECT_THAT(TakeAccusations(),
+    EXPECT_THAT(TakeViolations(),
                 ElementsAre(HasSubstr("did not make"), HasSubstr("already released"), HasSubstr("acedGetVar"),
                             HasSubstr("acedSetVar"), HasSubstr("already released"), HasSubstr("did not hand out")));
 }
@@ -71,5 +71,5 @@ TEST_F(AutoCADMemory, XdataIsCheckedBeforeItIsStored) {
     }
     EXPECT_EQ(entity->setXData(cases[0].first), Acad::eInvalidResBuf);
     entity->close();
-    EXPECT_THAT(TakeAccusations(), ElementsAre(HasSubstr("setXData was called on a result buffer that was already")));
+    EXPECT_THAT(TakeViolations(), ElementsAre(HasSubstr("setXData was called on a result buffer that was already")));
 }

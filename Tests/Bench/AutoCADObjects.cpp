@@ -21,7 +21,7 @@ TEST_F(AutoCADObjects, WriterIsAloneAndReadersShare) {
     EXPECT_EQ(first->close(), Acad::eOk);
     first = Opened(duct, AcDb::kForWrite);
     EXPECT_EQ(acdbOpenObject(third, Id(duct), AcDb::kForRead), Acad::eWasOpenForWrite);
-    EXPECT_THAT(bench::BenchBalance(), ElementsAre("open object " + duct));
+    EXPECT_THAT(bench::OutstandingResources(), ElementsAre("open object " + duct));
     EXPECT_EQ(first->close(), Acad::eOk);
     bench::LockLayer("ducts", true);
     EXPECT_EQ(acdbOpenObject(third, Id(duct), AcDb::kForWrite), Acad::eOnLockedLayer);
@@ -36,7 +36,7 @@ TEST_F(AutoCADObjects, ClassErasureAndDrawingDecideWhatOpens) {
     EXPECT_EQ(acdbOpenObject(entity, Id("1F")), Acad::eNotAnEntity);
     EXPECT_EQ(acdbOpenObject(entity, AcDbObjectId()), Acad::eNullObjectId);
     EXPECT_EQ(acdbOpenObject(entity, AcDbObjectId(reinterpret_cast<AcDbStub*>(this))), Acad::eInvalidInput);
-    EXPECT_THAT(TakeAccusations(), ElementsAre(HasSubstr("no id of this session")));
+    EXPECT_THAT(TakeViolations(), ElementsAre(HasSubstr("no id of this session")));
     ASSERT_TRUE(bench::EraseEntity("201"));
     EXPECT_EQ(acdbOpenObject(entity, erased), Acad::eWasErased);
     bench::NewDrawing("other.dwg");
@@ -53,12 +53,12 @@ TEST_F(AutoCADObjects, UseAfterCloseAndDeletionAreAccused) {
     EXPECT_EQ(AcDbBlockReference::cast(entity), nullptr);
     EXPECT_EQ(entity->transformBy(AcGeMatrix3d()), Acad::eNotOpenForWrite);
     delete Opened(duct, AcDb::kForRead);
-    EXPECT_THAT(TakeAccusations(),
+    EXPECT_THAT(TakeViolations(),
                 ElementsAre("The object " + duct + " was closed a second time.", HasSubstr("layer was called on"),
                             HasSubstr("xData was called on"), HasSubstr("isA was called on"),
                             HasSubstr("transformBy was called on"), HasSubstr("was deleted by its user")));
-    EXPECT_THAT(bench::BenchBalance(), ElementsAre("open object " + duct));
-    bench::ClearBalance();
+    EXPECT_THAT(bench::OutstandingResources(), ElementsAre("open object " + duct));
+    bench::ClearOutstandingResources();
 }
 
 TEST_F(AutoCADObjects, ReaderCanChangeNothing) {
@@ -74,11 +74,11 @@ TEST_F(AutoCADObjects, ReaderCanChangeNothing) {
     attribute->close();
     attributes->step();
     EXPECT_TRUE(attributes->objectId().isNull());
-    EXPECT_THAT(bench::BenchBalance(), testing::Contains("attribute iterator " + handle));
+    EXPECT_THAT(bench::OutstandingResources(), testing::Contains("attribute iterator " + handle));
     delete attributes;
     reference->close();
     EXPECT_EQ(bench::DrawingState(), state);
-    EXPECT_THAT(TakeAccusations(), ElementsAre(HasSubstr("which is not open for writing"), HasSubstr("its end")));
+    EXPECT_THAT(TakeViolations(), ElementsAre(HasSubstr("which is not open for writing"), HasSubstr("its end")));
 }
 
 TEST_F(AutoCADObjects, NewEntityIsTheCallersUntilItIsAppended) {
@@ -87,7 +87,7 @@ TEST_F(AutoCADObjects, NewEntityIsTheCallersUntilItIsAppended) {
     AcDbBlockTableRecord* space = nullptr;
     ASSERT_EQ(blocks->getAt(ACDB_MODEL_SPACE, space, AcDb::kForRead), Acad::eOk);
     AcDbBlockReference* reference = new AcDbBlockReference(AcGePoint3d(1, 2, 3), Id("1B"));
-    EXPECT_THAT(bench::BenchBalance(), testing::Contains("unowned object AcDbBlockReference"));
+    EXPECT_THAT(bench::OutstandingResources(), testing::Contains("unowned object AcDbBlockReference"));
     AcDbObjectId id = Id("1B");
     EXPECT_EQ(space->appendAcDbEntity(id, reference), Acad::eNotOpenForWrite);
     EXPECT_TRUE(id.isNull());
@@ -103,7 +103,7 @@ TEST_F(AutoCADObjects, NewEntityIsTheCallersUntilItIsAppended) {
     space->close();
     blocks->close();
     EXPECT_EQ(bench::Entities().size(), 1u);
-    EXPECT_THAT(TakeAccusations(), ElementsAre(HasSubstr("to be deleted"), HasSubstr("after it had been closed")));
+    EXPECT_THAT(TakeViolations(), ElementsAre(HasSubstr("to be deleted"), HasSubstr("after it had been closed")));
 }
 
 TEST_F(AutoCADObjects, AbortAndFailedEndTakeBackEverythingSinceTheStart) {
@@ -136,10 +136,10 @@ TEST_F(AutoCADObjects, TransactionsThatDoNotMatchAndForeignThreadsAreAccused) {
     EXPECT_TRUE(bench::RunCommand("FORGETS"));
     bench::NewDrawing("next.dwg");
     std::thread([&] { manager->abortTransaction(); }).join();
-    EXPECT_THAT(TakeAccusations(),
+    EXPECT_THAT(TakeViolations(),
                 ElementsAre(HasSubstr("endTransaction"), HasSubstr("abortTransaction"),
                             HasSubstr("FORGETS returned without ending its transaction"),
                             HasSubstr("thread that is not AutoCAD's own"), HasSubstr("no transaction is active")));
-    EXPECT_THAT(bench::BenchBalance(), ElementsAre("transaction of plan.dwg"));
-    bench::ClearBalance();
+    EXPECT_THAT(bench::OutstandingResources(), ElementsAre("transaction of plan.dwg"));
+    bench::ClearOutstandingResources();
 }

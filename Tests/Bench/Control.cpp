@@ -4,13 +4,13 @@
 namespace {
 
 // Makes the calls in order; one letter a call: F failed, P failed with poisoned outputs, - did not.
-std::string Outcomes(const bench::PlannedFailure& failure, const std::vector<const char*>& names) {
+std::string Outcomes(const bench::InjectedFault& failure, const std::vector<const char*>& names) {
     bench::ResetBench();
-    bench::FailCalls(failure);
+    bench::InjectFault(failure);
     std::string outcomes;
     for (const char* name : names) {
         const bench::Call call(name, "");
-        outcomes += !call.fails() ? '-' : call.poisonsOutputs() ? 'P' : 'F';
+        outcomes += !call.fails() ? '-' : call.corruptsOutputs() ? 'P' : 'F';
         if (call.fails()) {
             EXPECT_EQ(call.failureCode(-1), failure.code.value_or(-1)) << name;
         }
@@ -34,17 +34,17 @@ using Journal = StandInTest;
 
 TEST_F(Journal, ResultThatComesAfterItWasClearedIsNotAnothers) {
     bench::Call late("GET", "");
-    bench::ClearJournal();
+    bench::ClearCallLog();
     const bench::Call other("kba", "");
     late.result(200);
-    EXPECT_EQ(bench::Journal(), std::vector<std::string>{"kba"});
+    EXPECT_EQ(bench::CallLog(), std::vector<std::string>{"kba"});
 }
 
 TEST_F(Balance, GivingBackWhatIsNotOwedIsAccused) {
-    bench::Owe("record", "A");
-    EXPECT_TRUE(bench::Settle("record", "A"));
-    EXPECT_FALSE(bench::Settle("record", "A"));
-    EXPECT_THAT(TakeAccusations(), testing::ElementsAre("A record was given back that was not owed: A."));
+    bench::TrackAcquire("record", "A");
+    EXPECT_TRUE(bench::TrackRelease("record", "A"));
+    EXPECT_FALSE(bench::TrackRelease("record", "A"));
+    EXPECT_THAT(TakeViolations(), testing::ElementsAre("A record was given back that was not owed: A."));
 }
 
 }  // namespace

@@ -118,7 +118,7 @@ TEST_F(KbaseLibrary, ValuesThatDoNotFitTheDictionaryAreAccused) {
         {1654, bytes, 0, "kbinsertatt was called for the attribute 1654 dLw with 0 elements, not with 1 to 200."}};
     for (const auto& one : cases) {
         EXPECT_LT(Insert(record_, one.attribute, one.value, one.count), 0) << one.sentence;
-        EXPECT_THAT(TakeAccusations(), ElementsAre(one.sentence));
+        EXPECT_THAT(TakeViolations(), ElementsAre(one.sentence));
     }
     ASSERT_EQ(kbsaverec(database_, record_), 0);
     EXPECT_TRUE(Saved().Find("dSilencerType", "A")->attributes.empty());
@@ -160,29 +160,29 @@ TEST_F(KbaseLibrary, HandlesAndArgumentsThatAreNoneAreAccused) {
         {[&] { kbsetwarningmode(2); }, "kbsetwarningmode was called with 2, which is neither on nor off."}};
     for (const auto& one : cases) {
         one.act();
-        EXPECT_THAT(TakeAccusations(), ElementsAre(one.sentence));
+        EXPECT_THAT(TakeViolations(), ElementsAre(one.sentence));
     }
 }
 
 TEST_F(KbaseLibrary, SecondReleasesLateUsesAndForeignRecordsAreAccused) {
     const KB_HANDLE other = kbopendatabase(kDictionary, kDatabase, 0);
     EXPECT_LT(kbsaverec(other, record_), 0);
-    EXPECT_THAT(TakeAccusations(),
+    EXPECT_THAT(TakeViolations(),
                 ElementsAre("kbsaverec was called with a record of the database 1 and the handle 2."));
     kbclosedatabase(other);
     const KB_RECORD late = Create("LATE");
     kbreleaserec(record_);
     kbreleaserec(record_);
-    EXPECT_THAT(TakeAccusations(), ElementsAre("kbreleaserec was called with a pointer that is no open record."));
+    EXPECT_THAT(TakeViolations(), ElementsAre("kbreleaserec was called with a pointer that is no open record."));
     kbclosedatabase(database_);
     kbclosedatabase(database_);
-    EXPECT_THAT(TakeAccusations(), ElementsAre("kbclosedatabase was called with 1, which is no open database."));
-    EXPECT_THAT(bench::BenchBalance(), ElementsAre("dictionary 101", "record dSilencerType LATE"));
+    EXPECT_THAT(TakeViolations(), ElementsAre("kbclosedatabase was called with 1, which is no open database."));
+    EXPECT_THAT(bench::OutstandingResources(), ElementsAre("dictionary 101", "record dSilencerType LATE"));
     database_ = kbopendatabase(kDictionary, kDatabase, 0);
     EXPECT_LT(kbsaverec(database_, late), 0);
     kbreleaserec(late);
     EXPECT_THAT(
-        TakeAccusations(),
+        TakeViolations(),
         ElementsAre("kbsaverec was called with the record dSilencerType LATE after its database was closed.",
                     "kbreleaserec was called with the record dSilencerType LATE after its database was closed."));
     record_ = nullptr;

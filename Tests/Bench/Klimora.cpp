@@ -75,11 +75,11 @@ class Klimora : public StandInTest {
 
 TEST_F(Klimora, ReferencesAreOwedByInterfaceAndReleasedOnce) {
     client_->AddRef();
-    EXPECT_THAT(bench::BenchBalance(), ElementsAre("interface reference IKlimora200805 (2 times)"));
+    EXPECT_THAT(bench::OutstandingResources(), ElementsAre("interface reference IKlimora200805 (2 times)"));
     client_->Release();
     client_->Release();
     client_->Release();
-    EXPECT_THAT(TakeAccusations(),
+    EXPECT_THAT(TakeViolations(),
                 ElementsAre("Interface IKlimora200805 was released more often than it was handed out."));
     client_->AddRef();
     bench::StopKlimora();
@@ -96,13 +96,13 @@ TEST_F(Klimora, APlannedFailureLeavesOrSpoilsTheOutputs) {
     const auto reads = [&] {
         return client_->getPartAttPoint(Text("2A3"), Text("/Part/Position/WCS"), &x, &y, &z, &result);
     };
-    bench::FailCalls({"IKlimora200805::*", 1, RPC_E_DISCONNECTED});
+    bench::InjectFault({"IKlimora200805::*", 1, RPC_E_DISCONNECTED});
     EXPECT_EQ(reads(), RPC_E_DISCONNECTED);
     EXPECT_EQ(x + y + z + result, 4 * 77);
-    bench::FailCalls({"IKlimora200805::getPartAttPoint", 2, E_FAIL, false, true});
+    bench::InjectFault({"IKlimora200805::getPartAttPoint", 2, E_FAIL, false, true});
     EXPECT_EQ(reads(), E_FAIL);
     EXPECT_TRUE(x < -1e300 && y < -1e300 && z < -1e300 && result == 0x0BADF00D);
-    bench::FailCalls({"IKlimora200805::getPartAttPoint", 3, -7});
+    bench::InjectFault({"IKlimora200805::getPartAttPoint", 3, -7});
     EXPECT_EQ(reads(), S_OK);
     EXPECT_TRUE(x == 0 && y == 0 && z == 0 && result == -7);
     client_->getLastErrorText(&text);
@@ -115,14 +115,14 @@ TEST_F(Klimora, WhatOnlyABrokenClientDoesWithABinaryVariableIsAccused) {
     client_->setBinVariableSize(7, 0, &result);
     EXPECT_EQ(result, -130);
     client_->setBinVariableSize(7, 2, &result);
-    EXPECT_THAT(bench::BenchBalance(), testing::Contains("binary variable 7"));
+    EXPECT_THAT(bench::OutstandingResources(), testing::Contains("binary variable 7"));
     for (const char* hex : {"0", "0a", "000000"})
         EXPECT_EQ(SendsBytes(7, 0, hex), -130);
     EXPECT_EQ(SendsBytes(7, -1, "FF"), -130);
     EXPECT_EQ(SendsBytes(7, 1, "FF"), 0);
     client_->setPartAtt(Text("2A4"), Text("/Part/Geometry/Source[0]/gm_model/binvar"), Text("7"), &result);
     EXPECT_EQ(result, -130);
-    EXPECT_THAT(TakeAccusations(),
+    EXPECT_THAT(TakeViolations(),
                 ElementsAre("Binary variable 7 was sent data before its size was set.",
                             "Binary variable 7 was sent an odd number of hexadecimal digits, or none.",
                             "Binary variable 7 was sent data that are not upper-case hexadecimal digits.",
@@ -137,7 +137,7 @@ TEST_F(Klimora, WhatOnlyABrokenClientDoesWithABinaryVariableIsAccused) {
     EXPECT_EQ(result, 0);
     EXPECT_EQ(client_->freeBinVariable(7, nullptr), E_POINTER);
     EXPECT_EQ(client_->reservedSlot17(), E_NOTIMPL);
-    EXPECT_THAT(TakeAccusations(),
+    EXPECT_THAT(TakeViolations(),
                 ElementsAre("IKlimora200805::freeBinVariable was called without a place for its output.",
                             HasSubstr("Slot 17")));
 }

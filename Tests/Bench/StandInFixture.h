@@ -12,14 +12,14 @@ class StandInTest : public testing::Test {
  protected:
     StandInTest() { bench::ResetBench(); }
     ~StandInTest() override {
-        EXPECT_THAT(bench::BenchBalance(), testing::IsEmpty());
-        EXPECT_THAT(TakeAccusations(), testing::IsEmpty());
+        EXPECT_THAT(bench::OutstandingResources(), testing::IsEmpty());
+        EXPECT_THAT(TakeViolations(), testing::IsEmpty());
         bench::ResetBench();
     }
 
-    static std::vector<std::string> TakeAccusations() {
-        std::vector<std::string> accusations = bench::Accusations();
-        bench::ClearAccusations();
+    static std::vector<std::string> TakeViolations() {
+        std::vector<std::string> accusations = bench::Violations();
+        bench::ClearViolations();
         return accusations;
     }
 };

@@ -49,9 +49,9 @@ TEST_F(StatisticsLibrary, OnlyTheRightOrderGoesWithoutAnAccusation) {
         {
             Wrapper wrapper(3, L"client", L"key");
             c.work(wrapper, record.Get());
-            EXPECT_EQ(bench::BenchBalance(), std::vector<std::string>{"statistics object client"});
+            EXPECT_EQ(bench::OutstandingResources(), std::vector<std::string>{"statistics object client"});
         }
-        EXPECT_EQ(TakeAccusations(), c.accusations);
+        EXPECT_EQ(TakeViolations(), c.accusations);
     }
 }
 

@@ -10,7 +10,7 @@
 #include "BenchControl.h"
 #include "gmock/gmock.h"
 
-using bench::Trouble;
+using bench::ServerFault;
 using testing::HasSubstr;
 
 namespace {
@@ -96,21 +96,21 @@ TEST_F(WebServer, OffersWhatFitsAndPublishesWhatWasChosen) {
 
 TEST_F(WebServer, EachTroubleIsMetAsItsNameSays) {
     const struct {
-        Trouble trouble;
+        ServerFault trouble;
         bool opens;
         bool endsCleanly;
         DWORD status;
         size_t least, most;  // bytes
-    } cases[] = {{Trouble::kNone, true, true, 200, kSize, kSize},
-                 {Trouble::kNotFound, true, true, 404, 40, 400},
-                 {Trouble::kTruncated, true, true, 200, kSize / 2, kSize / 2},
-                 {Trouble::kReset, true, false, 200, 1, kSize / 2},
-                 {Trouble::kRefused, false, false, 0, 0, 0},
-                 {Trouble::kStalled, true, true, 200, kSize, kSize}};
+    } cases[] = {{ServerFault::kNone, true, true, 200, kSize, kSize},
+                 {ServerFault::kNotFound, true, true, 404, 40, 400},
+                 {ServerFault::kTruncated, true, true, 200, kSize / 2, kSize / 2},
+                 {ServerFault::kReset, true, false, 200, 1, kSize / 2},
+                 {ServerFault::kRefused, false, false, 0, 0, 0},
+                 {ServerFault::kStalled, true, true, 200, kSize, kSize}};
     for (const auto& one : cases) {
         SCOPED_TRACE(static_cast<int>(one.trouble));
-        server_.SetTrouble("/f", Trouble::kNotFound);
-        server_.SetTrouble("/fi", one.trouble);  // the longer path counts
+        server_.SetFault("/f", ServerFault::kNotFound);
+        server_.SetFault("/fi", one.trouble);  // the longer path counts
         const Fetched fetched = Fetch("GET", "/file");
         EXPECT_EQ(fetched.opened, one.opens);
         EXPECT_EQ(fetched.cleanEnd, one.endsCleanly);

@@ -48,7 +48,7 @@ CommandBench::CommandBench() : robot_(bench::MainWindow()) {
     UseServer({});
     bench::ResetBench();
     {
-        bench::Quiet quiet;
+        bench::UnrecordedScope quiet;
         EXPECT_EQ(TheStage().LoadModule("Sorvik_R24_x64.arx"), "") << bench::Transcript();
     }
     bench::ClearTranscript();
@@ -59,13 +59,13 @@ CommandBench::~CommandBench() {
         ADD_FAILURE() << complaint;
     EXPECT_EQ(bench::AnswersLeft(), 0u) << "answers that no prompt asked for";
     {
-        bench::Quiet quiet;
+        bench::UnrecordedScope quiet;
         EXPECT_EQ(TheStage().UnloadModule(), "");
     }
     bench::StopKlimora();
-    for (const std::string& sentence : bench::Accusations())
+    for (const std::string& sentence : bench::Violations())
         ADD_FAILURE() << "accusation: " << sentence;
-    for (const std::string& owed : bench::BenchBalance())
+    for (const std::string& owed : bench::OutstandingResources())
         ADD_FAILURE() << "still owed: " << owed;
     DeleteFileA(kRecordFile);
 }
@@ -106,26 +106,26 @@ void CommandBench::Run() {
 }
 
 void CommandBench::StartOver() {
-    EXPECT_EQ(bench::Accusations(), std::vector<std::string>{});
-    bench::ClearJournal();
-    bench::ClearFailures();
+    EXPECT_EQ(bench::Violations(), std::vector<std::string>{});
+    bench::ClearCallLog();
+    bench::ClearFaults();
     bench::ClearTranscript();
     bench::ClearStatisticsEvents();
     DeleteFileA(kRecordFile);
 }
 
-std::vector<std::string> CommandBench::Owed() {
+std::vector<std::string> CommandBench::Outstanding() {
     std::vector<std::string> owed;
-    for (const std::string& debt : bench::BenchBalance()) {
+    for (const std::string& debt : bench::OutstandingResources()) {
         if (debt != kOwedCommand && debt != kOwedService) owed.push_back(debt);
     }
     return owed;
 }
 
-void CommandBench::TakeBackWhatIsOwed() {
-    bench::ClearBalance();
-    bench::Owe("command group", "SORV_CMDS");
-    bench::Owe("service", "SORV");
+void CommandBench::ForgetOutstanding() {
+    bench::ClearOutstandingResources();
+    bench::TrackAcquire("command group", "SORV_CMDS");
+    bench::TrackAcquire("service", "SORV");
 }
 
 std::string CommandBench::Printed() const {
@@ -139,7 +139,7 @@ std::string CommandBench::Printed() const {
 
 std::vector<std::string> CommandBench::Calls(const std::string& start) const {
     std::vector<std::string> calls;
-    for (const std::string& line : bench::Journal()) {
+    for (const std::string& line : bench::CallLog()) {
         if (line.compare(0, start.size(), start) == 0) calls.push_back(line.substr(start.size()));
     }
     return calls;
@@ -164,13 +164,13 @@ std::string CommandBench::Surroundings() const {
            FolderList("Sorvik/*") + "-- main window " + (IsWindowEnabled(bench::MainWindow()) ? "enabled" : "disabled");
 }
 
-std::string CommandBench::MaskedJournal() const {
+std::string CommandBench::MaskedCallLog() const {
     const std::string session = SessionId();
     std::string folder;
     for (const std::string& call : Calls("ddk_opendatabase '"))
         folder = call.substr(0, call.find("/output.ddk"));
     std::string journal;
-    for (std::string line : bench::Journal()) {
+    for (std::string line : bench::CallLog()) {
         ReplaceAll(line, session, "{session}");
         ReplaceAll(line, folder, "{folder}");
         for (const std::string call : {"acedSSName ", "acedSSFree "})

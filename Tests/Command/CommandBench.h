@@ -64,8 +64,8 @@ class CommandBench : public testing::Test {
     static std::string SessionId();  // from the configurator's request, empty when there was none
 
     // The balance without what the loaded module rightly owes until it is unloaded.
-    static std::vector<std::string> Owed();
-    static void TakeBackWhatIsOwed();
+    static std::vector<std::string> Outstanding();
+    static void ForgetOutstanding();
 
     void ExpectCommitted();
     // Transaction aborted; drawing, project and data folder as before, nothing left in the temporary folder, no
@@ -78,7 +78,7 @@ class CommandBench : public testing::Test {
     std::string Surroundings() const;  // everything that a failed command must leave as it was
     // The journal as lines, with what differs from run to run (session identifier, working folder, number of the
     // selection set) under a name of its own.
-    std::string MaskedJournal() const;
+    std::string MaskedCallLog() const;
 
  private:
     bench::Robot robot_;

@@ -8,24 +8,24 @@ namespace {
 
 class FaultSweep : public SweepBench {
  protected:
-    void Meddle() override {
-        if (meddle_) meddle_();
+    void AfterRun() override {
+        if (afterRun_) afterRun_();
     }
-    std::function<void()> meddle_;
+    std::function<void()> afterRun_;
 };
 
 TEST_F(FaultSweep, AnyCallMayFail) {
     EXPECT_EQ(LearnHealthyRun(), "") << "the configurator's program does more than its stand-in";
-    const std::vector<bench::PlannedFailure> calls = EveryCall();
+    const std::vector<bench::InjectedFault> calls = EveryCall();
     ASSERT_GT(calls.size(), 80u);
-    for (const bench::PlannedFailure& call : calls)
+    for (const bench::InjectedFault& call : calls)
         Plant(call);
 }
 
 // The sweep's own eyes: what a worse module would leave behind or keep from the user.
 TEST_F(FaultSweep, WhatARunLeavesBehindIsNoticed) {
-    const bench::PlannedFailure failure = {"kbsaverec", 1, {}};
-    EXPECT_EQ(WhatIsWrong(failure), std::vector<std::string>{});
+    const bench::InjectedFault failure = {"kbsaverec", 1, {}};
+    EXPECT_EQ(ProblemsWith(failure), std::vector<std::string>{});
     const struct {
         std::function<void()> left;
         const char* noticed;
@@ -34,12 +34,12 @@ TEST_F(FaultSweep, WhatARunLeavesBehindIsNoticed) {
         {[] { EnableWindow(bench::MainWindow(), FALSE); }, "left something: expected '-- main window enabled'"},
         {[] { bench::EraseEntity("2A4"); }, "left something"},
         {[] { bench::CloseProject(); }, "left something"},
-        {[] { bench::Owe("open object", "2A3"); }, "Still owed: open object 2A3."},
-        {[] { bench::Accuse("It was closed twice."); }, "Accusation: It was closed twice."},
+        {[] { bench::TrackAcquire("open object", "2A3"); }, "Still owed: open object 2A3."},
+        {[] { bench::ReportViolation("It was closed twice."); }, "Accusation: It was closed twice."},
         {[] { bench::SetProduct("AutoCAD LT", 24, 1); }, "not like a healthy one: expected 'KlimoraPluginsStatistics"}};
     for (const auto& c : cases) {
-        meddle_ = c.left;
-        const std::string wrong = testing::PrintToString(WhatIsWrong(failure));
+        afterRun_ = c.left;
+        const std::string wrong = testing::PrintToString(ProblemsWith(failure));
         EXPECT_NE(wrong.find(c.noticed), std::string::npos) << c.noticed << "\n" << wrong;
         bench::SetSystemVariable("CMDECHO", "1");
         EnableWindow(bench::MainWindow(), TRUE);
@@ -48,8 +48,8 @@ TEST_F(FaultSweep, WhatARunLeavesBehindIsNoticed) {
 }
 
 TEST_F(FaultSweep, SilenceIsNoticed) {
-    meddle_ = bench::ClearTranscript;
-    EXPECT_EQ(WhatIsWrong({"kbsaverec", 1, {}}), std::vector<std::string>{"It said nothing to the user."});
+    afterRun_ = bench::ClearTranscript;
+    EXPECT_EQ(ProblemsWith({"kbsaverec", 1, {}}), std::vector<std::string>{"It said nothing to the user."});
 }
 
 }  // namespace

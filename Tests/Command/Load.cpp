@@ -14,16 +14,16 @@ class Load : public testing::Test {
         bench::ClearTranscript();
     }
     ~Load() override {
-        for (const std::string& sentence : bench::Accusations())
+        for (const std::string& sentence : bench::Violations())
             ADD_FAILURE() << "accusation: " << sentence;
-        for (const std::string& owed : bench::BenchBalance())
+        for (const std::string& owed : bench::OutstandingResources())
             ADD_FAILURE() << "still owed: " << owed;
     }
 
     // The calls in order, a line each, without results.
     static std::string Calls() {
         std::string calls;
-        for (const std::string& line : bench::Journal())
+        for (const std::string& line : bench::CallLog())
             if (!bench::NameFits(line, "acrxSysRegistry*|acedArx*")) calls += line.substr(0, line.find(" ->")) + "\n";
         return calls;
     }
@@ -32,7 +32,7 @@ class Load : public testing::Test {
 TEST_F(Load, RegistersInOrderPrintsOneLineAndTakesEverythingBack) {
     ASSERT_EQ(acedArxLoad(kModule), 5100);
     EXPECT_EQ(GetModuleHandleA("Kgeom310.dll"), nullptr);
-    bench::Note("-- unload");
+    bench::LogMarker("-- unload");
     EXPECT_EQ(acedArxUnload(kModule), 5100);
     EXPECT_EQ(Calls(), R"(AcRxDictionary::at ACAD_REGISTERED_COMMANDS
 AcEdCommandStack::addCommand SORV_CMDS SorvSIL SorvSIL 0
@@ -60,7 +60,7 @@ TEST_F(Load, MessagesThatItDoesNotKnowDoNothing) {
     ASSERT_NE(entry, nullptr);
     for (const int message : {0, 3, 4, 5, 6, 7, 8, 9, 12, 18, 99})
         EXPECT_EQ(entry(message, nullptr), 0) << message;
-    EXPECT_TRUE(bench::Journal().empty());
+    EXPECT_TRUE(bench::CallLog().empty());
     EXPECT_EQ(entry(2, nullptr), 0) << "unload without a start";
     EXPECT_EQ(entry(2, nullptr), 0);
     FreeLibrary(module);

@@ -5,7 +5,7 @@
 namespace {
 
 using bench::BoxIcon;
-using bench::Trouble;
+using bench::ServerFault;
 
 constexpr char kExport[] = "/klimora/export/";
 
@@ -19,18 +19,18 @@ class Results : public CommandBench {
 
 TEST_F(Results, AnyFailureShowsNoProductExported) {
     const struct {
-        Trouble trouble;
+        ServerFault trouble;
         const char* printed;
     } cases[] = {
-        {Trouble::kRefused, "Sorvik Klimora Cloud Plugin: Error DownloadFile: Can't open file from internet\n"},
+        {ServerFault::kRefused, "Sorvik Klimora Cloud Plugin: Error DownloadFile: Can't open file from internet\n"},
         // Transfers that break off count as complete: the parser finds out.
-        {Trouble::kTruncated, "Sorvik Klimora Cloud Plugin: Can't parse xml data "},
-        {Trouble::kReset, "Sorvik Klimora Cloud Plugin: Can't parse xml data "},
-        {Trouble::kNotFound, "Sorvik Klimora Cloud Plugin: Can't parse xml data "}};
+        {ServerFault::kTruncated, "Sorvik Klimora Cloud Plugin: Can't parse xml data "},
+        {ServerFault::kReset, "Sorvik Klimora Cloud Plugin: Can't parse xml data "},
+        {ServerFault::kNotFound, "Sorvik Klimora Cloud Plugin: Can't parse xml data "}};
     for (const auto& c : cases) {
         StartOver();
         TheWebServer().Reset();
-        TheWebServer().SetTrouble(kExport, c.trouble);
+        TheWebServer().SetFault(kExport, c.trouble);
         ExpectNoProductExported();
         Run();
         EXPECT_NE(Printed().find(c.printed), std::string::npos) << Printed();
@@ -59,7 +59,7 @@ TEST_F(Results, CancelledDialogEndsTheCommand) {
 // The user confirms a code for the first device; the last one is installed.
 TEST_F(Results, FurtherDeviceNeedsAConfirmedOrFreeCode) {
     const auto answer = [](const char* method, const char* target) {
-        return TheWebServer().Answer(method, bench::ParseRequestTarget(target), Trouble::kNone).body;
+        return TheWebServer().Answer(method, bench::ParseRequestTarget(target), ServerFault::kNone).body;
     };
     answer("POST", "/klimora/choose?klsid=0123456789ABCDEF0123456789ABCDEF&product=SRC-250-900");
     const std::string one = answer("GET", "/klimora/export/0123456789ABCDEF0123456789ABCDEF.xml");
@@ -95,8 +95,9 @@ TEST_F(Results, FurtherDeviceNeedsAConfirmedOrFreeCode) {
             EXPECT_EQ(queued.size() + CountOf("IKlimora200805::manageProductData"), 0u);
             ExpectNothingChanged();
         }
-        EXPECT_EQ(Owed(), std::vector<std::string>{"record dSilencerType SRC-250-900"}) << "the first one's stays";
-        TakeBackWhatIsOwed();
+        EXPECT_EQ(Outstanding(), std::vector<std::string>{"record dSilencerType SRC-250-900"})
+            << "the first one's stays";
+        ForgetOutstanding();
         Picks("2A3");
     }
     bench::ClearAnswers();

@@ -12,7 +12,7 @@ using Selection = CommandBench;
 TEST_F(Selection, WithoutATransactionNothingIsTouched) {
     bench::FailCall("AcTransactionManager::startTransaction", 1);
     Run();
-    EXPECT_EQ(bench::Journal(),
+    EXPECT_EQ(bench::CallLog(),
               (std::vector<std::string>{"AcApDocManager::curDocument", "AcApDocument::transactionManager",
                                         "AcTransactionManager::startTransaction",
                                         "acutPrintf \\nSorvik Klimora Cloud Plugin: Can not start a transaction in the "

@@ -16,7 +16,7 @@ TEST_F(Success, EveryCallInItsOrder) {
     ConfirmsInsertion();
     Run();
     bench::SetProduct("AutoCAD", 24, 1);
-    EXPECT_EQ(MaskedJournal(), ReadWholeFile(WHOLE_RUN));
+    EXPECT_EQ(MaskedCallLog(), ReadWholeFile(WHOLE_RUN));
     EXPECT_TRUE(bench::StatisticsEvents().at(0).sent);
     EXPECT_EQ(Printed().find(kName), std::string::npos) << "a good run says nothing of its own";
     EXPECT_EQ(bench::PartAttribute("", "/Project/KPDClass[dSilencerType]/Part[1]/Usercode"), "SORV2");

@@ -114,23 +114,23 @@ SweepBench::~SweepBench() {
     robot().Reset();
 }
 
-std::string SweepBench::NameOf(const bench::PlannedFailure& failure) {
+std::string SweepBench::NameOf(const bench::InjectedFault& failure) {
     return failure.name + " " + std::to_string(failure.ordinal) +
            (failure.code ? ", code " + std::to_string(*failure.code) : "") +
-           (failure.poisonsOutputs ? ", with garbage" : "") + (failure.fromThereOn ? ", from there on" : "");
+           (failure.corruptsOutputs ? ", with garbage" : "") + (failure.fromThereOn ? ", from there on" : "");
 }
 
-std::vector<bench::PlannedFailure> SweepBench::EveryCall(const char* pattern) {
+std::vector<bench::InjectedFault> SweepBench::EveryCall(const char* pattern) {
     LearnHealthyRun();
-    std::vector<bench::PlannedFailure> failures;
+    std::vector<bench::InjectedFault> failures;
     std::map<std::string, int> times;
     for (const std::string& name : calls_)
         if (bench::NameFits(name, pattern)) failures.push_back({name, ++times[name], {}});
     return failures;
 }
 
-bool SweepBench::Met(const bench::PlannedFailure& failure) const {
-    const std::vector<std::string> journal = bench::Journal();
+bool SweepBench::Met(const bench::InjectedFault& failure) const {
+    const std::vector<std::string> journal = bench::CallLog();
     return failure.ordinal <= std::count_if(journal.begin(), journal.end(), [&](const std::string& line) {
                return bench::NameFits(FirstWord(line), failure.name);
            });
@@ -160,7 +160,7 @@ std::string SweepBench::Product() const {
 }
 
 std::string SweepBench::Outcome() const {
-    return MaskedJournal() + Product() + "\n-- command line\n" + bench::Transcript();
+    return MaskedCallLog() + Product() + "\n-- command line\n" + bench::Transcript();
 }
 
 void SweepBench::RunHealthily() {
@@ -179,13 +179,13 @@ std::string SweepBench::LearnHealthyRun() {
     RunHealthily();
     healthy_ = Outcome();
     after_ = Product();
-    for (const std::string& line : bench::Journal())
+    for (const std::string& line : bench::CallLog())
         if (line.compare(0, 2, "--") != 0) calls_.push_back(FirstWord(line));
     Reopen();
     return Difference(healthy_, withProgram);
 }
 
-std::string SweepBench::Told() {
+std::string SweepBench::ShownToUser() {
     std::string told = Printed();
     for (const bench::SeenDialog& seen : robot().Seen())
         told += seen.caption + "\n";
@@ -193,14 +193,14 @@ std::string SweepBench::Told() {
 }
 
 bool SweepBench::Attempted(const std::string& text) {
-    if (Told().find(text) != std::string::npos) return true;
+    if (ShownToUser().find(text) != std::string::npos) return true;
     const std::vector<std::string> lines = Calls("acutPrintf ");
     return std::any_of(lines.begin(), lines.end(), [&](const std::string& line) {
         return line.find(text) != std::string::npos && line.find(" -> ") != std::string::npos;
     });
 }
 
-bool SweepBench::SaidAWord() {
+bool SweepBench::ReportedAnything() {
     return Attempted(kName) || Attempted("KlimComSrvImpl::");
 }
 
@@ -213,8 +213,8 @@ bool SweepBench::EndedByUser() const {
 }
 
 // The calls of a healthy run that the failure concerns.
-std::vector<bench::PlannedFailure> SweepBench::Concerned(const bench::PlannedFailure& failure) const {
-    std::vector<bench::PlannedFailure> concerned;
+std::vector<bench::InjectedFault> SweepBench::Concerned(const bench::InjectedFault& failure) const {
+    std::vector<bench::InjectedFault> concerned;
     std::map<std::string, int> times;
     int reached = 0;
     for (const std::string& name : calls_) {
@@ -227,14 +227,14 @@ std::vector<bench::PlannedFailure> SweepBench::Concerned(const bench::PlannedFai
     return concerned;
 }
 
-bool SweepBench::Tolerated(Breach breach, const bench::PlannedFailure& call) const {
+bool SweepBench::Tolerated(Breach breach, const bench::InjectedFault& call) const {
     return std::any_of(tolerances_.begin(), tolerances_.end(), [&](const Tolerance& one) {
         return one.breach == breach && (one.ordinal == 0 || one.ordinal == call.ordinal) &&
                bench::NameFits(call.name, one.calls);
     });
 }
 
-std::vector<std::string> SweepBench::WhatIsWrong(const bench::PlannedFailure& failure) {
+std::vector<std::string> SweepBench::ProblemsWith(const bench::InjectedFault& failure) {
     LearnHealthyRun();
     std::vector<std::string> wrong;
     const auto must = [&](bool holds, const std::string& sentence) {
@@ -242,34 +242,34 @@ std::vector<std::string> SweepBench::WhatIsWrong(const bench::PlannedFailure& fa
     };
     UsualRun();
     startsProgram = failure.name.find("GET") == 0 || failure.name.find("POST") == 0;
-    bench::Note("-- SORVIK_FAIL='" + NameOf(failure) + "'");
+    bench::LogMarker("-- SORVIK_FAIL='" + NameOf(failure) + "'");
     watchdog_.Step("the run with SORVIK_FAIL='" + NameOf(failure) + "'", kHangSeconds);
     const ULONGLONG start = GetTickCount64();
     Arm(failure);
     Run();
     Disarm();
     startsProgram = false;
-    Meddle();
+    AfterRun();
     must(GetTickCount64() - start < kLongestRun, "The run took longer than 20 seconds.");
     must(Met(failure), "The run did not come to the failure.");
     const bool committed = CountOf("AcTransactionManager::endTransaction") == 1;
-    const std::vector<bench::PlannedFailure> concerned = Concerned(failure);
+    const std::vector<bench::InjectedFault> concerned = Concerned(failure);
     const auto tolerates = [&](Breach breach) { return [=](const auto& call) { return Tolerated(breach, call); }; };
     const std::string unlike = Difference(committed ? after_ : opened_, committed ? Product() : Surroundings());
     must(unlike.empty() || Attempted(committed ? kLacksText : kNotInserted) ||
              std::any_of(concerned.begin(), concerned.end(), tolerates(committed ? Breach::kOther : Breach::kLeft)),
          (committed ? "It committed something else: " : "It left something: ") + unlike);
-    must(committed || SaidAWord() || EndedByUser() ||
+    must(committed || ReportedAnything() || EndedByUser() ||
              std::all_of(concerned.begin(), concerned.end(), tolerates(Breach::kSilent)),
          "It said nothing to the user.");
-    for (const std::string& debt : Owed())
-        if (!MayOwe(debt)) wrong.push_back("Still owed: " + debt + ".");
-    for (const std::string& sentence : bench::Accusations())
+    for (const std::string& debt : Outstanding())
+        if (!MayRemain(debt)) wrong.push_back("Still owed: " + debt + ".");
+    for (const std::string& sentence : bench::Violations())
         wrong.push_back("Accusation: " + sentence);
     for (const std::string& sentence : heap_.TakeErrors())
         wrong.push_back(sentence);
-    TakeBackWhatIsOwed();
-    bench::ClearAccusations();
+    ForgetOutstanding();
+    bench::ClearViolations();
     RemoveTemporaryFolders();
     if (!unlike.empty() || committed) Reopen();
 
@@ -282,14 +282,14 @@ std::vector<std::string> SweepBench::WhatIsWrong(const bench::PlannedFailure& fa
     return wrong;
 }
 
-bool SweepBench::Plant(const bench::PlannedFailure& failure) {
+bool SweepBench::Plant(const bench::InjectedFault& failure) {
     if (!only_.empty() && only_ != NameOf(failure)) return false;
     ++planted_;
     const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
     const std::string suite = test->test_suite_name();
     SCOPED_TRACE("again with: SORVIK_FAIL='" + NameOf(failure) + "' GTEST_FILTER=" + suite + "." + test->name() +
                  " ./test " + (suite == "FaultSweep" ? "-R command_tests" : "long -R " + suite));
-    for (const std::string& sentence : WhatIsWrong(failure))
+    for (const std::string& sentence : ProblemsWith(failure))
         ADD_FAILURE() << sentence;
     return true;
 }

@@ -31,27 +31,27 @@ class SweepBench : public CommandBench {
     ~SweepBench() override;
 
     // "kbsaverec 3, code -1, from there on": the name of a planted failure.
-    static std::string NameOf(const bench::PlannedFailure& failure);
+    static std::string NameOf(const bench::InjectedFault& failure);
     // Every call of a healthy run whose name fits the pattern, each as its usual failure, in the order of the calls.
-    std::vector<bench::PlannedFailure> EveryCall(const char* pattern = "*");
+    std::vector<bench::InjectedFault> EveryCall(const char* pattern = "*");
     // Runs with the failure and once without. Whatever is wrong fails the case, with the one command that repeats it:
     // with its name in SORVIK_FAIL, a suite plants this failure alone, and false tells that it was another.
-    bool Plant(const bench::PlannedFailure& failure);
+    bool Plant(const bench::InjectedFault& failure);
     // The same pair of runs; what is wrong, a sentence each.
-    std::vector<std::string> WhatIsWrong(const bench::PlannedFailure& failure);
+    std::vector<std::string> ProblemsWith(const bench::InjectedFault& failure);
     int planted() const { return planted_; }
     void Tolerate(const Tolerance& tolerance) { tolerances_.push_back(tolerance); }
 
     // How a failure is planted, and whether the run came to it.
-    virtual void Arm(const bench::PlannedFailure& failure) { bench::FailCalls(failure); }
-    virtual void Disarm() { bench::ClearFailures(); }
-    virtual bool Met(const bench::PlannedFailure& failure) const;
+    virtual void Arm(const bench::InjectedFault& failure) { bench::InjectFault(failure); }
+    virtual void Disarm() { bench::ClearFaults(); }
+    virtual bool Met(const bench::InjectedFault& failure) const;
     // Between the run with the failure and the look at what it left.
-    virtual void Meddle() {}
+    virtual void AfterRun() {}
     // Whether the run was right to leave this outstanding.
-    virtual bool MayOwe(const std::string&) const { return false; }
+    virtual bool MayRemain(const std::string&) const { return false; }
     // What the user saw of the last run: the command line, and captions of boxes.
-    virtual std::string Told();
+    virtual std::string ShownToUser();
 
     void RunHealthily();
     // What came of the last run, to the last byte.
@@ -66,10 +66,10 @@ class SweepBench : public CommandBench {
     void UsualRun();              // the user does what leads to a product, whatever comes
     // Told, or tried to tell while the command line failed.
     bool Attempted(const std::string& text);
-    bool SaidAWord();
+    bool ReportedAnything();
     bool EndedByUser() const;
-    std::vector<bench::PlannedFailure> Concerned(const bench::PlannedFailure& failure) const;
-    bool Tolerated(Breach breach, const bench::PlannedFailure& call) const;
+    std::vector<bench::InjectedFault> Concerned(const bench::InjectedFault& failure) const;
+    bool Tolerated(Breach breach, const bench::InjectedFault& call) const;
 
     bench::Watchdog watchdog_;
     ImportPatch launch_;

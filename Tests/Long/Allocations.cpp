@@ -18,7 +18,7 @@ void* Allocate(size_t size) {
 
 class Allocations : public SweepBench {
  protected:
-    void Arm(const bench::PlannedFailure& failure) override {
+    void Arm(const bench::InjectedFault& failure) override {
         first = failure.ordinal;
         last = failure.fromThereOn ? INT_MAX : first;
         made = 0;
@@ -27,7 +27,7 @@ class Allocations : public SweepBench {
         reached_ = made;
         made = -1;
     }
-    bool Met(const bench::PlannedFailure& failure) const override { return reached_ >= failure.ordinal; }
+    bool Met(const bench::InjectedFault& failure) const override { return reached_ >= failure.ordinal; }
 
     const ImportPatch patch_{"malloc", Allocate, module()};
     int reached_ = 0;
@@ -46,7 +46,7 @@ TEST_F(Allocations, AnyMayBeRefused) {
     last = 2;
     RunHealthily();
     Disarm();
-    TakeBackWhatIsOwed();
+    ForgetOutstanding();
     for (int ordinal = 1; ordinal <= allocations; ++ordinal) {
         Plant({"malloc", ordinal, {}});
         Plant({"memory", ordinal, {}, true});

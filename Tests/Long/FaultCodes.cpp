@@ -8,7 +8,7 @@ constexpr long kDisconnected = static_cast<long>(0x80010108);  // the server is 
 class FaultCodes : public SweepBench {};
 
 TEST_F(FaultCodes, AnyCode) {
-    for (const bench::PlannedFailure& usual : EveryCall()) {
+    for (const bench::InjectedFault& usual : EveryCall()) {
         const std::string& name = usual.name;
         Plant({name, usual.ordinal, {}, true});
         // Of the record library every other code is a success.

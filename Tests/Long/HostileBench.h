@@ -10,7 +10,7 @@ class HostileBench : public SweepBench {
  protected:
     HostileBench() { original_ = dialog_.original<Dialog>(); }
 
-    void Arm(const bench::PlannedFailure& failure) override {
+    void Arm(const bench::InjectedFault& failure) override {
         boxes_.clear();
         showsDialog_ = failure.ordinal % 50 == 1;
     }
@@ -18,18 +18,18 @@ class HostileBench : public SweepBench {
         showsDialog_ = false;
         TheWebServer().Reset();
     }
-    bool Met(const bench::PlannedFailure&) const override { return CountOf("GET /klimora/export/") > 0; }
-    void Meddle() override {
+    bool Met(const bench::InjectedFault&) const override { return CountOf("GET /klimora/export/") > 0; }
+    void AfterRun() override {
         committed_ = CountOf("AcTransactionManager::endTransaction") > 0;
-        for (const std::string& told : told_)
-            EXPECT_NE(Told().find(told), std::string::npos) << Told();
+        for (const std::string& told : expected_)
+            EXPECT_NE(ShownToUser().find(told), std::string::npos) << ShownToUser();
         // What does not fit into a record is the record database's to refuse.
-        const std::vector<std::string> accusations = bench::Accusations();
-        bench::ClearAccusations();
+        const std::vector<std::string> accusations = bench::Violations();
+        bench::ClearViolations();
         for (const std::string& sentence : accusations)
-            if (sentence.find("kbinsertatt was called for the attribute ") != 0) bench::Accuse(sentence);
+            if (sentence.find("kbinsertatt was called for the attribute ") != 0) bench::ReportViolation(sentence);
     }
-    std::string Told() override { return Printed() + boxes_; }
+    std::string ShownToUser() override { return Printed() + boxes_; }
 
     // After a run with the usual answers.
     std::string GoodResult() {
@@ -38,11 +38,11 @@ class HostileBench : public SweepBench {
         return Published("/klimora/export/" + path.substr(0, path.find(' ')));
     }
     static std::string Published(const std::string& path) {
-        return TheWebServer().Answer("GET", bench::ParseRequestTarget(path), bench::Trouble::kNone).body;
+        return TheWebServer().Answer("GET", bench::ParseRequestTarget(path), bench::ServerFault::kNone).body;
     }
 
-    std::vector<std::string> told_;  // what the user must be told of the next answer
-    bool committed_ = false;         // after the last one
+    std::vector<std::string> expected_;  // what the user must be told of the next answer
+    bool committed_ = false;             // after the last one
 
  private:
     static int WINAPI AnswerBox(HWND, LPCSTR text, LPCSTR caption, UINT type) {

@@ -28,13 +28,13 @@ class Mutations : public HostileBench {
  protected:
     Mutations() { Tolerate({Breach::kOther, "mutation|limit", 0, "the product is what the result says"}); }
 
-    void Arm(const bench::PlannedFailure& failure) override {
+    void Arm(const bench::InjectedFault& failure) override {
         HostileBench::Arm(failure);
         TheWebServer().PublishInstead(result_);
     }
     // What is queued is the three lines of Klimora's command and nothing else.
-    void Meddle() override {
-        HostileBench::Meddle();
+    void AfterRun() override {
+        HostileBench::AfterRun();
         if (!committed_) return;
         const std::string queued = Calls("AcApDocManager::sendStringToExecute ").at(0);
         EXPECT_EQ(std::count(queued.begin(), queued.end(), '\\'), 3) << queued;  // each stands for a line's end
@@ -44,7 +44,7 @@ class Mutations : public HostileBench {
     }
 
     // Of several devices only the last one's record is released.
-    bool MayOwe(const std::string& debt) const override {
+    bool MayRemain(const std::string& debt) const override {
         return debt.find("record ") == 0 && result_.find("<device") != result_.rfind("<device");
     }
 
@@ -166,7 +166,7 @@ TEST_F(Mutations, AroundTheLimits) {
     for (const auto& c : cases) {
         for (const bool fits : {true, false}) {
             result_ = with(fits ? c.most : c.most + 1, c.start, c.piece, c.end);
-            told_ = {fits ? "" : "Sorvik Klimora Cloud Plugin: Can't parse xml data ", fits ? "" : c.told};
+            expected_ = {fits ? "" : "Sorvik Klimora Cloud Plugin: Can't parse xml data ", fits ? "" : c.told};
             if (Plant({"limit", ++number, {}}) && committed_ != fits) ADD_FAILURE() << "committed: " << committed_;
         }
     }

@@ -92,14 +92,14 @@ class Soak : public SweepBench {
 };
 
 TEST_F(Soak, NothingGrows) {
-    const std::vector<bench::PlannedFailure> failures = EveryCall();
+    const std::vector<bench::InjectedFault> failures = EveryCall();
     std::string holdings;
     long handles = 0;
     for (int run = 1; run <= kRuns; ++run) {
         if (run % 2 == 0) Arm(failures[static_cast<size_t>(run / 2) % failures.size()]);
         RunHealthily();
         Disarm();
-        TakeBackWhatIsOwed();
+        ForgetOutstanding();
         Reopen();
         if (run < kWarmUp || run % kBetweenLooks != 0) continue;
         const std::string now = Holdings();

@@ -130,7 +130,7 @@ class WindowsCalls : public SweepBench {
 };
 
 TEST_F(WindowsCalls, AnyMayFail) {
-    for (const bench::PlannedFailure& call : EveryCall()) {
+    for (const bench::InjectedFault& call : EveryCall()) {
         if (!failing.count(call.name)) continue;
         Plant(call);
         // A dialog that cannot be ended stays.

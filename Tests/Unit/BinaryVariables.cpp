@@ -37,7 +37,7 @@ TEST_F(BinaryVariables, MemoryGoesInChunksOfUpperCaseDigits) {
     ASSERT_EQ(utils_.BinVariableFree(2), 0);
     for (const size_t size : {1u, 10240u, 10241u, 20480u, 30000u}) {
         const std::string bytes = Bytes(size);
-        bench::ClearJournal();
+        bench::ClearCallLog();
         ASSERT_EQ(utils_.BinVariableSetData(2, bytes.data(), static_cast<int>(size)), 0);
         EXPECT_EQ(bench::BinaryVariable(2), bytes) << size;
         EXPECT_EQ(Calls("IKlimora200805::setBinVariableData 2 ").size(), (size + 10239) / 10240) << size;
@@ -48,7 +48,7 @@ TEST_F(BinaryVariables, MemoryGoesInChunksOfUpperCaseDigits) {
 TEST_F(BinaryVariables, FailuresOfTheMemoryForm) {
     EXPECT_EQ(utils_.BinVariableSetData(2, nullptr, 5), -4);
     EXPECT_EQ(utils_.BinVariableSetData(2, "x", 0), -4);
-    EXPECT_TRUE(bench::Journal().empty());
+    EXPECT_TRUE(bench::CallLog().empty());
     bench::FailCall("IKlimora200805::setBinVariableSize", 1, 4);
     EXPECT_THROW(utils_.BinVariableSetData(2, "x", 1), const char*);
     bench::FailCall("IKlimora200805::setBinVariableData", 2, 6);

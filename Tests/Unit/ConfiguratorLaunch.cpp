@@ -21,14 +21,14 @@ using ConfiguratorLaunch = SessionBench;
 TEST_F(ConfiguratorLaunch, LaunchNeedsItsFourWords) {
     KlConn session;
     ASSERT_EQ(session.Initialize(), 0);
-    bench::ClearJournal();
+    bench::ClearCallLog();
     for (const char* none : {static_cast<const char*>(nullptr), ""}) {
         EXPECT_EQ(session.LaunchConfigurator(none, "SorvSIL", "http://x", "title"), -1);
         EXPECT_EQ(session.LaunchConfigurator("CAD.exe", none, "http://x", "title"), -1);
         EXPECT_EQ(session.LaunchConfigurator("CAD.exe", "SorvSIL", none, "title"), -1);
         EXPECT_EQ(session.LaunchConfigurator("CAD.exe", "SorvSIL", "http://x", none), -1);
     }
-    EXPECT_TRUE(bench::Journal().empty());
+    EXPECT_TRUE(bench::CallLog().empty());
     EXPECT_EQ(Printed(), "");
 }
 
@@ -94,7 +94,7 @@ TEST_F(ConfiguratorLaunch, LaunchLeavesEverythingAsItWas) {
         HWND waiting = nullptr;
         messagesSeen = 0;
         keepsPosting = c.messages > 1;
-        bench::ClearJournal();
+        bench::ClearCallLog();
         {
             KlConn session;
             ASSERT_EQ(session.Initialize(), 0);

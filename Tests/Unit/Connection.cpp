@@ -30,11 +30,11 @@ TEST_F(Connection, EachMissingPieceHasItsMessageAndLeavesItsReferences) {
         } catch (const char* text) {
             EXPECT_STREQ(text, message);
         }
-        EXPECT_EQ(bench::BenchBalance(), left) << message;
-        bench::ClearBalance();
+        EXPECT_EQ(bench::OutstandingResources(), left) << message;
+        bench::ClearOutstandingResources();
         EXPECT_EQ(KLComUtils().Connect(), -1);
         EXPECT_EQ(Printed(), "") << "the message is the caller's to say";
-        bench::ClearBalance();
+        bench::ClearOutstandingResources();
         bench::StopKlimora();
     }
 }
@@ -44,7 +44,7 @@ TEST_F(Connection, CanBeMadeAgain) {
     KLComUtils utils;
     for (const size_t held : {4u, 0u, 0u, 4u, 0u}) {
         EXPECT_EQ(held ? utils.Connect() : utils.Disconnect(), 0);
-        EXPECT_EQ(bench::BenchBalance().size(), held);
+        EXPECT_EQ(bench::OutstandingResources().size(), held);
     }
 }
 
@@ -78,7 +78,7 @@ TEST_F(Connection, EverythingFailsQuietlyWithoutOne) {
     utils.GetTrace(&keep, &failures, &all);
     EXPECT_TRUE(keep && !failures && all) << "without a connection the flags stay";
     EXPECT_EQ(Printed(), "");
-    EXPECT_TRUE(bench::Journal().empty());
+    EXPECT_TRUE(bench::CallLog().empty());
 }
 
 }  // namespace

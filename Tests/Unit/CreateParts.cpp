@@ -49,7 +49,7 @@ TEST_F(CreateParts, EachOperationSucceedsIsRefusedAndHasNoServer) {
         KLComUtils unconnected;
         EXPECT_EQ(create(unconnected), "");
         EXPECT_EQ(Printed(), report);
-        bench::ClearJournal();
+        bench::ClearCallLog();
     }
 }
 

@@ -26,12 +26,12 @@ class CreatePartsTest : public ConnectedBench {
     template <class Result>
     void Log(const Result& result, const char* names = "IKlimora*|acutPrintf*") {
         std::ostringstream lines;
-        for (const std::string& call : bench::Journal())
+        for (const std::string& call : bench::CallLog())
             if (bench::NameFits(call, names) && call.find("::getVersion ") == std::string::npos) lines << call << "\n";
         lines << "gives [" << result << "]\n";
         log_ += lines.str();
-        bench::ClearJournal();
-        bench::ClearFailures();
+        bench::ClearCallLog();
+        bench::ClearFaults();
     }
     // Without the calls to the server, where these are in the file already.
     template <class Result>

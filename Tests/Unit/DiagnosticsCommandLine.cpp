@@ -28,7 +28,7 @@ TEST_F(DiagnosticsCommandLine, PrintsFormattedTextOnce) {
     bench::ClearTranscript();
     EXPECT_EQ(PrintCommandLine("%s|", std::string(8191, 'x').c_str()), RTNORM);
     EXPECT_EQ(bench::Transcript(), std::string(8191, 'x'));
-    bench::ClearFailures();
+    bench::ClearFaults();
     bench::FailCall("acutPrintf", 1, RTERROR);
     EXPECT_EQ(PrintCommandLine("lost"), RTERROR);
     bench::ClearTranscript();

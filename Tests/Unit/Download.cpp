@@ -142,7 +142,7 @@ TEST_F(DownloadTest, WholeFilesArriveFromARealServer) {
         return InternetSetOptionW(session, option, &limit, size);
     });
     server.Serve("/klimora/export/file.xml", binary);
-    server.SetTrouble("/klimora/export/file.xml", bench::Trouble::kStalled);
+    server.SetFault("/klimora/export/file.xml", bench::ServerFault::kStalled);
     EXPECT_EQ(Fetch(), bench::RunsUnderWine() ? 1 : 0);
     EXPECT_EQ(bench::Transcript(), "");
 }

@@ -17,7 +17,7 @@ class DuctSelection : public SessionBench {
     };
     // Picks in turn; when all are refused, Escape.
     Selected Pick(const std::vector<std::string>& handles) {
-        bench::ClearJournal();
+        bench::ClearCallLog();
         bench::ClearAnswers();
         for (const std::string& handle : handles)
             bench::QueueAnswer({bench::Answer::kPick, handle});
@@ -27,7 +27,7 @@ class DuctSelection : public SessionBench {
         Selected selected = {session_.SelectDuct(), Calls("acedSSGet :S:$ \\nSorvik: Select a duct:").size(), ""};
         if (const ticpp::Element* duct = session_.Root()->FirstChildElement("duct", false))
             selected.duct = duct->ToString();
-        bench::ClearFailures();
+        bench::ClearFaults();
         return selected;
     }
 
@@ -86,7 +86,7 @@ TEST_F(DuctSelection, UnsuitablePicksBringThePromptBackSilently) {
 }
 
 TEST_F(DuctSelection, BothSizesAreReadBeforeOneIsMissed) {
-    bench::ClearFailures();
+    bench::ClearFaults();
     bench::FailCall("IKlimora200805::getPartAtt", 4, 9);
     EXPECT_EQ(Pick({"2A5"}).prompts, 2u);
     EXPECT_EQ(Calls("IKlimora200805::getPartAtt '2A5' '/part/height'").size(), 1u);
@@ -103,7 +103,7 @@ TEST_F(DuctSelection, NegativeAnswersEndItWithTheirReason) {
     for (const auto& c : cases) {
         for (const int code : {-9, 9}) {
             const bool ends = code < 0 && c.path;
-            bench::ClearFailures();
+            bench::ClearFaults();
             bench::FailCall("IKlimora200805::getPartAtt", c.ordinal, code);
             const Selected selected = Pick({c.pick});
             if (std::string(c.pick) == "2AA") {  // a part that is connected is passed over

@@ -63,7 +63,7 @@ TEST_F(KLUtilsTest, UcsMatrixLeadsFromUserToWorld) {
 TEST_F(KLUtilsTest, UcsMatrixIsIdentityWhenAVariableCannotBeRead) {
     TurnUcs();
     for (int call = 1; call <= 3; ++call) {
-        bench::ClearFailures();
+        bench::ClearFaults();
         bench::FailCall("acedGetVar", call);
         AcGeMatrix3d matrix = AcGeMatrix3d::translation(AcGeVector3d(7, 7, 7));
         EXPECT_FALSE(KLUtils::GetUcsMatrix(matrix)) << call;
@@ -120,7 +120,7 @@ TEST_F(KLUtilsTest, PickGivesTheFirstEntityAndFreesTheSet) {
         bench::QueueAnswer({bench::Answer::kPick, duct});
         bench::FailCall(call, 1);
         EXPECT_FALSE(KLUtils::PickEntity(L"\nPick:", id)) << call;
-        EXPECT_EQ(bench::BenchBalance(), std::vector<std::string>()) << call;
+        EXPECT_EQ(bench::OutstandingResources(), std::vector<std::string>()) << call;
     }
     bench::ClearAnswers();
 }
@@ -139,7 +139,7 @@ TEST_F(KLUtilsTest, EveryAttributeOfTheTagIsUpdated) {
     EXPECT_EQ(AttributeTexts(reference.get()),
               (std::vector<std::string>{"SORV1", "keep", "SORV1", "keep", "32", "keep"}));
     int modified = 0;
-    for (const std::string& call : bench::Journal())
+    for (const std::string& call : bench::CallLog())
         modified += call.find("AcDbEntity::recordGraphicsModified") == 0;
     EXPECT_EQ(modified, 3);
     EXPECT_EQ(KLUtils::UpdateAttribute(nullptr, "CODE", "x"), -1);
@@ -152,7 +152,7 @@ TEST_F(KLUtilsTest, FailedAttributeIsReported) {
         "PlugIn/Util/KLUtils(282):KLUtils::UpdateAttribute ";
     for (const auto& [call, message] : {std::pair{"acdbOpenObject", "An attribute could not be opened for write."},
                                         {"AcDbText::setTextString", "An attribute's text could not be set."}}) {
-        bench::ClearFailures();
+        bench::ClearFaults();
         bench::ClearTranscript();
         bench::FailCall(call, 1);
         EXPECT_EQ(KLUtils::UpdateAttribute(reference.get(), "CODE", "new"), -1);
@@ -188,7 +188,7 @@ TEST_F(KLUtilsTest, EntitiesAreAppendedToModelSpace) {
     OpenObject<AcDbBlockReference> added(new AcDbBlockReference(AcGePoint3d(1, 2, 3), block));
     ASSERT_EQ(KLUtils::AppendToModelSpace(added.get(), id), Acad::eOk);
     EXPECT_FALSE(id.isNull());
-    const std::vector<std::string> journal = bench::Journal();
+    const std::vector<std::string> journal = bench::CallLog();
     EXPECT_EQ(std::count_if(journal.begin(), journal.end(),
                             [](const std::string& call) { return call.find("AcDbDatabase::getBlockTable read") == 0; }),
               1)
@@ -198,7 +198,7 @@ TEST_F(KLUtilsTest, EntitiesAreAppendedToModelSpace) {
     OpenObject<AcDbBlockReference> refused(new AcDbBlockReference(AcGePoint3d(1, 2, 3), block));
     for (const char* call :
          {"AcDbDatabase::getBlockTable", "AcDbSymbolTable::getIdAt", "AcDbBlockTableRecord::appendAcDbEntity"}) {
-        bench::ClearFailures();
+        bench::ClearFaults();
         bench::FailCall(call, 1);
         EXPECT_NE(KLUtils::AppendToModelSpace(refused.get(), id), Acad::eOk) << call;
     }
@@ -223,7 +223,7 @@ TEST_F(KLUtilsTest, SystemVariables) {
     EXPECT_FALSE(KLUtils::SetSysVarShort(L"NOSUCHVARIABLE", 1));
     bench::SetSystemVariable("CVPORT", "3");
     EXPECT_EQ(KLUtils::GetCurrentViewport(), 3);
-    bench::ClearFailures();
+    bench::ClearFaults();
     bench::FailCall("acedGetVar", 1);
     EXPECT_EQ(KLUtils::GetCurrentViewport(), 0);
     EXPECT_TRUE(KLUtils::IsTileModeOn());

@@ -27,7 +27,7 @@ class KlimoraBench : public testing::Test {
     // Journal lines that begin with `start`, without it.
     static std::vector<std::string> Calls(const std::string& start) {
         std::vector<std::string> calls;
-        for (const std::string& line : bench::Journal()) {
+        for (const std::string& line : bench::CallLog()) {
             if (line.compare(0, start.size(), start) == 0) calls.push_back(line.substr(start.size()));
         }
         return calls;
@@ -48,7 +48,7 @@ class ConnectedBench : public KlimoraBench {
         StartServer(server);
         OpenSample();
         ASSERT_EQ(utils_.Connect(), 0);
-        bench::ClearJournal();
+        bench::ClearCallLog();
     }
 
     // What ReportException prints; `place`: source under PlugIn/Util, line and function.

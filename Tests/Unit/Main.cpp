@@ -23,9 +23,9 @@ class BenchWatch : public testing::EmptyTestEventListener {
         bench::ClearTranscript();
     }
     void OnTestEnd(const testing::TestInfo&) override {
-        for (const std::string& sentence : bench::Accusations())
+        for (const std::string& sentence : bench::Violations())
             ADD_FAILURE() << "accusation: " << sentence;
-        for (const std::string& owed : bench::BenchBalance())
+        for (const std::string& owed : bench::OutstandingResources())
             ADD_FAILURE() << "still owed: " << owed;
     }
 };

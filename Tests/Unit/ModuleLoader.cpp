@@ -66,7 +66,7 @@ TEST(ModuleLoader, ArxModuleGoesThroughAutoCAD) {
     ModuleRecord record = {"Other.arx", nullptr};
     const std::string path = Upper(Folder() + "\\Other.arx");
     EXPECT_EQ(LoadModule(record, Folder().c_str()), -2);
-    EXPECT_EQ(bench::Journal().at(0), "acedArxLoad " + path + " -> -5001");
+    EXPECT_EQ(bench::CallLog().at(0), "acedArxLoad " + path + " -> -5001");
     Printed();
     const ImportPatch patch(
         "acedArxLoad", +[](const wchar_t*) { return SetLastError(5), 0; });
@@ -92,7 +92,7 @@ TEST(ModuleStart, FailedModuleRefusesTheApplication) {
         EXPECT_EQ(loaded.handle, nullptr) << "what was loaded is freed";
         EXPECT_FALSE(bench::CommandExists("SORV_CMDS", "SorvSIL")) << "no command outlives its code";
         EXPECT_FALSE(bench::ServiceExists("SORV"));
-        for (const std::string& line : bench::Journal())
+        for (const std::string& line : bench::CallLog())
             EXPECT_EQ(line.find("acrxUnlockApplication"), std::string::npos);
     };
     ModuleRecord records[] = {{"Kbase640.dll", nullptr}, {"Kgeom310.dll", nullptr}};

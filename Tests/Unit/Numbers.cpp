@@ -107,7 +107,7 @@ TEST_F(CommaLocale, ChangesNoNumberForTheServer) {
     Begin();
     KLComUtils utils;
     ASSERT_EQ(utils.Connect(), 0);
-    bench::ClearJournal();
+    bench::ClearCallLog();
     utils.CreateManifold({1, 0}, {AcGePoint3d(1.5, -2000, 0.25), AcGeVector3d(0, 1, 0), AcGeVector3d(0, 0, 1)}, "");
     const std::vector<std::string> calls = Calls("IKlimora200805::createPart ");
     ASSERT_EQ(calls.size(), 1u);

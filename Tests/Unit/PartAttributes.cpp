@@ -119,7 +119,7 @@ TEST_F(PartAttributes, RecordsCarryTheNamedAttributes) {
     ASSERT_EQ(records.size(), 6u) << "appended behind what was there";
     EXPECT_EQ(records[1], (KLComUtils::Record{{"Name", "Supply air"}, {"Type_ID", "0"}}));
     EXPECT_EQ(records[5].at("Type_ID"), "7");
-    EXPECT_EQ(bench::Journal().size(), 11u) << "one count, and one read an element and name";
+    EXPECT_EQ(bench::CallLog().size(), 11u) << "one count, and one read an element and name";
 }
 
 TEST_F(PartAttributes, RecordsBeforeAFailureStay) {

@@ -36,7 +36,7 @@ TEST_F(ProjectOperations, CheckTellsWhatIsWrongTwiceAndReadsTheProjectWithoutTra
         Start(c.version);
         if (!c.open) bench::CloseProject();
         utils_.SetTrace(true, true, true);
-        bench::ClearFailures();
+        bench::ClearFaults();
         if (!c.answers) bench::FailCall("IKlimora200805::getPartAtt", 1);
         RecordedCalls calls;
         calls.Give("MessageBoxA", MessageBoxA, IDOK);
@@ -99,7 +99,7 @@ TEST_F(ProjectOperations, AddingReportsEachFailure) {
           {"setBinVariableData", 5, "Can't set data to binary variable ", -1},
           {"manageProductData", -3, "Can not add device to Klimora project ", -3},
           {"freeBinVariable", 5, "Can't free binary variable ", 4}}) {
-        bench::ClearFailures();
+        bench::ClearFaults();
         const std::string method = std::string("IKlimora200805::") + call;
         bench::FailCall("IKlimora200805::manageProductData", 1, 4);
         bench::FailCall(method.c_str(), 1, code);
@@ -134,7 +134,7 @@ TEST_F(ProjectOperations, ConnectedPartsAndTheirFailures) {
     EXPECT_EQ(first + " " + second, "2A3 ") << "one connection alone";
     const std::string message = "GetConnectedParts : Failed to get parts connected to segment.";
     for (const int failing : {2, 1}) {
-        bench::ClearFailures();
+        bench::ClearFaults();
         bench::FailCall("IKlimora200805::getPartAtt", failing + 1, 5);  // behind the count
         utils_.GetTwoConnectedParts("2A3", first, second, true);
         EXPECT_EQ(first + " " + second, failing == 2 ? "2A2 " : " ") << "what was read before the failure stays";
@@ -153,7 +153,7 @@ TEST_F(ProjectOperations, ConnectedPartsAndTheirFailures) {
 TEST_F(ProjectOperations, ErasingSendsTheListAsItStandsAndLeavesOpenEnds) {
     Start();
     EXPECT_EQ(utils_.EraseParts(nullptr), 0);
-    EXPECT_TRUE(bench::Journal().empty());
+    EXPECT_TRUE(bench::CallLog().empty());
     bench::FailCall("IKlimora200805::erasePart", 1, 5);
     EXPECT_EQ(utils_.EraseParts("2A4 & 2A3"), -1) << "a positive refusal";
     EXPECT_EQ(Printed(), PartReport("Failed to erase parts", 105, "EraseParts", ""));
@@ -181,9 +181,9 @@ TEST_F(ProjectOperations, PackagesAreListsWithSingleBlanks) {
     EXPECT_EQ(utils_.SetPackageList("2A0", {"2A0"}), 0);
     EXPECT_EQ(Calls("IKlimora200805::setPartAtt '2A0' '/Part/Package/PartList' "),
               (Texts{"' 2A0  2B8' -> 0", "'2A0' -> 0"}));
-    bench::ClearJournal();
+    bench::ClearCallLog();
     EXPECT_EQ(utils_.GetPackageMainPart("2B8"), "2A0");
-    EXPECT_EQ(bench::Journal(), (Texts{"IKlimora200805::getPartAtt '2B8' '/part/package/mainpart' -> '2A0' 0"}));
+    EXPECT_EQ(bench::CallLog(), (Texts{"IKlimora200805::getPartAtt '2B8' '/part/package/mainpart' -> '2A0' 0"}));
     utils_.SetTrace(false, true, false);
     EXPECT_EQ(utils_.GetPackageMainPart("FFFF"), "");
     EXPECT_EQ(Printed(), "") << "no trace of the failed query";
@@ -202,7 +202,7 @@ TEST_F(ProjectOperations, PlacementOfPartsAndBlocks) {
     const double expected[3][4] = {{0, -1, 0, 11300}, {1, 0, 0, 9250}, {0, 0, 1, 2800}};
     for (int i = 0; i < 12; ++i)
         EXPECT_EQ(part.entry[i / 4][i % 4], expected[i / 4][i % 4]) << i;
-    bench::ClearJournal();
+    bench::ClearCallLog();
     const AcGeMatrix3d block = utils_.GetTransformationMatrix(
         IdOf(bench::AddBlockReference({"", "MARK", "0", {10, 20, 0}, std::acos(-1.0) / 2, {0, 0, 1}, {}})));
     EXPECT_NEAR(block.entry[0][1], -1, 1e-12);

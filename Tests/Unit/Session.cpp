@@ -118,11 +118,11 @@ TEST_F(Session, OleEndsWhatItBeganBeforeKlimoraIsLeft) {
     for (const HRESULT answer : {S_OK, S_FALSE, static_cast<HRESULT>(RPC_E_CHANGED_MODE)}) {
         RecordedCalls calls;
         calls.Give("OleInitialize", OleInitialize, answer);
-        calls.Record("OleUninitialize", OleUninitialize, [] { EXPECT_GT(bench::BenchBalance().size(), 1u); });
+        calls.Record("OleUninitialize", OleUninitialize, [] { EXPECT_GT(bench::OutstandingResources().size(), 1u); });
         KlConn session;
         ASSERT_EQ(session.Initialize(), 0);
         session.Shutdown();
-        EXPECT_EQ(bench::BenchBalance().size(), 1u) << "the statistics' object alone";
+        EXPECT_EQ(bench::OutstandingResources().size(), 1u) << "the statistics' object alone";
         EXPECT_EQ(calls.Take(), FAILED(answer) ? "OleInitialize null\n" : "OleInitialize null\nOleUninitialize\n");
     }
 }
@@ -231,7 +231,7 @@ TEST_F(Session, ResultBesideTheModuleIsUsedAndNeverFetched) {
 TEST_F(Session, InstallsNothingButASilencerWithItsKeys) {
     KlConn session;
     ASSERT_EQ(session.Initialize(), 0);
-    bench::ClearJournal();
+    bench::ClearCallLog();
     EXPECT_EQ(session.InstallSilencer(), -1) << "no device";
     EXPECT_EQ(session.AddDeviceFromXMLToDatabase("SorvSIL"), -1);
     EXPECT_EQ(Printed(), "");
@@ -248,7 +248,7 @@ TEST_F(Session, InstallsNothingButASilencerWithItsKeys) {
                                  "PlugIn/KL_Conn(573):KlConn::InstallSilencer "),
                   0u);
     }
-    EXPECT_EQ(bench::Journal().size(), 5u) << "the five lines";
+    EXPECT_EQ(bench::CallLog().size(), 5u) << "the five lines";
 }
 
 TEST_F(Session, KeyAndCodeMustMakeOneCommand) {
@@ -272,8 +272,8 @@ TEST_F(Session, KeyAndCodeMustMakeOneCommand) {
                  {"K(1)!'", "-S'", true},
                  {"K", "\xC4K1", true}};
     for (const auto& c : cases) {
-        bench::ClearJournal();
-        bench::ClearFailures();
+        bench::ClearCallLog();
+        bench::ClearFaults();
         bench::FailCall("IKlimora200805::manageProductData", 1, 3);  // a product that Klimora does not know may pass
         Printed();
         ASSERT_EQ(Take(session, "<?xml version='1.0'?><r><device KPDClassName='dSilencerType' ProductFamilyKey=\"" +
@@ -305,7 +305,7 @@ TEST_F(Session, ProductThatCannotBeInsertedIsToldAndStatisticsAreNoFailure) {
         KlConn session;
         ASSERT_EQ(session.Initialize(), 0);
         const auto install = [&](const char* refusing) {
-            bench::ClearFailures();
+            bench::ClearFaults();
             bench::FailCall("IKlimora200805::manageProductData", 1, 3);
             if (refusing) bench::FailCall(refusing, 1);
             EXPECT_EQ(Take(session, "<r><device KPDClassName='dSilencerType' ProductFamilyKey='K' UserCode='S'/></r>"),
@@ -353,7 +353,7 @@ TEST_F(Session, ProductThatCannotBeInsertedIsToldAndStatisticsAreNoFailure) {
         session.Shutdown();
         EXPECT_EQ(Printed(), head + "Failed to close the statistics. PlugIn/KL_Conn(204):KlConn::Shutdown no end\n");
     }
-    bench::ClearAccusations();  // the object ends without the close that it did not see
+    bench::ClearViolations();  // the object ends without the close that it did not see
 }
 
 TEST_F(Session, UnexpectedFailuresAreToldWhereTheyHappen) {
@@ -380,7 +380,7 @@ TEST_F(Session, UnexpectedFailuresAreToldWhereTheyHappen) {
 }
 
 TEST_F(Session, TheCommandLetsNothingOut) {
-    bench::ClearJournal();
+    bench::ClearCallLog();
     Printed();
     {
         const ImportPatch patch(

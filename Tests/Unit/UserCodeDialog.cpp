@@ -143,8 +143,8 @@ TEST_F(UserCodeDialog, CodesAreReadUpToTheOneInUse) {
     } cases[] = {{"SORV1", true, 0, 2}, {"SORV2", true, 0, 4}, {"sorv1", false, 0, 4}, {"free", true, 1, 1},
                  {"free", true, 3, 3},  {"SORV1", true, 3, 2}, {"SORV2", true, 2, 2}};
     for (const auto& c : cases) {
-        bench::ClearFailures();
-        bench::ClearJournal();
+        bench::ClearFaults();
+        bench::ClearCallLog();
         if (c.failing > 0) bench::FailCall("IKlimora200805::getPartAtt", c.failing, 5);
         EXPECT_EQ(session_.IsUserCodeInUse("dSilencerType", c.code), c.inUse) << c.code << c.failing;
         EXPECT_EQ(Calls("IKlimora200805::getPartAtt").size(), c.reads) << c.code << c.failing;

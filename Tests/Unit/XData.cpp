@@ -138,16 +138,16 @@ TEST_F(XDataTest, BadArgumentsChangeNothing) {
 
 TEST_F(XDataTest, RefusedCallsGiveBackWhatTheyTook) {
     for (const char* call : {"acutNewRb", "acutUpdString", "AcDbObject::setXData"}) {
-        bench::ClearFailures();
+        bench::ClearFaults();
         bench::FailCall(call, 1);
         EXPECT_EQ(SetXDataString(object(), "SORV", "KEY", "1"), -1) << call;
         EXPECT_EQ(Items(""), Texts()) << call;
     }
-    bench::ClearFailures();
+    bench::ClearFaults();
     bench::FailCall("acutNewRb", 2);
     EXPECT_EQ(SetXDataString(object(), "SORV", "KEY", "1"), -1);
     EXPECT_EQ(SetXDataString(object(), "SORV", "KEY", "1"), 0);
-    bench::ClearFailures();
+    bench::ClearFaults();
     bench::FailCall("acutUpdString", 1);
     EXPECT_EQ(SetXDataString(object(), "SORV", "KEY", "2"), -1);
     EXPECT_EQ(Get("KEY"), "1");
@@ -233,7 +233,7 @@ TEST_F(XDataTest, EntitiesThatCannotBeReachedAreNamed) {
         EXPECT_EQ(get(nowhere), notRead + "Can't get ACAD object id.\n");
     }
     EXPECT_EQ(set("2F1"), notSet + "Can't open object. Check that layer is not locked.\n");
-    bench::ClearFailures();
+    bench::ClearFaults();
     bench::FailCall("acdbOpenObject", 1);
     EXPECT_EQ(get(handle_.c_str()), notRead + "Can't open object for reading.\n");
     bench::CloseDrawing();

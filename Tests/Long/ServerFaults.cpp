@@ -19,19 +19,20 @@ struct Case {
     const char* path;
     std::string bytes;
     const char* told;  // null: nothing, the product is in the project
-    bench::Trouble trouble = bench::Trouble::kNone;
+    bench::ServerFault trouble = bench::ServerFault::kNone;
 };
 
-class Misbehaviour : public HostileBench {
+class ServerFaults : public HostileBench {
  protected:
-    void Arm(const bench::PlannedFailure& failure) override {
+    void Arm(const bench::InjectedFault& failure) override {
         HostileBench::Arm(failure);
-        TheWebServer().SetTrouble(case_->path, case_->trouble);
-        if (case_->trouble == bench::Trouble::kNone) TheWebServer().ServeRaw(case_->path, case_->bytes);
+        TheWebServer().SetFault(case_->path, case_->trouble);
+        if (case_->trouble == bench::ServerFault::kNone) TheWebServer().ServeRaw(case_->path, case_->bytes);
     }
-    void Meddle() override {
-        HostileBench::Meddle();
-        const bool exported = Told().find("[Sorvik Klimora Cloud Plugin: No product exported.\n]") == std::string::npos;
+    void AfterRun() override {
+        HostileBench::AfterRun();
+        const bool exported =
+            ShownToUser().find("[Sorvik Klimora Cloud Plugin: No product exported.\n]") == std::string::npos;
         EXPECT_EQ(exported, !case_->told || case_->path != kResult);
         EXPECT_EQ(committed_, !case_->told);
     }
@@ -50,7 +51,7 @@ std::string Whole(const std::string& body) {
     return Answer(body, Length(body.size()));
 }
 
-TEST_F(Misbehaviour, OfTheWebServer) {
+TEST_F(ServerFaults, OfTheWebServer) {
     const std::string result = GoodResult(), dictionary = Published(kDictionary), database = Published(kDatabase);
     const std::string length = Length(result.size()), chunked = "Transfer-Encoding: chunked\r\n";
     const std::string page = "<html><head/><body><p>Sorry</p></body></html>";
@@ -105,16 +106,16 @@ TEST_F(Misbehaviour, OfTheWebServer) {
         {"the result", kDatabase, Whole(result), kNoDatabase},
         {"a redirection to another host", kResult, Answer("", "Location: http://127.0.0.1:1/\r\n", "302 Found"),
          "/output.xml: Error reading end tag. (line 1, column 73)."},
-        {"a refusal", kResult, "", kNotOpened, bench::Trouble::kRefused},
-        {"a refusal", kDictionary, "", kNotOpened, bench::Trouble::kRefused},
-        {"a refusal", kDatabase, "", kNotOpened, bench::Trouble::kRefused},
-        {"a reset", kDatabase, "", kNoDatabase, bench::Trouble::kReset},
+        {"a refusal", kResult, "", kNotOpened, bench::ServerFault::kRefused},
+        {"a refusal", kDictionary, "", kNotOpened, bench::ServerFault::kRefused},
+        {"a refusal", kDatabase, "", kNotOpened, bench::ServerFault::kRefused},
+        {"a reset", kDatabase, "", kNoDatabase, bench::ServerFault::kReset},
     };
     int number = 0;
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.path) + ": " + c.what);
         case_ = &c;
-        told_ = {c.told ? c.told : ""};
+        expected_ = {c.told ? c.told : ""};
         Plant({"answer", ++number, {}});
     }
 }
