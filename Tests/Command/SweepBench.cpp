@@ -26,6 +26,13 @@ const Tolerance kTolerances[] = {
 constexpr char kNotInserted[] = "is in the project, but was not inserted.";
 constexpr char kLacksText[] = "NN PlugIn/KL_Conn_DevicesData(";
 
+// Calls that only the success of another call may lead to: the program to a duct, the addition to a record, and the
+// insertion to an addition.
+constexpr std::pair<const char*, const char*> kPrerequisites[] = {
+    {"CreateProcessA", "IKlimora200805::getPartAtt '2A3' '/part/qv_sizingflow/ls'"},
+    {"IKlimora200805::manageProductData", "kbsaverec"},
+    {"AcApDocManager::sendStringToExecute", "IKlimora200805::manageProductData"}};
+
 using Launch = BOOL WINAPI(LPCSTR, LPSTR, LPSECURITY_ATTRIBUTES, LPSECURITY_ATTRIBUTES, BOOL, DWORD, LPVOID, LPCSTR,
                            LPSTARTUPINFOA, LPPROCESS_INFORMATION);
 Launch* launchProgram = nullptr;
@@ -212,6 +219,17 @@ bool SweepBench::EndedByUser() const {
     return CountOf("acedSSGet") > 1 || (CountOf("GET /klimora?") > 0 && !exported);
 }
 
+std::string SweepBench::PrematureCall() const {
+    for (const auto& [call, needed] : kPrerequisites) {
+        bool succeeded = false;
+        for (const std::string& line : bench::CallLog()) {
+            if (line.find(needed) == 0) succeeded = std::atol(line.c_str() + line.rfind(' ')) >= 0;
+            if (line.find(call) == 0 && !succeeded) return std::string(call) + " although " + needed + " had failed";
+        }
+    }
+    return {};
+}
+
 // The calls of a healthy run that the failure concerns.
 std::vector<bench::InjectedFault> SweepBench::Concerned(const bench::InjectedFault& failure) const {
     std::vector<bench::InjectedFault> concerned;
@@ -262,6 +280,7 @@ std::vector<std::string> SweepBench::ProblemsWith(const bench::InjectedFault& fa
     must(committed || ReportedAnything() || EndedByUser() ||
              std::all_of(concerned.begin(), concerned.end(), tolerates(Breach::kSilent)),
          "It said nothing to the user.");
+    must(PrematureCall().empty(), "It called " + PrematureCall() + ".");
     for (const std::string& debt : Outstanding())
         if (!MayRemain(debt)) wrong.push_back("Still owed: " + debt + ".");
     for (const std::string& sentence : bench::Violations())

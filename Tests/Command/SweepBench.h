@@ -68,6 +68,8 @@ class SweepBench : public CommandBench {
     bool Attempted(const std::string& text);
     bool ReportedAnything();
     bool EndedByUser() const;
+    // A call that came although the one that it needs had failed; empty when there is none.
+    std::string PrematureCall() const;
     std::vector<bench::InjectedFault> Concerned(const bench::InjectedFault& failure) const;
     bool Tolerated(Breach breach, const bench::InjectedFault& call) const;
 
