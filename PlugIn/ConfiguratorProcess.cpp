@@ -8,6 +8,7 @@
 #include "Lib/CommandLine.h"
 #include "Lib/DisplayName.h"
 #include "Lib/Handles.h"
+#include "Lib/Text.h"
 #include "ModuleLoader.h"
 #include "ModuleNames.h"
 #include "Resources/Resource.h"
@@ -20,10 +21,6 @@ constexpr char kResultAddress[] = SORVIK_WEB_SERVER "/klimora/export/";
 
 // The wait for the configurator goes on at a message, which AutoCAD's own windows may be long in getting.
 constexpr UINT kWakeUpPeriod = 15;  // ms
-
-bool IsGiven(const char* text) {
-    return text && *text;
-}
 
 INT_PTR CALLBACK WaitingWindowProcedure(HWND, UINT, WPARAM, LPARAM) {
     return FALSE;
@@ -91,7 +88,9 @@ std::string KlConn::ResultAddress() const {
 }
 
 int KlConn::LaunchConfigurator(const char* program, const char* commandName, const char* address, const char* title) {
-    if (!IsGiven(program) || !IsGiven(commandName) || !IsGiven(address) || !IsGiven(title)) return -1;
+    for (const char* argument : {program, commandName, address, title}) {
+        if (IsNullOrEmpty(argument)) return -1;
+    }
     const KLUtils::WaitCursor waitCursor;
     configurator_.reset();
     char folder[MAX_PATH] = "";

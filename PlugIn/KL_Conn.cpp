@@ -7,7 +7,6 @@
 
 #include <cstdio>
 #include <cstring>
-#include <string_view>
 #include <utility>
 
 #include "acdocman.h"
@@ -105,11 +104,6 @@ int AskAboutResult(const ticpp::Element& resultRoot) {
     return result;
 }
 
-template <size_t size>
-void Store(char (&buffer)[size], std::string_view text) {
-    buffer[text.copy(buffer, size - 1)] = '\0';
-}
-
 }  // namespace
 
 // ---- Life ----------------------------------------------------------------------------------------------------------
@@ -164,7 +158,7 @@ void KlConn::MakeSessionId() {
 
 void KlConn::MakeWorkingFolder() {
     if (FileExists(dataFolder_)) {
-        Store(workingFolder_, dataFolder_);
+        CopyTruncated(workingFolder_, sizeof workingFolder_, dataFolder_);
         return;
     }
     char temporaryPath[MAX_PATH] = "";
@@ -175,7 +169,7 @@ void KlConn::MakeWorkingFolder() {
         throw "Can't get a name for the temporary folder.";
     DeleteFileA(unique);
     if (!CreateDirectoryA(unique, nullptr)) throw std::string("Can't create temporary folder ") + unique;
-    Store(workingFolder_, unique);
+    CopyTruncated(workingFolder_, sizeof workingFolder_, unique);
 }
 
 void KlConn::Shutdown() {

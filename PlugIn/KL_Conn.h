@@ -17,15 +17,12 @@
 #include "Lib/Handles.h"
 #include "Util/KLComUtils.h"
 
-// A program that is still running: it ends with its owner. Whoever saw it end by itself releases it.
-struct RunningProgramKind {
-    using Handle = HANDLE;
-    static constexpr Handle None() noexcept { return nullptr; }
-    static void Close(Handle process) noexcept {
-        TerminateProcess(process, static_cast<UINT>(-1));
-        CloseHandle(process);
-    }
-};
+inline void TerminateAndClose(HANDLE process) noexcept {
+    TerminateProcess(process, static_cast<UINT>(-1));
+    CloseHandle(process);
+}
+// A program that runs no longer than its owner lives. Release it once it has ended by itself.
+using RunningProgram = Owner<HANDLE, TerminateAndClose>;
 
 inline constexpr size_t kMaxUserCodeLength = 10;
 
@@ -103,7 +100,7 @@ class KlConn : public KLComUtils {
     long serial_ = 20100801;  // kept for those who look for it; nothing here reads it
     char workingFolder_[300] = "";
     std::string sessionId_;
-    Owner<RunningProgramKind> configurator_;
+    RunningProgram configurator_;
     char dataFolder_[300] = "";
     KlimoraPluginsStatisticsWrapper statistics_;
     bool oleInitialized_ = false;

@@ -1,16 +1,19 @@
-// Owner of a handle: closes what it holds when it ends, moves but does not copy. One template serves every kind; a kind
-// names the handle type, the value that stands for "none" and the closing call. Kinds of this file are those of Windows
-// and the C runtime; a kind that one unit alone uses stands beside that unit. Closing never reports a failure.
+// Owner of a handle: closes the handle in its destructor, moves but does not copy. A kind of handle is an alias that
+// names the handle's type, the function that closes it, and the value that stands for "no handle". This file has the
+// kinds of Windows and the C runtime; a kind that only one unit uses stands in that unit. Closing reports no failure
+// and keeps the thread's last error.
 #pragma once
 
 #include <windows.h>
 
 #include <cstdio>
+#include <type_traits>
 
-template <class Kind>
+// `None` is a value, or a function that returns it where the value is not a constant expression.
+template <class HandleType, auto Close, auto None = nullptr>
 class Owner {
  public:
-    using Handle = typename Kind::Handle;
+    using Handle = HandleType;
 
     Owner() noexcept = default;
     explicit Owner(Handle handle) noexcept : handle_(handle) {}
@@ -24,70 +27,58 @@ class Owner {
     ~Owner() { reset(); }
 
     Handle get() const noexcept { return handle_; }
-    explicit operator bool() const noexcept { return handle_ != Kind::None(); }
+    explicit operator bool() const noexcept { return handle_ != NoHandle(); }
 
-    // Gives the handle away without closing it.
+    // Returns the handle without closing it; the caller owns it.
     Handle release() noexcept {
         Handle handle = handle_;
-        handle_ = Kind::None();
+        handle_ = NoHandle();
         return handle;
     }
-    void reset(Handle handle = Kind::None()) noexcept {
+    void reset(Handle handle = NoHandle()) noexcept {
         Handle old = handle_;
         handle_ = handle;
-        if (old != Kind::None()) Kind::Close(old);
+        if (old == NoHandle()) return;
+        const DWORD lastError = GetLastError();
+        Close(old);
+        SetLastError(lastError);
     }
-    // For calls that hand a handle out through a pointer; what was held before is closed.
+    // Returns where a call may write a handle, after closing the one held so far.
     Handle* put() noexcept {
         reset();
         return &handle_;
     }
 
  private:
-    Handle handle_ = Kind::None();
+    static constexpr Handle NoHandle() noexcept {
+        if constexpr (std::is_invocable_v<decltype(None)>)
+            return None();
+        else
+            return None;
+    }
+
+    Handle handle_ = NoHandle();
 };
 
 // Process, thread, mutex, event.
-struct KernelHandleKind {
-    using Handle = HANDLE;
-    static constexpr Handle None() noexcept { return nullptr; }
-    static void Close(Handle handle) noexcept { CloseHandle(handle); }
-};
-using KernelHandle = Owner<KernelHandleKind>;
+using KernelHandle = Owner<HANDLE, CloseHandle>;
 
-// Search begun with FindFirstFile.
-struct FindHandleKind {
-    using Handle = HANDLE;
-    static Handle None() noexcept { return INVALID_HANDLE_VALUE; }
-    static void Close(Handle handle) noexcept { FindClose(handle); }
-};
-using FindHandle = Owner<FindHandleKind>;
+inline HANDLE NoFindHandle() noexcept {
+    return INVALID_HANDLE_VALUE;
+}
+// Search started with FindFirstFile.
+using FindHandle = Owner<HANDLE, FindClose, NoFindHandle>;
 
 // Library loaded with LoadLibrary.
-struct LibraryHandleKind {
-    using Handle = HMODULE;
-    static constexpr Handle None() noexcept { return nullptr; }
-    static void Close(Handle handle) noexcept { FreeLibrary(handle); }
-};
-using LibraryHandle = Owner<LibraryHandleKind>;
+using LibraryHandle = Owner<HMODULE, FreeLibrary>;
 
 // File of the C runtime.
-struct StdioFileKind {
-    using Handle = std::FILE*;
-    static constexpr Handle None() noexcept { return nullptr; }
-    static void Close(Handle handle) noexcept { std::fclose(handle); }
-};
-using StdioFile = Owner<StdioFileKind>;
+using StdioFile = Owner<std::FILE*, std::fclose>;
 
 // Global memory block.
-struct GlobalMemoryKind {
-    using Handle = HGLOBAL;
-    static constexpr Handle None() noexcept { return nullptr; }
-    static void Close(Handle handle) noexcept { GlobalFree(handle); }
-};
-using GlobalMemory = Owner<GlobalMemoryKind>;
+using GlobalMemory = Owner<HGLOBAL, GlobalFree>;
 
-// Lock of a global memory block: holds the block, not its memory. `data()` is null when the block could not be locked.
+// Lock of a global memory block; the block stays its owner's. `data()` is null when the block could not be locked.
 class GlobalLockGuard {
  public:
     explicit GlobalLockGuard(HGLOBAL block) noexcept : data_(block ? GlobalLock(block) : nullptr) {
@@ -96,11 +87,6 @@ class GlobalLockGuard {
     void* data() const noexcept { return data_; }
 
  private:
-    struct Kind {
-        using Handle = HGLOBAL;
-        static constexpr Handle None() noexcept { return nullptr; }
-        static void Close(Handle handle) noexcept { GlobalUnlock(handle); }
-    };
     void* data_;
-    Owner<Kind> locked_;
+    Owner<HGLOBAL, GlobalUnlock> locked_;
 };

@@ -3,6 +3,7 @@
 #include "Diagnostics.h"
 #include "FormatText.h"
 #include "RegistryKey.h"
+#include "Text.h"
 
 Registry::Registry() {
     Registry::Reset();
@@ -53,7 +54,7 @@ uint32_t Registry::GetAccessMask() const {
 }
 
 int Registry::SetKeyPath(const char* keyPath, bool create) {
-    if (IsEmpty(keyPath)) {
+    if (IsNullOrEmpty(keyPath)) {
         ReportErrorAndBreak("Registry::SetKeyPath _KeyPath == NULL", kRegistrySource, 134, "Registry::SetKeyPath");
         return kRegistryBadArgument;
     }
@@ -80,7 +81,7 @@ bool Registry::IsKeyPathValid() const {
 // ---- Keys ----
 
 bool Registry::KeyExists(const char* keyPath) const {
-    return static_cast<bool>(OpenKey(rootKey_, IsEmpty(keyPath) ? keyPath_.c_str() : keyPath, accessMask_));
+    return static_cast<bool>(OpenKey(rootKey_, IsNullOrEmpty(keyPath) ? keyPath_.c_str() : keyPath, accessMask_));
 }
 
 int Registry::CreateKey(const char* keyPath) {

@@ -1,5 +1,5 @@
 // What the units of Registry share: the owner of an open key and the two ways to get one (an empty owner when Windows
-// refuses), the source of their reports, and the test for a missing name or path.
+// refuses), and the source of their reports.
 #pragma once
 
 #include <windows.h>
@@ -8,18 +8,9 @@
 
 #include "Handles.h"
 
-struct RegistryKeyKind {
-    using Handle = HKEY;
-    static Handle None() noexcept { return nullptr; }
-    static void Close(Handle key) noexcept { RegCloseKey(key); }
-};
-using RegistryKey = Owner<RegistryKeyKind>;
+using RegistryKey = Owner<HKEY, RegCloseKey>;
 
 inline constexpr char kRegistrySource[] = "PlugIn/Lib/Registry";
-
-inline bool IsEmpty(const char* text) {
-    return !text || !*text;
-}
 
 inline RegistryKey OpenKey(HKEY root, const char* path, uint32_t accessMask) {
     HKEY key = nullptr;

@@ -9,6 +9,7 @@
 #include "Diagnostics.h"
 #include "FormatText.h"
 #include "RegistryKey.h"
+#include "Text.h"
 
 namespace {
 
@@ -45,13 +46,13 @@ bool TakesDefault(int result) {
 }  // namespace
 
 bool Registry::ValueExists(const char* valueName) const {
-    if (IsEmpty(valueName)) return false;
+    if (IsNullOrEmpty(valueName)) return false;
     const RegistryKey key = OpenKey(rootKey_, keyPath_.c_str(), accessMask_);
     return key && Query(key, valueName, nullptr, nullptr, nullptr);
 }
 
 int Registry::DeleteValue(const char* valueName) {
-    if (IsEmpty(valueName)) return kRegistryBadArgument;
+    if (IsNullOrEmpty(valueName)) return kRegistryBadArgument;
     RegistryKey key;
     const int result = OpenForReading(*this, valueName, key);
     if (result != kRegistryDone) return result;
@@ -61,7 +62,7 @@ int Registry::DeleteValue(const char* valueName) {
 }
 
 int Registry::GetValueSize(const char* valueName) const {
-    if (IsEmpty(valueName)) return kRegistryBadArgument;
+    if (IsNullOrEmpty(valueName)) return kRegistryBadArgument;
     RegistryKey key;
     const int result = OpenForReading(*this, valueName, key);
     if (result != kRegistryDone) return result;
@@ -70,7 +71,7 @@ int Registry::GetValueSize(const char* valueName) const {
 }
 
 int Registry::GetValueType(const char* valueName) const {
-    if (IsEmpty(valueName)) return kRegistryBadArgument;
+    if (IsNullOrEmpty(valueName)) return kRegistryBadArgument;
     RegistryKey key;
     const int result = OpenForReading(*this, valueName, key);
     if (result != kRegistryDone) return result;
@@ -92,12 +93,12 @@ int Registry::Write(const char* valueName, uint32_t type, const void* data, size
 // ---- Numbers ----
 
 int Registry::SetDwordValue(const char* valueName, uint32_t value) {
-    if (IsEmpty(valueName)) return kRegistryBadArgument;
+    if (IsNullOrEmpty(valueName)) return kRegistryBadArgument;
     return Write(valueName, REG_DWORD, &value, sizeof value);
 }
 
 int Registry::GetDwordValue(const char* valueName, uint32_t& value, uint32_t defaultValue) const {
-    if (IsEmpty(valueName)) return kRegistryBadArgument;
+    if (IsNullOrEmpty(valueName)) return kRegistryBadArgument;
     RegistryKey key;
     int result = OpenForReading(*this, valueName, key);
     if (result == kRegistryDone) {
@@ -120,7 +121,7 @@ int Registry::SetStringValue(const char* valueName, const std::string& value) {
 }
 
 int Registry::SetStringValue(const char* valueName, const char* value) {
-    if (IsEmpty(valueName) || !value) return kRegistryBadArgument;
+    if (IsNullOrEmpty(valueName) || !value) return kRegistryBadArgument;
     // Windows counts a zero that follows the given bytes as one of them. What follows here is no zero, so that the text
     // is stored without a terminator.
     const size_t length = std::strlen(value);
@@ -129,7 +130,7 @@ int Registry::SetStringValue(const char* valueName, const char* value) {
 }
 
 int Registry::GetStringValue(const char* valueName, std::string& value, const char* defaultValue) const {
-    if (IsEmpty(valueName)) return kRegistryBadArgument;
+    if (IsNullOrEmpty(valueName)) return kRegistryBadArgument;
     const std::string byDefault = defaultValue ? defaultValue : "";
     const int size = GetValueSize(valueName);
     if (TakesDefault(size)) value = byDefault;
@@ -147,7 +148,7 @@ int Registry::GetStringValue(const char* valueName, std::string& value, const ch
 }
 
 int Registry::GetStringValue(const char* valueName, char* value, int valueSize, const char* defaultValue) const {
-    if (IsEmpty(valueName) || !value || valueSize <= 0) {
+    if (IsNullOrEmpty(valueName) || !value || valueSize <= 0) {
         ReportErrorAndBreak(
             FormatString("Registry::GetStringValue ValueName=\"%s\", Value=\"%s\", ValueSize=%d, DefaultValue=\"%s\"",
                          OrNull(valueName), BufferText(value, valueSize).c_str(), valueSize, OrNull(defaultValue)),
@@ -171,7 +172,7 @@ int Registry::GetStringValue(const char* valueName, char* value, int valueSize, 
 // ---- Bytes ----
 
 int Registry::SetBinaryValue(const char* valueName, const void* value, int valueSize) {
-    if (IsEmpty(valueName) || !value || valueSize <= 0) {
+    if (IsNullOrEmpty(valueName) || !value || valueSize <= 0) {
         // The getter's wording in the setter's report is what readers of logs know.
         ReportErrorAndBreak(FormatString("Registry::GetStringValue ValueName=\"%s\", Value=\"%s\", ValueSize=%d",
                                          OrNull(valueName), BufferText(value, valueSize).c_str(), valueSize),
@@ -182,7 +183,7 @@ int Registry::SetBinaryValue(const char* valueName, const void* value, int value
 }
 
 int Registry::GetBinaryValue(const char* valueName, void* value, int valueSize, const void* defaultValue) const {
-    if (IsEmpty(valueName) || !value || valueSize <= 0) {
+    if (IsNullOrEmpty(valueName) || !value || valueSize <= 0) {
         ReportErrorAndBreak(
             FormatString("Registry::GetBinaryValue ValueName=\"%s\", Value=\"%p\", ValueSize=%d, DefaultValue=\"%p\"",
                          OrNull(valueName), value, valueSize, defaultValue),

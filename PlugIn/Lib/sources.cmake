@@ -10,5 +10,6 @@ set(SORVIK_LIB_SOURCES
   Lib/Md5Driver.cpp
   Lib/Numbers.cpp
   Lib/Text.cpp
+  Lib/WholeFile.cpp
   Lib/WindowMessageNames.cpp
   Lib/WindowMessageText.cpp)

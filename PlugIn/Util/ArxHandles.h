@@ -22,32 +22,24 @@ AcDbDatabase* WorkingDatabase();
 // The object with that handle in it. Throws "Can't get working database.", or `missing` when it has no such object.
 AcDbObjectId ObjectIdOf(const std::string& handle, const char* missing);
 
-struct ResbufChainKind {
-    using Handle = resbuf*;
-    static constexpr Handle None() noexcept { return nullptr; }
-    static void Close(Handle chain) noexcept { acutRelRb(chain); }
-};
-using ResbufChain = Owner<ResbufChainKind>;
+using ResbufChain = Owner<resbuf*, acutRelRb>;
 
-struct ArxStringKind {
-    using Handle = ACHAR*;
-    static constexpr Handle None() noexcept { return nullptr; }
-    static void Close(Handle text) noexcept { acutDelString(text); }
-};
-using ArxString = Owner<ArxStringKind>;
+// acutDelString is overloaded, and cannot be named as a closing function.
+inline void DeleteArxString(ACHAR* text) noexcept {
+    acutDelString(text);
+}
+using ArxString = Owner<ACHAR*, DeleteArxString>;
 
 template <class Object>
-struct OpenObjectKind {
-    using Handle = Object*;
-    static constexpr Handle None() noexcept { return nullptr; }
-    static void Close(Handle object) noexcept { object->close(); }
-};
+void CloseObject(Object* object) noexcept {
+    object->close();
+}
 
 // A drawing object that is open. `Open` gives AutoCAD's status and leaves the owner empty when it is not eOk.
 template <class Object>
-class OpenObject : public Owner<OpenObjectKind<Object>> {
+class OpenObject : public Owner<Object*, &CloseObject<Object>> {
  public:
-    using Owner<OpenObjectKind<Object>>::Owner;
+    using Owner<Object*, &CloseObject<Object>>::Owner;
 
     Acad::ErrorStatus Open(AcDbObjectId id, AcDb::OpenMode mode) {
         Object* object = nullptr;

@@ -9,15 +9,13 @@
 #include "Lib/Handles.h"
 
 template <class Interface>
-struct InterfaceKind {
-    using Handle = Interface*;
-    static Handle None() noexcept { return nullptr; }
-    static void Close(Handle pointer) noexcept { pointer->Release(); }
-};
+void ReleaseInterface(Interface* pointer) noexcept {
+    pointer->Release();
+}
 
 // One counted reference to an interface.
 template <class Interface>
-class InterfacePtr : public Owner<InterfaceKind<Interface>> {
+class InterfacePtr : public Owner<Interface*, &ReleaseInterface<Interface>> {
  public:
     // Queries `object` for `iid`; false, and null here, when it has no such interface.
     bool QueryFrom(IUnknown* object, REFIID iid) {
@@ -29,14 +27,8 @@ class InterfacePtr : public Owner<InterfaceKind<Interface>> {
     Interface* operator->() const noexcept { return this->get(); }
 };
 
-struct BStrKind {
-    using Handle = BSTR;
-    static Handle None() noexcept { return nullptr; }
-    static void Close(Handle text) noexcept { SysFreeString(text); }
-};
-
 // A BSTR of a call: made from a narrow text (null gives none), or empty to receive one through put().
-class BStr : public Owner<BStrKind> {
+class BStr : public Owner<BSTR, SysFreeString> {
  public:
     BStr() = default;
     explicit BStr(const char* text);

@@ -19,12 +19,7 @@ constexpr DWORD kOpenUrlFlags = INTERNET_FLAG_RELOAD | INTERNET_FLAG_NO_CACHE_WR
 constexpr DWORD kReadSize = 1024;
 constexpr DWORD kTimeout = 30000;  // milliseconds
 
-struct InternetHandleKind {
-    using Handle = HINTERNET;
-    static constexpr Handle None() noexcept { return nullptr; }
-    static void Close(Handle handle) noexcept { InternetCloseHandle(handle); }
-};
-using InternetHandle = Owner<InternetHandleKind>;
+using InternetHandle = Owner<HINTERNET, InternetCloseHandle>;
 
 // A server that accepts and never answers must not hold AutoCAD for ever. A limit that is refused leaves the system's.
 void LimitWaiting(HINTERNET session) {

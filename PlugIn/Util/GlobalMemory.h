@@ -21,9 +21,4 @@ int gwGfree(void* block) noexcept;
 void* gwGmallocH(uint32_t size, HGLOBAL* handle) noexcept;
 }
 
-struct GwMemoryKind {
-    using Handle = void*;
-    static constexpr Handle None() noexcept { return nullptr; }
-    static void Close(Handle block) noexcept { gwGfree(block); }
-};
-using GwMemory = Owner<GwMemoryKind>;
+using GwMemory = Owner<void*, gwGfree>;

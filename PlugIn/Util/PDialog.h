@@ -50,25 +50,14 @@ class PDialog {
     void SetTitle(const std::string& title) { title_ = title; }
 
  private:
-    struct WindowKind {
-        using Handle = HWND;
-        static constexpr Handle None() noexcept { return nullptr; }
-        static void Close(Handle window) noexcept { DestroyWindow(window); }
-    };
-    struct BrushKind {
-        using Handle = HBRUSH;
-        static constexpr Handle None() noexcept { return nullptr; }
-        static void Close(Handle brush) noexcept { DeleteObject(brush); }
-    };
-
     void CreateTooltipWindow();
     void GiveTooltip(NMHDR* notification) const;
     INT_PTR OnCommand(WORD identifier, WORD code, HWND control);
     PDialogControl* BinderOf(int identifier) const;
 
     // In the reverse of the order in which they end: controls, brush, tooltip window.
-    Owner<WindowKind> tooltipWindow_;
-    Owner<BrushKind> brush_;
+    Owner<HWND, DestroyWindow> tooltipWindow_;
+    Owner<HBRUSH, DeleteObject> brush_;
     COLORREF brushColour_ = CLR_INVALID;
     std::vector<std::unique_ptr<PDialogControl>> controls_;
     HWND dialogWindow_ = nullptr;

@@ -14,17 +14,6 @@ class PDialogImage {
     HANDLE Load(const std::string& name, UINT type);
 
  private:
-    struct BitmapKind {
-        using Handle = HBITMAP;
-        static constexpr Handle None() noexcept { return nullptr; }
-        static void Close(Handle bitmap) noexcept { DeleteObject(bitmap); }
-    };
-    struct IconKind {
-        using Handle = HICON;
-        static constexpr Handle None() noexcept { return nullptr; }
-        static void Close(Handle icon) noexcept { DestroyIcon(icon); }
-    };
-
-    Owner<BitmapKind> bitmap_;
-    Owner<IconKind> icon_;
+    Owner<HBITMAP, DeleteObject> bitmap_;
+    Owner<HICON, DestroyIcon> icon_;
 };

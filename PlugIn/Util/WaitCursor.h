@@ -19,12 +19,7 @@ class WaitCursor {
     void Hide();
 
  private:
-    struct CursorKind {
-        using Handle = HCURSOR;
-        static constexpr Handle None() noexcept { return nullptr; }
-        static void Close(Handle cursor) noexcept { DestroyCursor(cursor); }
-    };
-    Owner<CursorKind> cursor_;
+    Owner<HCURSOR, DestroyCursor> cursor_;
     HCURSOR replaced_ = nullptr;
     bool active_ = false;
 };

@@ -1,6 +1,8 @@
-// What PlugIn/Lib/Handles.h names of Windows, for units that are compiled for Linux. None of it is called.
+// What PlugIn/Lib/Handles.h names of Windows, for units that are compiled for Linux. Only the last error's functions
+// are called.
 #pragma once
 
+using DWORD = unsigned long;
 using HANDLE = void*;
 using HMODULE = void*;
 using HGLOBAL = void*;
@@ -11,3 +13,7 @@ void FreeLibrary(HMODULE);
 void GlobalFree(HGLOBAL);
 void* GlobalLock(HGLOBAL);
 void GlobalUnlock(HGLOBAL);
+inline DWORD GetLastError() {
+    return 0;
+}
+inline void SetLastError(DWORD) {}
