@@ -16,7 +16,7 @@
 #include "KL_Conn.h"
 #include "KL_Conn_SorvSilencer.h"
 #include "LibraryRows.h"
-#include "ModuleNames.h"
+#include "Lib/ModuleIdentity.h"
 #include "QuickFakes.h"
 #include "Robot.h"
 #include "TestFiles.h"

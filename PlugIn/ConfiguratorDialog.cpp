@@ -4,9 +4,8 @@
 
 #include "KL_Conn.h"
 #include "Lib/CommandLine.h"
-#include "Lib/DisplayName.h"
+#include "Lib/ModuleIdentity.h"
 #include "Lib/ExceptionReport.h"
-#include "ModuleNames.h"
 #include "ProductTitle.h"
 #include "Resources/Resource.h"
 #include "Util/DlgFunc.h"
@@ -18,8 +17,7 @@ namespace {
 constexpr int kUserCodeSize = kMaxUserCodeLength + 1;  // with the terminator
 
 void SetIcon(HWND dialog, WPARAM kind, int resource, int width, int height) {
-    const HINSTANCE module = GetModuleHandleA(kModuleFileName);
-    const HANDLE icon = LoadImageA(module, MAKEINTRESOURCEA(resource), IMAGE_ICON, GetSystemMetrics(width),
+    const HANDLE icon = LoadImageA(ModuleHandle(), MAKEINTRESOURCEA(resource), IMAGE_ICON, GetSystemMetrics(width),
                                    GetSystemMetrics(height), LR_SHARED);
     SendMessageA(dialog, WM_SETICON, kind, reinterpret_cast<LPARAM>(icon));
 }
@@ -98,9 +96,8 @@ INT_PTR CALLBACK UserCodeProcedure(HWND dialog, UINT message, WPARAM wParam, LPA
 }  // namespace
 
 int ShowUserCodeDialog(HWND owner, KlConn& session) {
-    const HINSTANCE module = GetModuleHandleA(kModuleFileName);
     const INT_PTR closedWith =
-        DialogBoxParamA(module, "SORVIK_WEB", owner, UserCodeProcedure, reinterpret_cast<LPARAM>(&session));
+        DialogBoxParamA(ModuleHandle(), "SORVIK_WEB", owner, UserCodeProcedure, reinterpret_cast<LPARAM>(&session));
     if (closedWith != IDOK && closedWith != IDCANCEL)
         PrintCommandLine("\n%s: Can not show the user code dialog.\n", kDisplayName);
     return closedWith == IDOK ? 0 : -1;

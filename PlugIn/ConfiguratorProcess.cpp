@@ -6,11 +6,10 @@
 
 #include "DuctAttributes.h"
 #include "Lib/CommandLine.h"
-#include "Lib/DisplayName.h"
+#include "Lib/ModuleIdentity.h"
 #include "Lib/Handles.h"
 #include "Lib/Text.h"
 #include "ModuleLoader.h"
-#include "ModuleNames.h"
 #include "Resources/Resource.h"
 #include "Util/KLUtils.h"
 
@@ -99,7 +98,7 @@ int KlConn::LaunchConfigurator(const char* program, const char* commandName, con
     // The program takes its words as they stand; a quote mark inside the address is not escaped.
     std::string commandLine = std::string("run /") + commandName + " \"" + address + "\" \"" + title + "\"";
     {
-        const ModalState modal(GetModuleHandleA(kModuleFileName));
+        const ModalState modal(ModuleHandle());
         STARTUPINFOA startup = {};
         startup.cb = sizeof startup;
         PROCESS_INFORMATION started = {};

@@ -10,13 +10,13 @@
 #include "rxsrvice.h"
 
 #include "KL_Conn_SorvSilencer.h"
-#include "ModuleNames.h"
+#include "Lib/ModuleIdentity.h"
 
 namespace {
 
 void RegisterCommandAndService() {
     if (AcEdCommandStack* commands = acedRegCmds) {
-        const AcRxResourceInstance resources(static_cast<void*>(GetModuleHandleA(kModuleFileName)));
+        const AcRxResourceInstance resources(static_cast<void*>(ModuleHandle()));
         commands->addCommand(kCommandGroup, kSilencerCommandWide, kSilencerCommandWide, ACRX_CMD_MODAL, SorvSilencer,
                              nullptr, -1, resources);
     }

@@ -26,6 +26,12 @@ using RunningProgram = Owner<HANDLE, TerminateAndClose>;
 
 inline constexpr size_t kMaxUserCodeLength = 10;
 
+// Product database in the working folder: the record builder writes it, Klimora reads it.
+inline constexpr char kDatabaseFile[] = "output.kpd";
+
+// Class of duct silencers in Kbase and Klimora.
+inline constexpr char kSilencerClass[] = "dSilencerType";
+
 class KlConn : public KLComUtils {
  public:
     KlConn();

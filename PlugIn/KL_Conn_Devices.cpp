@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "ModuleNames.h"
+#include "Lib/ModuleIdentity.h"
 
 namespace {
 

@@ -12,7 +12,7 @@
 #include "LocalisedAttributes.h"
 #include "Lib/ExceptionReport.h"
 #include "Lib/Text.h"
-#include "ModuleNames.h"
+#include "Lib/ModuleIdentity.h"
 #include "Util/Download.h"
 
 namespace {

@@ -9,7 +9,7 @@
 
 #include "DuctAttributes.h"
 #include "Lib/CommandLine.h"
-#include "Lib/DisplayName.h"
+#include "Lib/ModuleIdentity.h"
 #include "Lib/Numbers.h"
 #include "Util/KLUtils.h"
 #include "Util/XmlElements.h"

@@ -6,9 +6,8 @@
 #include "acedads.h"
 
 #include "Lib/CommandLine.h"
-#include "Lib/DisplayName.h"
+#include "Lib/ModuleIdentity.h"
 #include "Lib/Text.h"
-#include "ModuleNames.h"
 
 namespace {
 

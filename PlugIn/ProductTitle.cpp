@@ -1,7 +1,6 @@
 #include "ProductTitle.h"
 
-#include "Lib/DisplayName.h"
-#include "ModuleNames.h"
+#include "Lib/ModuleIdentity.h"
 #include "Util/ModuleVersion.h"
 
 std::string ProductTitle() {

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "CommandLine.h"
-#include "DisplayName.h"
+#include "ModuleIdentity.h"
 #include "Text.h"
 #include "ticpp.h"
 

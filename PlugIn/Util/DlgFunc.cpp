@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "ModuleNames.h"
+#include "Lib/ModuleIdentity.h"
 #include "Util/DlgFunc_Text.h"
 
 namespace {
@@ -44,7 +44,7 @@ int ShowOpenFileDialog(HWND owner, const char* filter, const char* initialFolder
     OPENFILENAMEA request = {};
     request.lStructSize = sizeof request;
     request.hwndOwner = owner;
-    request.hInstance = GetModuleHandleA(kModuleFileName);
+    request.hInstance = ModuleHandle();
     request.lpstrFilter = parts.c_str();
     request.nFilterIndex = 1;
     request.lpstrFile = file;

@@ -2,14 +2,13 @@
 
 #include <optional>
 
-#include "ModuleNames.h"
+#include "Lib/ModuleIdentity.h"
 #include "Util/ModuleVersion.h"
 
 namespace {
 
 std::optional<std::string> ReadProductVersion(HMODULE module) {
-    const std::optional<VS_FIXEDFILEINFO> info =
-        ReadVersionResource(module ? module : GetModuleHandleA(kModuleFileName));
+    const std::optional<VS_FIXEDFILEINFO> info = ReadVersionResource(module ? module : ModuleHandle());
     if (!info) return {};
     return ProductVersionText(info->dwProductVersionMS, info->dwProductVersionLS);
 }

@@ -10,7 +10,7 @@
 #include <stdexcept>
 
 #include "Lib/CommandLine.h"
-#include "Lib/DisplayName.h"
+#include "Lib/ModuleIdentity.h"
 #include "Lib/Handles.h"
 
 namespace {

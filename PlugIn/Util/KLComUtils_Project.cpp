@@ -5,7 +5,7 @@
 #include "acedads.h"
 
 #include "Lib/CommandLine.h"
-#include "Lib/DisplayName.h"
+#include "Lib/ModuleIdentity.h"
 #include "Lib/ExceptionReport.h"
 #include "Lib/FormatText.h"
 #include "Util/ServerCommand.h"

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "Lib/Diagnostics.h"
-#include "ModuleNames.h"
+#include "Lib/ModuleIdentity.h"
 
 namespace {
 
@@ -85,7 +85,7 @@ INT_PTR PDialog::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 void PDialog::CreateTooltipWindow() {
     tooltipWindow_.reset(CreateWindowExA(0, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP,
                                          CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, dialogWindow_,
-                                         nullptr, GetModuleHandleA(kModuleFileName), nullptr));
+                                         nullptr, ModuleHandle(), nullptr));
 }
 
 void PDialog::GiveTooltip(NMHDR* notification) const {

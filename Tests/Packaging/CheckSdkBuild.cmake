@@ -148,7 +148,7 @@ if(NOT result EQUAL 0)
 endif()
 execute_process(
   COMMAND ${PYTHON} ${SOURCE}/Tests/Packaging/check_bundle.py ${SCRATCH}/build/Sorvik.bundle ${SCRATCH}/build/Sorvik-${VERSION}
-          ${VERSION} R24.1 SIGNED ${copy}/PlugIn/ModuleNames.h ${beside}
+          ${VERSION} R24.1 SIGNED ${copy}/PlugIn/Lib/ModuleIdentity.h ${beside}
   RESULT_VARIABLE result)
 if(NOT result EQUAL 0)
   message(FATAL_ERROR "The bundle is not as it should be.")

@@ -1,7 +1,7 @@
 #include <cstdlib>
 
 #include "DialogFixture.h"
-#include "ModuleNames.h"
+#include "Lib/ModuleIdentity.h"
 #include "RecordedCalls.h"
 #include "TestFiles.h"
 #include "Util/PDialogControlButtons.h"

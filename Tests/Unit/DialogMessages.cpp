@@ -1,7 +1,7 @@
 #include "DiagnosticsFixture.h"
 #include "DialogFixture.h"
 #include "Lib/FormatText.h"
-#include "ModuleNames.h"
+#include "Lib/ModuleIdentity.h"
 #include "RecordedCalls.h"
 #include "Util/PDialogControlButtons.h"
 #include "Util/PDialogControlTexts.h"

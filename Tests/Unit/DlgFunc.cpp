@@ -7,7 +7,7 @@
 #include <string>
 
 #include "Lib/FormatText.h"
-#include "ModuleNames.h"
+#include "Lib/ModuleIdentity.h"
 #include "RecordedCalls.h"
 #include "Util/DlgFunc.h"
 #include "Util/DlgFunc_Text.h"
