@@ -35,9 +35,10 @@ namespace {
 constexpr char kSource[] = "PlugIn/KL_Conn";
 constexpr int kRequiredServerVersion = 20091200;
 constexpr char kResultFile[] = "output.xml";
-constexpr size_t kCommandLimit = 1023;  // of the text that is queued
-constexpr char kTakingTheResult[] = "KlConn::GetResultsFromConfigurator";
-constexpr char kShuttingDown[] = "KlConn::Shutdown";
+constexpr size_t kMaxCommandLength = 1023;
+constexpr char kGetResults[] = "KlConn::GetResultsFromConfigurator";
+constexpr char kShutdown[] = "KlConn::Shutdown";
+constexpr ReportSite kInstallation = {"InstallSilencer", kSource, 573, "KlConn::InstallSilencer"};
 constexpr char kNotLoaded[] = "\n%s: Can not start application, Klimora is not loaded.\n";
 
 bool FileExists(const std::string& path) {
@@ -49,8 +50,8 @@ std::string ChildText(const ticpp::Element& parent, const char* name) {
     return child ? child->GetText(false) : std::string();
 }
 
-// Whether AutoCAD's command line takes the text for a name. A control character ends the line or does something else,
-// and a word that begins like an expression of AutoLISP or DIESEL may be run.
+// Returns whether AutoCAD's command line reads the text as a name. A control character ends the line or acts on it, and
+// a word that begins like an expression of AutoLISP or DIESEL may be evaluated.
 bool IsCommandLineText(const std::string& text) {
     char before = ' ';
     for (const char c : text) {
@@ -61,33 +62,36 @@ bool IsCommandLineText(const std::string& text) {
     return true;
 }
 
-// A message box does not scroll, so a long text of the server is cut.
+// Returns the text cut to a length that fits a message box, which does not scroll.
 std::string BoxText(std::string text) {
-    constexpr size_t kMaxBoxText = 2000;
-    if (text.size() <= kMaxBoxText) return text;
-    return text.erase(kMaxBoxText) + Narrow(L" \u2026");
+    constexpr size_t kMaxBoxLength = 2000;
+    if (text.size() <= kMaxBoxLength) return text;
+    return text.erase(kMaxBoxLength) + Narrow(L" \u2026");
 }
 
-void ReportFailedInstallation() {
-    ReportException("InstallSilencer", kSource, 573, "KlConn::InstallSilencer");
+std::string NewSessionId() {
+    const std::string ticks = FormatString("%d", static_cast<int>(GetTickCount()));
+    char digest[33] = "";
+    MD5Driver::MD5HexDigest(digest, sizeof digest, ticks.c_str(), ticks.size());
+    return digest;
 }
 
-// One step of reading the result: what it throws is told, XML errors in the parser's words, and becomes its result.
+// Runs one step of reading the result. Prints an XML error in the parser's words and returns -2; reports any other
+// exception and returns -1.
 template <class Step>
-int TellingWhatFails(const char* message, int line, Step step) {
-    try {
-        return step();
-    } catch (const ticpp::Exception& exception) {
-        PrintCommandLine("%s: Can't parse xml data %s.\n", kDisplayName, exception.m_details.c_str());
-        return -2;
-    } catch (...) {
-        ReportException(message, kSource, line, kTakingTheResult);
-        return -1;
-    }
+int ReadResultStep(const char* message, int line, const Step& step) {
+    return ReportOnThrow({message, kSource, line, kGetResults}, -1, [&] {
+        try {
+            return step();
+        } catch (const ticpp::Exception& exception) {
+            PrintCommandLine("%s: Can't parse xml data %s.\n", kDisplayName, exception.m_details.c_str());
+            return -2;
+        }
+    });
 }
 
-// The server's own words about its result; 0 when it has none or the user goes on.
-int AskAboutResult(const ticpp::Element& resultRoot) {
+// Shows the server's error and warning. Returns 0 when there is neither or the user continues after the warning.
+int ShowServerMessages(const ticpp::Element& resultRoot) {
     int result = 0;
     const std::string error = ChildText(resultRoot, "error");
     if (!error.empty()) {
@@ -103,17 +107,30 @@ int AskAboutResult(const ticpp::Element& resultRoot) {
     return result;
 }
 
+int QueueInsertCommand(const std::string& command) {
+    return ReportOnThrow(kInstallation, -1, [&] {
+        AcApDocManager* documents = acDocManager;
+        AcApDocument* document = documents ? documents->curDocument() : nullptr;
+        if (!document) return -1;
+        // CMDECHO is restored before the queued command runs, which is after this command has returned.
+        const SystemVariableGuard noEcho(L"CMDECHO", 0);
+        const std::wstring text = Widen(command);
+        return documents->sendStringToExecute(document, text.c_str(), true, false, false) == Acad::eOk ? 0 : -1;
+    });
+}
+
 }  // namespace
 
-// ---- Life ----------------------------------------------------------------------------------------------------------
+// ---- Lifetime ------------------------------------------------------------------------------------------------------
 
 KlConn::KlConn()
     : document_(new ticpp::Document("SorvikKlimora")),
       statistics_(3, L"sorvik-autocad-plugin", L"Tq7#pL2~vK9$wR4:xM8!") {
     // From now on every report goes to the debug log and none opens a message box.
-    SetReportLevels(0x1081, 0x1081, 0x3080, 0x0080);
+    constexpr uint32_t kErrorLevel = RF_LOG | RF_FILELINE | RF_RESULT1;
+    SetReportLevels(kErrorLevel, kErrorLevel, RF_LOG | RF_FILELINE | RF_FUNCTION, RF_LOG);
     kbsetwarningmode(0);
-    // Without the module's folder there is no data folder, and the run works in a temporary one.
+    // Without a data folder the run uses a temporary one.
     char folder[MAX_PATH] = "";
     if (GetModuleFolder(kModuleFileName, folder, sizeof folder) == 0)
         std::snprintf(dataFolder_, sizeof dataFolder_, "%s/Sorvik", folder);
@@ -124,38 +141,28 @@ KlConn::~KlConn() {
 }
 
 int KlConn::Initialize() {
-    int result = Connect();
-    if (result < 0) {
+    if (const int result = Connect(); result < 0) {
         PrintCommandLine(kNotLoaded, kDisplayName);
         return result;
     }
-    result = -1;
-    try {
+    const ReportSite site = {"Failed to initialize application. Klimora is not loaded.", kSource, 175,
+                             "KlConn::Initialize"};
+    return ReportOnThrow(site, -1, [&] {
         SetTrace(true, true, false);
         if (!CheckKlimoraProject(kRequiredServerVersion)) {
             PrintCommandLine(kNotLoaded, kDisplayName);
             return -1;
         }
         oleInitialized_ = SUCCEEDED(OleInitialize(nullptr));
-        if (sessionId_.empty()) MakeSessionId();
-        MakeWorkingFolder();
+        if (sessionId_.empty()) sessionId_ = NewSessionId();
+        CreateWorkingFolder();
         if (!document_->FirstChildElement(false)) document_->InsertEndChild(ticpp::Element("SorvikKlimora"));
         currentDevice_ = nullptr;
-        result = 0;
-    } catch (...) {
-        ReportException("Failed to initialize application. Klimora is not loaded.", kSource, 175, "KlConn::Initialize");
-    }
-    return result;
+        return 0;
+    });
 }
 
-void KlConn::MakeSessionId() {
-    const std::string ticks = FormatString("%d", static_cast<int>(GetTickCount()));
-    char digest[33] = "";
-    MD5Driver::MD5HexDigest(digest, sizeof digest, ticks.c_str(), ticks.size());
-    sessionId_ = digest;
-}
-
-void KlConn::MakeWorkingFolder() {
+void KlConn::CreateWorkingFolder() {
     if (FileExists(dataFolder_)) {
         CopyTruncated(workingFolder_, sizeof workingFolder_, dataFolder_);
         return;
@@ -173,24 +180,17 @@ void KlConn::MakeWorkingFolder() {
 
 void KlConn::Shutdown() {
     configurator_.reset();
-    // A session that never came to initialise OLE must not end AutoCAD's own use of it.
+    // Balance OleInitialize only if it succeeded; AutoCAD uses OLE too.
     if (oleInitialized_) OleUninitialize();
     oleInitialized_ = false;
     Disconnect();
-    const auto tellingWhatFails = [](const char* message, auto step) {
-        try {
-            step();
-        } catch (...) {
-            ReportException(message, kSource, 204, kShuttingDown);
-        }
-    };
-    tellingWhatFails("Failed to delete the working folder.", [&] {
+    ReportOnThrow({"Failed to delete the working folder.", kSource, 204, kShutdown}, [&] {
         if (*workingFolder_ && std::strcmp(workingFolder_, dataFolder_) != 0) DeleteDirectoryTree(workingFolder_);
     });
     *workingFolder_ = '\0';
     currentDevice_ = nullptr;
     if (std::exchange(statisticsClosed_, true)) return;
-    tellingWhatFails("Failed to close the statistics.", [&] { statistics_.CloseStatistics(); });
+    ReportOnThrow({"Failed to close the statistics.", kSource, 204, kShutdown}, [&] { statistics_.CloseStatistics(); });
 }
 
 // ---- Result of the configurator ------------------------------------------------------------------------------------
@@ -209,20 +209,20 @@ int KlConn::FetchResult(const char* address, const std::string& resultFile) {
 }
 
 int KlConn::GetResultsFromConfigurator(const char* address) {
-    auto answer = std::make_unique<ticpp::Document>();
-    const int result = TellingWhatFails("Failed to get results from webserver.", 359, [&] {
+    auto result = std::make_unique<ticpp::Document>();
+    const int code = ReadResultStep("Failed to get results from webserver.", 359, [&] {
         const std::string resultFile = FilePath(kResultFile);
         if (FetchResult(address, resultFile) < 0) return -1;
-        answer->Parse(ReadXmlFile(resultFile), resultFile);
-        return AskAboutResult(*answer->FirstChildElement());
+        result->Parse(ReadXmlFile(resultFile), resultFile);
+        return ShowServerMessages(*result->FirstChildElement());
     });
-    if (result < 0) return result;
-    return TellingWhatFails("Failed to get results from configurator.", 398,
-                            [&] { return TakeDevice(std::move(answer)); });
+    if (code < 0) return code;
+    return ReadResultStep("Failed to get results from configurator.", 398,
+                          [&] { return UseResult(std::move(result)); });
 }
 
-int KlConn::TakeDevice(std::unique_ptr<ticpp::Document> answer) {
-    document_ = std::move(answer);
+int KlConn::UseResult(std::unique_ptr<ticpp::Document> result) {
+    document_ = std::move(result);
     currentDevice_ = Root()->FirstChildElement("device", false);
     if (currentDevice_) return 0;
     PrintCommandLine("\n%s: Can not find product data in output.xml", kDisplayName);
@@ -232,28 +232,19 @@ int KlConn::TakeDevice(std::unique_ptr<ticpp::Document> answer) {
 // ---- Installation --------------------------------------------------------------------------------------------------
 
 int KlConn::InstallSilencer() {
+    if (!currentDevice_) return -1;
     int result = -1;
-    try {
-        if (!currentDevice_) return -1;
+    // An exception after queueing leaves the result at 0: the statistics do not undo an insertion.
+    ReportOnThrow(kInstallation, [&] {
         const std::string className = currentDevice_->GetAttribute("KPDClassName", false);
         if (className != kSilencerClass) {
             PrintCommandLine("\n%s: Unsupported device class '%s'\n", kDisplayName, className.c_str());
-            return -1;
+            return;
         }
         const std::string productFamilyKey = currentDevice_->GetAttribute("ProductFamilyKey");
         const std::string userCode = currentDevice_->GetAttribute("UserCode");
         const std::string command = FormatString("KLIMSILX\n%s\n%s\n", productFamilyKey.c_str(), userCode.c_str());
-        if (!IsCommandLineText(productFamilyKey) || !IsCommandLineText(userCode) || command.size() > kCommandLimit) {
-            PrintCommandLine("\n%s: Product not added: its key and user code do not make one command of Klimora's.\n",
-                             kDisplayName);
-            return -1;
-        }
-        if (!MayInstall(className, userCode)) {
-            PrintCommandLine(
-                "\n%s: Product not added: its user code '%s' was not confirmed, and is in use or too long.\n",
-                kDisplayName, userCode.c_str());
-            return -1;
-        }
+        if (!MayInstall(productFamilyKey, userCode, command)) return;
         if (AddDeviceToKlimoraProject(FilePath(kDatabaseFile).c_str(), nullptr, 0, className, userCode,
                                       productFamilyKey, nullptr, nullptr) < 0) {
             throw "Can not add device to Klimora project. Product " + productFamilyKey +
@@ -267,41 +258,38 @@ int KlConn::InstallSilencer() {
                 kDisplayName, productFamilyKey.c_str(), userCode.c_str(), kSilencerCommand);
         }
         RecordInsertion(className, productFamilyKey);
-    } catch (...) {
-        // Statistics are recorded last: what goes wrong there does not undo an insertion that was queued.
-        ReportFailedInstallation();
-    }
+    });
     return result;
 }
 
-// The user confirms a code for the first device of the result. When it has several, the last one is installed.
-bool KlConn::MayInstall(const std::string& className, const std::string& userCode) {
+// Prints the reason for a refusal.
+bool KlConn::MayInstall(const std::string& productFamilyKey, const std::string& userCode, const std::string& command) {
+    if (!IsCommandLineText(productFamilyKey) || !IsCommandLineText(userCode) || command.size() > kMaxCommandLength) {
+        PrintCommandLine("\n%s: Product not added: its key and user code do not make one command of Klimora's.\n",
+                         kDisplayName);
+        return false;
+    }
+    if (!IsUserCodeAccepted(kSilencerClass, userCode)) {
+        PrintCommandLine("\n%s: Product not added: its user code '%s' was not confirmed, and is in use or too long.\n",
+                         kDisplayName, userCode.c_str());
+        return false;
+    }
+    return true;
+}
+
+// The user confirms a code for the first device of the result, but the last one is installed.
+bool KlConn::IsUserCodeAccepted(const std::string& className, const std::string& userCode) {
     const ticpp::Element* const confirmed = Root()->FirstChildElement("device");
     if (confirmed == currentDevice_) return true;
     if (userCode.size() > kMaxUserCodeLength) return false;
     return userCode == confirmed->GetAttribute("UserCode", false) || !IsUserCodeInUse(className, userCode);
 }
 
-int KlConn::QueueInsertCommand(const std::string& command) {
-    try {
-        AcApDocManager* documents = acDocManager;
-        AcApDocument* document = documents ? documents->curDocument() : nullptr;
-        if (!document) return -1;
-        // The echo is back before the queued command runs, which is after this command has returned.
-        const SystemVariableGuard noEcho(L"CMDECHO", 0);
-        const std::wstring text = Widen(command);
-        return documents->sendStringToExecute(document, text.c_str(), true, false, false) == Acad::eOk ? 0 : -1;
-    } catch (...) {
-        ReportFailedInstallation();
-        return -1;
-    }
-}
-
 void KlConn::RecordInsertion(const std::string& className, const std::string& productFamilyKey) {
-    constexpr size_t kVersionLimit = 49;
+    constexpr size_t kMaxVersionLength = 49;
     PluginStat record;
     record.pluginName = kDisplayName;
-    record.pluginVersion = ModuleFileVersion(kModuleFileName).substr(0, kVersionLimit);
+    record.pluginVersion = ModuleFileVersion(kModuleFileName).substr(0, kMaxVersionLength);
     record.vendorName = "Sorvik";
     record.vendorId = "4b7e20c9-91d3-4a56-8e0f-6c2d95a7b318";
     record.productLineName = "Sorvik";

@@ -17,13 +17,15 @@
 
 namespace {
 
-constexpr char kSource[] = "PlugIn/KL_Conn_DevicesData";
+// The message names the project's operation; users know it so.
+constexpr ReportSite kBuilding = {"AddDeviceToKlimoraProject", "PlugIn/KL_Conn_DevicesData", 418,
+                                  "KlConn::AddDeviceFromXMLToDatabase"};
 constexpr char kDictionaryFile[] = "output.ddk";
 constexpr char kManufacturer[] = "Sorvik";
 constexpr char kModelClass[] = "KMD";
-constexpr size_t kModelIdLimit = 30;
+constexpr size_t kMaxModelIdLength = 30;
 
-// Attributes of the product record in the dictionary.
+// Attributes of the product record, as the dictionary numbers them.
 enum Attribute : short {
     kShapes = 1110,
     kDeviceFlags = 1150,  // always one zero
@@ -40,12 +42,11 @@ enum Attribute : short {
     kWebLink = 8529
 };
 
-template <class Element>
-void InsertElement(KB_HANDLE database, KB_RECORD* record, short attribute, const Element& element) {
-    InsertElements(database, record, attribute, &element, 1);
-}
+// Values of `Fnc`: the product's pressure drop is a point or a curve. What the second value of each means is the
+// manufacturer's; the record is the same.
+enum Fnc : int16_t { kPoint = 10, kPointAlternative = 110, kCurve = 20, kCurveAlternative = 120 };
 
-// Elements of one kind, gathered from the children of one name.
+// Elements read from all children of one name.
 class ElementArray {
  public:
     ElementArray() = default;
@@ -54,7 +55,7 @@ class ElementArray {
     ElementArray& operator=(const ElementArray&) = delete;
 
     template <class Element>
-    void Gather(const ticpp::Element& device, const char* name, Element (*read)(const ticpp::Element&)) {
+    void ReadAll(const ticpp::Element& device, const char* name, Element (*read)(const ticpp::Element&)) {
         ticpp::Iterator<ticpp::Element> child(name);
         for (child = child.begin(&device); child != child.end(); ++child) {
             const Element element = read(*child);
@@ -62,10 +63,8 @@ class ElementArray {
                 throw std::bad_alloc();
         }
     }
-    bool IsEmpty() const { return count_ == 0; }
-    void Insert(KB_HANDLE database, KB_RECORD* record, short attribute) const {
-        if (!IsEmpty()) InsertElements(database, record, attribute, elements_, static_cast<size_t>(count_));
-    }
+    const void* data() const { return elements_; }
+    size_t size() const { return static_cast<size_t>(count_); }
 
  private:
     void* elements_ = nullptr;
@@ -84,7 +83,7 @@ std::string RequiredText(const ticpp::Element& parent, const char* name, const c
     return text;
 }
 
-// Name and value pairs of all children that have a text: "A=900;C=R".
+// Returns name and value of all children that have a text: "A=900;C=R".
 std::string JoinedModelParameters(const ticpp::Element& parameters) {
     std::string joined;
     ticpp::Iterator<ticpp::Element> child;
@@ -97,8 +96,9 @@ std::string JoinedModelParameters(const ticpp::Element& parameters) {
     return joined;
 }
 
-// Owner of what one call has from the library: the two database files and the record under construction. Released in
-// this order. Both handles begin at 0, which counts as open: an error before the files were opened still gives 0 back.
+// The product database of one call: the dictionary, the database and the record under construction. The destructor
+// releases record, dictionary and database in this order. Both handles start at 0, which counts as open: after an error
+// before the files are opened the library is called with handle 0.
 class ProductDatabase {
  public:
     ProductDatabase() = default;
@@ -110,9 +110,26 @@ class ProductDatabase {
     ProductDatabase(const ProductDatabase&) = delete;
     ProductDatabase& operator=(const ProductDatabase&) = delete;
 
+    void Open(const std::string& dictionaryPath, const std::string& databasePath) {
+        dictionary = ddk_opendatabase(dictionaryPath.c_str(), 1, 0);
+        if (dictionary < 0) throw "Can't open kbase database dictionary " + dictionaryPath;
+        database = kbopendatabase(dictionaryPath.c_str(), databasePath.c_str(), 0);
+        if (database < 0) throw "Can't open kbase database " + dictionaryPath + " " + databasePath;
+    }
+
+    template <class Element>
+    void InsertElement(short attribute, const Element& element) {
+        InsertElements(database, &record, attribute, &element, 1);
+    }
+    // Skips an empty array.
+    void InsertArray(short attribute, const ElementArray& elements) {
+        if (elements.size() > 0) InsertElements(database, &record, attribute, elements.data(), elements.size());
+    }
+    void InsertText(short attribute, const std::string& text) { ::InsertText(database, &record, attribute, text); }
+
     bool HasModel(const std::string& model) const {
         const KB_RECORD found = kbfindrec(database, kModelClass, model.c_str(), 0);
-        kbreleaserec(found);  // null is released like any other
+        kbreleaserec(found);  // also when null
         return found != nullptr;
     }
 
@@ -125,71 +142,64 @@ void FetchDatabaseFile(const std::string& url, const std::string& path, const ch
     if (DownloadAfresh(url.c_str(), path.c_str()) < 0) throw failure + url;
 }
 
-void OpenDatabase(ProductDatabase& product, const std::string& dictionaryPath, const std::string& databasePath) {
-    product.dictionary = ddk_opendatabase(dictionaryPath.c_str(), 1, 0);
-    if (product.dictionary < 0) throw "Can't open kbase database dictionary " + dictionaryPath;
-    product.database = kbopendatabase(dictionaryPath.c_str(), databasePath.c_str(), 0);
-    if (product.database < 0) throw "Can't open kbase database " + dictionaryPath + " " + databasePath;
-}
-
 void StoreModel(ProductDatabase& product, const ticpp::Element& device) {
     const std::string model = ToUpper(RequiredText(device, "KModelID", "Mandatory parameter 'KModelID' is not defined.",
                                                    "Mandatory parameter 'KModelID' is empty.")
-                                          .substr(0, kModelIdLimit));
-    InsertText(product.database, &product.record, kModelId, model);
+                                          .substr(0, kMaxModelIdLength));
+    product.InsertText(kModelId, model);
     if (!product.HasModel(model)) throw "Can't find kmodel " + model + " in a database.";
     if (const ticpp::Element* parameters = device.FirstChildElement("KmodelParams", false))
-        InsertText(product.database, &product.record, kModelParameters, JoinedModelParameters(*parameters));
+        product.InsertText(kModelParameters, JoinedModelParameters(*parameters));
 }
 
 void StoreTexts(ProductDatabase& product, const ticpp::Element& device) {
     const ticpp::Element& code =
         Required(device, "ProductCodeALL", "Mandatory parameter 'ProductCodeALL' is not defined.");
-    InsertText(product.database, &product.record, kProductCode, code.GetText());
+    product.InsertText(kProductCode, code.GetText());
 
     RequiredText(device, "DescriptionGBR", "Mandatory parameter 'DescriptionGBR' is not defined.",
                  "Mandatory parameter 'DescriptionGBR' is empty.");
-    if (SetAttributeDescriptionNN(&product.database, &product.record, device) < 0) throw "";
+    if (SetAttributeDescriptionNN(&product.database, &product.record, device) < 0) throw kNoDetails;
 
     if (const ticpp::Element* link = device.FirstChildElement("kpdWeblink", false))
-        InsertText(product.database, &product.record, kWebLink, link->GetText());
-    if (SetAttributeWebLinkNN(&product.database, &product.record, device) < 0) throw "";
+        product.InsertText(kWebLink, link->GetText());
+    if (SetAttributeWebLinkNN(&product.database, &product.record, device) < 0) throw kNoDetails;
 
     if (const ticpp::Element* market = device.FirstChildElement("MarketArea", false))
-        InsertText(product.database, &product.record, kMarketArea, market->GetText());
+        product.InsertText(kMarketArea, market->GetText());
     StoreModel(product, device);
 }
 
 void StorePressureDrop(ProductDatabase& product, const ticpp::Element& device, int fnc) {
-    if (fnc == 10 || fnc == 110) {
+    if (fnc == kPoint || fnc == kPointAlternative) {
         const ticpp::Element& curve = Required(device, "DpCurve", "Parameter 'DpCurve' is not defined.");
-        InsertElement(product.database, &product.record, kPressureDropPoint, ReadPressureDropPoint(curve));
-    } else if (fnc == 20 || fnc == 120) {
+        product.InsertElement(kPressureDropPoint, ReadPressureDropPoint(curve));
+    } else if (fnc == kCurve || fnc == kCurveAlternative) {
         ElementArray curve;
-        curve.Gather(device, "aDpCurves", ReadPressureDropCurveElement);
-        if (curve.IsEmpty()) throw "Parameter 'aDpCurves' is not defined";
-        curve.Insert(product.database, &product.record, kPressureDropCurve);
+        curve.ReadAll(device, "aDpCurves", ReadPressureDropCurveElement);
+        if (curve.size() == 0) throw "Parameter 'aDpCurves' is not defined";
+        product.InsertArray(kPressureDropCurve, curve);
     }
 }
 
 void StoreFigures(ProductDatabase& product, const ticpp::Element& device) {
     const DimensionRecord dimensions =
         ReadDimensions(Required(device, "AirDeviceDimData", "Parameter 'AirDeviceDimData' is not defined."));
-    InsertElement(product.database, &product.record, kDimensions, dimensions);
+    product.InsertElement(kDimensions, dimensions);
     StorePressureDrop(product, device, dimensions.fnc);
 
     ElementArray points;
-    points.Gather(device, "QvDpLwPoints", ReadAirflowSoundPoint);
-    points.Insert(product.database, &product.record, kAirflowSoundPoints);
+    points.ReadAll(device, "QvDpLwPoints", ReadAirflowSoundPoint);
+    product.InsertArray(kAirflowSoundPoints, points);
 
     ElementArray differences;
-    differences.Gather(device, "dLw", ReadSoundLevelDifference);
-    differences.Insert(product.database, &product.record, kSoundLevelDifferences);
+    differences.ReadAll(device, "dLw", ReadSoundLevelDifference);
+    product.InsertArray(kSoundLevelDifferences, differences);
 
     ElementArray shapes;
-    shapes.Gather(device, "Shape", ReadShape);
-    if (shapes.IsEmpty()) throw "Parameter 'Shape' is not defined.";
-    shapes.Insert(product.database, &product.record, kShapes);
+    shapes.ReadAll(device, "Shape", ReadShape);
+    if (shapes.size() == 0) throw "Parameter 'Shape' is not defined.";
+    product.InsertArray(kShapes, shapes);
 }
 
 void StoreDevice(ProductDatabase& product, const ticpp::Element& device, const std::string& classSymbol,
@@ -199,14 +209,14 @@ void StoreDevice(ProductDatabase& product, const ticpp::Element& device, const s
     productKey = Required(device, "ID", "Parameter 'ID' is not defined.").GetText();
 
     kbdeleterec(product.database, &classId, productKey.c_str());
-    // The record of a previous device is not released, the last one alone is.
+    // Only the last device's record is released.
     product.record = kbcreaterec(product.database, &classId, productKey.c_str());
     if (!product.record) throw "Can't create kbase record for device.";
-    InsertElement(product.database, &product.record, kDeviceFlags, int16_t{0});
-    InsertText(product.database, &product.record, kManufacturerName, kManufacturer);
+    product.InsertElement(kDeviceFlags, int16_t{0});
+    product.InsertText(kManufacturerName, kManufacturer);
     StoreTexts(product, device);
     StoreFigures(product, device);
-    // The message is spelt as users know it.
+    // The misspelling is part of the message that users quote.
     if (kbsaverec(product.database, product.record) < 0) throw "Can'save device database record.";
 }
 
@@ -221,10 +231,10 @@ int KlConn::AddDeviceFromXMLToDatabase(const std::string& commandName) {
     return result;
 }
 
-// `productKey`: that of the device reached last, also after a failure.
+// `productKey` receives the key of the last device that was started, also after a failure.
 int KlConn::StoreDevices(const std::string& classSymbol, std::string& productKey) {
     ProductDatabase product;
-    try {
+    return ReportOnThrow(kBuilding, -1, [&] {
         ticpp::Element* root = Root();
         const std::string dictionaryPath = FilePath(kDictionaryFile);
         const std::string databasePath = FilePath(kDatabaseFile);
@@ -232,17 +242,14 @@ int KlConn::StoreDevices(const std::string& classSymbol, std::string& productKey
                           "Can't download Klimora database dictionary ");
         FetchDatabaseFile(root->FirstChildElement("KpdFileUrl")->GetText(), databasePath,
                           "Can't download Klimora database ");
-        OpenDatabase(product, dictionaryPath, databasePath);
+        product.Open(dictionaryPath, databasePath);
         ticpp::Iterator<ticpp::Element> device("device");
         for (device = device.begin(root); device != device.end(); ++device) {
             StoreDevice(product, *device, classSymbol, productKey);
             currentDevice_ = device.Get();
         }
         return 0;
-    } catch (...) {
-        ReportException("AddDeviceToKlimoraProject", kSource, 418, "KlConn::AddDeviceFromXMLToDatabase");
-        return -1;
-    }
+    });
 }
 
 void KlConn::WriteKeys(const std::string& classSymbol, const std::string& productKey) {

@@ -18,15 +18,15 @@ namespace {
 constexpr char kConfiguratorAddress[] = SORVIK_WEB_SERVER "/klimora";
 constexpr char kResultAddress[] = SORVIK_WEB_SERVER "/klimora/export/";
 
-// The wait for the configurator goes on at a message, which AutoCAD's own windows may be long in getting.
+// A timer message ends each WaitMessage, because AutoCAD's own windows may get none for a long time.
 constexpr UINT kWakeUpPeriod = 15;  // ms
 
 INT_PTR CALLBACK WaitingWindowProcedure(HWND, UINT, WPARAM, LPARAM) {
     return FALSE;
 }
 
-// While it lives the user cannot use AutoCAD: the main window is disabled and a waiting window has the foreground. At
-// its end the main window is enabled before the waiting one goes, so that Windows does not activate another program.
+// Keeps the user out of AutoCAD: disables the main window and shows a waiting window in the foreground. The destructor
+// enables the main window before it destroys the waiting one, so that Windows does not activate another program.
 class ModalState {
  public:
     explicit ModalState(HINSTANCE module) : mainWindow_(adsw_acadMainWnd()), focus_(GetFocus()) {
@@ -58,7 +58,7 @@ class ModalState {
 
 enum class Pumped { kMessage, kNothing, kQuit };
 
-// Dispatches one pending message. A request to quit is posted again, for AutoCAD to see.
+// Dispatches one pending message. Posts a request to quit again, for AutoCAD.
 Pumped PumpMessage() {
     MSG message;
     if (!PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) return Pumped::kNothing;
@@ -69,6 +69,26 @@ Pumped PumpMessage() {
     TranslateMessage(&message);
     DispatchMessageA(&message);
     return Pumped::kMessage;
+}
+
+// Returns 0 when the program has ended; -1 when AutoCAD is quitting or waiting failed, and then the program may still
+// be running.
+int WaitForEnd(HANDLE program) {
+    Pumped pumped = Pumped::kNothing;
+    for (;;) {
+        if (pumped == Pumped::kNothing) WaitMessage();
+        // Check after every message: a window that keeps posting to itself must not hide the program's end.
+        switch (WaitForSingleObject(program, 0)) {
+            case WAIT_OBJECT_0:
+                return 0;
+            case WAIT_FAILED:
+                PrintCommandLine("\n%s: Can not wait for the configurator.\n", kDisplayName);
+                return -1;
+            default:
+                pumped = PumpMessage();
+                if (pumped == Pumped::kQuit) return -1;
+        }
+    }
 }
 
 }  // namespace
@@ -95,7 +115,7 @@ int KlConn::LaunchConfigurator(const char* program, const char* commandName, con
     char folder[MAX_PATH] = "";
     if (GetModuleFolder(kModuleFileName, folder, sizeof folder) != 0) throw "ARX is not loaded.";
     const std::string path = std::string(folder) + "\\" + program;
-    // The program takes its words as they stand; a quote mark inside the address is not escaped.
+    // The program reads its arguments verbatim: a quote mark inside the address must not be escaped.
     std::string commandLine = std::string("run /") + commandName + " \"" + address + "\" \"" + title + "\"";
     {
         const ModalState modal(ModuleHandle());
@@ -109,33 +129,13 @@ int KlConn::LaunchConfigurator(const char* program, const char* commandName, con
         }
         const KernelHandle thread(started.hThread);
         configurator_.reset(started.hProcess);
-        if (WaitForConfigurator() < 0) return -1;
+        if (WaitForEnd(configurator_.get()) < 0) return -1;
     }
     const KernelHandle ended(configurator_.release());
     DWORD exitCode = 0;
     if (!GetExitCodeProcess(ended.get(), &exitCode))
         PrintCommandLine("\n%s: Can not tell how the configurator ended.\n", kDisplayName);
     SetNoProjectFileAccessCheck(false);
-    // The other way round than usual: the program tells an exported product by a code other than 0.
+    // Inverted on purpose: the program reports an exported product by an exit code other than 0.
     return exitCode == 0 ? -1 : 0;
-}
-
-// 0 when the program has ended; -1 when AutoCAD is quitting, or when Windows does not say whether it has. The session's
-// end terminates it then.
-int KlConn::WaitForConfigurator() {
-    Pumped pumped = Pumped::kNothing;
-    for (;;) {
-        if (pumped == Pumped::kNothing) WaitMessage();
-        // Between any two messages: a window that posts to itself for ever must not hide the program's end.
-        switch (WaitForSingleObject(configurator_.get(), 0)) {
-            case WAIT_OBJECT_0:
-                return 0;
-            case WAIT_FAILED:
-                PrintCommandLine("\n%s: Can not wait for the configurator.\n", kDisplayName);
-                return -1;
-            default:
-                pumped = PumpMessage();
-                if (pumped == Pumped::kQuit) return -1;
-        }
-    }
 }
