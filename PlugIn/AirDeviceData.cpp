@@ -26,7 +26,7 @@ void ReadBands(const ticpp::Element& parent, uint8_t (&bands)[kOctaveBands]) {
         bands[band] = static_cast<uint8_t>(ReadInteger(parent, kNames[band]));
 }
 
-// Only a minimum of zero at a small maximum may stay near zero; the asymmetry is the database's rule.
+// Only a minimum of zero with a small maximum may stay near zero; the asymmetry is the database's rule.
 float CorrectedMinimum(float minimum, float maximum) {
     const double wide = minimum;
     if (wide < 0.001 && maximum <= 20.0f) return 0.1f;

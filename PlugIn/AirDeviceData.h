@@ -1,7 +1,7 @@
-// The binary attributes of a product record, as the record database stores them: little-endian, packed, several
-// elements one behind the other. The readers take them from the configurator's XML; a missing element or text throws
-// the XML library's exception, a number that does not fit is cut to the low bits of its field. Units are those of the
-// maker's data (mm, l/s, Pa, dB) and pass through unchanged.
+// Binary attributes of a product record, as the record database stores them: little-endian, packed, one element after
+// the other. The readers take them from the configurator's XML and throw the XML library's exception when an element or
+// its text is missing; a number that does not fit keeps the low bits of its field. Units are those of the
+// manufacturer's data (mm, l/s, Pa, dB) and stay unchanged.
 #pragma once
 
 #include <cstdint>
@@ -48,8 +48,8 @@ static_assert(sizeof(DimensionRecord) == 22 && sizeof(PressureDropPoint) == 8 &&
               sizeof(PressureDropCurveElement) == 12 && sizeof(AirflowSoundPoint) == 16 &&
               sizeof(SoundLevelDifference) == 8);
 
-// With the minimum pressure drop corrected: 0 becomes 0.1 for products whose maximum is at most 20, every other minimum
-// below 1 becomes 1.
+// Corrects the minimum pressure drop: 0 becomes 0.1 for products whose maximum is at most 20; any other minimum below 1
+// becomes 1.
 DimensionRecord ReadDimensions(const ticpp::Element& airDeviceDimData);
 PressureDropPoint ReadPressureDropPoint(const ticpp::Element& dpCurve);
 PressureDropCurveElement ReadPressureDropCurveElement(const ticpp::Element& aDpCurves);
@@ -57,7 +57,7 @@ AirflowSoundPoint ReadAirflowSoundPoint(const ticpp::Element& qvDpLwPoints);
 SoundLevelDifference ReadSoundLevelDifference(const ticpp::Element& dLw);
 int16_t ReadShape(const ticpp::Element& shape);
 
-// Appends one element of `elementSize` bytes to a growing array: a null `*array` is allocated for one element, any
-// other is reallocated for one more, and `*count` grows by one. 0; -1 for a null argument or a size below 1, -2 when
-// memory is exhausted (the array is then as it was). The caller frees `*array` with std::free.
+// Appends one element of `elementSize` bytes to a growing array: allocates a null `*array` for one element, reallocates
+// any other for one more, and adds 1 to `*count`. Returns 0; -1 for a null argument or a size below 1; -2 when memory
+// is exhausted, and then the array is unchanged. The caller frees `*array` with std::free.
 int AppendArrayElement(void** array, int* count, int elementSize, const void* element);

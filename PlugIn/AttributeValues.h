@@ -1,5 +1,5 @@
-// Values of the attributes of a product record, handed to the record database. It takes a value's length, or the number
-// of its elements, in 16 bits: a larger one would be stored as something else, so it is refused.
+// Stores attributes of a product record in the record database, which counts elements and characters in 16 bits. A
+// larger value would be stored wrongly, so it is refused.
 #pragma once
 
 #include <cstddef>
@@ -15,8 +15,8 @@ class AttributeTooLarge : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// Stores `count` elements. Throws AttributeTooLarge for more than kMaxAttributeCount. What the database answers is not
-// looked at: a value that it refuses is missing in the record.
+// Stores `count` elements. Throws AttributeTooLarge for more than kMaxAttributeCount. Ignores the database's result on
+// purpose: a value that it refuses is missing from the record.
 inline void InsertElements(KB_HANDLE database, KB_RECORD* record, short attribute, const void* elements, size_t count) {
     if (count > kMaxAttributeCount) {
         throw AttributeTooLarge("Attribute " + std::to_string(attribute) +
@@ -25,7 +25,7 @@ inline void InsertElements(KB_HANDLE database, KB_RECORD* record, short attribut
     kbinsertatt(database, record, attribute, elements, static_cast<short>(count));
 }
 
-// Stores a text without its terminator.
+// Stores a string without its terminator.
 inline void InsertText(KB_HANDLE database, KB_RECORD* record, short attribute, const std::string& text) {
     InsertElements(database, record, attribute, text.c_str(), text.size());
 }

@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int kUserCodeSize = kMaxUserCodeLength + 1;  // with the terminator
+constexpr int kUserCodeSize = kMaxUserCodeLength + 1;  // with terminator
 
 void SetIcon(HWND dialog, WPARAM kind, int resource, int width, int height) {
     const HANDLE icon = LoadImageA(ModuleHandle(), MAKEINTRESOURCEA(resource), IMAGE_ICON, GetSystemMetrics(width),
@@ -32,7 +32,7 @@ void Open(HWND dialog, KlConn& session) {
     SetDlgItemTextA(dialog, IDC_USER_CODE, session.ProposeUserCode(kSilencerClass, "").c_str());
 }
 
-// True when the dialog may close: the device has its code then.
+// Stores the code in the device. Returns false when the user must enter another one.
 bool TakeUserCode(HWND dialog, KlConn& session) {
     ticpp::Element* device = session.CurrentDevice();
     if (!device) throw "There is no product to give a user code.";
@@ -59,7 +59,7 @@ bool OnCommand(HWND dialog, WORD control) {
     KlConn* session = reinterpret_cast<KlConn*>(GetWindowLongPtrA(dialog, DWLP_USER));
     switch (control) {
         case IDOK:
-            // Windows sends commands of controls before WM_INITDIALOG, too.
+            // Windows also sends commands of controls before WM_INITDIALOG.
             if (!session) return false;
             if (TakeUserCode(dialog, *session)) EndDialog(dialog, IDOK);
             return true;
@@ -86,7 +86,7 @@ INT_PTR CALLBACK UserCodeProcedure(HWND dialog, UINT message, WPARAM wParam, LPA
                 return FALSE;
         }
     } catch (...) {
-        // Nothing may leave a dialog procedure: the dialog is given up as by Cancel.
+        // No exception may leave a dialog procedure; the dialog closes as by Cancel.
         ReportException("Failed to take the user code.", "PlugIn/ConfiguratorDialog", 93, "ShowUserCodeDialog");
         EndDialog(dialog, IDCANCEL);
         return TRUE;

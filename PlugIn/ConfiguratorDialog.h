@@ -1,10 +1,10 @@
-// The dialog that gives a new silencer its user code.
+// The dialog in which the user enters the user code of a new silencer.
 #pragma once
 
 #include <windows.h>
 
 class KlConn;
 
-// Modal. 0 when closed with OK: the code then is the current device's `UserCode`, child element and attribute; else -1,
-// told on the command line unless the user cancelled.
+// Shows the modal dialog. Returns 0 after OK, with the code in the current device's child element and attribute
+// `UserCode`; -1 otherwise. Prints why, unless the user cancelled.
 int ShowUserCodeDialog(HWND owner, KlConn& session);

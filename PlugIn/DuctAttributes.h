@@ -1,23 +1,22 @@
-// What is taken from a duct for the configurator: the attribute of the session document's `duct` element, the part
-// attribute from which it is read, and the key under which the configurator's address carries it; in the order of all
-// three.
+// The values of a duct that the configurator needs: the attribute of the session document's `duct` element, the part
+// attribute that it is read from, and its key in the configurator's address. The order is that of all three.
 #pragma once
 
-// Shapes of a duct in which an attribute is a size: bits, by Klimora's number of the shape.
-inline constexpr int kRoundDuct = 1 << 0;
-inline constexpr int kRectangularDuct = 1 << 1;
+// Klimora's numbers of the shapes.
+enum DuctShape { kRoundDuct = 0, kRectangularDuct = 1 };
 
 struct DuctAttribute {
     const char* name;
     const char* path;
     const char* addressKey;
-    int shapes;
+    bool round;  // ducts of which shape have it
+    bool rectangular;
     bool isAirflow = false;
 };
 
 inline constexpr DuctAttribute kDuctAttributes[] = {
-    {"diameter_mm", "/part/diameter", "&diameter=", kRoundDuct},
-    {"width_mm", "/part/width", "&width=", kRectangularDuct},
-    {"height_mm", "/part/height", "&height=", kRectangularDuct},
-    {"airflow_ls", "/part/qv_sizingflow/ls", "&airflow=", kRoundDuct | kRectangularDuct, true},
+    {"diameter_mm", "/part/diameter", "&diameter=", true, false},
+    {"width_mm", "/part/width", "&width=", false, true},
+    {"height_mm", "/part/height", "&height=", false, true},
+    {"airflow_ls", "/part/qv_sizingflow/ls", "&airflow=", true, true, true},
 };

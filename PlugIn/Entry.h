@@ -1,5 +1,5 @@
 // Start and stop of the application inside AutoCAD. acrxEntryPoint, the exported entry, calls these for the two
-// messages that it answers; they take the module table so that the start of a build that lists modules can be tried.
+// messages that it handles; they take the module table so that tests can start a build that lists modules.
 #pragma once
 
 #include <cstddef>
@@ -8,11 +8,11 @@
 
 #include "ModuleLoader.h"
 
-// Registers command and service, loads the modules, unlocks the application and declares it MDI-aware. kRetError, with
-// modules, command and service taken back, when a module could not be loaded or anything threw.
+// Registers command and service, loads the modules, unlocks the application and declares it MDI-aware. Returns
+// kRetError when a module cannot be loaded or anything throws, after removing modules, command and service again.
 AcRx::AppRetCode StartApplication(ModuleRecord* modules, size_t moduleCount, void* packet);
 
-// Frees the modules and takes command group and service back; harmless when they are not there.
+// Frees the modules and removes command group and service, also when they are not there.
 AcRx::AppRetCode StopApplication(ModuleRecord* modules, size_t moduleCount);
 
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* packet) noexcept;

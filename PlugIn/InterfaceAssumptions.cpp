@@ -1,6 +1,6 @@
-// Compile-time checks of the declarations that a build for AutoCAD takes from Klimora's own files: where a parameter is
-// narrower or wider than the module assumes, a call would still compile and pass a converted value. The compiler cannot
-// see the order of an interface's methods or the exports of a library.
+// Compile-time checks of the declarations that a build for AutoCAD takes from Klimora's own files. Without them a call
+// would compile, and pass a converted value, when a parameter is narrower or wider than the module assumes. The order
+// of an interface's methods and the exports of a library cannot be checked here.
 #include <windows.h>
 
 #include <type_traits>
@@ -81,7 +81,7 @@ static_assert(std::is_same_v<decltype(kbsetwarningmode), void(int)>);
 // ---- Usage statistics ------------------------------------------------------------------------------------------
 
 using Statistics = KlimoraPluginsStatisticsWrapper;
-// Braces refuse a parameter that is narrower than the argument.
+// Braces reject a parameter that is narrower than the argument.
 static_assert(std::is_class_v<decltype(Statistics{std::declval<int>(), std::declval<const wchar_t*>(),
                                                   std::declval<const wchar_t*>()})>);
 static_assert(

@@ -2,10 +2,14 @@
 
 #include "KL_Conn.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <iterator>
 #include <optional>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "DuctAttributes.h"
 #include "Lib/CommandLine.h"
@@ -16,28 +20,35 @@
 
 namespace {
 
+// Klimora's type of a duct, and those of parts that sit on one: picking such a part selects the duct that it is
+// connected to.
 constexpr int kDuctTypeId = 68;
+constexpr int kTypeIdsOnDucts[] = {69, 82};
 
-bool IsSelectableSystemType(int type) {
-    return type >= 0 && type <= 3;
+// Klimora's types of the systems that have air ducts.
+constexpr int kFirstDuctSystemType = 0;
+constexpr int kLastDuctSystemType = 3;
+
+bool IsDuctSystemType(int type) {
+    return type >= kFirstDuctSystemType && type <= kLastDuctSystemType;
 }
 
-// Parts of these types sit on a duct: the duct that they are connected to is meant.
-bool StandsForItsDuct(int typeId) {
-    return typeId == 69 || typeId == 82;
+bool SitsOnDuct(int typeId) {
+    return std::find(std::begin(kTypeIdsOnDucts), std::end(kTypeIdsOnDucts), typeId) != std::end(kTypeIdsOnDucts);
 }
 
 bool IsZero(const std::string& number) {
-    return !(std::fabs(ToReal(number.c_str())) > 1e-7);
+    const double value = ToReal(number.c_str());
+    return std::isnan(value) || std::fabs(value) <= 1e-7;
 }
 
-// A query with a negative answer: the end of the selection.
+// Thrown for a query with a negative result, which ends the selection.
 struct FailedQuery {
     const char* path;
     int result;
 };
 
-// A positive answer gives no value, but is no reason to end the selection either.
+// Returns the value; an empty one after a positive result, which does not end the selection.
 std::string Query(KLComUtils& klimora, const std::string& part, const char* path) {
     std::string value;
     const int result = klimora.GetPartAtt(part, path, value, false);
@@ -45,7 +56,7 @@ std::string Query(KLComUtils& klimora, const std::string& part, const char* path
     return value;
 }
 
-// -1 for what is no number.
+// Returns -1 for text that is not a number.
 int QueryNumber(KLComUtils& klimora, const std::string& part, const char* path) {
     const std::string text = Query(klimora, part, path);
     char* end = nullptr;
@@ -53,12 +64,12 @@ int QueryNumber(KLComUtils& klimora, const std::string& part, const char* path) 
     return end == text.c_str() ? -1 : static_cast<int>(number);
 }
 
-// The duct that a pick of this part means; empty when there is none.
+// Returns the duct that picking this part selects; an empty handle when there is none.
 std::string DuctOf(KLComUtils& klimora, const std::string& part) {
-    if (!IsSelectableSystemType(klimora.GetPartAttOrDefault(part, "/part/system/type/id", -1))) return std::string();
+    if (!IsDuctSystemType(klimora.GetPartAttOrDefault(part, "/part/system/type/id", -1))) return std::string();
     const int typeId = QueryNumber(klimora, part, "/Part/Type/ID");
     if (typeId == kDuctTypeId) return part;
-    if (!StandsForItsDuct(typeId)) return std::string();
+    if (!SitsOnDuct(typeId)) return std::string();
     std::vector<std::string> connected;
     klimora.GetAllConnectedParts(part, connected, true);
     for (const std::string& candidate : connected) {
@@ -69,15 +80,16 @@ std::string DuctOf(KLComUtils& klimora, const std::string& part) {
 
 using DuctValues = std::vector<std::pair<const char*, std::string>>;
 
-// Names and values of the attributes that a duct of its shape has; nothing when it has another shape or lacks one.
+// Returns names and values of the attributes that a duct of its shape has; nothing for another shape, or when a value
+// is missing.
 std::optional<DuctValues> ReadDuct(KLComUtils& klimora, const std::string& duct) {
     const int shape = QueryNumber(klimora, duct, "/part/shape/id");
-    if (shape != 0 && shape != 1) return {};
+    if (shape != kRoundDuct && shape != kRectangularDuct) return {};
     DuctValues values;
     bool complete = true;
     for (const DuctAttribute& attribute : kDuctAttributes) {
-        if (!(attribute.shapes & 1 << shape)) continue;
-        // Both sizes of a rectangular duct are read before one of them is missed; the airflow only of a complete duct.
+        if (!(shape == kRoundDuct ? attribute.round : attribute.rectangular)) continue;
+        // Both sizes of a rectangular duct are read even when one is missing, the airflow only of a complete duct.
         if (!complete && attribute.isAirflow) break;
         std::string value = Query(klimora, duct, attribute.path);
         complete = complete && !value.empty();
@@ -97,7 +109,7 @@ void WriteDuct(ticpp::Element* root, const DuctValues& values) {
 }  // namespace
 
 int KlConn::SelectDuct() {
-    // Picks that do not suit are no errors to be told.
+    // Unsuitable picks are not errors, and print nothing.
     const TraceSwitchGuard silent(*this, false, false, false);
     try {
         for (;;) {

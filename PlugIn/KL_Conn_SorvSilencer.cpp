@@ -46,7 +46,7 @@ bool ChooseSilencer(KlConn& session) {
 }  // namespace
 
 void SorvSilencer() noexcept {
-    try {
+    ReportOnThrow({"SorvSilencer", kSource, 246, "SorvSilencer"}, [] {
         ScopedTransaction transaction(CurrentTransactionManager());
         if (!transaction.started()) {
             PrintCommandLine("\n%s: Can not start a transaction in the drawing.\n", kDisplayName);
@@ -54,11 +54,9 @@ void SorvSilencer() noexcept {
         }
         KlConn session;
         if (!ChooseSilencer(session)) return;
-        const KLUtils::WaitCursor waitCursor;  // two downloads, the record and Klimora's project take their time
+        const KLUtils::WaitCursor waitCursor;  // two downloads, the record and Klimora's project take time
         if (session.AddDeviceFromXMLToDatabase(kSilencerCommand) < 0) return;
         if (session.InstallSilencer() < 0) return;
         transaction.SetAbortOnEnd(false);
-    } catch (...) {
-        ReportException("SorvSilencer", kSource, 246, "SorvSilencer");
-    }
+    });
 }

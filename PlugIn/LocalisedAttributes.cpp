@@ -9,7 +9,7 @@
 
 namespace {
 
-// Users quote it to support; it is not this file's name.
+// Users quote it to support, so it stays although it is not this file's name.
 constexpr char kSource[] = "PlugIn/KL_Conn_DevicesData";
 
 struct LocalisedAttribute {
@@ -17,7 +17,7 @@ struct LocalisedAttribute {
     char element[32];  // NUL-terminated
 };
 
-// Numbers and names are the dictionary's own, gaps and odd spellings included; attributes are stored in this order.
+// Numbers and names are the dictionary's own, including gaps and odd spellings; attributes are stored in this order.
 constexpr LocalisedAttribute kDescriptionAttributes[] = {
     {9550, "DescriptionFIN"}, {9551, "DescriptionSWE"}, {9552, "DescriptionGBR"}, {9553, "DescriptionDEU"},
     {9554, "DescriptionNOR"}, {9555, "DescriptionFRA"}, {9556, "DescriptionESP"}, {9557, "DescriptionITA"},
@@ -52,7 +52,7 @@ int Store(const LocalisedAttribute (&table)[size], KB_HANDLE database, KB_RECORD
             InsertText(database, record, static_cast<short>(attribute.number), text);
         }
     } catch (const AttributeTooLarge&) {
-        throw;  // a product that does not fit is not stored in part
+        throw;  // a product that does not fit must not be stored in part
     } catch (...) {
         ReportException(function, kSource, line, function);
     }

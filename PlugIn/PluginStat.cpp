@@ -15,7 +15,7 @@ PMutex::~PMutex() {
     DeleteCriticalSection(&section_);
 }
 
-// Each lock keeps its own critical section: copying one over another would break both.
+// Assignment copies nothing: each lock keeps its own critical section.
 PMutex& PMutex::operator=(const PMutex&) {
     return *this;
 }

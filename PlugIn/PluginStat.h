@@ -1,6 +1,6 @@
-// One usage event as it crosses the border to the statistics library, and the small lock offered to users of it. Both
-// are exported so that library and module share one layout: fourteen narrow strings in this order, and one critical
-// section.
+// One usage event as the statistics library takes it, and a lock for the library's users. Both classes are exported for
+// other modules, so that library and module share one layout: fourteen narrow strings in this order, and one critical
+// section. Nothing in this module uses the lock.
 #pragma once
 
 #include <windows.h>
@@ -38,7 +38,7 @@ class SORVIK_CLASS_EXPORT PluginStat {
     std::string action;
 };
 
-// A critical section, entered by Acquire and left by Release; the same thread may enter more than once.
+// A critical section. A thread may acquire it more than once.
 class SORVIK_CLASS_EXPORT PMutex {
  public:
     PMutex();
