@@ -7,7 +7,7 @@ namespace {
 
 constexpr char kAlphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 
-// Index in the alphabet by character, 64 for the terminator, -1 for a character outside.
+// Index in the alphabet by character: 64 for the terminator, -1 for a character outside the alphabet.
 constexpr std::array<int8_t, 256> kIndexes = [] {
     std::array<int8_t, 256> indexes = {};
     for (int8_t& index : indexes)
@@ -21,7 +21,7 @@ int IndexOf(char character) {
     return kIndexes[static_cast<uint8_t>(character)];
 }
 
-// The 24 bits of four characters of the alphabet; -1 for any other group. Never looks beyond a terminator.
+// Returns the 24 bits of four characters of the alphabet; -1 for any other group. Never reads beyond a terminator.
 int BitsOfWholeGroup(const char* group) {
     int bits = 0;
     for (int i = 0; i < 4; ++i) {
@@ -32,7 +32,8 @@ int BitsOfWholeGroup(const char* group) {
     return bits;
 }
 
-// One group of at most four characters, of which only the last may be the terminator.
+// Decodes one group of at most four characters, of which only the last may be the terminator. Returns the bytes
+// written.
 int DecodeGroup(uint8_t* output, const char* group, size_t size) {
     if (group[0] == '=') return 0;
     if (size > 1 && group[1] == '=') {
@@ -43,7 +44,7 @@ int DecodeGroup(uint8_t* output, const char* group, size_t size) {
     int previous = IndexOf(group[0]);
     if (previous < 0) return 0;
     for (size_t i = 1; i < size; ++i) {
-        // A pad in third place does not end the group: the fourth character is looked at all the same.
+        // A pad in third place does not end the group; the fourth character is still decoded.
         const bool pad = i > 1 && group[i] == '=';
         const int index = pad ? 0 : IndexOf(group[i]);
         if (index < 0) return bytes;

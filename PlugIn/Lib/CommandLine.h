@@ -3,6 +3,6 @@
 
 #include "PrintfFormat.h"
 
-// Formats (cut to 8191 characters), widens from the ANSI code page and prints, without memory of the heap; returns
-// acutPrintf's result. Texts begin with "\n%s: " and kDisplayName and end with "\n" by custom.
+// Formats, cuts to 8191 characters, widens from the ANSI code page and prints, without heap memory. Returns
+// acutPrintf's result. By convention a message begins with "\n%s: " and kDisplayName, and ends with "\n".
 PRINTF_FORMAT(format, 1, 2) int PrintCommandLine(const char* format, ...);

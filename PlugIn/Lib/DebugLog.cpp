@@ -16,7 +16,7 @@ constexpr long kSizeLimit = 16384;
 
 StdioFile debugLog;
 
-// A folder's path, empty when there is none; the log's name still fits behind it.
+// A folder's path, empty when there is none, with space for the log's name.
 struct Path {
     char text[kPathLimit + 16] = "";
 };
@@ -38,13 +38,13 @@ Path HostFolder() noexcept {
 }
 
 bool Open(const Path& path) noexcept {
-    // Append, text, and every flush reaches the disk.
+    // Append mode, text mode, and every flush writes to the disk.
     debugLog.reset(std::fopen(path.text, "a+tc"));
     return static_cast<bool>(debugLog);
 }
 
-// Makes the folder's path the log's. A temporary folder ends in a backslash already; the doubled one is harmless and
-// stays.
+// Appends the log's name to the folder's path and opens the log there. The temporary folder's path already ends in a
+// backslash; the doubled one is harmless and stays.
 bool OpenIn(Path& folder) noexcept {
     if (!*folder.text) return false;
     std::strcat(folder.text, "\\pdbg_log.txt");
@@ -66,7 +66,7 @@ void WriteStamp(const char* event) noexcept {
     std::fprintf(debugLog.get(), "%s log %s %s\n", event, date, time);
 }
 
-// Declared after the log, so that its exit routine runs before the log's own destructor.
+// Declared after the log, so that its exit routine runs before the log's destructor.
 const struct ExitRegistration {
     ExitRegistration() {
         std::atexit([] { CloseDebugLog(); });

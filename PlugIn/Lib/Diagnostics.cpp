@@ -12,20 +12,11 @@ namespace {
 
 DiagSettings moduleSettings;
 
-struct Severity {
-    const char* title;
-    uint32_t DiagSettings::*bits;
-    ReportHandler DiagSettings::*handler;  // null for a severity that calls nobody
-    bool flushed;
-};
-
-constexpr Severity kFatal = {"Fatal Error", &DiagSettings::fatalBits, &DiagSettings::onFatal, true};
-constexpr Severity kError = {"Error", &DiagSettings::errorBits, &DiagSettings::onError, true};
-constexpr Severity kWarning = {"Warning", &DiagSettings::warningBits, &DiagSettings::onWarning, true};
-constexpr Severity kInfo = {"", &DiagSettings::infoBits, nullptr, false};
-
-// Its texts are never null.
+// Its strings are never null.
 struct Report {
+    Report(const char* message, const char* file, int line, const char* function) noexcept
+        : message(OrEmpty(message)), file(OrEmpty(file)), line(line), function(OrEmpty(function)) {}
+
     const char* message;
     const char* file;
     int line;
@@ -36,7 +27,7 @@ BoundedText ComposeLine(const char* title, const Report& report, uint32_t bits) 
     BoundedText line;
     if (*title) line.Append("%s  -  ", title);
     if (bits & RF_FUNCTION) line.Append("%s(...)", report.function);
-    // The title has brought its own separator: without a function it stands twice, and readers of logs expect that.
+    // The title ends in a separator, so without a function there are two; readers of logs expect that.
     if (*report.message) line.Append("%s\"%s\"", line.empty() ? "" : "  -  ", report.message);
     if (bits & RF_FILELINE) line.Append("  -  %s#%d", report.file, report.line);
     line.Append("\n");
@@ -62,19 +53,13 @@ void Publish(const char* title, const Report& report, uint32_t bits) noexcept {
     if (bits & RF_MSGBOX) MessageBoxA(nullptr, ComposeBoxText(report, bits).c_str(), title, MB_OK);
 }
 
-// Bits and handler are read at their moment: a handler may change the levels.
-uint32_t ReportAs(const Severity& severity, const char* message, const char* file, int line,
-                  const char* function) noexcept {
-    Publish(severity.title, {OrEmpty(message), OrEmpty(file), line, OrEmpty(function)}, g_diagSettings->*severity.bits);
-    if (const ReportHandler call = severity.handler ? g_diagSettings->*severity.handler : nullptr) {
-        try {
-            call(g_diagSettings->handlerContext);
-        } catch (...) {
-            // A reporter that fails has nobody to tell.
-        }
+void CallHandler(ReportHandler handler) noexcept {
+    if (!handler) return;
+    try {
+        handler(g_diagSettings->handlerContext);
+    } catch (...) {
+        // Nothing left to report to.
     }
-    if (severity.flushed) FlushDebugLog();
-    return g_diagSettings->*severity.bits;
 }
 
 void StoreLevel(uint32_t& level, uint32_t bits) {
@@ -86,11 +71,17 @@ void StoreLevel(uint32_t& level, uint32_t bits) {
 DiagSettings* g_diagSettings = &moduleSettings;
 
 uint32_t ReportFatal(const char* message, const char* file, int line, const char* function) noexcept {
-    return ReportAs(kFatal, message, file, line, function);
+    Publish("Fatal Error", {message, file, line, function}, g_diagSettings->fatalBits);
+    CallHandler(g_diagSettings->onFatal);
+    FlushDebugLog();
+    return g_diagSettings->fatalBits;  // read again, since the handler may change the levels
 }
 
 uint32_t ReportError(const char* message, const char* file, int line, const char* function) noexcept {
-    return ReportAs(kError, message, file, line, function);
+    Publish("Error", {message, file, line, function}, g_diagSettings->errorBits);
+    CallHandler(g_diagSettings->onError);
+    FlushDebugLog();
+    return g_diagSettings->errorBits;
 }
 
 uint32_t ReportError(const std::string& message, const char* file, int line, const char* function) noexcept {
@@ -98,11 +89,15 @@ uint32_t ReportError(const std::string& message, const char* file, int line, con
 }
 
 uint32_t ReportWarning(const char* message, const char* file, int line, const char* function) noexcept {
-    return ReportAs(kWarning, message, file, line, function);
+    Publish("Warning", {message, file, line, function}, g_diagSettings->warningBits);
+    CallHandler(g_diagSettings->onWarning);
+    FlushDebugLog();
+    return g_diagSettings->warningBits;
 }
 
 uint32_t ReportInfo(const char* message, const char* file, int line, const char* function) noexcept {
-    return ReportAs(kInfo, message, file, line, function);
+    Publish("", {message, file, line, function}, g_diagSettings->infoBits);
+    return g_diagSettings->infoBits;
 }
 
 void SetReportLevels(uint32_t fatalBits, uint32_t errorBits, uint32_t warningBits, uint32_t infoBits) noexcept {

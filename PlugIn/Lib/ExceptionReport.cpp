@@ -27,5 +27,5 @@ void ReportException(const char* message, const char* source, int line, const ch
         print("", "");
     }
 } catch (...) {
-    // A command line that cannot be printed to has nobody to tell.
+    // Nothing left to report to.
 }

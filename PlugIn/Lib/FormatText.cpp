@@ -7,7 +7,7 @@
 
 namespace {
 
-// Works in place: the result is never longer. Returns its length.
+// Formats in place, since the result is never longer. Returns its length.
 size_t FormatInPlace(char* text) noexcept {
     char* to = text;
     for (const char* at = text; *at; ++at) {
@@ -25,7 +25,7 @@ std::string FormatString(const char* format, ...) {
     va_start(arguments, format);
     std::string text = FormatArguments(format, arguments);
     va_end(arguments);
-    if (text.size() > kFormatStringLimit) text.resize(kFormatStringLimit);
+    if (text.size() > kMaxFormatStringLength) text.resize(kMaxFormatStringLength);
     return text;
 }
 
@@ -60,9 +60,9 @@ void BoundedText::Append(const char* format, ...) noexcept {
 }
 
 void BoundedText::AppendArguments(const char* format, va_list arguments) noexcept {
-    const size_t room = sizeof text_ - length_;
-    const int length = format ? std::vsnprintf(text_ + length_, room, format, arguments) : -1;
-    if (length > 0) length_ += std::min(static_cast<size_t>(length), room - 1);
+    const size_t space = sizeof text_ - length_;
+    const int length = format ? std::vsnprintf(text_ + length_, space, format, arguments) : -1;
+    if (length > 0) length_ += std::min(static_cast<size_t>(length), space - 1);
     text_[length_] = '\0';
 }
 
@@ -74,7 +74,7 @@ std::string HexText(const void* bytes, size_t count) {
     static const char digits[] = "0123456789ABCDEF";
     const uint8_t* at = static_cast<const uint8_t*>(bytes);
     std::string text(count * 2, '\0');
-    char* to = text.data();  // through the string, its pointer would be read anew for every digit
+    char* to = text.data();  // writing through the string would load its pointer again for every digit
     for (size_t i = 0; i < count; ++i) {
         *to++ = digits[at[i] >> 4];
         *to++ = digits[at[i] & 15];

@@ -1,6 +1,5 @@
-// printf-style formatting, the one spelling of it in the module, and the hexadecimal text of bytes. A null format and
-// one that the runtime refuses give an empty text. Arguments are what printf takes: numbers, and pointers to narrow
-// texts, of which none is null.
+// printf-style formatting, and the hexadecimal text of bytes. The result is empty for a null format and for one that
+// the runtime rejects. Arguments are those of printf: numbers, and pointers to narrow strings, none of them null.
 #pragma once
 
 #include <cstdarg>
@@ -9,27 +8,27 @@
 
 #include "PrintfFormat.h"
 
-// Longest text of FormatString, in characters without the terminator.
-inline constexpr int kFormatStringLimit = 8192;
+// In characters, without terminator.
+inline constexpr int kMaxFormatStringLength = 8192;
 
-// Formats, cut to kFormatStringLimit characters.
+// Formats and cuts to kMaxFormatStringLength characters.
 PRINTF_FORMAT(format, 1, 2) std::string FormatString(const char* format, ...);
 
-// The whole text, however long.
+// Formats without a limit.
 std::string FormatArguments(const char* format, va_list arguments);
 
-// A text used as its own format, without arguments: "%%" gives "%", every other conversion is copied as it stands.
+// Formats a text as its own format, without arguments: "%%" becomes "%", any other conversion stays.
 std::string FormatOwnText(const char* text);
 
-// A text in a buffer of 8192 characters of its own, terminator included, for what must be said when there is no memory
-// to say it: it only grows, and what does not fit is cut.
+// A text in a fixed buffer of 8192 characters, terminator included, for reports when memory is exhausted. It only
+// grows; what does not fit is cut.
 class BoundedText {
  public:
     BoundedText() noexcept { text_[0] = '\0'; }
 
     PRINTF_FORMAT(format, 2, 3) void Append(const char* format, ...) noexcept;
     void AppendArguments(const char* format, va_list arguments) noexcept;
-    // Makes the text what FormatOwnText gives.
+    // Replaces the text with the result of FormatOwnText.
     void FormatAsItsOwn() noexcept;
 
     const char* c_str() const noexcept { return text_; }
@@ -40,5 +39,5 @@ class BoundedText {
     char text_[8192];
 };
 
-// Two upper-case hexadecimal digits a byte, high nibble first.
+// Returns two upper-case hexadecimal digits per byte, high nibble first.
 std::string HexText(const void* bytes, size_t count);

@@ -69,9 +69,6 @@ inline HANDLE NoFindHandle() noexcept {
 // Search started with FindFirstFile.
 using FindHandle = Owner<HANDLE, FindClose, NoFindHandle>;
 
-// Library loaded with LoadLibrary.
-using LibraryHandle = Owner<HMODULE, FreeLibrary>;
-
 // File of the C runtime.
 using StdioFile = Owner<std::FILE*, std::fclose>;
 

@@ -48,14 +48,14 @@ uint32_t I(uint32_t x, uint32_t y, uint32_t z) {
     return y ^ (x | ~z);
 }
 
-// One round of 16 steps, unrolled: step i takes the word First + i * Stride of the block, and the state words' parts
-// move on by one instead of the words themselves.
+// One round of 16 steps, unrolled. Step i uses word First + i * Stride of the block. The roles of the four state words
+// rotate from step to step instead of their values.
 template <uint32_t (*Mix)(uint32_t, uint32_t, uint32_t), int Round, int First, int Stride, int... Step>
-void Turn(uint32_t (&s)[4], const uint32_t (&words)[16], std::integer_sequence<int, Step...>) {
-    const auto take = [](uint32_t& a, uint32_t b, uint32_t c, uint32_t d, uint32_t addend, int shift) {
+void RunRound(uint32_t (&s)[4], const uint32_t (&words)[16], std::integer_sequence<int, Step...>) {
+    const auto step = [](uint32_t& a, uint32_t b, uint32_t c, uint32_t d, uint32_t addend, int shift) {
         a = b + RotateLeft(a + Mix(b, c, d) + addend, shift);
     };
-    (take(s[(16 - Step) % 4], s[(17 - Step) % 4], s[(18 - Step) % 4], s[(19 - Step) % 4],
+    (step(s[(16 - Step) % 4], s[(17 - Step) % 4], s[(18 - Step) % 4], s[(19 - Step) % 4],
           words[(First + Step * Stride) % 16] + kSines[16 * Round + Step], kShifts[Round][Step % 4]),
      ...);
 }
@@ -66,10 +66,10 @@ void Transform(uint32_t (&state)[4], const uint8_t* block) {
         words[i] = LoadLittleEndian(block + 4 * i);
     uint32_t s[4] = {state[0], state[1], state[2], state[3]};
     constexpr std::make_integer_sequence<int, 16> steps{};
-    Turn<F, 0, 0, 1>(s, words, steps);
-    Turn<G, 1, 1, 5>(s, words, steps);
-    Turn<H, 2, 5, 3>(s, words, steps);
-    Turn<I, 3, 0, 7>(s, words, steps);
+    RunRound<F, 0, 0, 1>(s, words, steps);
+    RunRound<G, 1, 1, 5>(s, words, steps);
+    RunRound<H, 2, 5, 3>(s, words, steps);
+    RunRound<I, 3, 0, 7>(s, words, steps);
     for (int i = 0; i < 4; ++i)
         state[i] += s[i];
 }

@@ -1,5 +1,5 @@
-// MD5 message digest as RFC 1321 defines it: initialise a context, feed it data in pieces of any length, take the
-// digest. Data may be null only with length 0. Nothing here fails.
+// MD5 message digest of RFC 1321: initialise a context, add data in pieces of any length, and take the digest. Data may
+// be null only with length 0. Nothing here fails.
 #pragma once
 
 #include <cstddef>

@@ -31,7 +31,7 @@ void DigestStream(uint8_t digest[16], std::FILE* file, size_t readSize) {
     MD5Final(digest, &context);
 }
 
-// In 64 bits, for which the standard has no function: a long ends at 2 GiB.
+// The standard functions return a long, which ends at 2 GiB.
 int64_t SizeOf(std::FILE* file) {
     _fseeki64(file, 0, SEEK_END);
     const int64_t size = _ftelli64(file);
@@ -39,7 +39,7 @@ int64_t SizeOf(std::FILE* file) {
     return size;
 }
 
-// Offsets inside the file; the skip length becomes what fits behind the last of them.
+// Returns the offsets clamped to the file, and shortens the skip length to what fits behind the last of them.
 std::vector<int64_t> ClampRegions(const long* offsets, int offsetCount, int64_t size, int64_t& skipLength) {
     std::vector<int64_t> clamped;
     if (offsets && offsetCount > 0) clamped.assign(offsets, offsets + offsetCount);
@@ -59,7 +59,7 @@ void DigestAround(uint8_t digest[16], std::FILE* file, const std::vector<int64_t
     for (;;) {
         size_t wanted = kReadSize;
         const bool meetsRegion = next < offsets.size() && offsets[next] - position <= int64_t{kReadSize};
-        // A region that begins before the position overlaps its predecessor: it is left out from here on.
+        // A region that begins before the position overlaps its predecessor; the rest of it is skipped from here.
         if (meetsRegion) wanted = static_cast<size_t>(std::max<int64_t>(offsets[next] - position, 0));
         const size_t length = std::fread(buffer, 1, wanted, file);
         MD5Update(&context, buffer, length);
@@ -120,7 +120,7 @@ void MD5Driver::MDFilter(uint8_t digest[16]) {
     DigestStream(digest, stdin, 16);
 }
 
-// Lower case here, upper case in MD5HexDigest: both are relied on.
+// Lower case here, upper case in MD5HexDigest: callers depend on both.
 void MD5Driver::MDPrint(const uint8_t digest[16]) {
     for (int i = 0; i < 16; ++i)
         std::printf("%02x", digest[i]);

@@ -14,7 +14,7 @@ bool IsHexadecimal(const char* digits) {
            std::strspn(digits + 2, "0123456789abcdefABCDEF.") > 0;
 }
 
-// Of a number that is out of range. Its exponent says on which side; without one, its first digit.
+// Returns whether an out-of-range number is too large rather than too small, by its exponent or else its first digit.
 bool IsTooLarge(const char* number, const char* end) {
     const char* const exponent = std::find_if(number, end, [](char c) { return std::strchr("eEpP", c); });
     return exponent != end ? exponent[1] != '-' : *number != '0' && *number != '.';
@@ -61,9 +61,9 @@ size_t WriteReal(char* buffer, size_t size, double value, int precision) noexcep
 }
 
 std::string RealText(double value, int precision) {
-    const int decimals = std::min(precision, kFormatStringLimit);
+    const int decimals = std::min(precision, kMaxFormatStringLength);
     std::string text(kRealTextSize + static_cast<size_t>(std::max(decimals, 0)), '\0');
     text.resize(
-        std::min(WriteReal(text.data(), text.size(), value, decimals), static_cast<size_t>(kFormatStringLimit)));
+        std::min(WriteReal(text.data(), text.size(), value, decimals), static_cast<size_t>(kMaxFormatStringLength)));
     return text;
 }

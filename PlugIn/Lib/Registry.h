@@ -1,8 +1,9 @@
-// Values under one key of the Windows registry: a root, a path below it and the access rights with which the key is
-// opened. Nothing stays open between calls. Texts are narrow; a size counts bytes. Results are 0 or one of the codes
-// below; bad arguments and refused creations and deletions of keys are reported as errors as well. Readers with a
-// default write it into the output when the key or the value is not there or cannot be read; when the key cannot be
-// opened the output stays as it was. A null default is no default.
+// Required library; nothing in this module calls it.
+// Values under one key of the Windows registry: a root key, a path below it and the access rights for opening the key.
+// Nothing stays open between calls. Strings are narrow; sizes are in bytes. Results are 0 or one of the codes below.
+// Bad arguments, and keys that cannot be created or deleted, are also reported as errors. Readers with a default write
+// it when the key or value does not exist or cannot be read; when the key cannot be opened the output stays unchanged.
+// A null default means no default.
 #pragma once
 
 #include <windows.h>
@@ -12,10 +13,10 @@
 
 inline constexpr int kRegistryDone = 0;
 inline constexpr int kRegistryBadArgument = -4002;
-inline constexpr int kRegistryRefused = -4003;  // a create, delete or write, or the query of a size or type
+inline constexpr int kRegistryRefused = -4003;  // failed create, delete, write, or query of a size or type
 inline constexpr int kRegistryNotOpened = -4004;
 inline constexpr int kRegistryNoKey = -4005;
-inline constexpr int kRegistryNoValue = -4006;  // or it could not be read
+inline constexpr int kRegistryNoValue = -4006;  // value missing or unreadable
 
 class PRegistry {
  public:
@@ -26,38 +27,38 @@ class PRegistry {
     virtual HKEY GetRootKey() const = 0;
     virtual int SetAccessMask(uint32_t accessMask) = 0;
     virtual uint32_t GetAccessMask() const = 0;
-    // The path becomes current when the key could be opened, or with `create` opened or created.
+    // Makes the path current when the key can be opened, or with `create` opened or created.
     virtual int SetKeyPath(const char* keyPath, bool create) = 0;
     virtual std::string GetKeyPath() const = 0;
     virtual bool IsKeyPathValid() const = 0;
 
-    // Paths may be null for the current one; for KeyExists an empty path means it as well.
+    // A null path means the current one; for KeyExists an empty path does too.
     virtual bool KeyExists(const char* keyPath) const = 0;
     virtual int CreateKey(const char* keyPath) = 0;
-    // A key without subkeys. With a null path the current path is empty afterwards.
+    // Deletes a key without subkeys. With a null path the current path becomes empty.
     virtual int DeleteKey(const char* keyPath) = 0;
 
     virtual bool ValueExists(const char* valueName) const = 0;
     virtual int DeleteValue(const char* valueName) = 0;
-    // The size or the type, or a code.
+    // Return the size or the type, or a negative code.
     virtual int GetValueSize(const char* valueName) const = 0;
     virtual int GetValueType(const char* valueName) const = 0;
     virtual int SetDwordValue(const char* valueName, uint32_t value) = 0;
     virtual int GetDwordValue(const char* valueName, uint32_t& value, uint32_t defaultValue) const = 0;
-    // Visual C++ lays the overloads of one name out from the last declared to the first: so the one that takes an
-    // object stands second here and has the first of their two slots there. Texts are stored without their terminator.
+    // Visual C++ orders the virtual table's slots of overloads from the last declared to the first: the overload with a
+    // std::string, declared second, has the first slot. Strings are stored without their terminator.
     virtual int SetStringValue(const char* valueName, const char* value) = 0;
     virtual int SetStringValue(const char* valueName, const std::string& value) = 0;
-    // The text is terminated where the buffer has room; the stored type is not looked at.
+    // Terminates the string if the buffer has space for it; ignores the stored type.
     virtual int GetStringValue(const char* valueName, char* value, int valueSize, const char* defaultValue) const = 0;
     virtual int GetStringValue(const char* valueName, std::string& value, const char* defaultValue) const = 0;
     virtual int SetBinaryValue(const char* valueName, const void* value, int valueSize) = 0;
-    // `valueSize` must be the stored size, and is the default's.
+    // `valueSize` must be the stored size; it is also the default's.
     virtual int GetBinaryValue(const char* valueName, void* value, int valueSize, const void* defaultValue) const = 0;
 
-    // Everything anew; the result is SetKeyPath's.
+    // Resets, sets root key and access rights, and returns SetKeyPath's result.
     virtual int Open(HKEY rootKey, const char* keyPath, uint32_t accessMask, bool create) = 0;
-    // HKEY_CURRENT_USER, no path, the right to query values.
+    // Sets HKEY_CURRENT_USER, an empty path and KEY_QUERY_VALUE.
     virtual void Reset() = 0;
 };
 

@@ -4,7 +4,7 @@
 
 namespace {
 
-// What a reader gives: the user's result, or the machine's where that is negative.
+// Reads the user's key, and after a negative result the machine's.
 template <class Read>
 int UserFirst(const PRegistry& user, const PRegistry& machine, const Read& read) {
     const int result = read(user);

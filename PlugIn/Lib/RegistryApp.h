@@ -1,6 +1,7 @@
-// Settings of an application: read from the user's key (under HKEY_CURRENT_USER) and, where that gives a negative
-// result, from the machine's (under HKEY_LOCAL_MACHINE); written and deleted in the user's key only. Both have the same
-// path. Results and outputs are those of Registry.
+// Required library; nothing in this module calls it.
+// Settings of an application: read from the user's key (under HKEY_CURRENT_USER) and, after a negative result, from the
+// machine's (under HKEY_LOCAL_MACHINE); written and deleted in the user's key only. Both keys have the same path.
+// Results and outputs are those of Registry.
 #pragma once
 
 #include <cstdint>
@@ -13,9 +14,9 @@ class PRegistryApp {
  public:
     virtual ~PRegistryApp() = default;
 
-    // `create` concerns the user's key; the result is its own.
+    // `create` applies to the user's key; so does the result.
     virtual int SetKeyPath(const char* keyPath, bool create) = 0;
-    // The machine's.
+    // Returns the machine's path.
     virtual std::string GetKeyPath() const = 0;
     virtual bool IsKeyPathValid() const = 0;
     virtual bool KeyExists(const char* keyPath) const = 0;
@@ -28,8 +29,7 @@ class PRegistryApp {
     virtual int GetValueType(const char* valueName) const = 0;
     virtual int SetDwordValue(const char* valueName, uint32_t value) = 0;
     virtual int GetDwordValue(const char* valueName, uint32_t& value, uint32_t defaultValue) const = 0;
-    // Visual C++ lays the overloads of one name out from the last declared to the first: so the one that takes an
-    // object stands second here and has the first of their two slots there.
+    // In the order that Registry.h explains.
     virtual int SetStringValue(const char* valueName, const char* value) = 0;
     virtual int SetStringValue(const char* valueName, const std::string& value) = 0;
     virtual int GetStringValue(const char* valueName, char* value, int valueSize, const char* defaultValue) const = 0;
@@ -37,7 +37,8 @@ class PRegistryApp {
     virtual int SetBinaryValue(const char* valueName, const void* value, int valueSize) = 0;
     virtual int GetBinaryValue(const char* valueName, void* value, int valueSize, const void* defaultValue) const = 0;
 
-    // The user's key with all rights, created when it is missing; the machine's to be read. The result is the user's.
+    // Opens the user's key with all rights, creating it when it is missing, and the machine's for reading. Returns the
+    // user's result.
     virtual int Open(const char* keyPath) = 0;
     virtual void Close() = 0;
 };
@@ -75,5 +76,5 @@ class RegistryApp : public PRegistryApp {
     std::unique_ptr<PRegistry> user_;
 };
 
-// Null when memory is exhausted.
+// Returns null when memory is exhausted.
 std::unique_ptr<PRegistryApp> CreateRegistryApp();

@@ -1,5 +1,6 @@
-// What the units of Registry share: the owner of an open key and the two ways to get one (an empty owner when Windows
-// refuses), and the source of their reports.
+// Required library; nothing in this module calls it.
+// Shared by the units of Registry: the owner of an open key, the functions that open one (they return an empty owner on
+// failure), and the source in reports.
 #pragma once
 
 #include <windows.h>
@@ -17,7 +18,7 @@ inline RegistryKey OpenKey(HKEY root, const char* path, uint32_t accessMask) {
     return RegistryKey(RegOpenKeyExA(root, path, 0, accessMask, &key) == ERROR_SUCCESS ? key : nullptr);
 }
 
-// Opens the key when it is there already.
+// Creates the key, or opens it when it exists.
 inline RegistryKey MakeKey(HKEY root, const char* path, uint32_t accessMask) {
     HKEY key = nullptr;
     const LSTATUS status =

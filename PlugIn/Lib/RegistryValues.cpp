@@ -1,4 +1,3 @@
-// Values of a key: every operation opens the key, does its work and closes it.
 #include "Registry.h"
 
 #include <algorithm>
@@ -17,21 +16,21 @@ const char* OrNull(const char* text) {
     return text ? text : "NULL";
 }
 
-// Returns a buffer's text for a report: up to its terminator, and no further than its size or, when the size is what
-// was wrong, than a report reaches.
+// Returns a buffer's text for a report, up to its terminator but no longer than its size, or than a report when the
+// size is the bad argument.
 std::string BufferText(const void* buffer, int size) {
-    constexpr size_t kReportLimit = 8191;
+    constexpr size_t kMaxReportLength = 8191;
     if (!buffer) return "NULL";
     const char* text = static_cast<const char*>(buffer);
-    return std::string(text, strnlen(text, size > 0 ? static_cast<size_t>(size) : kReportLimit));
+    return std::string(text, strnlen(text, size > 0 ? static_cast<size_t>(size) : kMaxReportLength));
 }
 
-// Type or size alone may be asked for.
+// `type`, `data` and `size` may be null.
 bool Query(const RegistryKey& key, const char* valueName, DWORD* type, void* data, DWORD* size) {
     return RegQueryValueExA(key.get(), valueName, nullptr, type, static_cast<BYTE*>(data), size) == ERROR_SUCCESS;
 }
 
-// The order that all reading follows: the key, the value, then the key opened.
+// Checks the key, then the value, and opens the key: the order of the codes that readers return.
 int OpenForReading(const Registry& registry, const char* valueName, RegistryKey& key) {
     if (!registry.KeyExists(nullptr)) return kRegistryNoKey;
     if (!registry.ValueExists(valueName)) return kRegistryNoValue;
@@ -122,7 +121,7 @@ int Registry::SetStringValue(const char* valueName, const std::string& value) {
 
 int Registry::SetStringValue(const char* valueName, const char* value) {
     if (IsNullOrEmpty(valueName) || !value) return kRegistryBadArgument;
-    // Windows counts a zero that follows the given bytes as one of them. What follows here is no zero, so that the text
+    // Windows also stores a zero that follows the given bytes. Another character follows them here, so that the string
     // is stored without a terminator.
     const size_t length = std::strlen(value);
     const std::string unterminated = std::string(value, length) + '.';
@@ -139,9 +138,9 @@ int Registry::GetStringValue(const char* valueName, std::string& value, const ch
         value.clear();
         return kRegistryDone;
     }
-    // The stored bytes have no terminator of their own: the last byte of the buffer is it.
+    // The stored bytes have no terminator; the buffer's last byte is one.
     const std::unique_ptr<char[]> buffer(new (std::nothrow) char[static_cast<size_t>(size) + 1]());
-    if (!buffer) return kRegistryDone;  // no code for it, and the text stays
+    if (!buffer) return kRegistryDone;  // there is no code for it; the output stays unchanged
     const int result = GetStringValue(valueName, buffer.get(), size, nullptr);
     value = result == kRegistryDone ? std::string(buffer.get()) : byDefault;
     return result;
@@ -173,7 +172,7 @@ int Registry::GetStringValue(const char* valueName, char* value, int valueSize, 
 
 int Registry::SetBinaryValue(const char* valueName, const void* value, int valueSize) {
     if (IsNullOrEmpty(valueName) || !value || valueSize <= 0) {
-        // The getter's wording in the setter's report is what readers of logs know.
+        // The setter's report names the getter; readers of logs know it so.
         ReportErrorAndBreak(FormatString("Registry::GetStringValue ValueName=\"%s\", Value=\"%s\", ValueSize=%d",
                                          OrNull(valueName), BufferText(value, valueSize).c_str(), valueSize),
                             kRegistrySource, 626, "Registry::SetBinaryValue");

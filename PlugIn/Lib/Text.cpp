@@ -10,7 +10,7 @@ std::string ToUpper(std::string text) {
 }
 
 std::wstring Widen(std::string_view text) {
-    std::wstring wide(text.size(), L'\0');  // no code page has a character that grows
+    std::wstring wide(text.size(), L'\0');  // no code page's character becomes longer
     const int length = static_cast<int>(text.size());
     const int written = MultiByteToWideChar(CP_ACP, 0, text.data(), length, wide.data(), length);
     wide.resize(static_cast<size_t>(written));
@@ -18,14 +18,14 @@ std::wstring Widen(std::string_view text) {
 }
 
 std::string Narrow(std::wstring_view text) {
-    const size_t most = text.size() * 3;  // what a code page of a system needs
+    const size_t maxSize = text.size() * 3;  // no system's code page needs more
     const auto convert = [&](char* to) {
         return static_cast<size_t>(WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), to,
-                                                       static_cast<int>(most), nullptr, nullptr));
+                                                       static_cast<int>(maxSize), nullptr, nullptr));
     };
-    char few[256];
-    if (most <= sizeof few) return std::string(few, convert(few));
-    std::string narrow(most, '\0');
+    char buffer[256];
+    if (maxSize <= sizeof buffer) return std::string(buffer, convert(buffer));
+    std::string narrow(maxSize, '\0');
     narrow.resize(convert(narrow.data()));
     return narrow;
 }

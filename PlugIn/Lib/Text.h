@@ -1,12 +1,12 @@
-// Null texts, letter case, and conversions between narrow texts (ANSI code page) and wide ones. Everything is by value
-// and nothing fails: a character that the other side does not know becomes its replacement character.
+// Null and empty strings, truncation, letter case, and conversion between narrow strings (ANSI code page) and wide
+// ones. A character that the other side lacks becomes its replacement character.
 #pragma once
 
 #include <cstddef>
 #include <string>
 #include <string_view>
 
-// A null text as an empty one.
+// Returns an empty string for null.
 inline const char* OrEmpty(const char* text) noexcept {
     return text ? text : "";
 }
@@ -22,7 +22,7 @@ inline size_t CopyTruncated(char* buffer, size_t size, std::string_view text) no
     return length;
 }
 
-// ASCII letters in upper case, everything else as it is.
+// Changes ASCII letters to upper case, nothing else.
 std::string ToUpper(std::string text);
 
 std::wstring Widen(std::string_view text);

@@ -47,7 +47,7 @@ std::string DescribeWindowMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return name + FormatString("%s, fMinimized=%u, hwnd=%u)", ActivationName(wParam), high, low);
         case WM_SETFOCUS:
             return name + FormatString("hwnd=%u)", first);
-        // What "%p" prints with the runtime of Windows.
+        // The form of "%p" in the Windows runtime.
         case WM_KILLFOCUS:
             return name + FormatString("hwndGetsFocus=%016llX)", static_cast<unsigned long long>(lParam));
         case WM_NCHITTEST:

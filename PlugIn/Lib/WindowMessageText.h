@@ -1,5 +1,6 @@
+// Required library; nothing in this module calls it.
 // Text of one window message for tracing: "NAME(parameters)", or "0x....(" for a message that the name table lacks. The
-// readings of the parameters are the tracer's own, also where they differ from the documented meaning of the message.
+// parameters are decoded in the tracer's own way, also where the documented meaning differs.
 #pragma once
 
 #include <windows.h>

@@ -4,12 +4,10 @@
 
 using DWORD = unsigned long;
 using HANDLE = void*;
-using HMODULE = void*;
 using HGLOBAL = void*;
 const HANDLE INVALID_HANDLE_VALUE = nullptr;
 void CloseHandle(HANDLE);
 void FindClose(HANDLE);
-void FreeLibrary(HMODULE);
 void GlobalFree(HGLOBAL);
 void* GlobalLock(HGLOBAL);
 void GlobalUnlock(HGLOBAL);
