@@ -4,8 +4,8 @@
 
 #include "KL_Conn.h"
 #include "Lib/CommandLine.h"
-#include "Lib/ModuleIdentity.h"
 #include "Lib/ExceptionReport.h"
+#include "Lib/ModuleIdentity.h"
 #include "ProductTitle.h"
 #include "Resources/Resource.h"
 #include "Util/DlgFunc.h"

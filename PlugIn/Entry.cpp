@@ -1,5 +1,3 @@
-#include <windows.h>
-
 #include "Entry.h"
 
 #include "accmd.h"

@@ -2,6 +2,8 @@
 // messages that it handles; they take the module table so that tests can start a build that lists modules.
 #pragma once
 
+#include <windows.h>
+
 #include <cstddef>
 
 #include "rxdefs.h"

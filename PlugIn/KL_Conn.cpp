@@ -1,5 +1,3 @@
-#include <windows.h>
-
 #include "KL_Conn.h"
 
 #include <io.h>
@@ -17,10 +15,10 @@
 
 #include "Lib/CommandLine.h"
 #include "Lib/Diagnostics.h"
-#include "Lib/ModuleIdentity.h"
 #include "Lib/ExceptionReport.h"
 #include "Lib/FormatText.h"
 #include "Lib/Md5Driver.h"
+#include "Lib/ModuleIdentity.h"
 #include "Lib/Text.h"
 #include "ModuleLoader.h"
 #include "PluginStat.h"

@@ -1,13 +1,11 @@
-#include <windows.h>
-
 #include "KL_Conn.h"
 
 #include "acedads.h"
 
 #include "DuctAttributes.h"
 #include "Lib/CommandLine.h"
-#include "Lib/ModuleIdentity.h"
 #include "Lib/Handles.h"
+#include "Lib/ModuleIdentity.h"
 #include "Lib/Text.h"
 #include "ModuleLoader.h"
 #include "Resources/Resource.h"

@@ -1,5 +1,3 @@
-#include <windows.h>
-
 #include "KL_Conn.h"
 
 #include <cstdlib>
@@ -9,10 +7,10 @@
 
 #include "AirDeviceData.h"
 #include "AttributeValues.h"
-#include "LocalisedAttributes.h"
 #include "Lib/ExceptionReport.h"
-#include "Lib/Text.h"
 #include "Lib/ModuleIdentity.h"
+#include "Lib/Text.h"
+#include "LocalisedAttributes.h"
 #include "Util/Download.h"
 
 namespace {

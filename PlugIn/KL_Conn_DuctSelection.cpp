@@ -1,5 +1,3 @@
-#include <windows.h>
-
 #include "KL_Conn.h"
 
 #include <algorithm>

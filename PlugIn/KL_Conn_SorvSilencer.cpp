@@ -1,6 +1,6 @@
-#include <windows.h>
-
 #include "KL_Conn_SorvSilencer.h"
+
+#include <windows.h>
 
 #include "acdocman.h"
 #include "acedads.h"
@@ -9,8 +9,8 @@
 #include "ConfiguratorDialog.h"
 #include "KL_Conn.h"
 #include "Lib/CommandLine.h"
-#include "Lib/ModuleIdentity.h"
 #include "Lib/ExceptionReport.h"
+#include "Lib/ModuleIdentity.h"
 #include "ProductTitle.h"
 #include "Util/ArxHandles.h"
 #include "Util/WaitCursor.h"

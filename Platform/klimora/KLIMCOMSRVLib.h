@@ -11,8 +11,8 @@
 #define KLIMORA_PLACEHOLDER_INTERFACES
 
 #include <windows.h>
-#include <objbase.h>
 #include <oaidl.h>
+#include <objbase.h>
 
 namespace KLIMCOMSRVLib {
 

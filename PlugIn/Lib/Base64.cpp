@@ -1,4 +1,4 @@
-#include "Base64.h"
+#include "Lib/Base64.h"
 
 #include <array>
 #include <cstdio>

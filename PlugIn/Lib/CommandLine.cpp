@@ -1,10 +1,10 @@
-#include "CommandLine.h"
+#include "Lib/CommandLine.h"
 
 #include <windows.h>
 
 #include <cstdarg>
 
-#include "FormatText.h"
+#include "Lib/FormatText.h"
 #include "acutads.h"
 
 int PrintCommandLine(const char* format, ...) {

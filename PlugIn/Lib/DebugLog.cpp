@@ -1,4 +1,4 @@
-#include "DebugLog.h"
+#include "Lib/DebugLog.h"
 
 #include <windows.h>
 
@@ -7,7 +7,7 @@
 #include <cstring>
 #include <ctime>
 
-#include "Handles.h"
+#include "Lib/Handles.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
-#include "Diagnostics.h"
+#include "Lib/Diagnostics.h"
 
 #include <windows.h>
 
 #include <cstdio>
 
-#include "DebugLog.h"
-#include "FormatText.h"
-#include "Text.h"
+#include "Lib/DebugLog.h"
+#include "Lib/FormatText.h"
+#include "Lib/Text.h"
 
 namespace {
 

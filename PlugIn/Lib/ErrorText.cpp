@@ -1,8 +1,8 @@
+#include "Lib/ErrorText.h"
+
 #include <windows.h>
 
-#include "ErrorText.h"
-
-#include "FormatText.h"
+#include "Lib/FormatText.h"
 
 std::string ErrorText(uint32_t code) {
     const std::string number = FormatString("WinAPI last error = %d ", static_cast<int>(code));

@@ -1,11 +1,11 @@
-#include "ExceptionReport.h"
+#include "Lib/ExceptionReport.h"
 
 #include <exception>
 #include <string>
 
-#include "CommandLine.h"
-#include "ModuleIdentity.h"
-#include "Text.h"
+#include "Lib/CommandLine.h"
+#include "Lib/ModuleIdentity.h"
+#include "Lib/Text.h"
 #include "ticpp.h"
 
 void ReportException(const char* message, const char* source, int line, const char* function) noexcept try {

@@ -1,4 +1,4 @@
-#include "FormatText.h"
+#include "Lib/FormatText.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "Md5Driver.h"
+#include "Lib/Md5Driver.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "FormatText.h"
-#include "Handles.h"
-#include "Md5.h"
+#include "Lib/FormatText.h"
+#include "Lib/Handles.h"
+#include "Lib/Md5.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
-#include "Numbers.h"
+#include "Lib/Numbers.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cstring>
 #include <limits>
 
-#include "FormatText.h"
+#include "Lib/FormatText.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
-#include "Registry.h"
+#include "Lib/Registry.h"
 
-#include "Diagnostics.h"
-#include "FormatText.h"
-#include "RegistryKey.h"
-#include "Text.h"
+#include "Lib/Diagnostics.h"
+#include "Lib/FormatText.h"
+#include "Lib/RegistryKey.h"
+#include "Lib/Text.h"
 
 Registry::Registry() {
     Registry::Reset();

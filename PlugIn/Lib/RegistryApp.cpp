@@ -1,4 +1,4 @@
-#include "RegistryApp.h"
+#include "Lib/RegistryApp.h"
 
 #include <new>
 

@@ -7,7 +7,7 @@
 
 #include <cstdint>
 
-#include "Handles.h"
+#include "Lib/Handles.h"
 
 using RegistryKey = Owner<HKEY, RegCloseKey>;
 

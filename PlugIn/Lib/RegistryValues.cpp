@@ -1,14 +1,14 @@
-#include "Registry.h"
+#include "Lib/Registry.h"
 
 #include <algorithm>
 #include <cstring>
 #include <memory>
 #include <new>
 
-#include "Diagnostics.h"
-#include "FormatText.h"
-#include "RegistryKey.h"
-#include "Text.h"
+#include "Lib/Diagnostics.h"
+#include "Lib/FormatText.h"
+#include "Lib/RegistryKey.h"
+#include "Lib/Text.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
-#include <windows.h>
+#include "Lib/Text.h"
 
-#include "Text.h"
+#include <windows.h>
 
 std::string ToUpper(std::string text) {
     for (char& c : text) {

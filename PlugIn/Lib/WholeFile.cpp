@@ -1,9 +1,9 @@
-#include "WholeFile.h"
+#include "Lib/WholeFile.h"
 
 #include <algorithm>
 #include <cstdio>
 
-#include "Handles.h"
+#include "Lib/Handles.h"
 
 WholeFile ReadWholeFile(const char* path, std::string& content, size_t limit) {
     const StdioFile file(std::fopen(path, "rb"));

@@ -1,4 +1,4 @@
-#include "WindowMessageNames.h"
+#include "Lib/WindowMessageNames.h"
 
 // clang-format off
 const WindowMessageName kWindowMessageNames[] = {

@@ -1,9 +1,9 @@
+#include "Lib/WindowMessageText.h"
+
 #include <windows.h>
 
-#include "WindowMessageText.h"
-
-#include "FormatText.h"
-#include "WindowMessageNames.h"
+#include "Lib/FormatText.h"
+#include "Lib/WindowMessageNames.h"
 
 namespace {
 

@@ -10,8 +10,8 @@
 #include <stdexcept>
 
 #include "Lib/CommandLine.h"
-#include "Lib/ModuleIdentity.h"
 #include "Lib/Handles.h"
+#include "Lib/ModuleIdentity.h"
 
 namespace {
 

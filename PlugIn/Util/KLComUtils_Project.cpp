@@ -5,9 +5,9 @@
 #include "acedads.h"
 
 #include "Lib/CommandLine.h"
-#include "Lib/ModuleIdentity.h"
 #include "Lib/ExceptionReport.h"
 #include "Lib/FormatText.h"
+#include "Lib/ModuleIdentity.h"
 #include "Util/ServerCommand.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #include "Lib/Base64.h"
 
-#include <gtest/gtest.h>
 #include <cstring>
+#include <gtest/gtest.h>
 #include <string>
 
 #include "Lib/FormatText.h"

@@ -1,13 +1,13 @@
 #include "DrawingFixture.h"
 
+#include <adscodes.h>
 #include <cwchar>
 #include <stdexcept>
-#include <adscodes.h>
 
-#include "NoMemory.h"
 #include "ImportPatch.h"
 #include "Lib/CommandLine.h"
 #include "Lib/ExceptionReport.h"
+#include "NoMemory.h"
 #include "ticpp.h"
 
 namespace {

@@ -1,8 +1,8 @@
 #include "Lib/Md5.h"
 
+#include <cstring>
 #include <gtest/gtest.h>
 #include <io.h>
-#include <cstring>
 
 #include "Lib/FormatText.h"
 #include "Lib/Md5Driver.h"

@@ -3,9 +3,9 @@
 // and what is downloaded is empty.
 #include "RecordedCalls.h"
 
-#include <wininet.h>
 #include <algorithm>
 #include <sstream>
+#include <wininet.h>
 
 #include "BenchTexts.h"
 #include "LocalisedAttributes.h"
