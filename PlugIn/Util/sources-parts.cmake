@@ -1,9 +1,0 @@
-set(SORVIK_PART_SOURCES
-  Lib/Registry.cpp
-  Lib/RegistryApp.cpp
-  Lib/RegistryValues.cpp
-  Util/KLComUtils_CreateParts.cpp
-  Util/KLComUtils_CreatePartsCommands.cpp
-  Util/KLComUtils_CreatePartsCustom.cpp
-  Util/KLComUtils_CreatePartsStub.cpp
-  Util/ServerCommand.cpp)
