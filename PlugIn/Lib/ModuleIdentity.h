@@ -3,7 +3,8 @@
 
 #include <windows.h>
 
-// Starts every line on the command line and is the caption of the message boxes.
+// The name that users see: in messages on the command line, and as the caption of message boxes. The boxes of the
+// user-code dialog add the version.
 inline constexpr char kDisplayName[] = "Sorvik Klimora Cloud Plugin";
 
 inline constexpr char kModuleFileName[] = "Sorvik_R24_x64.arx";
