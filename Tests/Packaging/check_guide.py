@@ -15,7 +15,7 @@ EXCEPTIONS = [
     ("Lib/(Registry|DebugLog|Diagnostics|ErrorText)|Util/(GlobalMemory|PDialog|ComboListData)", "", "internal faults go to pdbg_log.txt"),
     ("Lib/(Base64|Md5Driver)", "", "standard output of diagnostic drivers; nothing in AutoCAD shows it"),
     ("Lib/WindowMessageText", "", "a window message as text, for the debugger"),
-    ("Lib/DisplayName", "", "the name that messages begin with"),
+    ("Lib/ModuleIdentity", "", "the name that messages begin with"),
     ("KL_Conn_DuctSelection", "^\nSorvik: Select a duct:$", "a prompt; the guide has it among the steps"),
     ("Util/KlimComSrvImpl", "^Could not (find|get) ", "kept by Connect; the command says that Klimora is not loaded"),
     ("Util/(KLUtils|XDataByHandle|ArxHandles|KLComUtils_CreateParts|DrawModel)", "", "drawing and part functions that the command does not call"),
@@ -28,6 +28,8 @@ EXCEPTIONS = [
 
 LITERAL = re.compile(r'L?"((?:[^"\\\n]|\\.)*)"')
 SHOWN = re.compile(r"\b(PrintCommandLine|acutPrintf|MessageBox[AW]|ReportException|throw|Fail)\b")
+# What stands between the braces of a ReportSite: message, source, line and function.
+SITE = re.compile(rf"\s*((?:{LITERAL.pattern}\s*)+),\s*(?:\w+|{LITERAL.pattern}),\s*\d+,")
 SENTENCE = re.compile(r"[\w.,'%)] +['(%]?[A-Za-z%]")
 CONVERSION = re.compile(r"%[-0-9.*l]*[a-zA-Z]")
 
@@ -50,6 +52,10 @@ def texts_of(statement):
     """Those that are shown, or may be."""
     shown = SHOWN.search(statement)
     if "static_assert" in statement:
+        return
+    site = SITE.match(statement)
+    if site:
+        yield from (text for _, text in literals(site.group(1)))
         return
     if shown and shown.group(1) == "ReportException":
         # The first argument is the message; what follows is the place. A message that is handed on reads like a sentence.
