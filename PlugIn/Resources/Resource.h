@@ -1,4 +1,4 @@
-// Numbers of the module's resources. The user-code dialog is named, not numbered.
+// Identifiers of the module's resources. The user-code dialog has a name instead of a number.
 #pragma once
 
 #define IDI_SORVIK_SMALL 115
