@@ -26,7 +26,7 @@
 #include "Util/Download.h"
 #include "Util/FileTree.h"
 #include "Util/ModuleVersion.h"
-#include "Util/XmlFence.h"
+#include "Util/XmlLimits.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-// A result file on its way in: the fence, the parser behind it, the readers of a record. The input is a list of edits
+// A result file: the XML limits, the parser, the readers of a record. The input is a list of edits
 // of a good result or of one element, so that short inputs are deep, wide, or nearly right.
 #include <sys/mman.h>
 #include <unistd.h>
@@ -9,7 +9,7 @@
 #include "Catalogue.h"
 #include "Fuzz.h"
 #include "Util/KLUtils_Text.h"
-#include "Util/XmlFence.h"
+#include "Util/XmlLimits.h"
 
 namespace {
 

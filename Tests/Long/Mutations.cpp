@@ -1,4 +1,4 @@
-// Results that are nearly right, 2,000 of them, and results around the limits of the fence.
+// Results that are nearly right, 2,000 of them, and results around the XML limits.
 #include <tinyxml.h>
 
 #include <algorithm>

@@ -1,6 +1,6 @@
-// The fence before the XML parser: what it refuses, with which words, and that it sees elements where the parser sees
-// them and nowhere else.
-#include "Util/XmlFence.h"
+// The limits on XML files: what is rejected, with which message, and that the scanner finds exactly the elements that
+// the parser finds.
+#include "Util/XmlLimits.h"
 
 #include "ImportPatch.h"
 #include "TestFiles.h"
@@ -37,7 +37,7 @@ std::string Refusal(const std::string& xml) {
     return Refused([&] { CheckXmlLimits(xml, "x.xml"); });
 }
 
-TEST(XmlFence, RefusesWhatNoResultCanBe) {
+TEST(XmlLimits, RejectsDocumentsBeyondALimit) {
     const std::string attributes = "x.xml: More than 200 attributes in an element (line 1, column ",
                       levels = "x.xml: More than 200 levels of elements (line ",
                       nodes = "x.xml: More than 100000 elements, texts and comments (line ",
@@ -65,9 +65,9 @@ TEST(XmlFence, RefusesWhatNoResultCanBe) {
         EXPECT_EQ(Refusal(xml), refusal);
 }
 
-// Each piece holds 300 start tags that are none, or hides what is one: `seen` says whether the parser goes into the
-// 201 elements behind it.
-TEST(XmlFence, SeesElementsWhereTheParserSeesThem) {
+// Each piece contains 300 start tags. The flag says whether the parser reads more than 200 of them as elements, so that
+// the limit rejects the text.
+TEST(XmlLimits, FindsTheElementsThatTheParserFinds) {
     const std::string many = Repeated("<a>", 300);
     const std::pair<std::string, bool> cases[] = {
         {"<r><!--" + many + "--></r>", false},
@@ -75,7 +75,7 @@ TEST(XmlFence, SeesElementsWhereTheParserSeesThem) {
         {"<r x=\"" + many + "\" y='" + many + "'/>", false},
         {"<?xml version=\"1.0\" encoding='" + many + "'?><r/>", false},
         {"<r x='\"' y=\"'\">" + many, true},
-        {"<r x = \">\"/ >" + many, false},  // the parser gives up at the stroke
+        {"<r x = \">\"/ >" + many, false},  // the parser stops at the slash
         {"<_a.b:c-d\x7F x=1/>" + many, true},
         {"<r x=1'>" + many, false},
         {"<r x=>" + many, true},
@@ -91,14 +91,14 @@ TEST(XmlFence, SeesElementsWhereTheParserSeesThem) {
         {"<r></rr>" + many, false},
         {"<r x='1' y='2' x='3'>" + many, false},
         {many + "\xE2", true},
-        // In UTF-8 a lead byte takes what follows with it, as the parser has it; in other codings it does not.
+        // In UTF-8 a lead byte takes what follows with it, as in the parser; in other encodings it does not.
         {"<?xml version='1.0'?><r x='\xE2x'><!--'>" + many, true},
         {"<?xml version='1.0' encoding='UTF-8'?><r x='\xF0xx'><!--'>" + many, true},
         {"<?xml encoding='utf8'?><r x='\xC2'><!--'>" + many, true},
         {"<?xml?><r x='\xC2x' y='\xE2xx' z='\xF0xxx'>" + many, true},  // and no more than its own
         {"<?xml?><r x='\xC1'><!--'>" + many, false},
         {"<?xml?><r x='\xF5'><!--'>" + many, false},
-        {"<a><?xml?><r x='\xE2x'><!--'>" + many, false},  // too late to say it
+        {"<a><?xml?><r x='\xE2x'><!--'>" + many, false},  // too late: the encoding is fixed
         {"<?xml version='1.0' encoding='Latin-1'?><r x='\xE2'><!--'>" + many, false},
         {"\xEF\xBB\xBF<?xml encoding='Latin-1'?><r x='\xE2'><!--'>" + many, true},
         {"<r x='\xE2'><!--'>" + many, false},
@@ -114,7 +114,7 @@ TEST(XmlFence, SeesElementsWhereTheParserSeesThem) {
         EXPECT_EQ(!Refusal(xml).empty(), refused) << xml.substr(0, 60);
 }
 
-TEST(XmlFence, FilesAreReadWhole) {
+TEST(XmlLimits, ReadsWholeFiles) {
     const TestFolder folder;
     const std::string path = folder.file("x.xml");
     const auto refusal = [&] { return Refused([&] { ReadXmlFile(path); }); };
@@ -130,10 +130,10 @@ TEST(XmlFence, FilesAreReadWhole) {
     EXPECT_EQ(refusal(), path + ": More than 16 MB (line 1, column 16777217)");
     WriteWholeFile(path, "<r>\r\n\xE2");
     EXPECT_EQ(ReadXmlFile(path), std::string("<r>\n\xE2\0\0\0", 8))
-        << "the parser steps over three bytes from the last one";
+        << "the parser skips three bytes from the last one on";
 }
 
-TEST(XmlFence, EveryLineEndsInLf) {
+TEST(XmlLimits, ConvertsLineEndsToLf) {
     const TestFolder folder;
     const std::string path = folder.file("x.xml");
     WriteWholeFile(path, "<r a='1\r\n\r2'>\r\r\n<![CDATA[3\r]]>\r\n");
@@ -142,11 +142,11 @@ TEST(XmlFence, EveryLineEndsInLf) {
     EXPECT_EQ(Refused([&] { ReadXmlFile(path); }), path + ": More than 200 levels of elements (line 3, column 598)");
     WriteWholeFile(path, Repeated("\r\n", 8 * 1024 * 1024) + " ");
     EXPECT_NE(Refused([&] { ReadXmlFile(path); }).find("More than 16 MB"), std::string::npos)
-        << "the file counts as it is on the disk";
+        << "the size on disk counts";
 }
 
-// As many as 16 MB hold: a scanner that called itself for each would overrun its stack.
-TEST(XmlFence, ScansAnyNumberOfNodesWithoutRecursion) {
+// As many as fit into 16 MB: a recursive scanner would overflow its stack.
+TEST(XmlLimits, ScansAnyNumberOfNodesWithoutRecursion) {
     for (const std::string node : {"<!---->", "<![CDATA[]]>", "<?p?>", "<!d>", "<?xml?>", "<a/>"}) {
         const std::string refusal = Refusal("<r>" + Repeated(node, 16'000'000 / static_cast<int>(node.size())));
         const std::string column = std::to_string(4 + 99'999 * node.size());
@@ -154,7 +154,7 @@ TEST(XmlFence, ScansAnyNumberOfNodesWithoutRecursion) {
     }
 }
 
-TEST(XmlFence, SixteenMegabytesTakeLinearTime) {
+TEST(XmlLimits, ScansSixteenMegabytesInLinearTime) {
     const std::string text(1000, 'x');
     const std::string xml =
         "<r>" + Repeated("<point qv=\"1\"><dp>" + text + "</dp></point>\n", 16'000'000 / 1040) + "</r>";

@@ -1,4 +1,4 @@
-#include "XmlFence.h"
+#include "XmlLimits.h"
 
 #include <algorithm>
 #include <cctype>
@@ -15,15 +15,15 @@ namespace {
 
 // The parser's own idea of texts: it takes every byte from 127 on for a letter, and in UTF-8 steps over whole
 // characters by their first byte.
-class Walk {
+class Scanner {
  public:
-    Walk(const char* text, const std::string& name) : text_(text), at_(text), name_(name) {
+    Scanner(const char* text, const std::string& name) : text_(text), at_(text), name_(name) {
         if (StartsWith("\xEF\xBB\xBF")) encoding_ = TIXML_ENCODING_UTF8;
     }
 
-    void Run() {
-        RefuseCutCharacter();
-        while (PassNode()) {
+    void Scan() {
+        RefuseTruncatedCharacter();
+        while (SkipNode()) {
         }
     }
     [[noreturn]] void Refuse(const std::string& what, const char* where) const {
@@ -38,7 +38,7 @@ class Walk {
 
  private:
     // The parser waits for ever for the two bytes that belong to this one.
-    void RefuseCutCharacter() const {
+    void RefuseTruncatedCharacter() const {
         const size_t length = std::strlen(text_);
         for (size_t i = length < 2 ? 0 : length - 2; i < length; ++i) {
             if (text_[i] == '\xEF') Refuse("A character is cut off at the end", text_ + i);
@@ -65,13 +65,13 @@ class Walk {
     // All of these give false at the text's end and where the parser gives up.
 
     // Behind the next `end`.
-    bool PassThrough(const char* end) {
+    bool SkipThrough(const char* end) {
         const char* found = std::strstr(at_, end);
         if (found) at_ = found + std::strlen(end);
         return found != nullptr;
     }
     // A character given by its number. The parser reads the digits backwards, from the ";" to the nearest "x" or "#".
-    bool PassNumber() {
+    bool SkipNumber() {
         const bool hexadecimal = at_[2] == 'x';
         const char* const end = std::strchr(at_ + 2, ';');
         if (!end) return false;
@@ -83,10 +83,10 @@ class Walk {
         return true;
     }
     // To the next `end` that is a character of its own.
-    bool PassTextTo(char end) {
+    bool SkipTextTo(char end) {
         while (*at_ && *at_ != end) {
             if (*at_ == '&' && at_[1] == '#' && at_[2]) {
-                if (!PassNumber()) return false;
+                if (!SkipNumber()) return false;
                 continue;
             }
             const unsigned char first = static_cast<unsigned char>(*at_);
@@ -102,29 +102,29 @@ class Walk {
         const unsigned char byte = static_cast<unsigned char>(letter);
         return byte >= 127 || (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || byte == '_';
     }
-    bool PassName() {
+    bool SkipName() {
         if (!BeginsName(*at_)) return false;
         while (BeginsName(*at_) || (*at_ >= '0' && *at_ <= ':') || *at_ == '-' || *at_ == '.')
             ++at_;
         return *at_ != '\0';
     }
     // The parser gives up at a second attribute of one name. `names` are those before.
-    bool PassAttribute(std::vector<std::string_view>& names) {
+    bool SkipAttribute(std::vector<std::string_view>& names) {
         const char* const start = at_;
-        if (!PassName()) return false;
+        if (!SkipName()) return false;
         const std::string_view name(start, static_cast<size_t>(at_ - start));
         SkipBlanks();
         if (*at_ != '=') return false;
         ++at_;
         SkipBlanks();
-        if (!PassValue() || std::find(names.begin(), names.end(), name) != names.end()) return false;
+        if (!SkipValue() || std::find(names.begin(), names.end(), name) != names.end()) return false;
         names.push_back(name);
         return true;
     }
-    bool PassValue() {
+    bool SkipValue() {
         if (*at_ == '"' || *at_ == '\'') {
             const char quote = *at_++;
-            if (!PassTextTo(quote)) return false;
+            if (!SkipTextTo(quote)) return false;
             ++at_;
             return true;
         }
@@ -133,27 +133,25 @@ class Walk {
         }
         return *at_ != '\0';
     }
-    bool PassStartTag() {
+    bool SkipStartTag() {
         const char* const tag = at_++;
-        SkipBlanks();  // byte order marks may stand before the name
-        const char* const start = at_;
-        if (!PassName()) return false;
-        const std::string_view name(start, static_cast<size_t>(at_ - start));
+        if (!SkipName()) return false;
+        const std::string_view name(tag + 1, static_cast<size_t>(at_ - tag - 1));
         std::vector<std::string_view> attributes;
         for (;;) {
             SkipBlanks();
             if (*at_ == '/') return *++at_ == '>' && *at_++;
             if (*at_ == '>') break;
-            if (*at_ && attributes.size() == kMostXmlAttributes) Refuse("More than 200 attributes in an element", at_);
-            if (!PassAttribute(attributes)) return false;
+            if (attributes.size() == kMaxXmlAttributes) Refuse("More than 200 attributes in an element", at_);
+            if (!SkipAttribute(attributes)) return false;
         }
         ++at_;
-        if (open_.size() == kMostXmlLevels) Refuse("More than 200 levels of elements", tag);
+        if (open_.size() == kMaxXmlLevels) Refuse("More than 200 levels of elements", tag);
         open_.push_back(name);
         return true;
     }
     // The parser gives up at the end of another element than the open one.
-    bool PassEndTag() {
+    bool SkipEndTag() {
         at_ += 2;
         const std::string_view name = open_.back();
         open_.pop_back();
@@ -163,7 +161,7 @@ class Walk {
         return *at_ == '>' && *at_++;
     }
     // The declaration of a document without a mark says how its texts are coded.
-    bool PassDeclaration() {
+    bool SkipDeclaration() {
         TiXmlDeclaration declaration;
         const char* end = declaration.Parse(at_, nullptr, encoding_);
         if (!end) return false;
@@ -177,17 +175,17 @@ class Walk {
         encoding_ = utf8 ? TIXML_ENCODING_UTF8 : TIXML_ENCODING_LEGACY;
         return true;
     }
-    bool PassNode() {
+    bool SkipNode() {
         SkipBlanks();
         if (!*at_) return false;
-        if (!open_.empty() && *at_ == '<' && at_[1] == '/') return PassEndTag();
-        if (++nodes_ > kMostXmlNodes) Refuse("More than 100000 elements, texts and comments", at_);
-        if (*at_ != '<') return !open_.empty() && PassTextTo('<');
+        if (!open_.empty() && *at_ == '<' && at_[1] == '/') return SkipEndTag();
+        if (++nodes_ > kMaxXmlNodes) Refuse("More than 100000 elements, texts and comments", at_);
+        if (*at_ != '<') return !open_.empty() && SkipTextTo('<');
         if (at_[1] == '?' && std::tolower(at_[2]) == 'x' && std::tolower(at_[3]) == 'm' && std::tolower(at_[4]) == 'l')
-            return PassDeclaration();
-        if (StartsWith("<!--")) return (at_ += 4, PassThrough("-->"));
-        if (StartsWith("<![CDATA[")) return (at_ += 9, PassThrough("]]>"));
-        return BeginsName(at_[1]) ? PassStartTag() : PassThrough(">");
+            return SkipDeclaration();
+        if (StartsWith("<!--")) return (at_ += 4, SkipThrough("-->"));
+        if (StartsWith("<![CDATA[")) return (at_ += 9, SkipThrough("]]>"));
+        return BeginsName(at_[1]) ? SkipStartTag() : SkipThrough(">");
     }
 
     const char* const text_;
@@ -217,10 +215,10 @@ std::string ReadXmlFile(const std::string& path) {
     std::fseek(file.get(), 0, SEEK_END);
     const long size = std::ftell(file.get());
     std::fseek(file.get(), 0, SEEK_SET);
-    std::string text(size > 0 ? std::min(static_cast<size_t>(size), kMostXmlBytes + 1) : 0, '\0');
+    std::string text(size > 0 ? std::min(static_cast<size_t>(size), kMaxXmlBytes + 1) : 0, '\0');
     if (size < 0 || std::fread(text.data(), 1, text.size(), file.get()) != text.size())
         throw ticpp::Exception(path + ": Failed to read file");
-    if (text.size() <= kMostXmlBytes) EndLinesInLf(text);
+    if (text.size() <= kMaxXmlBytes) EndLinesInLf(text);
     CheckXmlLimits(text, path);
     // The parser steps over the whole of a character whose end the text has lost.
     text.append(3, '\0');
@@ -228,7 +226,7 @@ std::string ReadXmlFile(const std::string& path) {
 }
 
 void CheckXmlLimits(const std::string& xml, const std::string& name) {
-    Walk walk(xml.c_str(), name);
-    if (xml.size() > kMostXmlBytes) walk.Refuse("More than 16 MB", xml.c_str() + kMostXmlBytes);
-    walk.Run();
+    Scanner scanner(xml.c_str(), name);
+    if (xml.size() > kMaxXmlBytes) scanner.Refuse("More than 16 MB", xml.c_str() + kMaxXmlBytes);
+    scanner.Scan();
 }

@@ -7,10 +7,10 @@
 
 #include <string>
 
-inline constexpr size_t kMostXmlBytes = 16 * 1024 * 1024;
-inline constexpr size_t kMostXmlLevels = 200;      // of elements, one in the other
-inline constexpr size_t kMostXmlAttributes = 200;  // of one element
-inline constexpr size_t kMostXmlNodes = 100000;    // elements, texts, comments and whatever else the parser keeps
+inline constexpr size_t kMaxXmlBytes = 16 * 1024 * 1024;
+inline constexpr size_t kMaxXmlLevels = 200;      // of elements, one in the other
+inline constexpr size_t kMaxXmlAttributes = 200;  // of one element
+inline constexpr size_t kMaxXmlNodes = 100000;    // elements, texts, comments and whatever else the parser keeps
 
 // The file's text within the limits, ready for the parser: each line ends in LF, as XML asks. Throws ticpp::Exception
 // when it cannot be read or is beyond one.
