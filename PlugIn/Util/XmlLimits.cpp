@@ -13,12 +13,32 @@
 
 namespace {
 
-// The parser's own idea of texts: it takes every byte from 127 on for a letter, and in UTF-8 steps over whole
-// characters by their first byte.
+constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
+
+char ToLower(char letter) {
+    return static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+}
+
+bool IsSpace(char character) {
+    return std::isspace(static_cast<unsigned char>(character)) != 0;
+}
+
+// The parser accepts every byte from 127 on as a letter.
+bool IsNameStart(char character) {
+    const unsigned char byte = static_cast<unsigned char>(character);
+    return byte >= 127 || std::isalpha(byte) || byte == '_';
+}
+
+bool IsNameCharacter(char character) {
+    return IsNameStart(character) || (character >= '0' && character <= '9') || character == ':' || character == '-' ||
+           character == '.';
+}
+
+// Scans the way the parser does, faults included: where the parser stops with an error, the scan ends too.
 class Scanner {
  public:
     Scanner(const char* text, const std::string& name) : text_(text), at_(text), name_(name) {
-        if (StartsWith("\xEF\xBB\xBF")) encoding_ = TIXML_ENCODING_UTF8;
+        if (StartsWith(kByteOrderMark)) encoding_ = TIXML_ENCODING_UTF8;
     }
 
     void Scan() {
@@ -37,41 +57,59 @@ class Scanner {
     }
 
  private:
-    // The parser waits for ever for the two bytes that belong to this one.
+    // The parser loops forever when one of the two bytes after this lead byte is missing.
     void RefuseTruncatedCharacter() const {
-        const size_t length = std::strlen(text_);
-        for (size_t i = length < 2 ? 0 : length - 2; i < length; ++i) {
-            if (text_[i] == '\xEF') Refuse("A character is cut off at the end", text_ + i);
-        }
+        const std::string_view text = text_;
+        const size_t found = text.find('\xEF', text.size() - std::min<size_t>(text.size(), 2));
+        if (found != text.npos) Refuse("A character is cut off at the end", text_ + found);
     }
 
-    bool StartsWith(const char* start) const { return std::strncmp(at_, start, std::strlen(start)) == 0; }
+    bool StartsWith(std::string_view start) const { return std::strncmp(at_, start.data(), start.size()) == 0; }
+
+    // The parser skips byte order marks and two characters that do not exist like white space.
+    bool AtIgnoredCharacter() const {
+        return encoding_ == TIXML_ENCODING_UTF8 && *at_ == '\xEF' &&
+               (StartsWith(kByteOrderMark) || StartsWith("\xEF\xBF\xBE") || StartsWith("\xEF\xBF\xBF"));
+    }
+    // "<?xml" in any letter case.
+    bool AtDeclaration() const {
+        return StartsWith("<?") && ToLower(at_[2]) == 'x' && ToLower(at_[3]) == 'm' && ToLower(at_[4]) == 'l';
+    }
+    // Bytes of the character here, as the parser counts them.
+    int CharacterSize() const {
+        const unsigned char first = static_cast<unsigned char>(*at_);
+        if (encoding_ != TIXML_ENCODING_UTF8 || first < 0xC2 || first > 0xF4) return 1;
+        if (first < 0xE0) return 2;
+        return first < 0xF0 ? 3 : 4;
+    }
 
     void SkipBlanks() {
-        const auto isMark = [this] {
-            return StartsWith("\xEF\xBB\xBF") || StartsWith("\xEF\xBF\xBE") || StartsWith("\xEF\xBF\xBF");
-        };
         for (;;) {
-            if (std::isspace(static_cast<unsigned char>(*at_))) {
+            if (IsSpace(*at_))
                 ++at_;
-            } else if (encoding_ == TIXML_ENCODING_UTF8 && *at_ == '\xEF' && isMark()) {
+            else if (AtIgnoredCharacter())
                 at_ += 3;
-            } else {
+            else
                 return;
-            }
         }
     }
 
-    // All of these give false at the text's end and where the parser gives up.
+    // The functions below return false at the end of the text and where the parser stops.
 
-    // Behind the next `end`.
-    bool SkipThrough(const char* end) {
-        const char* found = std::strstr(at_, end);
-        if (found) at_ = found + std::strlen(end);
-        return found != nullptr;
+    bool Skip(std::string_view expected) {
+        if (!StartsWith(expected)) return false;
+        at_ += expected.size();
+        return true;
     }
-    // A character given by its number. The parser reads the digits backwards, from the ";" to the nearest "x" or "#".
-    bool SkipNumber() {
+    // To behind the next `end`.
+    bool SkipThrough(std::string_view end) {
+        const char* const found = std::strstr(at_, end.data());
+        if (!found) return false;
+        at_ = found + end.size();
+        return true;
+    }
+    // A numeric character reference. The parser reads its digits backwards, from the ";" to the nearest "x" or "#".
+    bool SkipReference() {
         const bool hexadecimal = at_[2] == 'x';
         const char* const end = std::strchr(at_ + 2, ';');
         if (!end) return false;
@@ -82,53 +120,40 @@ class Scanner {
         at_ = end + 1;
         return true;
     }
-    // To the next `end` that is a character of its own.
+    // To the next `end` that is not part of a longer character.
     bool SkipTextTo(char end) {
         while (*at_ && *at_ != end) {
             if (*at_ == '&' && at_[1] == '#' && at_[2]) {
-                if (!SkipNumber()) return false;
+                if (!SkipReference()) return false;
                 continue;
             }
-            const unsigned char first = static_cast<unsigned char>(*at_);
-            int step = 1;
-            if (encoding_ == TIXML_ENCODING_UTF8 && first >= 0xC2 && first <= 0xF4)
-                step = first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
-            for (; step > 0 && *at_; --step)
+            for (int left = CharacterSize(); left > 0 && *at_; --left)
                 ++at_;
         }
         return *at_ != '\0';
     }
-    static bool BeginsName(char letter) {
-        const unsigned char byte = static_cast<unsigned char>(letter);
-        return byte >= 127 || (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || byte == '_';
-    }
     bool SkipName() {
-        if (!BeginsName(*at_)) return false;
-        while (BeginsName(*at_) || (*at_ >= '0' && *at_ <= ':') || *at_ == '-' || *at_ == '.')
+        if (!IsNameStart(*at_)) return false;
+        while (IsNameCharacter(*at_))
             ++at_;
         return *at_ != '\0';
     }
-    // The parser gives up at a second attribute of one name. `names` are those before.
+    // `names` are the element's earlier attributes: the parser stops at a second one of the same name.
     bool SkipAttribute(std::vector<std::string_view>& names) {
         const char* const start = at_;
         if (!SkipName()) return false;
         const std::string_view name(start, static_cast<size_t>(at_ - start));
         SkipBlanks();
-        if (*at_ != '=') return false;
-        ++at_;
+        if (!Skip("=")) return false;
         SkipBlanks();
         if (!SkipValue() || std::find(names.begin(), names.end(), name) != names.end()) return false;
         names.push_back(name);
         return true;
     }
     bool SkipValue() {
-        if (*at_ == '"' || *at_ == '\'') {
-            const char quote = *at_++;
-            if (!SkipTextTo(quote)) return false;
-            ++at_;
-            return true;
-        }
-        for (; *at_ && !std::isspace(static_cast<unsigned char>(*at_)) && *at_ != '/' && *at_ != '>'; ++at_) {
+        if (Skip("\"")) return SkipTextTo('"') && Skip("\"");
+        if (Skip("'")) return SkipTextTo('\'') && Skip("'");
+        for (; *at_ && !IsSpace(*at_) && *at_ != '/' && *at_ != '>'; ++at_) {
             if (*at_ == '"' || *at_ == '\'') return false;
         }
         return *at_ != '\0';
@@ -140,52 +165,46 @@ class Scanner {
         std::vector<std::string_view> attributes;
         for (;;) {
             SkipBlanks();
-            if (*at_ == '/') return *++at_ == '>' && *at_++;
-            if (*at_ == '>') break;
+            if (Skip("/")) return Skip(">");
+            if (Skip(">")) break;
             if (attributes.size() == kMaxXmlAttributes) Refuse("More than 200 attributes in an element", at_);
             if (!SkipAttribute(attributes)) return false;
         }
-        ++at_;
         if (open_.size() == kMaxXmlLevels) Refuse("More than 200 levels of elements", tag);
         open_.push_back(name);
         return true;
     }
-    // The parser gives up at the end of another element than the open one.
+    // Fails when the tag closes another element than the innermost open one.
     bool SkipEndTag() {
-        at_ += 2;
         const std::string_view name = open_.back();
         open_.pop_back();
-        if (std::strncmp(at_, name.data(), name.size()) != 0) return false;
-        at_ += name.size();
+        if (!Skip("</") || !Skip(name)) return false;
         SkipBlanks();
-        return *at_ == '>' && *at_++;
+        return Skip(">");
     }
-    // The declaration of a document without a mark says how its texts are coded.
+    // A declaration at the top level sets the encoding, unless a byte order mark or an earlier one has.
     bool SkipDeclaration() {
         TiXmlDeclaration declaration;
-        const char* end = declaration.Parse(at_, nullptr, encoding_);
+        const char* const end = declaration.Parse(at_, nullptr, encoding_);
         if (!end) return false;
         at_ = end;
         if (!open_.empty() || encoding_ != TIXML_ENCODING_UNKNOWN) return true;
         std::string encoding = declaration.Encoding();
-        std::transform(encoding.begin(), encoding.end(), encoding.begin(),
-                       [](char c) { return static_cast<char>(std::tolower(static_cast<unsigned char>(c))); });
-        const bool utf8 =
-            encoding.empty() || encoding.compare(0, 5, "utf-8") == 0 || encoding.compare(0, 4, "utf8") == 0;
+        std::transform(encoding.begin(), encoding.end(), encoding.begin(), ToLower);
+        const bool utf8 = encoding.empty() || encoding.rfind("utf-8", 0) == 0 || encoding.rfind("utf8", 0) == 0;
         encoding_ = utf8 ? TIXML_ENCODING_UTF8 : TIXML_ENCODING_LEGACY;
         return true;
     }
     bool SkipNode() {
         SkipBlanks();
         if (!*at_) return false;
-        if (!open_.empty() && *at_ == '<' && at_[1] == '/') return SkipEndTag();
+        if (!open_.empty() && StartsWith("</")) return SkipEndTag();
         if (++nodes_ > kMaxXmlNodes) Refuse("More than 100000 elements, texts and comments", at_);
         if (*at_ != '<') return !open_.empty() && SkipTextTo('<');
-        if (at_[1] == '?' && std::tolower(at_[2]) == 'x' && std::tolower(at_[3]) == 'm' && std::tolower(at_[4]) == 'l')
-            return SkipDeclaration();
-        if (StartsWith("<!--")) return (at_ += 4, SkipThrough("-->"));
-        if (StartsWith("<![CDATA[")) return (at_ += 9, SkipThrough("]]>"));
-        return BeginsName(at_[1]) ? SkipStartTag() : SkipThrough(">");
+        if (AtDeclaration()) return SkipDeclaration();
+        if (Skip("<!--")) return SkipThrough("-->");
+        if (Skip("<![CDATA[")) return SkipThrough("]]>");
+        return IsNameStart(at_[1]) ? SkipStartTag() : SkipThrough(">");
     }
 
     const char* const text_;
@@ -193,11 +212,11 @@ class Scanner {
     const std::string& name_;
     TiXmlEncoding encoding_ = TIXML_ENCODING_UNKNOWN;
     size_t nodes_ = 0;
-    std::vector<std::string_view> open_;  // names of the elements around the place, the innermost last
+    std::vector<std::string_view> open_;  // names of the open elements, innermost last
 };
 
-// CR LF and a CR alone become LF.
-void EndLinesInLf(std::string& text) {
+// Replaces CR LF and lone CR by LF.
+void ConvertLineEndsToLf(std::string& text) {
     size_t to = 0;
     for (size_t at = 0; at < text.size(); ++at) {
         const bool carriageReturn = text[at] == '\r';
@@ -218,9 +237,9 @@ std::string ReadXmlFile(const std::string& path) {
     std::string text(size > 0 ? std::min(static_cast<size_t>(size), kMaxXmlBytes + 1) : 0, '\0');
     if (size < 0 || std::fread(text.data(), 1, text.size(), file.get()) != text.size())
         throw ticpp::Exception(path + ": Failed to read file");
-    if (text.size() <= kMaxXmlBytes) EndLinesInLf(text);
+    if (text.size() <= kMaxXmlBytes) ConvertLineEndsToLf(text);
     CheckXmlLimits(text, path);
-    // The parser steps over the whole of a character whose end the text has lost.
+    // The parser skips up to three bytes beyond a truncated character.
     text.append(3, '\0');
     return text;
 }
