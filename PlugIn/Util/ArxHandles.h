@@ -1,6 +1,6 @@
-// Owners and guards for what AutoCAD hands out and wants back: result buffer chains, opened drawing objects, selection
-// sets, strings, a transaction, a system variable. Each gives back in its destructor, on every path. Giving back never
-// reports a failure.
+// Owners and guards of what AutoCAD hands out and expects back: result buffer chains, open drawing objects, selection
+// sets, strings, a transaction, a system variable. Each releases or restores in its destructor and ignores failures
+// there.
 #pragma once
 
 #include <windows.h>
@@ -17,9 +17,10 @@
 
 #include "Lib/Handles.h"
 
-// The drawing that AutoCAD works on, borrowed; null when none is open.
+// Returns AutoCAD's current drawing, or null when none is open. AutoCAD owns it.
 AcDbDatabase* WorkingDatabase();
-// The object with that handle in it. Throws "Can't get working database.", or `missing` when it has no such object.
+// Returns the object with that handle in the working database. Throws "Can't get working database.", or `missing` when
+// there is no such object.
 AcDbObjectId ObjectIdOf(const std::string& handle, const char* missing);
 
 using ResbufChain = Owner<resbuf*, acutRelRb>;
@@ -35,7 +36,7 @@ void CloseObject(Object* object) noexcept {
     object->close();
 }
 
-// A drawing object that is open. `Open` gives AutoCAD's status and leaves the owner empty when it is not eOk.
+// Owns an open drawing object. `Open` returns AutoCAD's status; unless that is eOk, the owner is empty.
 template <class Object>
 class OpenObject : public Owner<Object*, &CloseObject<Object>> {
  public:
@@ -50,7 +51,7 @@ class OpenObject : public Owner<Object*, &CloseObject<Object>> {
     Object* operator->() const noexcept { return this->get(); }
 };
 
-// A selection set that AutoCAD fills through `put()`; call `taken()` when it did.
+// Owns a selection set that AutoCAD fills through `put()`. Call `taken()` after AutoCAD has filled it.
 class SelectionSet {
  public:
     SelectionSet() = default;
@@ -67,9 +68,8 @@ class SelectionSet {
     bool taken_ = false;
 };
 
-// A transaction for the length of a command. It begins with abort-on-end set; whoever succeeds clears that, and the end
-// of the object ends the transaction instead of aborting it. Without a manager, or when AutoCAD starts none, it is not
-// started and ends nothing.
+// A transaction for the duration of a command. The destructor aborts it unless SetAbortOnEnd(false) was called. Does
+// nothing when there is no manager or AutoCAD starts no transaction.
 class ScopedTransaction {
  public:
     explicit ScopedTransaction(AcDbTransactionManager* manager);
@@ -86,7 +86,7 @@ class ScopedTransaction {
     bool abortOnEnd_ = true;
 };
 
-// A system variable with another 16-bit value for a while. When the old value cannot be read, nothing is changed.
+// Sets a 16-bit system variable and restores it in the destructor. Changes nothing when the old value cannot be read.
 class SystemVariableGuard {
  public:
     SystemVariableGuard(const wchar_t* name, short value);

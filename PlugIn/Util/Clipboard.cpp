@@ -23,7 +23,7 @@ class OpenedClipboard {
     bool open_;
 };
 
-// 0 when it cannot be registered.
+// Returns 0 when the format cannot be registered.
 UINT RegisteredFormat(const char* name) {
     return name ? RegisterClipboardFormatA(name) : 0;
 }
@@ -52,7 +52,7 @@ int gwclip_copy(HWND owner, const char* format, const char* text, const void* da
     const OpenedClipboard clipboard(owner);
     if (!clipboard) return -3;
     if (emptyFirst && !EmptyClipboard()) return -3;
-    // From here on the clipboard owns the block.
+    // On success the clipboard owns the block.
     if (SetClipboardData(number, handle)) owned.release();
     return 0;
 }

@@ -7,12 +7,12 @@
 
 #include "Lib/Text.h"
 
-// The server expects the terminating zero inside the counted length, so one character more than the text is allocated.
+// The server expects the terminating zero inside the counted length.
 BStr::BStr(const char* text) {
     if (!text) return;
     const size_t length = std::strlen(text) + 1;
     reset(SysAllocStringLen(nullptr, static_cast<UINT>(length)));
-    // Without its text a call would ask for something else.
+    // A null BSTR would reach the server as an empty text, which is a different request.
     if (!get()) throw std::bad_alloc();
     const int written = MultiByteToWideChar(CP_ACP, 0, text, -1, get(), static_cast<int>(length));
     std::fill(get() + written, get() + length, L'\0');

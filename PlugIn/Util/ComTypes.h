@@ -1,4 +1,4 @@
-// Owners of what COM hands out. They never leave the COM layer.
+// Owners of COM interfaces and BSTRs, used only in the COM layer.
 #pragma once
 
 #include <windows.h>
@@ -13,11 +13,11 @@ void ReleaseInterface(Interface* pointer) noexcept {
     pointer->Release();
 }
 
-// One counted reference to an interface.
+// Owns one reference to an interface.
 template <class Interface>
 class InterfacePtr : public Owner<Interface*, &ReleaseInterface<Interface>> {
  public:
-    // Queries `object` for `iid`; false, and null here, when it has no such interface.
+    // Queries `object` for `iid`. Returns false and becomes null when the object does not support it.
     bool QueryFrom(IUnknown* object, REFIID iid) {
         void* found = nullptr;
         const bool has = SUCCEEDED(object->QueryInterface(iid, &found));
@@ -27,12 +27,12 @@ class InterfacePtr : public Owner<Interface*, &ReleaseInterface<Interface>> {
     Interface* operator->() const noexcept { return this->get(); }
 };
 
-// A BSTR of a call: made from a narrow text (null gives none), or empty to receive one through put().
+// Owns a BSTR argument: converted from a narrow string (none from null), or empty to receive one through put().
 class BStr : public Owner<BSTR, SysFreeString> {
  public:
     BStr() = default;
     explicit BStr(const char* text);
 
-    // The text in the ANSI code page, up to its first zero; empty for none.
+    // Returns the text up to its first zero, in the ANSI code page; empty without a BSTR.
     std::string ToNarrow() const;
 };

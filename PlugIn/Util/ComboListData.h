@@ -1,6 +1,6 @@
-// Items for combo and list boxes: an array of values with texts that ends with an item of value NULLFLOAT and an empty
-// text. It is reached through a handle, the address of the array's pointer, which is null while the list is empty. The
-// array lies in memory of gwGmalloc; whoever holds the handle frees it, unless a dialog control has consumed it.
+// Items for combo and list boxes: an array of values with texts, ended by an item of value NULLFLOAT and an empty text.
+// A list is passed as the address of the array's pointer, which is null while the list is empty. The array is allocated
+// with gwGmalloc; the owner of the pointer frees it, unless a dialog control has consumed it.
 #pragma once
 
 #include "Util/NullMarkers.h"
@@ -13,9 +13,9 @@ static_assert(sizeof(ComboListItem) == 132, "an item's layout is fixed");
 
 using ComboListData = ComboListItem*;
 
-// Appends an item before the end; an empty or missing text becomes one blank, a long one is cut to 127 characters. 0;
-// -1 without a list (reported) or without memory, which leaves the list as it is.
+// Appends an item. An empty or null text becomes one blank; a long one is truncated to 127 characters. Returns 0, or -1
+// without a list (reported) or when memory runs out; the list is unchanged then.
 int InsertComboListDataItem(ComboListData* list, double value, const char* text);
 
-// Releases the array and empties the handle; takes null and empty handles.
+// Frees the array and sets its pointer to null. Accepts null and an empty list.
 void FreeComboListData(ComboListData* list);

@@ -49,7 +49,7 @@ bool ClampNumberText(char* text, double minimum, double maximum) {
 std::string OpenFileFilter(const char* filter) {
     std::string parts = filter ? filter : "";
     std::replace(parts.begin(), parts.end(), '|', '\0');
-    // With the string's own terminator these make two even when the last part was not closed.
+    // Together with the string's own terminator there are two even without a last "|".
     parts += '\0';
     return parts;
 }

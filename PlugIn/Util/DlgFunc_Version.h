@@ -1,5 +1,5 @@
-// Product version of a module, from its version resource, as a short text: each part that is not 0, in decimal, joined
-// by dots. Parts of 0 are left out wherever they stand, so 2.0.0.5 reads "2.5".
+// Product version of a module, read from its version resource, as a short text: the nonzero parts in decimal, joined by
+// dots. Zero parts are left out at any position, so 2.0.0.5 becomes "2.5".
 #pragma once
 
 #include <windows.h>
@@ -7,10 +7,11 @@
 #include <cstdint>
 #include <string>
 
-// `module` null means the plug-in module. Empty when the module or its version resource cannot be read.
+// Returns the version, or an empty text when the module or its version resource cannot be read. A null `module` means
+// the plug-in module.
 std::string GetModuleProductVersion(HMODULE module);
-// The same, cut to `size` - 1 characters and terminated. 1; on failure 0 and an empty text.
+// Copies the version, truncated to `size` - 1 characters. Returns 1, or 0 with an empty text on failure.
 int GetModuleProductVersionText(HMODULE module, char* buffer, int32_t size);
 
-// The text of a product version as the version resource holds it: two words, most significant first.
+// Formats the two double words of a version resource.
 std::string ProductVersionText(uint32_t mostSignificant, uint32_t leastSignificant);

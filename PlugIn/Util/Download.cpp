@@ -21,7 +21,7 @@ constexpr DWORD kTimeout = 30000;  // milliseconds
 
 using InternetHandle = Owner<HINTERNET, InternetCloseHandle>;
 
-// A server that accepts and never answers must not hold AutoCAD for ever. A limit that is refused leaves the system's.
+// Keeps a server that accepts and never answers from blocking AutoCAD. If Windows refuses a limit, its default applies.
 void LimitWaiting(HINTERNET session) {
     for (const DWORD option :
          {INTERNET_OPTION_CONNECT_TIMEOUT, INTERNET_OPTION_SEND_TIMEOUT, INTERNET_OPTION_RECEIVE_TIMEOUT}) {
@@ -35,7 +35,7 @@ class DownloadError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// The end of a download releases address, session and file, in this order: members are destroyed last to first.
+// The destructor closes address, session and file, in this order: members are destroyed last to first.
 class Download {
  public:
     int Run(const char* url, const char* savePath) {
@@ -61,8 +61,7 @@ class Download {
         if (!url) Fail(-1, "Wrong parameter Url == NULL\n");
         if (!savePath) Fail(-1, "Wrong parameter SaveFileName == NULL\n");
 
-        // A file that could not be created leaves INVALID_HANDLE_VALUE here, which is not null: it goes to CloseHandle
-        // at the end like any other, and that fails harmlessly.
+        // INVALID_HANDLE_VALUE is not null, so the destructor passes it to CloseHandle, which fails harmlessly.
         file_.reset(CreateFileA(savePath, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
         if (file_.get() == INVALID_HANDLE_VALUE) Fail(-1, "Can't create file");
 
@@ -120,7 +119,7 @@ int OpenWebBrowser(const char* url, HWND owner) {
     request.lpParameters = "";
     request.nShow = SW_RESTORE;
     const BOOL started = ShellExecuteExA(&request);
-    // The browser lives on without us.
+    // Closing the handle does not end the browser.
     const KernelHandle process(request.hProcess);
     return started == TRUE ? 0 : -1;
 }

@@ -31,7 +31,7 @@ int SetKModelParam(char* params, int32_t paramsLen, const char* name, const char
                        "params len is too long.", "PlugIn/Util/DrawModel", 509, "SetKModelParam")) {
         return -1;
     }
-    // The buffer may have come back without a terminator from an earlier call: it ends with its size.
+    // An earlier call may have left the buffer without a terminator.
     const std::string given(params, std::find(params, params + paramsLen, '\0'));
     const std::string_view wanted = name;
     std::string text;

@@ -11,15 +11,15 @@
 
 namespace {
 
-// A path as Windows' "A" calls take it: of MAX_PATH characters, terminator included. Needs no memory, so that a folder
-// goes also when there is none. False when the path is too long.
+// Joins folder and name without allocating, so that the folder can be removed when memory runs out. Returns false when
+// the path exceeds MAX_PATH.
 bool Join(char (&path)[MAX_PATH], const char* folder, const char* name) {
     const int length = std::snprintf(path, sizeof path, "%s\\%s", folder, name);
     return length >= 0 && length < MAX_PATH;
 }
 
-// A junction or symbolic link: what it leads to is not ours. Other reparse points, like the placeholders of a cloud
-// folder, hold what they show.
+// Returns true for a junction or symbolic link, whose target must stay. Other reparse points, such as placeholders of a
+// cloud folder, contain what they list.
 bool IsLink(const char* path) {
     WIN32_FIND_DATAA entry = {};
     const FindHandle found(FindFirstFileA(path, &entry));
@@ -37,14 +37,14 @@ void DeleteEntry(const char* path, DWORD attributes) {
     DeleteFileA(path);
 }
 
-// True when the search reached its end.
+// Returns true when it has seen every entry.
 bool DeleteEntries(const char* folder) {
     char path[MAX_PATH];
     if (!Join(path, folder, "*")) return false;
     WIN32_FIND_DATAA entry = {};
     const FindHandle search(FindFirstFileA(path, &entry));
     if (!search) return false;
-    // The first entry is ".", so the work begins with the second.
+    // The first entry is ".", which is skipped.
     while (FindNextFileA(search.get(), &entry)) {
         if (std::strcmp(entry.cFileName, ".") == 0 || std::strcmp(entry.cFileName, "..") == 0) continue;
         if (Join(path, folder, entry.cFileName)) DeleteEntry(path, entry.dwFileAttributes);

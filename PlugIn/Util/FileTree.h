@@ -1,7 +1,6 @@
-// Removal of a folder with everything in it.
+// Recursive removal of a folder.
 #pragma once
 
-// Nonzero when the folder itself was removed. `path` has no trailing backslash; files and folders whose path is longer
-// than MAX_PATH allows are left, as is whatever else cannot be deleted. A junction or link is removed itself; what it
-// leads to stays.
+// Deletes a folder and its contents. Returns nonzero when the folder itself is gone. `path` has no trailing backslash.
+// Leaves entries that cannot be deleted or whose path exceeds MAX_PATH. Removes a junction or link, not its target.
 int DeleteDirectoryTree(const char* path);

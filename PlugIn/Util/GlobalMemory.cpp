@@ -20,7 +20,7 @@ void* gwGmalloc(uint32_t size, int32_t) noexcept {
 
 void* gwGrealloc(void* block, uint32_t size, int32_t) noexcept {
     if (!block) return std::malloc(size);
-    // realloc to nothing would free the block and look like a failure that keeps it.
+    // realloc to 0 bytes would free the block and return null, which looks like a failure that keeps it.
     void* grown = std::realloc(block, std::max<uint32_t>(size, 1));
     VerifyOrReport(!grown, "!ret", kNoMemory, kSource, 41, "gwGrealloc");
     return grown;

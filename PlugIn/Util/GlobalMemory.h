@@ -1,7 +1,6 @@
-// Memory that crosses the module's border: blocks of the C runtime heap, and global memory for the clipboard. The
-// functions are exported undecorated; whoever receives a block frees it with gwGfree. A failed allocation gives null
-// and, but for the first allocation through gwGrealloc, a report. `tag` is a number by which callers tell their blocks
-// apart; it has no effect. Nothing is ever thrown.
+// Memory shared with other modules: blocks of the C runtime heap, and global memory for the clipboard. The functions
+// are exported undecorated and never throw. The receiver of a block frees it with gwGfree. A failed allocation returns
+// null and is reported, except for a null block passed to gwGrealloc. `tag` is the caller's mark and has no effect.
 #pragma once
 
 #include <windows.h>
@@ -12,12 +11,12 @@
 
 extern "C" {
 void* gwGmalloc(uint32_t size, int32_t tag) noexcept;
-// A null block is allocated anew. On failure the old block stays valid.
+// Allocates when `block` is null. On failure the old block stays valid.
 void* gwGrealloc(void* block, uint32_t size, int32_t tag) noexcept;
-// Takes null; always 0.
+// Accepts null. Always returns 0.
 int gwGfree(void* block) noexcept;
-// Movable, zero-filled global memory of `size` bytes: its handle through `handle`, its locked address as the result.
-// The caller unlocks and frees. On failure both are null.
+// Allocates movable, zero-filled global memory of `size` bytes and locks it. Stores its handle in `handle` and returns
+// its address, both null on failure. The caller unlocks and frees it.
 void* gwGmallocH(uint32_t size, HGLOBAL* handle) noexcept;
 }
 

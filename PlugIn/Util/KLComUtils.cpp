@@ -28,15 +28,15 @@ constexpr int kFileNotOpened = -6;
 constexpr int kNoMemory = -7;
 constexpr int kShortRead = -8;
 
-// Numbers in the server's texts have a decimal point and no digit groups. Streams follow the process's locale unless
-// told, and that one AutoCAD shares with every plug-in.
+// Numbers in the server's texts have a decimal point and no digit groups. A stream follows the process locale, which
+// every plug-in in AutoCAD can change, unless it has its own.
 std::istringstream NumbersIn(const std::string& text) {
     std::istringstream numbers(text);
     numbers.imbue(std::locale::classic());
     return numbers;
 }
 
-// A short text leaves the rest at 0.
+// Missing numbers are 0.
 std::array<double, 3> ReadTriple(const std::string& text) {
     std::array<double, 3> triple = {};
     NumbersIn(text) >> triple[0] >> triple[1] >> triple[2];
@@ -123,7 +123,7 @@ double KLComUtils::GetPartAttReal(const std::string& part, const std::string& at
     if (GetPartAtt(part, attribute, text, required) != 0) return 0;
     double value = 0;
     if (NumbersIn(text) >> value) return value;
-    // The blank after the opening quote mark belongs to the message.
+    // The blank after the opening quote is part of the message.
     if (required) throw "Could not convert \" " + text + "\" to target type";
     return 0;
 }

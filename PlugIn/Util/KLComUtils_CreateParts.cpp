@@ -9,7 +9,7 @@ namespace {
 
 constexpr char kSource[] = "PlugIn/Util/KLComUtils_CreateParts";
 
-// The handle of a new part, or an empty text after the report.
+// Returns the handle of a new part, or an empty text after the report.
 template <class Work>
 std::string Created(const char* failure, int line, const char* function, Work work) {
     try {

@@ -1,6 +1,6 @@
-// What the operations that create Klimora parts are told, as values with names. Points and vectors are in world
-// coordinates; identifiers of systems and system types and the units of whole-numbered sizes are the server's own.
-// An empty text or an empty optional stands for "not given".
+// Arguments of the operations that create Klimora parts. Points and vectors are in world coordinates. Identifiers of
+// systems and system types and the units of integer sizes are the server's own. An empty text or optional means "not
+// given".
 #pragma once
 
 #include <array>
@@ -40,7 +40,7 @@ struct RadiatorData {
     int outletId = 0;
 };
 
-// The valve of a radiator; there is none unless all three texts are given.
+// The valve of a radiator. It is created only if all three texts are given.
 struct RadiatorValve {
     std::optional<int> draw;
     std::string userCode;
@@ -51,8 +51,8 @@ struct RadiatorValve {
 struct AirTerminalData {
     std::string typeDefine;
     double airFlow = 0;    // l/s
-    int grilleAngle = 0;   // only above 0
-    int collarLength = 0;  // only above 0
+    int grilleAngle = 0;   // sent if above 0
+    int collarLength = 0;  // sent if above 0
 };
 
 struct StubConnection {
@@ -64,7 +64,7 @@ struct StubConnection {
 using SoundBands = std::array<double, 8>;  // dB, lowest band first
 
 struct ConnectionStub {
-    std::string kind;  // the function name that the server knows: "TerminalDevice", "Pump", …
+    std::string kind;  // the server's function name: "TerminalDevice", "Pump", …
     std::string parentPart;
     PartSystem system;
     std::string customPartType;
@@ -78,7 +78,7 @@ struct ConnectionStub {
     std::vector<StubConnection> connections;
 };
 
-// Where a pipe begins or ends: at a part, or free at a point.
+// An end of a pipe: connected to a part, or free at a point.
 using PipeEnd = std::variant<std::string, AcGePoint3d>;
 
 struct PipeData {
@@ -93,6 +93,6 @@ struct PipeData {
 struct CustomObjectData {
     int systemId = 0;
     std::string customPartType;  // "Special" when empty
-    std::string productCode;     // also the class type, which is "Special" when this is empty
+    std::string productCode;     // also sent as the class type, then "Special" when empty
     std::string layer;
 };

@@ -43,7 +43,7 @@ std::string ManifoldCommand(const PartSystem& system, const PartPlacement& place
 
 std::string ConnectedDeviceCommand(const PartProduct& product, const std::string& typeDefine,
                                    const PartPlacement& placement, const std::string& connectedPart) {
-    // Here alone the user code goes in as it is, and the normal comes before the direction.
+    // Unlike in the other commands, the user code is not escaped and the normal precedes the direction.
     return ServerCommand("CreatePart")
         .Element("KPDClass/Name", product.kpdClassName)
         .Verbatim("Usercode", product.userCode)
@@ -134,7 +134,7 @@ std::string CustomObjectCommand(const PartPlacement& placement, const CustomObje
 std::string LinetypeDefinition(const std::string& layer) {
     ServerCommand definition("Linetypedef");
     int id = 0;
-    for (const char* const color : {"red", "green", "blue", ""}) {  // the last one has the layer's
+    for (const char* const color : {"red", "green", "blue", ""}) {  // the last has the layer's color
         definition.Open("Linetype id=\"" + std::to_string(++id) + "\"").Verbatim("Layer/Name", layer);
         if (*color) definition.Element("Color", color);
         definition.Close("Linetype");

@@ -1,5 +1,4 @@
-// The XML commands that create Klimora parts, each one text without line breaks. Pure texts: nothing is sent here and
-// nothing fails.
+// The XML commands that create Klimora parts. Each function returns one text without line breaks; none sends anything.
 #pragma once
 
 #include <string>
@@ -15,8 +14,8 @@ std::string RadiatorCommand(const PartProduct& product, int systemId, const Part
 std::string AirTerminalCommand(const PartProduct& product, int systemId, const PartPlacement& placement,
                                const AirTerminalData& terminal);
 std::string ConnectionStubCommand(const ConnectionStub& stub);
-// How the bend is told depends on the server's version.
+// The element of the bend depends on the server's version.
 std::string PipeCommand(const PipeEnd& firstEnd, const PipeEnd& secondEnd, const PipeData& pipe, int serverVersion);
 std::string CustomObjectCommand(const PartPlacement& placement, const CustomObjectData& object);
-// The value of a part's line type definition: four line types, all on that layer.
+// Returns the value of a part's line type definition: four line types on that layer.
 std::string LinetypeDefinition(const std::string& layer);

@@ -30,7 +30,7 @@ void CheckVersion(int serverVersion) {
     if (serverVersion < kCustomObjectVersion) throw "Klimora version is too old";
 }
 
-// A change of a custom object: 0, or -1 after the report.
+// Changes a custom object. Returns 0, or -1 after the report.
 template <class Work>
 int Change(int serverVersion, const char* failure, int line, const char* function, Work work) {
     try {
@@ -43,7 +43,7 @@ int Change(int serverVersion, const char* failure, int line, const char* functio
     }
 }
 
-// What a block reference in the drawing tells about the custom object that is to stand in its place.
+// What a custom object takes from the block reference that it replaces.
 struct BlockPlace {
     std::string layer;
     PartPlacement placement;
@@ -106,7 +106,7 @@ int KLComUtils::SetGeometryForCustomObject(const std::string& part, const std::s
 
 int KLComUtils::SetGeometryForCustomObject(const std::string& part, const void* data, int size,
                                            const std::string& params) {
-    // The wording is the geometry model's, and stays.
+    // The message names the geometry model on purpose.
     return Change(ServerVersion(), "Can't set gm_model data for custom object", 553, kSetGeometry, [&] {
         SetGeometryFromMemory(part, "/Part/Geometry/Source[0]/KModel/binvar", data, size);
         if (!params.empty()) SetPartAtt(part, kKModelParams, params, true);
@@ -128,7 +128,7 @@ std::string KLComUtils::CreateCustomObject(const PartPlacement& placement, const
     try {
         CheckVersion(ServerVersion());
         std::string part = Create(&KlimComSrvImpl::createPart, CustomObjectCommand(placement, object));
-        // A part without its line types is a part all the same; their failure was reported.
+        // A part without its line types is still valid; their failure is reported.
         if (IsValidPartHandle(part)) SetLinetypesForCustomObject(part, object.layer);
         return part;
     } catch (...) {

@@ -8,7 +8,7 @@
 
 namespace {
 
-// What a stub of a kind may carry. kLimits: flow and pressure drop are brought into their ranges first.
+// Elements that a kind of stub may have. kLimits: flow and pressure drop are clamped first.
 enum : unsigned { kFlow = 1, kDrop = 2, kLimits = 4, kCurve = 8, kPower = 16, kGeneration = 32, kAttenuation = 64 };
 
 struct StubKind {
@@ -31,7 +31,7 @@ constexpr StubKind kStubKinds[] = {
     {"Component", kDrop | kCurve | kGeneration | kAttenuation},
 };
 
-// Compared exactly; an unknown kind carries none of them.
+// Case-sensitive; an unknown kind has none of them.
 constexpr unsigned ElementsOf(std::string_view kind) {
     for (const StubKind& known : kStubKinds) {
         if (known.name == kind) return known.elements;
@@ -39,21 +39,21 @@ constexpr unsigned ElementsOf(std::string_view kind) {
     return 0;
 }
 
-// Smallest and largest values that the server takes.
-constexpr double kLeastFlow = 1e-5;
-constexpr double kMostFlow = 99999;
-constexpr double kLeastPressureDrop = 1;
-constexpr double kMostPressureDrop = 99999;
-constexpr double kLeastPower = 1e-5;
-constexpr double kMostPower = 999999;
-constexpr double kLeastHeight = 1e-6;
+// Limits of the values that the server accepts.
+constexpr double kMinFlow = 1e-5;
+constexpr double kMaxFlow = 99999;
+constexpr double kMinPressureDrop = 1;
+constexpr double kMaxPressureDrop = 99999;
+constexpr double kMinPower = 1e-5;
+constexpr double kMaxPower = 999999;
+constexpr double kMinHeight = 1e-6;
 
 double ClampedFlow(double flow) {
-    return std::clamp(flow, kLeastFlow, kMostFlow);
+    return std::clamp(flow, kMinFlow, kMaxFlow);
 }
 
 double ClampedPressureDrop(double pressureDrop) {
-    return std::clamp(pressureDrop, kLeastPressureDrop, kMostPressureDrop);
+    return std::clamp(pressureDrop, kMinPressureDrop, kMaxPressureDrop);
 }
 
 bool IsAudible(const std::optional<SoundBands>& bands) {
@@ -61,7 +61,7 @@ bool IsAudible(const std::optional<SoundBands>& bands) {
 }
 
 void AppendConnection(ServerCommand& command, const StubConnection& connection) {
-    const bool rectangular = connection.height >= kLeastHeight;
+    const bool rectangular = connection.height >= kMinHeight;
     const int width = ToWholeNumber(connection.widthOrDiameter);
     command.Open("Connection").Placement(connection.placement).Element("Shape/ID", rectangular ? 1 : 0);
     if (rectangular)
@@ -83,15 +83,15 @@ std::string ConnectionStubCommand(const ConnectionStub& stub) {
     if (!stub.parentPart.empty()) command.Verbatim("ParentPart", stub.parentPart);
     command.Open("System").Element("ID", stub.system.id).Element("Type/ID", stub.system.typeId).Close("System");
     if (!stub.customPartType.empty()) command.Element("CustomPartType", stub.customPartType);
-    if (elements & kFlow && flow >= kLeastFlow) command.Element("Qv_Set/ls", flow);
-    if (elements & kDrop && pressureDrop > kLeastPressureDrop) command.Element("dp_Set/Pa", pressureDrop);
-    if (elements & kCurve && stub.curveFlow > kLeastFlow && stub.curvePressureDrop > kLeastPressureDrop)
+    if (elements & kFlow && flow >= kMinFlow) command.Element("Qv_Set/ls", flow);
+    if (elements & kDrop && pressureDrop > kMinPressureDrop) command.Element("dp_Set/Pa", pressureDrop);
+    if (elements & kCurve && stub.curveFlow > kMinFlow && stub.curvePressureDrop > kMinPressureDrop)
         command.Open("DpCurve")
             .Element("Qv/ls", ClampedFlow(stub.curveFlow))
             .Element("dp/Pa", ClampedPressureDrop(stub.curvePressureDrop))
             .Close("DpCurve");
-    if (elements & kPower && stub.heatingPower > kLeastPower)
-        command.Element("P_Heating/W", std::clamp(stub.heatingPower, kLeastPower, kMostPower));
+    if (elements & kPower && stub.heatingPower > kMinPower)
+        command.Element("P_Heating/W", std::clamp(stub.heatingPower, kMinPower, kMaxPower));
     if (elements & kGeneration && IsAudible(stub.generation)) command.Element("Sound/Generation/dB", *stub.generation);
     if (elements & kAttenuation && IsAudible(stub.attenuation))
         command.Element("Sound/Attenuation/dB", *stub.attenuation);

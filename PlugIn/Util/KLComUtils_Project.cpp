@@ -31,8 +31,8 @@ constexpr TypeDefine kTypeDefines[] = {
     {"dSilencerType", "EWAPART_SILENCER"},
 };
 
-// The project's file as the server knows it; empty when no project is open. A server that cannot tell is no failure to
-// be traced: the user is told that there is no project.
+// Returns the server's name of the project file, empty when no project is open. Failures are not traced, because the
+// caller shows that no project is open.
 std::string ProjectFile(KLComUtils& utils) {
     const TraceSwitchGuard silent(utils, false, false, false);
     return utils.GetPartAtt("", "/dwg/kpjfilename", false);
@@ -55,7 +55,7 @@ bool KLComUtils::CheckKlimoraProject(int requiredVersion) {
 
 void KLComUtils::SetNoProjectFileAccessCheck(bool check) {
     if (!server_ || ServerVersion() < kFileAccessSwitchVersion) return;
-    // The attribute says "no check", so the flag goes in inverted.
+    // The attribute means "no check", hence inverted.
     SetPartAtt("", "/dwg/flag/noPrjFileAccessCheck", check ? 0 : 1, false);
 }
 
@@ -83,7 +83,7 @@ int KLComUtils::AddDeviceToKlimoraProject(const char* kpdFileName, const void* b
         command.Close("ManageProductData");
         result = Server()->manageProductData(command.Text().c_str());
 
-        // The server's words about the product, before the variable's release can change them.
+        // Read before freeing the variable can replace the server's last error text.
         const std::string productError = result < 0 ? ServerErrorText() : std::string();
         if (hasBinary && BinVariableFree(kProductVariable) != 0)
             throw "Can't free binary variable " + ServerErrorText();

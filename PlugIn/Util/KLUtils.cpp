@@ -46,7 +46,7 @@ void UpdateAttributes(AcDbBlockReference* reference, const char* tag, const wcha
 }  // namespace
 
 bool PickEntity(const wchar_t* prompt, AcDbObjectId& id) {
-    // Single pick with prompts of our own, for adding and for removing.
+    // Single pick; the prompts are those for adding and for removing.
     const ACHAR* prompts[] = {prompt, prompt};
     SelectionSet selection;
     if (acedSSGet(L":S:$", prompts, nullptr, nullptr, selection.put()) != RTNORM) return false;
@@ -100,7 +100,7 @@ bool SetSysVarShort(const wchar_t* name, short value) {
 bool GetSysVarShort(const wchar_t* name, short& value) {
     resbuf buffer = {};
     const bool read = acedGetVar(name, &buffer) == RTNORM;
-    // A text comes with storage of its own.
+    // AutoCAD allocated the string of a text variable.
     const ArxString text(read && buffer.restype == RTSTR ? buffer.resval.rstring : nullptr);
     const bool isShort = read && buffer.restype == RTSHORT;
     value = isShort ? buffer.resval.rint : static_cast<short>(0);

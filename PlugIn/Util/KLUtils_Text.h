@@ -1,4 +1,5 @@
-// Number lists and matrices to and from text. Numbers are separated by single spaces and written with a decimal point.
+// Conversion of number lists and matrices to and from text. Numbers are separated by single spaces and have a decimal
+// point.
 #pragma once
 
 #include <string>
@@ -8,19 +9,19 @@
 
 namespace KLUtils {
 
-// The parts between delimiters, in order, empty ones too. No parts for an empty text; the whole text for an empty
-// delimiter.
+// Returns the parts between delimiters in order, including empty ones. An empty text has no parts; an empty delimiter
+// returns the whole text.
 std::vector<std::string> Split(const std::string& text, const std::string& delimiter);
 
-// Stores at most `count` numbers; a part that is no number gives 0. The number stored, or -1 null text, -2 null output,
-// -3 count below 1.
+// Stores at most `count` numbers; a part that is not a number becomes 0. Returns how many it stored, or -1 for a null
+// text, -2 for a null output, -3 for a count below 1.
 int ParseNumbers(const char* text, double* numbers, int count);
-// `precision` decimals each; an empty text for no numbers.
+// Writes `precision` decimals each. No numbers give an empty text.
 std::string FormatNumbers(const double* numbers, int count, int precision);
 
-// 16 numbers in row order. False, and the matrix untouched, when the text has fewer.
+// Reads 16 numbers in row order. Returns false without changing the matrix when the text has fewer.
 bool MatrixFromText(const char* text, AcGeMatrix3d& matrix);
-// With 16 decimals.
+// Writes 16 numbers with 16 decimals.
 std::string MatrixToText(const AcGeMatrix3d& matrix);
 
 }  // namespace KLUtils

@@ -37,7 +37,7 @@ bool TransformVector(const AcGeVector3d& vector, CoordinateSystem from, Coordina
     return Transform(asDblArray(vector), from, to, true, asDblArray(result));
 }
 
-// A value that is no point is complained about and used all the same.
+// Prints a line for a value that is not a point, but uses it.
 bool ReadPoint(const wchar_t* name, double point[3]) {
     resbuf value = {};
     if (acedGetVar(name, &value) != RTNORM) return false;
@@ -90,7 +90,7 @@ void GetTransformDifference(const AcGeMatrix3d& first, const AcGeMatrix3d& secon
     second.getCoordSystem(secondOrigin, secondAxes[0], secondAxes[1], secondAxes[2]);
     offset = secondOrigin - firstOrigin;
 
-    // The second system's axes, seen from the first: columns of the rotation between them.
+    // The columns of r are the second system's axes in coordinates of the first.
     double r[3][3];
     for (int row = 0; row < 3; ++row) {
         for (int column = 0; column < 3; ++column) {

@@ -1,5 +1,5 @@
-// The rest of the module reaches the server connection through this owner: made, it is connected (or throws what
-// KlimComSrvImpl throws); gone, the connection is gone. Every operation is the connection's own.
+// Owns the connection to Klimora's server. Connects in the constructor, which throws what KlimComSrvImpl throws, and
+// disconnects in the destructor. Forwards every operation.
 #pragma once
 
 #include <memory>

@@ -25,7 +25,7 @@ void Put(std::string& line, std::string_view text) {
     line += text.substr(0, kTraceLimit - line.size());
 }
 
-// Arguments of a call in its trace line: texts in quotes, reals with six decimals.
+// Arguments in a trace line: strings in quotes, reals with six decimals.
 void PutArgument(std::string& line, const char* text) {
     Put(line, "'");
     Put(line, text ? text : "");
@@ -50,8 +50,8 @@ KlimComSrvImpl::KlimComSrvImpl() {
 
     InterfacePtr<IUnknown> klimora = Running(L"KlimComSrv.Klimora", "Could not find KlimComSrv.Klimora installed",
                                              "Could not get running instance of KlimComSrv.Klimora");
-    // From here on a failure gives back the drawing alone: the running object, and an interface that was already had,
-    // stay referenced, and the server keeps running until AutoCAD ends.
+    // On a failure below, only the drawing is released. The running object and its interfaces stay referenced, which
+    // keeps the server running until AutoCAD ends.
     if (!app200805_.QueryFrom(klimora.get(), IID_IKlimora200805)) {
         klimora.release();
         throw "Could not find KLIMCOMSRVLib::IID_IKlimora200805";
@@ -61,7 +61,7 @@ KlimComSrvImpl::KlimComSrvImpl() {
         app200805_.release();
         throw "Could not find KLIMCOMSRVLib::IID_IKlimora201011";
     }
-    // An older server has no latest interface; calculate answers -1 then.
+    // An older server lacks the latest interface; calculate then returns -1.
     appLatest_.QueryFrom(klimora.get(), IID_IKlimoraLatest);
 }
 
@@ -95,7 +95,7 @@ int KlimComSrvImpl::Traced(HRESULT call, long code, TraceFrame frame, First firs
         Put(lastTrace_, frame.lineEnd);
         if ((trace_.failures && result != 0) || trace_.all) PrintCommandLine("%s\n", lastTrace_.c_str());
     } catch (...) {
-        // The server has done what it was asked: that there was no memory for the line does not make it a failure.
+        // The call itself succeeded: a trace line that runs out of memory does not make it fail.
         lastTrace_.clear();
     }
     return result;
@@ -107,7 +107,7 @@ int KlimComSrvImpl::getPartAtt(const char* part, const char* attribute, std::str
     long code = 0;
     const HRESULT call = app200805_->getPartAtt(BStr(part).get(), BStr(attribute).get(), answer.put(), &code);
     if (SUCCEEDED(call)) value = answer.ToNarrow();
-    // The one line without an end.
+    // Only this line has no line end.
     return Traced(call, code, {"getPartAtt", ""}, part, attribute, SUCCEEDED(call) ? value.c_str() : "");
 }
 
@@ -193,7 +193,7 @@ int KlimComSrvImpl::setBinVariableData(long variable, long offset, const char* h
     if (!app200805_) return kNotConnected;
     long code = 0;
     const HRESULT call = app200805_->setBinVariableData(variable, offset, BStr(hexData).get(), &code);
-    // Never the data itself: a megabyte of it has no place in a trace.
+    // Not the data itself, which can be megabytes.
     return Traced(call, code, {"setBinVariableData"}, variable, offset, "hexdata");
 }
 

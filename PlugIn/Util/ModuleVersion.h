@@ -1,4 +1,4 @@
-// The version resource of a loaded module: its file version as a text, and the block of numbers itself.
+// The version resource of a loaded module.
 #pragma once
 
 #include <windows.h>
@@ -6,8 +6,8 @@
 #include <optional>
 #include <string>
 
-// The fixed part of the module's version resource; nothing when the module is null or has none.
+// Returns the fixed part of the version resource, or nothing when the module is null or has none.
 std::optional<VS_FIXEDFILEINFO> ReadVersionResource(HMODULE module);
 
-// "major.minor.build.revision" in decimal; empty when the module is not loaded or has no version resource.
+// Returns "major.minor.build.revision", or an empty text when the module is not loaded or has no version resource.
 std::string ModuleFileVersion(const char* moduleName);

@@ -1,5 +1,5 @@
-// Marker values that stand for "no value" in numeric fields of records and lists. The module exports them undecorated,
-// so that its users compare with the very same bits.
+// Values that mean "no value" in numeric fields of records and lists. The module exports them undecorated, so that
+// other modules compare with the same bits.
 #pragma once
 
 #include <cstdint>

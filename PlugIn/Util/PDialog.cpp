@@ -12,7 +12,7 @@ namespace {
 constexpr char kSource[] = "PlugIn/Util/PDialog";
 
 TOOLINFOA ToolOf(HWND dialog, const PDialogControl& control) {
-    static_assert(sizeof(TOOLINFOA) == 72, "the structure with its reserved field");
+    static_assert(sizeof(TOOLINFOA) == 72, "expected with lpReserved");
     TOOLINFOA tool = {};
     tool.cbSize = sizeof tool;
     tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
@@ -68,11 +68,11 @@ INT_PTR PDialog::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_COMMAND:
             return OnCommand(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));
         case WM_NOTIFY:
-            GiveTooltip(reinterpret_cast<NMHDR*>(lParam));
+            SetTooltipText(reinterpret_cast<NMHDR*>(lParam));
             return 0;
         case WM_CLOSE:
-            // Without a control window this command ends nothing by itself: closing by the frame is the derived
-            // dialog's choice.
+            // OnCommand ignores this command because it has no control window: the derived dialog decides whether the
+            // frame's close button ends it.
             PostMessageA(dialogWindow_, WM_COMMAND, IDCANCEL, 0);
             return 0;
         case WM_HELP:
@@ -88,7 +88,7 @@ void PDialog::CreateTooltipWindow() {
                                          nullptr, ModuleHandle(), nullptr));
 }
 
-void PDialog::GiveTooltip(NMHDR* notification) const {
+void PDialog::SetTooltipText(NMHDR* notification) const {
     if (notification->code != TTN_GETDISPINFOA) return;
     for (const auto& control : controls_) {
         if (reinterpret_cast<UINT_PTR>(control->window()) != notification->idFrom || control->tooltip_.empty())

@@ -1,7 +1,7 @@
-// Binders between a dialog's controls and the program's variables. A binder holds a control's window and writes its
-// variable into it (ToDialog) or reads it back (FromDialog); the variable belongs to the program and must outlive the
-// binder. Results are 0, or -1 when a binder lacks what it needs. This is the base; the binders stand in
-// PDialogControlTexts.h, PDialogControlLists.h and PDialogControlButtons.h. A dialog (PDialog) owns its binders.
+// Base class of binders between a dialog's controls and the program's variables. A binder writes its variable to the
+// control (ToDialog) and reads it back (FromDialog). The variable must outlive the binder. Results are 0, or -1 when
+// the binder has no variable or list. The binders are in PDialogControlTexts.h, PDialogControlLists.h and
+// PDialogControlButtons.h; a PDialog owns them.
 #pragma once
 
 #include <windows.h>
@@ -11,7 +11,7 @@
 
 class PDialog;
 
-// Any value of 0 or above is normal.
+// Values from 0 on mean normal.
 using ControlState = int32_t;
 inline constexpr ControlState kControlNormal = 0;
 inline constexpr ControlState kControlReadOnly = -1;
@@ -26,10 +26,10 @@ class PDialogControl {
 
     // The order of the virtual operations is fixed.
     virtual ~PDialogControl();
-    // Shows the state; every binder calls it before its own work.
+    // Applies the state to the control. Every binder calls it first.
     virtual int ToDialog();
     virtual int FromDialog();
-    // Sees every message of the dialog first; a result other than 0 ends its way.
+    // Receives every message of the dialog first. A nonzero result ends its handling.
     virtual INT_PTR HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
 
     HWND window() const { return window_; }

@@ -10,7 +10,7 @@ int PDialogControlButton::ToDialog() {
     return 0;
 }
 
-// Null when the style asks for no image or it could not be loaded.
+// Returns null when the style has no image or the image cannot be loaded.
 HANDLE PDialogControlButton::LoadImageOfStyle() {
     constexpr LONG_PTR kImageBits = BS_BITMAP | BS_ICON;
     LONG_PTR bits = GetWindowLongPtrA(window(), GWL_EXSTYLE) & kImageBits;
@@ -64,10 +64,10 @@ PDialogControlStaticImage::PDialogControlStaticImage(HWND window, ControlState s
 
 int PDialogControlStaticImage::ToDialog() {
     PDialogControl::ToDialog();
-    // Deliberately the extended style, not the style where these bits are at home.
+    // The extended style on purpose, although these are bits of the style.
     const LONG_PTR bits = GetWindowLongPtrA(window(), GWL_EXSTYLE);
     if (!(bits & (SS_BITMAP | SS_ICON))) return 0;
-    // The two values share a bit; the one that SS_ICON has for itself tells them apart.
+    // SS_ICON and SS_BITMAP share a bit; the other bit of SS_ICON distinguishes them.
     const UINT type = bits & SS_ICON & ~SS_BITMAP ? IMAGE_ICON : IMAGE_BITMAP;
     Send(STM_SETIMAGE, type, reinterpret_cast<LPARAM>(image_.Load(name_, type)));
     return 0;

@@ -1,6 +1,6 @@
-// Binders of buttons, which show a text or an image, and of static images. Whether a button shows an image, and of
-// which kind, its window's style says; the text is then the name of the image (PDialogImage.h). A button without an
-// image shows the text itself.
+// Binders of buttons, which show a text or an image, and of static images. The window style decides whether a button
+// shows an image and of which kind; the text is then the image's name (PDialogImage.h). Without an image the button
+// shows the text.
 #pragma once
 
 #include "Util/PDialogControl.h"
@@ -19,7 +19,7 @@ class PDialogControlButton : public PDialogControl {
     PDialogImage image_;
 };
 
-// A flag; null makes ToDialog and FromDialog answer -1.
+// Binds a flag. ToDialog and FromDialog return -1 when it is null.
 class PDialogControlCheckBox : public PDialogControlButton {
  public:
     PDialogControlCheckBox(HWND window, ControlState state, const std::string& tooltip, const std::string& textOrImage,
@@ -31,7 +31,7 @@ class PDialogControlCheckBox : public PDialogControlButton {
     bool* flag_;
 };
 
-// One of several buttons that share a variable; each stands for a value of its own.
+// Binds one of several buttons that share a variable; each has its own value.
 class PDialogControlRadioButton : public PDialogControlButton {
  public:
     PDialogControlRadioButton(HWND window, ControlState state, const std::string& tooltip,

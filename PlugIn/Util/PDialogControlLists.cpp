@@ -4,7 +4,7 @@
 
 namespace {
 
-// The same work in both kinds of control goes by these messages.
+// The messages by which the two kinds of control differ.
 struct ListMessages {
     UINT clear;
     UINT add;
@@ -52,7 +52,7 @@ int PDialogControlList<kKind>::ToDialog() {
         Send(kMessages.select, static_cast<WPARAM>(index), 0);
         selected = true;
     }
-    // Deliberately the combo box's message for both kinds: a list box without a match shows no selection.
+    // The combo box's message for both kinds on purpose: a list box without a match has no selection.
     if (!selected) Send(CB_SETCURSEL, 0, 0);
     FreeComboListData(list_);
     return 0;

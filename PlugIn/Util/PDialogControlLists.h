@@ -1,6 +1,6 @@
-// Binders of combo boxes and list boxes to a value chosen from a list. ToDialog fills the control and consumes the
-// list: the array is freed and its handle emptied, and without a list the result is -1. FromDialog gives the variable
-// the value of the selected item, or leaves it alone when none is selected.
+// Binders of combo boxes and list boxes to a value chosen from a list. ToDialog fills the control, frees the list's
+// array and sets its pointer to null; it returns -1 without a list. FromDialog sets the variable to the value of the
+// selected item, and leaves it unchanged when none is selected.
 #pragma once
 
 #include "Util/ComboListData.h"

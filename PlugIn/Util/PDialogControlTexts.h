@@ -1,4 +1,4 @@
-// Binders of controls that hold a text: a static text, an edit field, a date picker.
+// Binders of static texts, edit fields and date pickers.
 #pragma once
 
 #include "Util/PDialogControl.h"
@@ -27,7 +27,7 @@ class PDialogControlTextEdit : public PDialogControl {
 
 class PDialogControlDate : public PDialogControl {
  public:
-    // `buffer` of `size` characters holds day, month and year, "5.3.2024"; read with any one separator.
+    // `buffer` of `size` characters has day, month and year, "5.3.2024"; any character separates them on input.
     PDialogControlDate(HWND window, ControlState state, const std::string& tooltip, char* buffer, int size);
     int ToDialog() override;
     int FromDialog() override;

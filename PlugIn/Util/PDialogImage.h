@@ -1,5 +1,5 @@
-// The bitmap or icon that a dialog control shows. It is loaded from the file of its name or, when there is no such
-// file, from the module's resources; it is owned here, for controls do not free what they are given.
+// Owns the bitmap or icon that a dialog control shows: controls do not free their images. The image comes from the file
+// of its name or, when there is no such file, from the module's resources.
 #pragma once
 
 #include <windows.h>
@@ -10,7 +10,7 @@
 
 class PDialogImage {
  public:
-    // `type` is IMAGE_BITMAP or IMAGE_ICON. The image held before is deleted. Null when nothing could be loaded.
+    // Deletes the previous image and loads another; `type` is IMAGE_BITMAP or IMAGE_ICON. Returns null on failure.
     HANDLE Load(const std::string& name, UINT type);
 
  private:

@@ -1,6 +1,6 @@
-// An XML command to the Klimora server: one text without line breaks, written element by element in the order of the
-// command; every call gives the object back. A name may be a path: "System/ID" is an ID in a System of its own. The
-// type of a value decides how it is written: whole numbers in decimal, reals with six decimals, texts escaped.
+// An XML command to the Klimora server: one text without line breaks, appended element by element. Every function
+// returns the object. A name may be a path: "System/ID" is an ID in a new System. Integers are written in decimal,
+// reals with six decimals, strings escaped.
 #pragma once
 
 #include <cstddef>
@@ -27,21 +27,21 @@ class ServerCommand {
     ServerCommand& Element(std::string_view path, const SoundBands& bands);
     ServerCommand& Element(std::string_view path, const AcGePoint3d& point);
     ServerCommand& Element(std::string_view path, const AcGeVector3d& vector);
-    // A text as it stands.
+    // Append a text without escaping it.
     ServerCommand& Verbatim(std::string_view path, const std::string& text);
     ServerCommand& Verbatim(const std::string& xml);
 
-    // Position, direction and normal, in this order.
+    // Appends position, direction and normal, in this order.
     ServerCommand& Placement(const PartPlacement& placement);
 
     const std::string& Text() const { return text_.Text(); }
 
  private:
-    // With single blanks between.
+    // Separates the values by single blanks.
     ServerCommand& Reals(std::string_view path, const double* values, size_t count);
 
     XmlTextBuilder text_;
 };
 
-// Without its decimals, brought into the range of int; 0 for what is no number.
+// Truncates a number and clamps it to the range of int. Returns 0 for NaN.
 int ToWholeNumber(double value);

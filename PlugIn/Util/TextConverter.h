@@ -1,5 +1,5 @@
-// One text in both widths: converts between a narrow code page and wide characters and keeps what it made. UTF-8 is
-// the code page of every call that names no other. A text that cannot be converted becomes an empty one.
+// Converts a text between a narrow code page, by default UTF-8, and wide characters, and keeps both forms. A text that
+// cannot be converted becomes empty.
 #pragma once
 
 #include <windows.h>
@@ -10,17 +10,16 @@
 
 class TextConverter {
  public:
-    // A new wide buffer of so many characters, zero-filled, with as much of the old text as fits. Discards the narrow
-    // copy.
+    // Resizes the wide buffer, filling new characters with zeros, and discards the narrow copy.
     void Reserve(size_t characters);
 
-    // Takes a narrow text (null as empty); the wide text up to its terminator.
+    // Converts a narrow text; null counts as empty. Returns the wide text up to its terminator.
     std::wstring ToWide(const char* text, UINT codePage = CP_UTF8);
 
-    // The held wide text, narrow. The pointer holds until the next conversion or Reserve.
+    // Converts the wide text. The pointer is valid until the next conversion or Reserve.
     const char* ToNarrow(UINT codePage = CP_UTF8);
 
-    // The whole wide buffer as a BSTR, its terminator and what may follow included; the caller frees it.
+    // Returns the whole wide buffer, including its terminator and anything after it. The caller frees it.
     BSTR ToBstr() const;
 
  private:

@@ -1,5 +1,5 @@
-// A system cursor shown for the length of a scope; the cursor that it replaced comes back when it is hidden or ends.
-// When the cursor cannot be loaded, showing does nothing. Main thread only.
+// Shows a system cursor for the duration of a scope. Hide and the destructor restore the previous cursor. Show does
+// nothing when the cursor cannot be loaded. Main thread only.
 #pragma once
 
 #include <windows.h>

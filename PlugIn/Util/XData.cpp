@@ -21,8 +21,8 @@
 
 namespace {
 
-// Characters below 33 go from the start, and at most one from the end: a key written with two blanks before "=" keeps
-// one of them.
+// Removes characters below 33 from the start and at most one from the end, on purpose: a key written with two blanks
+// before "=" keeps one.
 std::string Trim(std::string text) {
     const auto isBlank = [](char character) { return static_cast<unsigned char>(character) < 33; };
     text.erase(text.begin(), std::find_if_not(text.begin(), text.end(), isBlank));
@@ -48,14 +48,13 @@ std::optional<KeyValue> Parse(const resbuf* item) {
     return Parse(Narrow(item->resval.rstring));
 }
 
-// The form in which keys are compared; empty for a key under which nothing could be read.
+// Returns the form in which keys are compared, or an empty string for an invalid key.
 std::string Comparable(const char* key) {
     const std::optional<KeyValue> entry = Parse(std::string(key) + "=");
     return entry && !std::strchr(key, '=') ? entry->key : std::string();
 }
 
-// The item before the one of that key, otherwise the last one. The chain is headed by the application's name, so there
-// always is one.
+// Returns the item before the key's item, or the last item. The first item of a chain is the application's name.
 resbuf* BeforeItem(resbuf* chain, const char* key) {
     const std::string wanted = Comparable(key);
     resbuf* before = chain;
@@ -70,7 +69,7 @@ bool SetText(resbuf* item, const std::string& text) {
     return acutUpdString(Widen(text).c_str(), item->resval.rstring) == Acad::eOk;
 }
 
-// AutoCAD promises nothing but the type of a new buffer, and acutUpdString releases the string that it finds.
+// AutoCAD sets only the type of a new buffer, and acutUpdString frees the string that it finds.
 resbuf* NewResbuf(int type) {
     resbuf* const item = acutNewRb(type);
     if (item) {
@@ -81,14 +80,14 @@ resbuf* NewResbuf(int type) {
 }
 
 ResbufChain NewChain(const std::string& application) {
-    // Refusal means, among other things, that the name is registered already; setXData knows better.
+    // The result is ignored: it also fails for a registered name, and setXData refuses an unregistered one.
     acdbRegApp(Widen(application).c_str());
     ResbufChain chain(NewResbuf(AcDb::kDxfRegAppName));
     if (chain && !SetText(chain.get(), application)) chain.reset();
     return chain;
 }
 
-// The whole value, or GetXDataString's negative result.
+// Reads the whole value. Returns 0, or GetXDataString's negative result.
 int ReadValue(const AcDbObject* object, const char* application, const char* key, std::string& value) {
     if (!object || !application || !key) return -1;
     const ResbufChain chain(object->xData(Widen(application).c_str()));
@@ -99,7 +98,7 @@ int ReadValue(const AcDbObject* object, const char* application, const char* key
     return 0;
 }
 
-// `parse` takes the value's text and tells whether it read the number.
+// `parse` reads the value's text. Returns true on success.
 template <class Parser>
 int ReadNumber(const AcDbObject* object, const char* application, const char* key, Parser parse) {
     std::string text;

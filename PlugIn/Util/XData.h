@@ -1,7 +1,6 @@
-// Named values in the extended entity data of drawing objects: text items "key=value" in the chain of a registered
-// application. Keys have 1 to 39 characters and no "=", and are compared without regard to
-// case and outer blanks; other keys and other applications' data stay untouched. Failure is told by negative results;
-// objects must be open for the access in question and stay open.
+// Named values in the extended entity data of drawing objects: items "key=value" in the chain of a registered
+// application. Keys have 1 to 39 characters without "="; case and outer blanks do not matter. Other keys and other
+// applications' data are not changed. Objects must be open for the access and stay open.
 #pragma once
 
 #include <cstddef>
@@ -12,8 +11,8 @@ class AcDbObject;
 // The module's own application name.
 inline constexpr char kXDataApplication[] = "SORV";
 
-// Writers: 0; -1 bad argument or key, allocation failure or refusal by the drawing; -2 empty value. The application is
-// registered when the object has no data of it yet. Numbers are written in decimals with `precision` places, a point as
+// Set a value, and register the application when the object has no data of it. Return 0; -1 for a bad argument or key,
+// when memory runs out or the drawing refuses; -2 for an empty value. Numbers have `precision` decimals, a point is
 // "x,y,z".
 int SetXDataString(AcDbObject* object, const char* application, const char* key, const char* value);
 int SetXDataFloat(AcDbObject* object, const char* application, const char* key, float value, int precision);
@@ -21,24 +20,26 @@ int SetXDataDouble(AcDbObject* object, const char* application, const char* key,
 int SetXDataPoint(AcDbObject* object, const char* application, const char* key, double x, double y, double z,
                   int precision);
 
-// Length of the value, which is cut to size - 1 characters; -1 bad argument, -2 no such value.
+// Returns the length of the value, which is truncated to size - 1 characters; -1 for a bad argument, -2 for no such
+// value.
 int GetXDataString(const AcDbObject* object, const char* application, const char* key, char* buffer, size_t size);
-// 1 when the value was read as a number (or three), 0 when it is none, otherwise GetXDataString's negative result. The
-// outputs are written only with result 1.
+// Return 1, 0 when the value is not a number (or three), or GetXDataString's negative result. They write the outputs
+// only with result 1.
 int GetXDataFloat(const AcDbObject* object, const char* application, const char* key, float& value);
 int GetXDataDouble(const AcDbObject* object, const char* application, const char* key, double& value);
 int GetXDataPoint(const AcDbObject* object, const char* application, const char* key, double& x, double& y, double& z);
 
-// 0, also when there is nothing to remove; -1 bad argument or refusal by the drawing.
+// Returns 0, also when there is nothing to remove; -1 for a bad argument or when the drawing refuses.
 int RemoveXDataKey(AcDbObject* object, const char* application, const char* key);
 
-// Key buffer of ParseKeyValue: 39 characters and the terminator.
+// Size of ParseKeyValue's key buffer: 39 characters and the terminator.
 inline constexpr size_t kXDataKeySize = 40;
-// Takes "key=value" apart. `key` has kXDataKeySize characters and receives the key trimmed and in upper case; `value`
-// receives the rest, cut to valueSize - 1 characters. Length of the value, or -1 when the entry is no such pair.
+// Splits "key=value". Stores the key, trimmed and in upper case, in `key` (kXDataKeySize characters), and the rest,
+// truncated to valueSize - 1 characters, in `value`. Returns the length of the value, or -1 when the entry is no pair.
 int ParseKeyValue(const char* entry, char* key, char* value, size_t valueSize);
 
-// The same by an entity's handle (hexadecimal text), with the module's own application name. Failures are told on the
-// command line; SetEntityXData gives 0 or a negative result, GetEntityXData at most 1023 characters or an empty text.
+// Set and get a value by an entity's handle (hexadecimal text) under the module's own application name. SetEntityXData
+// returns SetXDataString's result, or -1 after reporting why the entity cannot be opened. GetEntityXData returns at
+// most 1023 characters, or an empty text; it reports only an entity that cannot be opened.
 int SetEntityXData(const char* handle, const char* key, const char* value);
 std::string GetEntityXData(const char* handle, const char* key);

@@ -1,8 +1,8 @@
-// Helper for elements of XML documents. Elements are borrowed: their document owns them.
+// Elements of XML documents. Their document owns them.
 #pragma once
 
 #include "ticpp.h"
 
-// The parent's first child element of that name, appended when there is none. Null when the parent or the name is null
-// or the name is empty.
+// Returns the parent's first child element of that name; appends one if there is none. Returns null when the parent or
+// the name is null or the name is empty.
 ticpp::Element* GetOrAddChildElement(ticpp::Element* parent, const char* name);

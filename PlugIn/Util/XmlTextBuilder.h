@@ -1,5 +1,5 @@
-// Text that only grows, for the XML commands to the Klimora server, with printf-style appending and XML escaping.
-// Arguments of formats are what printf takes: numbers and pointers to narrow texts.
+// Builds a text by appending, also printf-style, and escapes XML. Arguments of formats are those of printf: numbers and
+// narrow C strings.
 #pragma once
 
 #include "PrintfFormat.h"
@@ -10,7 +10,7 @@
 
 class XmlTextBuilder {
  public:
-    // A null text or format adds nothing.
+    // A null text or format appends nothing.
     void Append(const char* text) {
         if (text) Append(std::string_view(text));
     }
@@ -19,18 +19,18 @@ class XmlTextBuilder {
         text_ += text;
     }
     PRINTF_FORMAT(format, 2, 3) void AppendFormat(const char* format, ...);
-    // Two upper-case hexadecimal digits a byte, high nibble first.
+    // Appends two upper-case hexadecimal digits for each byte.
     void AppendHex(const void* bytes, size_t count);
 
     const std::string& Text() const { return text_; }
 
-    // The five characters & < > " ' become their entities after a formatting pass. A value alone is its own format, so
-    // "%%" in it gives "%" (FormatOwnText). A null format gives an empty text.
+    // Formats, then replaces the characters & < > " ' by their entities. A value without arguments is also a format, so
+    // "%%" in it becomes "%" (FormatOwnText). A null format returns an empty string.
     static std::string Escape(const char* value);
     static std::string Escape(const std::string& value) { return Escape(value.c_str()); }
     template <class First, class... Others>
     static std::string Escape(const char* format, First first, Others... others) {
-        static_assert(IsPrintfArgument<First>() && (IsPrintfArgument<Others>() && ...), "printf takes no objects");
+        static_assert(IsPrintfArgument<First>() && (IsPrintfArgument<Others>() && ...), "printf accepts no objects");
         return EscapeFormat(format, first, others...);
     }
 
