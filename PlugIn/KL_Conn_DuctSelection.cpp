@@ -108,7 +108,7 @@ void WriteDuct(ticpp::Element* root, const DuctValues& values) {
 
 int KlConn::SelectDuct() {
     // Unsuitable picks are not errors, and print nothing.
-    const TraceSwitchGuard silent(*this, false, false, false);
+    const TraceSwitchGuard silent(*this, kNoTrace);
     try {
         for (;;) {
             AcDbObjectId picked;

@@ -264,13 +264,13 @@ bool KLComUtils::IsValidPartHandle(const std::string& part) {
 }
 
 TraceSwitchGuard::TraceSwitchGuard(KLComUtils& utils) : utils_(utils) {
-    utils_.GetTrace(&keep_, &failures_, &all_);
+    utils_.GetTrace(&saved_.keep, &saved_.failures, &saved_.all);
 }
 
-TraceSwitchGuard::TraceSwitchGuard(KLComUtils& utils, bool keep, bool failures, bool all) : TraceSwitchGuard(utils) {
-    utils_.SetTrace(keep, failures, all);
+TraceSwitchGuard::TraceSwitchGuard(KLComUtils& utils, const TraceSwitches& switches) : TraceSwitchGuard(utils) {
+    utils_.SetTrace(switches.keep, switches.failures, switches.all);
 }
 
 TraceSwitchGuard::~TraceSwitchGuard() {
-    utils_.SetTrace(keep_, failures_, all_);
+    utils_.SetTrace(saved_.keep, saved_.failures, saved_.all);
 }

@@ -169,16 +169,14 @@ class KLComUtils {
 class TraceSwitchGuard {
  public:
     explicit TraceSwitchGuard(KLComUtils& utils);
-    TraceSwitchGuard(KLComUtils& utils, bool keep, bool failures, bool all);
+    TraceSwitchGuard(KLComUtils& utils, const TraceSwitches& switches);
     ~TraceSwitchGuard();
     TraceSwitchGuard(const TraceSwitchGuard&) = delete;
     TraceSwitchGuard& operator=(const TraceSwitchGuard&) = delete;
 
  private:
     KLComUtils& utils_;
-    bool keep_ = false;
-    bool failures_ = true;
-    bool all_ = false;
+    TraceSwitches saved_ = {false, true, false};
 };
 
 // Replaces every occurrence of `search` from left to right. An empty `search` changes nothing.

@@ -150,7 +150,7 @@ std::string KLComUtils::CreateCustomObject(const PartPlacement& placement, const
 }
 
 bool KLComUtils::IsCustomObject(const std::string& part) {
-    const TraceSwitchGuard silent(*this, false, false, false);
+    const TraceSwitchGuard silent(*this, kNoTrace);
     return IsPartTypeDefine(part, kCustomDefine);
 }
 

@@ -104,7 +104,7 @@ int KLComUtils::SetPackageList(const std::string& part, const std::vector<std::s
 }
 
 std::string KLComUtils::GetPackageMainPart(const std::string& part) {
-    const TraceSwitchGuard silent(*this, false, false, false);
+    const TraceSwitchGuard silent(*this, kNoTrace);
     return GetPartAttOrDefault(part, "/part/package/mainpart", std::string());
 }
 

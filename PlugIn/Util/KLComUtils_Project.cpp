@@ -34,7 +34,7 @@ constexpr TypeDefine kTypeDefines[] = {
 // Returns the server's name of the project file, empty when no project is open. Failures are not traced, because the
 // caller shows that no project is open.
 std::string ProjectFile(KLComUtils& utils) {
-    const TraceSwitchGuard silent(utils, false, false, false);
+    const TraceSwitchGuard silent(utils, kNoTrace);
     return utils.GetPartAtt("", "/dwg/kpjfilename", false);
 }
 

@@ -16,6 +16,7 @@ struct TraceSwitches {
     bool failures = false;  // also print the line of a failed call
     bool all = false;       // print every call's line
 };
+inline constexpr TraceSwitches kNoTrace{};
 
 class KlimComSrvImpl {
  public:

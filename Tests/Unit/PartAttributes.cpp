@@ -103,7 +103,7 @@ TEST_F(PartAttributes, GuardPutsTheSwitchesBack) {
     bool keep = false, failures = false, all = false;
     utils_.SetTrace(true, false, true);
     {
-        const TraceSwitchGuard other(utils_, false, true, false);
+        const TraceSwitchGuard other(utils_, {false, true, false});
         utils_.GetTrace(&keep, &failures, &all);
         EXPECT_TRUE(!keep && failures && !all);
         const TraceSwitchGuard inner(utils_);
