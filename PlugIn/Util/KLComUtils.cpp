@@ -53,7 +53,7 @@ KLComUtils::~KLComUtils() {
 
 int KLComUtils::Connect() {
     try {
-        server_ = std::make_unique<KlimComSrvHandle>();
+        server_ = KlimComSrvHandle();
         return 0;
     } catch (...) {
         return -1;

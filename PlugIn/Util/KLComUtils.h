@@ -9,7 +9,7 @@
 
 #include <functional>
 #include <map>
-#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -146,7 +146,7 @@ class KLComUtils {
 
  private:
     // Requires a connection.
-    KlimComSrvHandle& Server() const { return *server_; }
+    const KlimComSrvHandle& Server() const { return *server_; }
     // 0 and an empty text when not connected.
     int ServerVersion() const { return server_ ? static_cast<int>(Server()->getVersion()) : 0; }
     std::string ServerErrorText() const { return server_ ? Server()->getLastErrorText() : std::string(); }
@@ -162,7 +162,7 @@ class KLComUtils {
     void SetGeometryFromMemory(const std::string& part, const char* attribute, const void* data, int size);
     bool IsCustomObject(const std::string& part);
 
-    std::unique_ptr<KlimComSrvHandle> server_;
+    std::optional<KlimComSrvHandle> server_;  // empty when not connected
 };
 
 // Restores the three trace switches in its destructor. The second constructor also sets new values.
