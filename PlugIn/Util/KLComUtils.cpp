@@ -4,9 +4,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <locale>
-#include <memory>
 #include <new>
 #include <sstream>
 #include <utility>
@@ -15,8 +13,8 @@
 
 #include "Lib/ExceptionReport.h"
 #include "Lib/FormatText.h"
-#include "Lib/Handles.h"
 #include "Lib/Text.h"
+#include "Lib/WholeFile.h"
 
 namespace {
 
@@ -183,7 +181,7 @@ int KLComUtils::GetAttributes(const std::string& /*part*/, const std::string& pa
 int KLComUtils::ForEachRecord(const std::string& path, const std::vector<std::string>& names,
                               const std::function<void(const Record&)>& take) {
     if (!server_) return -1;
-    try {
+    return ReportOnThrow({"Failed to get attributes.", kSource, 280, "KLComUtils::GetAttributes"}, -1, [&] {
         if (path.find('/') == std::string::npos) throw "Can't find '/' in a parent path " + path;
         const int count = GetCountOrDefault(path, 0);
         Record record;
@@ -201,16 +199,13 @@ int KLComUtils::ForEachRecord(const std::string& path, const std::vector<std::st
             take(record);
         }
         return 0;
-    } catch (...) {
-        ReportException("Failed to get attributes.", kSource, 280, "KLComUtils::GetAttributes");
-        return -1;
-    }
+    });
 }
 
 int KLComUtils::BinVariableSetData(int variable, const void* data, int size) {
     if (!server_) return -1;
     if (!data || size < 1) return kBadArgument;
-    if (Server()->setBinVariableSize(variable, size) != 0) throw "";  // the caller's report gives the words
+    if (Server()->setBinVariableSize(variable, size) != 0) throw kNoDetails;
     return SendBinVariableData(variable, data, size);
 }
 
@@ -225,29 +220,24 @@ int KLComUtils::SendBinVariableData(int variable, const void* data, int size) {
 }
 
 int KLComUtils::BinVariableSetData(int variable, const char* fileName) {
-    if (!fileName || !*fileName) return kBadArgument;
+    if (IsNullOrEmpty(fileName)) return kBadArgument;
     int result = -1;
     const auto fail = [&](int code, const char* message) {
         result = code;
         throw std::string(message) + fileName;
     };
-    try {
-        const StdioFile file(std::fopen(fileName, "rb"));
-        if (!file) fail(kFileNotOpened, "Can't open file ");
-        std::fseek(file.get(), 0, SEEK_END);
-        const long size = std::ftell(file.get());
-        std::fseek(file.get(), 0, SEEK_SET);
-        if (size < 0) fail(kShortRead, "Can't read data from file ");
-        const size_t count = static_cast<size_t>(size);
-        const std::unique_ptr<char[]> data(new (std::nothrow) char[count + 1]);
-        if (!data) fail(kNoMemory, "Can't allocate memory to load file ");
-        if (std::fread(data.get(), 1, count, file.get()) != count) fail(kShortRead, "Can't read data from file ");
-        data[count] = '\0';
-        return BinVariableSetData(variable, data.get(), static_cast<int>(size));
-    } catch (...) {
-        ReportException("Failed to set bin variable data.", kSource, 221, "KLComUtils::BinVariableSetData");
-        return result;
-    }
+    ReportOnThrow({"Failed to set bin variable data.", kSource, 221, "KLComUtils::BinVariableSetData"}, [&] {
+        std::string data;
+        try {
+            const WholeFile read = ReadWholeFile(fileName, data);
+            if (read == WholeFile::kNotOpened) fail(kFileNotOpened, "Can't open file ");
+            if (read == WholeFile::kNotRead) fail(kShortRead, "Can't read data from file ");
+        } catch (const std::bad_alloc&) {
+            fail(kNoMemory, "Can't allocate memory to load file ");
+        }
+        result = BinVariableSetData(variable, data.data(), static_cast<int>(data.size()));
+    });
+    return result;
 }
 
 int KLComUtils::BinVariableFree(int variable) {

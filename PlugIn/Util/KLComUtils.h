@@ -11,6 +11,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "dbid.h"
@@ -159,7 +160,7 @@ class KLComUtils {
     // failed.
     using Creation = int (KlimComSrvImpl::*)(const char* command, std::string& reply);
     std::string Create(Creation creation, const std::string& command);
-    void SetGeometryFromMemory(const std::string& part, const char* attribute, const void* data, int size);
+    int SetGeometryFromMemory(const std::string& part, const char* attribute, const void* data, int size);
     bool IsCustomObject(const std::string& part);
 
     std::optional<KlimComSrvHandle> server_;  // empty when not connected
@@ -177,6 +178,24 @@ class TraceSwitchGuard {
  private:
     KLComUtils& utils_;
     TraceSwitches saved_ = {false, true, false};
+};
+
+// Frees a binary variable of the server in its destructor, unless Free() has freed it.
+class BinVariableGuard {
+ public:
+    BinVariableGuard(KLComUtils& utils, int variable) : utils_(&utils), variable_(variable) {}
+    ~BinVariableGuard() {
+        if (utils_) Free();
+    }
+    BinVariableGuard(const BinVariableGuard&) = delete;
+    BinVariableGuard& operator=(const BinVariableGuard&) = delete;
+
+    // Returns the server's result.
+    int Free() { return std::exchange(utils_, nullptr)->BinVariableFree(variable_); }
+
+ private:
+    KLComUtils* utils_;
+    int variable_;
 };
 
 // Replaces every occurrence of `search` from left to right. An empty `search` changes nothing.

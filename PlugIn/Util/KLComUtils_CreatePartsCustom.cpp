@@ -30,19 +30,6 @@ void CheckVersion(int serverVersion) {
     if (serverVersion < kCustomObjectVersion) throw "Klimora version is too old";
 }
 
-// Changes a custom object. Returns 0, or -1 after the report.
-template <class Work>
-int Change(int serverVersion, const char* failure, int line, const char* function, Work work) {
-    try {
-        CheckVersion(serverVersion);
-        work();
-        return 0;
-    } catch (...) {
-        ReportException(failure, kSource, line, function);
-        return -1;
-    }
-}
-
 // What a custom object takes from the block reference that it replaces.
 struct BlockPlace {
     std::string layer;
@@ -80,72 +67,72 @@ std::string ReadBlockName(AcDbObjectId block) {
 
 }  // namespace
 
-void KLComUtils::SetGeometryFromMemory(const std::string& part, const char* attribute, const void* data, int size) {
-    struct VariableGuard {
-        KLComUtils& utils;
-        ~VariableGuard() { utils.BinVariableFree(kGeometryVariable); }
-    };
-    if (!data || size < 1 || Server()->setBinVariableSize(kGeometryVariable, size) != 0) throw "";
-    const VariableGuard guard{*this};
-    if (SendBinVariableData(kGeometryVariable, data, size) != 0) throw "";
-    SetPartAtt(part, attribute, kGeometryVariable, true);
+int KLComUtils::SetGeometryFromMemory(const std::string& part, const char* attribute, const void* data, int size) {
+    if (!data || size < 1 || Server()->setBinVariableSize(kGeometryVariable, size) != 0) throw kNoDetails;
+    const BinVariableGuard variable(*this, kGeometryVariable);
+    if (SendBinVariableData(kGeometryVariable, data, size) != 0) throw kNoDetails;
+    return SetPartAtt(part, attribute, kGeometryVariable, true);
 }
 
 int KLComUtils::SetGeometryForCustomObject(const std::string& part, const void* data, int size) {
-    return Change(ServerVersion(), "Can't set gm_model geometry for custom object", 481, kSetGeometry,
-                  [&] { SetGeometryFromMemory(part, "/Part/Geometry/Source[0]/gm_model/binvar", data, size); });
+    return ReportOnThrow({"Can't set gm_model geometry for custom object", kSource, 481, kSetGeometry}, -1, [&] {
+        CheckVersion(ServerVersion());
+        return SetGeometryFromMemory(part, "/Part/Geometry/Source[0]/gm_model/binvar", data, size);
+    });
 }
 
 int KLComUtils::SetGeometryForCustomObject(const std::string& part, const std::string& kmodelFileName,
                                            const std::string& params) {
-    return Change(ServerVersion(), "Can't set kmodel file geometry for custom object", 511, kSetGeometry, [&] {
+    return ReportOnThrow({"Can't set kmodel file geometry for custom object", kSource, 511, kSetGeometry}, -1, [&] {
+        CheckVersion(ServerVersion());
         SetPartAtt(part, "/Part/Geometry/Source[0]/KModel/Filename", kmodelFileName, true);
-        if (!params.empty()) SetPartAtt(part, kKModelParams, params, true);
+        return params.empty() ? 0 : SetPartAtt(part, kKModelParams, params, true);
     });
 }
 
 int KLComUtils::SetGeometryForCustomObject(const std::string& part, const void* data, int size,
                                            const std::string& params) {
     // The message names the geometry model on purpose.
-    return Change(ServerVersion(), "Can't set gm_model data for custom object", 553, kSetGeometry, [&] {
+    return ReportOnThrow({"Can't set gm_model data for custom object", kSource, 553, kSetGeometry}, -1, [&] {
+        CheckVersion(ServerVersion());
         SetGeometryFromMemory(part, "/Part/Geometry/Source[0]/KModel/binvar", data, size);
-        if (!params.empty()) SetPartAtt(part, kKModelParams, params, true);
+        return params.empty() ? 0 : SetPartAtt(part, kKModelParams, params, true);
     });
 }
 
 int KLComUtils::SetGeometryForCustomObject(const std::string& part, const std::string& blockName) {
-    return Change(ServerVersion(), "Can't set block geometry for custom object", 577, kSetGeometry,
-                  [&] { SetPartAtt(part, "/Part/Geometry/Source[0]/Block/Name", blockName, true); });
+    return ReportOnThrow({"Can't set block geometry for custom object", kSource, 577, kSetGeometry}, -1, [&] {
+        CheckVersion(ServerVersion());
+        return SetPartAtt(part, "/Part/Geometry/Source[0]/Block/Name", blockName, true);
+    });
 }
 
 int KLComUtils::SetLinetypesForCustomObject(const std::string& part, const std::string& layer) {
-    return Change(ServerVersion(), "Can't set line type definitions to part", 617,
-                  "KLComUtils::SetLinetypesForCustomObject",
-                  [&] { SetPartAtt(part, "/Part/Geometry/Linetypedef[0]", LinetypeDefinition(layer), true); });
+    constexpr ReportSite kSite = {"Can't set line type definitions to part", kSource, 617,
+                                  "KLComUtils::SetLinetypesForCustomObject"};
+    return ReportOnThrow(kSite, -1, [&] {
+        CheckVersion(ServerVersion());
+        return SetPartAtt(part, "/Part/Geometry/Linetypedef[0]", LinetypeDefinition(layer), true);
+    });
 }
 
 std::string KLComUtils::CreateCustomObject(const PartPlacement& placement, const CustomObjectData& object) {
-    try {
+    return ReportOnThrow({kNotCreated, kSource, 667, kCreateCustomObject}, std::string(), [&] {
         CheckVersion(ServerVersion());
         std::string part = Create(&KlimComSrvImpl::createPart, CustomObjectCommand(placement, object));
         // A part without its line types is still valid; their failure is reported.
         if (IsValidPartHandle(part)) SetLinetypesForCustomObject(part, object.layer);
         return part;
-    } catch (...) {
-        ReportException(kNotCreated, kSource, 667, kCreateCustomObject);
-        return std::string();
-    }
+    });
 }
 
 std::string KLComUtils::CreateCustomObject(const PartPlacement& placement, const CustomObjectData& object,
                                            const void* data, int size) {
     std::string part;
-    try {
+    ReportOnThrow({kNotCreated, kSource, 699, kCreateCustomObject}, [&] {
         part = CreateCustomObject(placement, object);
         if (IsValidPartHandle(part)) SetGeometryForCustomObject(part, data, size);
-    } catch (...) {
-        ReportException(kNotCreated, kSource, 699, kCreateCustomObject);
-    }
+    });
     return part;
 }
 
@@ -156,17 +143,14 @@ bool KLComUtils::IsCustomObject(const std::string& part) {
 
 std::string KLComUtils::CreateCustomObject(const std::string& blockReference, const CustomObjectData& object,
                                            bool /*flag*/) {
-    try {
+    return ReportOnThrow({kNotCreated, kSource, 774, kCreateCustomObject}, std::string(), [&] {
         CheckVersion(ServerVersion());
         if (IsCustomObject(blockReference)) return std::string();
         const BlockPlace place = ReadBlockReference(blockReference);
         CustomObjectData onLayer = object;
         if (!place.layer.empty()) onLayer.layer = place.layer;
-        const std::string part = CreateCustomObject(place.placement, onLayer);
+        std::string part = CreateCustomObject(place.placement, onLayer);
         if (IsValidPartHandle(part)) SetGeometryForCustomObject(part, ReadBlockName(place.block));
         return part;
-    } catch (...) {
-        ReportException(kNotCreated, kSource, 774, kCreateCustomObject);
-        return std::string();
-    }
+    });
 }

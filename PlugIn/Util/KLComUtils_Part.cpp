@@ -37,7 +37,9 @@ void KLComUtils::GetTwoConnectedParts(const std::string& part, std::string& firs
     if (!server_) return;
     std::string* const results[] = {&first, &second};
     const char* const messages[] = {"Can't get connection 0 ", "Can't get connection 1 "};
-    try {
+    constexpr ReportSite kSite = {"GetConnectedParts : Failed to get parts connected to segment.", kSource, 49,
+                                  "KLComUtils::GetTwoConnectedParts"};
+    ReportOnThrow(kSite, [&] {
         const int count = CountConnections(part);
         for (int i = 0; i < 2 && i < count; ++i) {
             if (GetPartAtt(part, ConnectedToPath(i), *results[i], false) != 0) throw messages[i];
@@ -45,62 +47,48 @@ void KLComUtils::GetTwoConnectedParts(const std::string& part, std::string& firs
         for (std::string* result : results) {
             if (validOnly && !IsValidPartHandle(*result)) result->clear();
         }
-    } catch (...) {
-        ReportException("GetConnectedParts : Failed to get parts connected to segment.", kSource, 49,
-                        "KLComUtils::GetTwoConnectedParts");
-    }
+    });
 }
 
 void KLComUtils::GetAllConnectedParts(const std::string& part, std::vector<std::string>& parts, bool validOnly) {
     if (!server_) return;
-    try {
+    ReportOnThrow({"Failed to get connected parts", kSource, 66, "KLComUtils::GetAllConnectedParts"}, [&] {
         const int count = CountConnections(part);
         for (int i = 0; i < count; ++i) {
             std::string connected = GetPartAtt(part, ConnectedToPath(i), true);
             if (!validOnly || IsValidPartHandle(connected)) parts.push_back(std::move(connected));
         }
-    } catch (...) {
-        ReportException("Failed to get connected parts", kSource, 66, "KLComUtils::GetAllConnectedParts");
-    }
+    });
 }
 
 int KLComUtils::EraseParts(const char* list) {
     if (!server_) return -1;
     if (!list) return 0;
-    try {
-        if (Server()->erasePart(ServerCommand().Verbatim("ErasePart/PartList", list).Text().c_str()) != 0) throw "";
+    return ReportOnThrow({"Failed to erase parts", kSource, 105, "KLComUtils::EraseParts"}, -1, [&] {
+        const ServerCommand command = ServerCommand().Verbatim("ErasePart/PartList", list);
+        if (Server()->erasePart(command.Text().c_str()) != 0) throw kNoDetails;
         return 0;
-    } catch (...) {
-        ReportException("Failed to erase parts", kSource, 105, "KLComUtils::EraseParts");
-        return -1;
-    }
+    });
 }
 
 int KLComUtils::GetPackageList(const std::string& part, std::vector<std::string>& members) {
     if (!server_) return -1;
-    try {
+    return ReportOnThrow({"Can't get Klimora product package", kSource, 124, "KLComUtils::GetPackageList"}, -1, [&] {
         for (std::string& member : KLUtils::Split(GetPartAtt(part, kPackagePath, true), " "))
             members.push_back(std::move(member));
         return 0;
-    } catch (...) {
-        ReportException("Can't get Klimora product package", kSource, 124, "KLComUtils::GetPackageList");
-        return -1;
-    }
+    });
 }
 
 int KLComUtils::SetPackageList(const std::string& part, const std::vector<std::string>& members) {
     if (!server_) return -1;
     if (members.empty()) return 0;
-    try {
+    return ReportOnThrow({"Can't set Klimora product package", kSource, 137, "KLComUtils::SetPackageList"}, -1, [&] {
         std::string list = members[0];
         for (size_t i = 1; i < members.size(); ++i)
             list += ' ' + members[i];
-        SetPartAtt(part, kPackagePath, list, true);
-        return 0;
-    } catch (...) {
-        ReportException("Can't set Klimora product package", kSource, 137, "KLComUtils::SetPackageList");
-        return -1;
-    }
+        return SetPartAtt(part, kPackagePath, list, true);
+    });
 }
 
 std::string KLComUtils::GetPackageMainPart(const std::string& part) {
@@ -112,20 +100,22 @@ AcGeMatrix3d KLComUtils::GetTransformationMatrix(AcDbObjectId entity) {
     AcGeMatrix3d matrix;
     matrix.setToIdentity();
     if (!server_) return matrix;
-    try {
+    constexpr ReportSite kSite = {"Failed to get transformation matrix", kSource, 166,
+                                  "KLComUtils::GetTransformationMatrix"};
+    ReportOnThrow(kSite, [&] {
         OpenObject<AcDbEntity> opened;
         if (opened.Open(entity, AcDb::kForRead) != Acad::eOk) throw "Can't open object for reading";
-        if (const AcDbBlockReference* reference = AcDbBlockReference::cast(opened.get()))
-            return reference->blockTransform();
+        if (const AcDbBlockReference* reference = AcDbBlockReference::cast(opened.get())) {
+            matrix = reference->blockTransform();
+            return;
+        }
         opened.reset();
         const std::string part = GetPartHandle(entity);
-        if (!IsValidPartHandle(part)) return matrix;
+        if (!IsValidPartHandle(part)) return;
         const AcGePoint3d position = GetPartAttPoint(part, "/Part/Position/WCS", true);
         const AcGeVector3d direction = GetPartAttVector(part, "/Part/Direction/WCS", true);
         const AcGeVector3d normal = GetPartAttVector(part, "/Part/Normal/WCS", true);
         matrix.setCoordSystem(position, direction, normal.crossProduct(direction), normal);
-    } catch (...) {
-        ReportException("Failed to get transformation matrix", kSource, 166, "KLComUtils::GetTransformationMatrix");
-    }
+    });
     return matrix;
 }

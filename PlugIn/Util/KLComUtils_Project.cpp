@@ -65,11 +65,15 @@ int KLComUtils::AddDeviceToKlimoraProject(const char* kpdFileName, const void* b
                                           const char* extraXml) {
     int result = -1;
     if (!server_) return result;
-    try {
+    constexpr ReportSite kSite = {"Failed to add device to Klimora project.", kSource, 115,
+                                  "KLComUtils::AddDeviceToKlimoraProject"};
+    ReportOnThrow(kSite, [&] {
         const bool hasBinary = binaryData && binarySize >= 1;
         if (hasBinary && (Server()->setBinVariableSize(kProductVariable, binarySize) != 0 ||
                           SendBinVariableData(kProductVariable, binaryData, binarySize) != 0))
             throw "Can't set data to binary variable " + ServerErrorText();
+        std::optional<BinVariableGuard> binary;
+        if (hasBinary) binary.emplace(*this, kProductVariable);
 
         ServerCommand command("ManageProductData");
         command.Element("Function/Name", "Add");
@@ -85,25 +89,19 @@ int KLComUtils::AddDeviceToKlimoraProject(const char* kpdFileName, const void* b
 
         // Read before freeing the variable can replace the server's last error text.
         const std::string productError = result < 0 ? ServerErrorText() : std::string();
-        if (hasBinary && BinVariableFree(kProductVariable) != 0)
-            throw "Can't free binary variable " + ServerErrorText();
+        if (binary && binary->Free() != 0) throw "Can't free binary variable " + ServerErrorText();
         if (result < 0) throw "Can not add device to Klimora project " + productError;
-    } catch (...) {
-        ReportException("Failed to add device to Klimora project.", kSource, 115,
-                        "KLComUtils::AddDeviceToKlimoraProject");
-    }
+    });
     return result;
 }
 
 std::string KLComUtils::GetTypeDefineByKPDClassName(const std::string& kpdClassName) {
-    try {
+    constexpr ReportSite kSite = {"Failed to get type define by KPD class name", kSource, 152,
+                                  "KLComUtils::GetTypeDefineByKPDClassName"};
+    return ReportOnThrow(kSite, std::string(), [&] {
         for (const TypeDefine& entry : kTypeDefines) {
-            if (kpdClassName == entry.kpdClassName) return entry.define;
+            if (kpdClassName == entry.kpdClassName) return std::string(entry.define);
         }
         throw "Unknown kpd class for valve " + kpdClassName;
-    } catch (...) {
-        ReportException("Failed to get type define by KPD class name", kSource, 152,
-                        "KLComUtils::GetTypeDefineByKPDClassName");
-        return std::string();
-    }
+    });
 }

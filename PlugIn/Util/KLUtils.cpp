@@ -72,14 +72,13 @@ Acad::ErrorStatus AppendToModelSpace(AcDbEntity* entity, AcDbObjectId& id) {
 
 int UpdateAttribute(AcDbBlockReference* reference, const char* tag, const char* value) {
     if (!reference) return -1;
-    try {
+    constexpr ReportSite kSite = {"Failed to update attribute.", "PlugIn/Util/KLUtils", 282,
+                                  "KLUtils::UpdateAttribute"};
+    return ReportOnThrow(kSite, -1, [&] {
         if (!tag || !value) throw std::invalid_argument("Tag or value is missing.");
         UpdateAttributes(reference, tag, Widen(value).c_str());
         return 0;
-    } catch (...) {
-        ReportException("Failed to update attribute.", "PlugIn/Util/KLUtils", 282, "KLUtils::UpdateAttribute");
-        return -1;
-    }
+    });
 }
 
 void MoveEntity(AcDbObjectId id, const AcGeVector3d& displacement) {

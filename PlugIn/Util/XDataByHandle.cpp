@@ -3,14 +3,13 @@
 #include <dbid.h>
 #include <dbmain.h>
 
-#include <stdexcept>
-
 #include "ArxHandles.h"
 #include "Lib/ExceptionReport.h"
 #include "XData.h"
 
 namespace {
 
+constexpr char kSource[] = "PlugIn/Util/XDataByHandle";
 constexpr size_t kValueSize = 1024;
 
 AcDbObjectId IdOf(const char* handle) {
@@ -20,29 +19,23 @@ AcDbObjectId IdOf(const char* handle) {
 }  // namespace
 
 int SetEntityXData(const char* handle, const char* key, const char* value) {
-    try {
+    return ReportOnThrow({"Failed to set entity data.", kSource, 43, "SetEntityXData"}, -1, [&] {
         OpenObject<AcDbObject> object;
         if (object.Open(IdOf(handle), AcDb::kForWrite) != Acad::eOk) {
-            throw std::runtime_error("Can't open object. Check that layer is not locked.");
+            throw "Can't open object. Check that layer is not locked.";
         }
         return SetXDataString(object.get(), kXDataApplication, key, value);
-    } catch (...) {
-        ReportException("Failed to set entity data.", "PlugIn/Util/XDataByHandle", 43, "SetEntityXData");
-        return -1;
-    }
+    });
 }
 
 std::string GetEntityXData(const char* handle, const char* key) {
-    try {
+    return ReportOnThrow({"Failed to get entity data.", kSource, 58, "GetEntityXData"}, std::string(), [&] {
         OpenObject<AcDbObject> object;
         if (object.Open(IdOf(handle), AcDb::kForRead) != Acad::eOk) {
-            throw std::runtime_error("Can't open object for reading.");
+            throw "Can't open object for reading.";
         }
         char value[kValueSize];
         const int length = GetXDataString(object.get(), kXDataApplication, key, value, sizeof value);
         return length > 0 ? std::string(value) : std::string();
-    } catch (...) {
-        ReportException("Failed to get entity data.", "PlugIn/Util/XDataByHandle", 58, "GetEntityXData");
-        return std::string();
-    }
+    });
 }
