@@ -1,9 +1,9 @@
 #include "Util/Clipboard.h"
 
 #include <cstring>
-#include <string_view>
 
 #include "Lib/Handles.h"
+#include "Lib/Text.h"
 #include "Util/ClipboardBlock.h"
 #include "Util/GlobalMemory.h"
 
@@ -39,15 +39,15 @@ int gwclip_copy(HWND owner, const char* format, const char* text, const void* da
                 bool emptyFirst) noexcept {
     const UINT number = RegisteredFormat(format);
     if (!number) return -1;
-    const std::string_view given = text ? text : "";
-    const size_t blockSize = ClipboardBlockSize(given, size);
+    const size_t blockSize = ClipboardBlockSize(OrEmpty(text), size);
     if (blockSize > UINT32_MAX) return -2;
     HGLOBAL handle = nullptr;
     void* block = gwGmallocH(static_cast<uint32_t>(blockSize), &handle);
     if (!block) return -2;
     GlobalMemory owned(handle);
-    ComposeClipboardBlock(block, given, data, size);
-    GlobalUnlock(handle);
+    Owner<HGLOBAL, GlobalUnlock> lock(handle);
+    ComposeClipboardBlock(block, OrEmpty(text), data, size);
+    lock.reset();
 
     const OpenedClipboard clipboard(owner);
     if (!clipboard) return -3;
@@ -70,7 +70,7 @@ void* gwclip_paste(HWND owner, const char* format, char* text, int32_t textSize,
     if (!lock.data()) return nullptr;
 
     const ClipboardBlockView view = ParseClipboardBlock(lock.data(), GlobalSize(handle));
-    if (textWanted) text[view.text.copy(text, static_cast<size_t>(textSize) - 1)] = '\0';
+    if (textWanted) CopyTruncated(text, static_cast<size_t>(textSize), view.text);
     if (dataSize) *dataSize = view.dataSize;
     if (view.dataSize < 1) return nullptr;
     void* data = gwGmalloc(static_cast<uint32_t>(view.dataSize), 0);

@@ -1,9 +1,9 @@
 #include "Util/ComboListData.h"
 
 #include <cstdint>
-#include <cstring>
 
 #include "Lib/Diagnostics.h"
+#include "Lib/Text.h"
 #include "Util/GlobalMemory.h"
 
 namespace {
@@ -32,7 +32,7 @@ int InsertComboListDataItem(ComboListData* list, double value, const char* text)
     ComboListItem& item = (*list)[count];
     item = {};
     item.value = static_cast<float>(value);
-    std::strncpy(item.text, text && *text ? text : " ", sizeof item.text - 1);
+    CopyTruncated(item.text, sizeof item.text, IsNullOrEmpty(text) ? " " : text);
     (*list)[count + 1] = {};
     (*list)[count + 1].value = NULLFLOAT;
     return 0;

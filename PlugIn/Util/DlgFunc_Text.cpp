@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "Lib/Numbers.h"
+#include "Lib/Text.h"
 
 const char* gwgetsubstring(char* destination, const char* source, char separator, int32_t index,
                            int32_t size) noexcept {
@@ -47,7 +48,7 @@ bool ClampNumberText(char* text, double minimum, double maximum) {
 }
 
 std::string OpenFileFilter(const char* filter) {
-    std::string parts = filter ? filter : "";
+    std::string parts = OrEmpty(filter);
     std::replace(parts.begin(), parts.end(), '|', '\0');
     // Together with the string's own terminator there are two even without a last "|".
     parts += '\0';

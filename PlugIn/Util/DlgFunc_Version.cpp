@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "Lib/ModuleIdentity.h"
+#include "Lib/Text.h"
 #include "Util/ModuleVersion.h"
 
 namespace {
@@ -35,6 +36,6 @@ int GetModuleProductVersionText(HMODULE module, char* buffer, int32_t size) {
     *buffer = '\0';
     const std::optional<std::string> version = ReadProductVersion(module);
     if (!version) return 0;
-    buffer[version->copy(buffer, static_cast<size_t>(size) - 1)] = '\0';
+    CopyTruncated(buffer, static_cast<size_t>(size), *version);
     return 1;
 }

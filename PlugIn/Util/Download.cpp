@@ -12,6 +12,7 @@
 #include "Lib/CommandLine.h"
 #include "Lib/Handles.h"
 #include "Lib/ModuleIdentity.h"
+#include "Lib/Text.h"
 
 namespace {
 
@@ -106,7 +107,7 @@ int DownloadAfresh(const char* url, const char* savePath) {
 }
 
 int OpenWebBrowser(const char* url, HWND owner) {
-    if (!url || !*url) {
+    if (IsNullOrEmpty(url)) {
         PrintCommandLine("%s: OpenWebBrowser: Wrong parameter Url is empty.\n", kDisplayName);
         return -1;
     }
@@ -126,7 +127,7 @@ int OpenWebBrowser(const char* url, HWND owner) {
 
 std::string UrlDecode(const char* text) {
     std::string decoded;
-    for (const char* at = text ? text : ""; *at; ++at) {
+    for (const char* at = OrEmpty(text); *at; ++at) {
         if (*at != '%') {
             decoded += *at;
             continue;

@@ -8,6 +8,7 @@
 #include <cstring>
 
 #include "Lib/Handles.h"
+#include "Lib/Text.h"
 
 namespace {
 
@@ -55,6 +56,6 @@ bool DeleteEntries(const char* folder) {
 }  // namespace
 
 int DeleteDirectoryTree(const char* path) {
-    if (!path || !*path) return 0;
+    if (IsNullOrEmpty(path)) return 0;
     return IsLink(path) || DeleteEntries(path) ? RemoveDirectoryA(path) : 0;
 }

@@ -33,15 +33,12 @@ int gwGfree(void* block) noexcept {
 
 void* gwGmallocH(uint32_t size, HGLOBAL* handle) noexcept {
     if (VerifyOrReport(!handle, "!lphg", kNoMemory, kSource, 56, "gwGmallocH")) return nullptr;
+    *handle = nullptr;
     GlobalMemory block(GlobalAlloc(GHND, size));
-    *handle = block.get();
     void* data = block ? GlobalLock(block.get()) : nullptr;
-    if (!data) {
-        *handle = nullptr;
-        block.reset();
+    if (data)
+        *handle = block.release();
+    else
         ReportErrorAndBreak(kNoMemory, kSource, 62, "gwGmallocH");
-        return nullptr;
-    }
-    block.release();
     return data;
 }

@@ -4,6 +4,7 @@
 
 #include "Lib/CommandLine.h"
 #include "Lib/Numbers.h"
+#include "Lib/Text.h"
 
 using namespace KLIMCOMSRVLib;
 
@@ -28,7 +29,7 @@ void Put(std::string& line, std::string_view text) {
 // Arguments in a trace line: strings in quotes, reals with six decimals.
 void PutArgument(std::string& line, const char* text) {
     Put(line, "'");
-    Put(line, text ? text : "");
+    Put(line, OrEmpty(text));
     Put(line, "'");
 }
 void PutArgument(std::string& line, double number) {

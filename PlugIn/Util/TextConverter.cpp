@@ -1,12 +1,14 @@
 #include "Util/TextConverter.h"
 
+#include "Lib/Text.h"
+
 void TextConverter::Reserve(size_t characters) {
     wide_.resize(characters, L'\0');
     narrow_.clear();
 }
 
 std::wstring TextConverter::ToWide(const char* text, UINT codePage) {
-    if (!text) text = "";
+    text = OrEmpty(text);
     const DWORD flags = codePage == CP_UTF8 ? 0 : MB_PRECOMPOSED;
     const int characters = MultiByteToWideChar(codePage, flags, text, -1, nullptr, 0);
     Reserve(static_cast<size_t>(characters));

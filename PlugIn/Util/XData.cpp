@@ -107,12 +107,6 @@ int ReadNumber(const AcDbObject* object, const char* application, const char* ke
     return parse(text.c_str()) ? 1 : 0;
 }
 
-int CopyValue(const std::string& value, char* buffer, size_t size) {
-    const size_t length = value.copy(buffer, size - 1);
-    buffer[length] = '\0';
-    return static_cast<int>(length);
-}
-
 }  // namespace
 
 int SetXDataString(AcDbObject* object, const char* application, const char* key, const char* value) {
@@ -147,7 +141,7 @@ int GetXDataString(const AcDbObject* object, const char* application, const char
     if (!buffer || size == 0) return -1;
     std::string value;
     const int result = ReadValue(object, application, key, value);
-    return result < 0 ? result : CopyValue(value, buffer, size);
+    return result < 0 ? result : static_cast<int>(CopyTruncated(buffer, size, value));
 }
 
 int GetXDataFloat(const AcDbObject* object, const char* application, const char* key, float& value) {
@@ -190,6 +184,6 @@ int ParseKeyValue(const char* entry, char* key, char* value, size_t valueSize) {
     if (!entry || !key || !value || valueSize == 0) return -1;
     const std::optional<KeyValue> pair = Parse(std::string(entry));
     if (!pair) return -1;
-    CopyValue(pair->key, key, kXDataKeySize);
-    return CopyValue(pair->value, value, valueSize);
+    CopyTruncated(key, kXDataKeySize, pair->key);
+    return static_cast<int>(CopyTruncated(value, valueSize, pair->value));
 }

@@ -5,6 +5,7 @@
 
 #include "ArxHandles.h"
 #include "Lib/ExceptionReport.h"
+#include "Lib/Text.h"
 #include "XData.h"
 
 namespace {
@@ -13,7 +14,7 @@ constexpr char kSource[] = "PlugIn/Util/XDataByHandle";
 constexpr size_t kValueSize = 1024;
 
 AcDbObjectId IdOf(const char* handle) {
-    return ObjectIdOf(handle ? handle : "", "Can't get ACAD object id.");
+    return ObjectIdOf(OrEmpty(handle), "Can't get ACAD object id.");
 }
 
 }  // namespace

@@ -1,7 +1,9 @@
 #include "XmlElements.h"
 
+#include "Lib/Text.h"
+
 ticpp::Element* GetOrAddChildElement(ticpp::Element* parent, const char* name) {
-    if (!parent || !name || !*name) return nullptr;
+    if (!parent || IsNullOrEmpty(name)) return nullptr;
     if (ticpp::Element* child = parent->FirstChildElement(name, false)) return child;
     return parent->InsertEndChild(ticpp::Element(name));
 }

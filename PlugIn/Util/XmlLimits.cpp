@@ -2,14 +2,13 @@
 
 #include <algorithm>
 #include <cctype>
-#include <cstdio>
 #include <cstring>
 #include <string_view>
 #include <vector>
 
 #include "ticpp.h"
 
-#include "Lib/Handles.h"
+#include "Lib/WholeFile.h"
 
 namespace {
 
@@ -229,14 +228,10 @@ void ConvertLineEndsToLf(std::string& text) {
 }  // namespace
 
 std::string ReadXmlFile(const std::string& path) {
-    const StdioFile file(std::fopen(path.c_str(), "rb"));
-    if (!file) throw ticpp::Exception(path + ": Failed to open file");
-    std::fseek(file.get(), 0, SEEK_END);
-    const long size = std::ftell(file.get());
-    std::fseek(file.get(), 0, SEEK_SET);
-    std::string text(size > 0 ? std::min(static_cast<size_t>(size), kMaxXmlBytes + 1) : 0, '\0');
-    if (size < 0 || std::fread(text.data(), 1, text.size(), file.get()) != text.size())
-        throw ticpp::Exception(path + ": Failed to read file");
+    std::string text;
+    const WholeFile read = ReadWholeFile(path.c_str(), text, kMaxXmlBytes + 1);
+    if (read == WholeFile::kNotOpened) throw ticpp::Exception(path + ": Failed to open file");
+    if (read == WholeFile::kNotRead) throw ticpp::Exception(path + ": Failed to read file");
     if (text.size() <= kMaxXmlBytes) ConvertLineEndsToLf(text);
     CheckXmlLimits(text, path);
     // The parser skips up to three bytes beyond a truncated character.
