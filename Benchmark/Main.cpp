@@ -21,7 +21,7 @@
 #include "Robot.h"
 #include "TestFiles.h"
 #include "Util/ComTypes.h"
-#include "Util/KLComUtils_CreatePartsCommands.h"
+#include "Util/PartCommands.h"
 #include "Util/XmlTextBuilder.h"
 
 namespace {

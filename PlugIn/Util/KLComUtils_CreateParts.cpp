@@ -3,7 +3,8 @@
 #include "Util/KLComUtils.h"
 
 #include "Lib/ExceptionReport.h"
-#include "Util/KLComUtils_CreatePartsCommands.h"
+#include "Util/ConnectionStubCommand.h"
+#include "Util/PartCommands.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include "Lib/ExceptionReport.h"
 #include "Lib/Text.h"
 #include "Util/ArxHandles.h"
-#include "Util/KLComUtils_CreatePartsCommands.h"
+#include "Util/PartCommands.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include "gepnt3d.h"
 #include "gevec3d.h"
 
-#include "Util/KLComUtils_CreateParts.h"
+#include "Util/PartArguments.h"
 #include "Util/XmlTextBuilder.h"
 
 class ServerCommand {

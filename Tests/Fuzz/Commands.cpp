@@ -2,7 +2,8 @@
 #include <cmath>
 
 #include "Fuzz.h"
-#include "Util/KLComUtils_CreatePartsCommands.h"
+#include "Util/ConnectionStubCommand.h"
+#include "Util/PartCommands.h"
 #include "ticpp.h"
 
 namespace {

@@ -18,7 +18,7 @@ EXCEPTIONS = [
     ("Lib/ModuleIdentity", "", "the name that messages begin with"),
     ("KL_Conn_DuctSelection", "^\nSorvik: Select a duct:$", "a prompt; the guide has it among the steps"),
     ("Util/KlimComSrvImpl", "^Could not (find|get) ", "kept by Connect; the command says that Klimora is not loaded"),
-    ("Util/(KLUtils|XDataByHandle|ArxHandles|KLComUtils_CreateParts|DrawModel)", "", "drawing and part functions that the command does not call"),
+    ("Util/(KLUtils|XDataByHandle|ArxHandles|KLComUtils_CreateParts|PartCommands|DrawModel)", "", "drawing and part functions that the command does not call"),
     ("Util/KLComUtils_Part", "connection [01] |^GetConnectedParts|erase|package|for reading|matrix", "part functions that the command does not call"),
     ("Util/KLComUtils_Project", "(kpd|KPD) class|binary variable", "valves and products from memory, which the command does not use"),
     ("Util/KLComUtils\\.cpp", "file |bin variable|value to text|::SetPartAtt", "writing attributes and binary variables, which the command does not do"),

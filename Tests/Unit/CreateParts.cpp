@@ -5,7 +5,8 @@
 #include <utility>
 
 #include "CreatePartsFixture.h"
-#include "Util/KLComUtils_CreatePartsCommands.h"
+#include "Util/ConnectionStubCommand.h"
+#include "Util/PartCommands.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "Util/KLComUtils_CreateParts.h"
+#include "Util/PartArguments.h"
 
 std::string ManifoldCommand(const PartSystem& system, const PartPlacement& placement, const std::string& shape);
 // A valve or a duct device, connected to a part.
@@ -13,7 +13,6 @@ std::string RadiatorCommand(const PartProduct& product, int systemId, const Part
                             const RadiatorData& radiator, const RadiatorValve& valve);
 std::string AirTerminalCommand(const PartProduct& product, int systemId, const PartPlacement& placement,
                                const AirTerminalData& terminal);
-std::string ConnectionStubCommand(const ConnectionStub& stub);
 // The element of the bend depends on the server's version.
 std::string PipeCommand(const PipeEnd& firstEnd, const PipeEnd& secondEnd, const PipeData& pipe, int serverVersion);
 std::string CustomObjectCommand(const PartPlacement& placement, const CustomObjectData& object);

@@ -1,4 +1,4 @@
-#include "Util/KLComUtils_CreatePartsCommands.h"
+#include "Util/PartCommands.h"
 
 #include "Util/ServerCommand.h"
 

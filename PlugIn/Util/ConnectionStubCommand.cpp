@@ -1,9 +1,9 @@
-// The command for a connection stub: most of its elements depend on the stub's kind and on their values.
+#include "Util/ConnectionStubCommand.h"
+
 #include <algorithm>
 #include <numeric>
 #include <string_view>
 
-#include "Util/KLComUtils_CreatePartsCommands.h"
 #include "Util/ServerCommand.h"
 
 namespace {
