@@ -26,6 +26,7 @@
 #include "Util/Download.h"
 #include "Util/FileTree.h"
 #include "Util/ModuleVersion.h"
+#include "Util/SystemVariables.h"
 #include "Util/XmlLimits.h"
 
 namespace {

@@ -6,7 +6,6 @@
 #include <dbapserv.h>
 #include <dbhandle.h>
 
-#include "KLUtils.h"
 #include "Lib/Text.h"
 
 AcDbDatabase* WorkingDatabase() {
@@ -38,12 +37,4 @@ ScopedTransaction::~ScopedTransaction() {
     } else {
         manager_->endTransaction();
     }
-}
-
-SystemVariableGuard::SystemVariableGuard(const wchar_t* name, short value) : name_(name) {
-    changed_ = KLUtils::GetSysVarShort(name_, saved_) && KLUtils::SetSysVarShort(name_, value);
-}
-
-SystemVariableGuard::~SystemVariableGuard() {
-    if (changed_) KLUtils::SetSysVarShort(name_, saved_);
 }

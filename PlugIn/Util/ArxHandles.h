@@ -1,5 +1,5 @@
 // Owners and guards of what AutoCAD hands out and expects back: result buffer chains, open drawing objects, selection
-// sets, strings, a transaction, a system variable. Each releases or restores in its destructor and ignores failures
+// sets, strings, a transaction. Each releases or restores in its destructor and ignores failures
 // there.
 #pragma once
 
@@ -84,18 +84,4 @@ class ScopedTransaction {
     AcDbTransactionManager* manager_;
     bool started_ = false;
     bool abortOnEnd_ = true;
-};
-
-// Sets a 16-bit system variable and restores it in the destructor. Changes nothing when the old value cannot be read.
-class SystemVariableGuard {
- public:
-    SystemVariableGuard(const wchar_t* name, short value);
-    SystemVariableGuard(const SystemVariableGuard&) = delete;
-    SystemVariableGuard& operator=(const SystemVariableGuard&) = delete;
-    ~SystemVariableGuard();
-
- private:
-    const wchar_t* name_;
-    short saved_ = 0;
-    bool changed_ = false;
 };

@@ -89,40 +89,9 @@ void MoveEntity(AcDbObjectId id, const AcGeVector3d& displacement) {
     entity->transformBy(AcGeMatrix3d::translation(displacement));
 }
 
-bool SetSysVarShort(const wchar_t* name, short value) {
-    resbuf buffer = {};
-    buffer.restype = RTSHORT;
-    buffer.resval.rint = value;
-    return acedSetVar(name, &buffer) == RTNORM;
-}
-
-bool GetSysVarShort(const wchar_t* name, short& value) {
-    resbuf buffer = {};
-    const bool read = acedGetVar(name, &buffer) == RTNORM;
-    // AutoCAD allocated the string of a text variable.
-    const ArxString text(read && buffer.restype == RTSTR ? buffer.resval.rstring : nullptr);
-    const bool isShort = read && buffer.restype == RTSHORT;
-    value = isShort ? buffer.resval.rint : static_cast<short>(0);
-    return isShort;
-}
-
-bool CmdEchoOff() {
-    return SetSysVarShort(L"CMDECHO", 0);
-}
-
-bool CmdEchoOn() {
-    return SetSysVarShort(L"CMDECHO", 1);
-}
-
 bool IsTileModeOn() {
     const AcDbDatabase* database = WorkingDatabase();
     return database && database->tilemode();
-}
-
-short GetCurrentViewport() {
-    short number = 0;
-    GetSysVarShort(L"CVPORT", number);
-    return number;
 }
 
 bool IsHostReleaseListed(const HostRelease* releases, int count) {

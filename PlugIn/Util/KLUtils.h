@@ -1,6 +1,6 @@
-// AutoCAD utilities: coordinate systems, single pick, model space, block attributes, system variables, host release. A
-// bool result is true when AutoCAD returned success. Only MoveEntity throws. Points and vectors are in drawing units.
-// KLUtils_Text.h has number lists and matrices as text, WaitCursor.h the wait cursor.
+// AutoCAD utilities: coordinate systems, single pick, model space, block attributes, host release. A bool result is
+// true when AutoCAD returned success. Only MoveEntity throws. Points and vectors are in drawing units. KLUtils_Text.h
+// has number lists and matrices as text, SystemVariables.h system variables, WaitCursor.h the wait cursor.
 #pragma once
 
 #include <windows.h>
@@ -12,6 +12,7 @@
 #include <gevec3d.h>
 
 #include "Util/KLUtils_Text.h"
+#include "Util/SystemVariables.h"
 #include "Util/WaitCursor.h"
 
 class AcDbBlockReference;
@@ -45,14 +46,8 @@ int UpdateAttribute(AcDbBlockReference* reference, const char* tag, const char* 
 // Throws std::runtime_error when the entity cannot be opened for writing.
 void MoveEntity(AcDbObjectId id, const AcGeVector3d& displacement);
 
-bool SetSysVarShort(const wchar_t* name, short value);
-// Sets the value to 0 on failure.
-bool GetSysVarShort(const wchar_t* name, short& value);
-bool CmdEchoOff();
-bool CmdEchoOn();
 // Returns true when the model tab is active, false without a drawing.
 bool IsTileModeOn();
-short GetCurrentViewport();
 
 // A release as "major.minor" text, such as "24.1".
 using HostRelease = char[20];
