@@ -5,7 +5,7 @@
 #include "Lib/Handles.h"
 #include "Lib/Text.h"
 #include "Util/ClipboardBlock.h"
-#include "Util/GlobalMemory.h"
+#include "Util/ExportedMemory.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include "Lib/Diagnostics.h"
 #include "Lib/Text.h"
-#include "Util/GlobalMemory.h"
+#include "Util/ExportedMemory.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "Util/ModuleVersion.h"
 
 #include "Lib/FormatText.h"
-#include "Util/GlobalMemory.h"
+#include "Util/ExportedMemory.h"
 
 namespace {
 

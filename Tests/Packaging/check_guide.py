@@ -12,7 +12,7 @@ import sys
 
 # What is no message or reaches no user: file and text, both searched as regular expressions, and the reason.
 EXCEPTIONS = [
-    ("Lib/(Registry|DebugLog|Diagnostics|ErrorText)|Util/(GlobalMemory|PDialog|ComboListData)", "", "internal faults go to pdbg_log.txt"),
+    ("Lib/(Registry|DebugLog|Diagnostics|ErrorText)|Util/(ExportedMemory|PDialog|ComboListData)", "", "internal faults go to pdbg_log.txt"),
     ("Lib/(Base64|Md5Driver)", "", "standard output of diagnostic drivers; nothing in AutoCAD shows it"),
     ("Lib/WindowMessageText", "", "a window message as text, for the debugger"),
     ("Lib/ModuleIdentity", "", "the name that messages begin with"),

@@ -4,7 +4,7 @@
 #include "Lib/FormatText.h"
 #include "RecordedCalls.h"
 #include "Util/ClipboardBlock.h"
-#include "Util/GlobalMemory.h"
+#include "Util/ExportedMemory.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "DiagnosticsFixture.h"
-#include "Util/GlobalMemory.h"
+#include "Util/ExportedMemory.h"
 
 namespace {
 

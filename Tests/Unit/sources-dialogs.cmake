@@ -5,5 +5,5 @@ set(SORVIK_DIALOG_TESTS
   DialogMessages.cpp
   DlgFunc.cpp
   DrawModel.cpp
-  GlobalMemory.cpp
+  ExportedMemory.cpp
   TextConverter.cpp)

@@ -1,4 +1,4 @@
-#include "Util/GlobalMemory.h"
+#include "Util/ExportedMemory.h"
 
 #include <algorithm>
 #include <cstdlib>

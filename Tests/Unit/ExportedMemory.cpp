@@ -1,4 +1,4 @@
-#include "Util/GlobalMemory.h"
+#include "Util/ExportedMemory.h"
 
 #include <cstdlib>
 
@@ -11,11 +11,11 @@ namespace {
 // Only blocks of this size are refused: everything else of the process allocates as ever.
 constexpr size_t kRefused = 0x123457;
 
-using GlobalMemoryTest = ErrorReportsTest;
+using ExportedMemoryTest = ErrorReportsTest;
 
 }  // namespace
 
-TEST_F(GlobalMemoryTest, BlocksGrowWithTheirContent) {
+TEST_F(ExportedMemoryTest, BlocksGrowWithTheirContent) {
     GwMemory block(gwGmalloc(4, 10010));
     ASSERT_TRUE(block);
     std::memcpy(block.get(), "SORV", 4);
@@ -31,7 +31,7 @@ TEST_F(GlobalMemoryTest, BlocksGrowWithTheirContent) {
     EXPECT_EQ(LogLines(), "");
 }
 
-TEST_F(GlobalMemoryTest, FailedAllocationsAreReportedButForTheFirstThroughRealloc) {
+TEST_F(ExportedMemoryTest, FailedAllocationsAreReportedButForTheFirstThroughRealloc) {
     GwMemory old(gwGmalloc(3, 0));
     std::memcpy(old.get(), "old", 3);
     {
@@ -50,7 +50,7 @@ TEST_F(GlobalMemoryTest, FailedAllocationsAreReportedButForTheFirstThroughReallo
                               Line("gwGrealloc", "(!ret) Can not allocate memory.", "Util/DlgFunc#41"));
 }
 
-TEST_F(GlobalMemoryTest, GlobalBlocksThatCannotBeHadLeaveNothing) {
+TEST_F(ExportedMemoryTest, GlobalBlocksThatCannotBeHadLeaveNothing) {
     RecordedCalls calls;
     calls.Give("GlobalAlloc", GlobalAlloc, nullptr, 0, 1);
     calls.Give("GlobalLock", GlobalLock, nullptr);
