@@ -1,6 +1,6 @@
 #include <windows.h>
 
-#include "ArxHandles.h"
+#include "Util/ArxHandles.h"
 
 #include <acedads.h>
 #include <dbapserv.h>

@@ -2,7 +2,7 @@
 #include <shellapi.h>
 #include <wininet.h>
 
-#include "Download.h"
+#include "Util/Download.h"
 
 #include <io.h>
 

@@ -2,7 +2,7 @@
 #include <io.h>
 #include <sys/stat.h>
 
-#include "FileTree.h"
+#include "Util/FileTree.h"
 
 #include <cstdio>
 #include <cstring>

@@ -1,6 +1,6 @@
 #include <windows.h>
 
-#include "KLUtils.h"
+#include "Util/KLUtils.h"
 
 #include <acedads.h>
 #include <adscodes.h>
@@ -15,7 +15,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "ArxHandles.h"
+#include "Util/ArxHandles.h"
 #include "Lib/ExceptionReport.h"
 #include "Lib/FormatText.h"
 #include "Lib/Text.h"

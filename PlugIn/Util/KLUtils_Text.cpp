@@ -1,6 +1,6 @@
 #include <windows.h>
 
-#include "KLUtils_Text.h"
+#include "Util/KLUtils_Text.h"
 
 #include "Lib/Numbers.h"
 

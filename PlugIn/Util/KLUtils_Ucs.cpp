@@ -8,8 +8,8 @@
 
 #include <cmath>
 
-#include "ArxHandles.h"
-#include "KLUtils.h"
+#include "Util/ArxHandles.h"
+#include "Util/KLUtils.h"
 #include "Lib/CommandLine.h"
 #include "Lib/FormatText.h"
 #include "Lib/Text.h"

@@ -1,4 +1,4 @@
-#include "WaitCursor.h"
+#include "Util/WaitCursor.h"
 
 namespace KLUtils {
 

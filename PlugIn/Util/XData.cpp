@@ -1,6 +1,6 @@
 #include <windows.h>
 
-#include "XData.h"
+#include "Util/XData.h"
 
 #include <acdb.h>
 #include <acedads.h>
@@ -15,7 +15,7 @@
 #include <optional>
 #include <utility>
 
-#include "ArxHandles.h"
+#include "Util/ArxHandles.h"
 #include "Lib/Numbers.h"
 #include "Lib/Text.h"
 

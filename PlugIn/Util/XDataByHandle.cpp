@@ -3,10 +3,10 @@
 #include <dbid.h>
 #include <dbmain.h>
 
-#include "ArxHandles.h"
+#include "Util/ArxHandles.h"
 #include "Lib/ExceptionReport.h"
 #include "Lib/Text.h"
-#include "XData.h"
+#include "Util/XData.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "XmlElements.h"
+#include "Util/XmlElements.h"
 
 #include "Lib/Text.h"
 

@@ -1,4 +1,4 @@
-#include "XmlLimits.h"
+#include "Util/XmlLimits.h"
 
 #include <algorithm>
 #include <cctype>
