@@ -204,7 +204,7 @@ int KlConn::FetchResult(const char* address, const std::string& resultFile) {
         return 0;
     }
     if (!address) return 0;
-    return DownloadAfresh(address, resultFile.c_str()) < 0 ? -1 : 0;
+    return DeleteAndDownload(address, resultFile.c_str()) < 0 ? -1 : 0;
 }
 
 int KlConn::GetResultsFromConfigurator(const char* address) {

@@ -137,7 +137,7 @@ class ProductDatabase {
 };
 
 void FetchDatabaseFile(const std::string& url, const std::string& path, const char* failure) {
-    if (DownloadAfresh(url.c_str(), path.c_str()) < 0) throw failure + url;
+    if (DeleteAndDownload(url.c_str(), path.c_str()) < 0) throw failure + url;
 }
 
 void StoreModel(ProductDatabase& product, const ticpp::Element& device) {

@@ -23,7 +23,7 @@ AcDbObjectId ObjectIdOf(const std::string& handle, const char* missing) {
 }
 
 SelectionSet::~SelectionSet() {
-    if (taken_) acedSSFree(name_);
+    if (filled_) acedSSFree(name_);
 }
 
 ScopedTransaction::ScopedTransaction(AcDbTransactionManager* manager) : manager_(manager) {

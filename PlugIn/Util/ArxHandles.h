@@ -51,7 +51,7 @@ class OpenObject : public Owner<Object*, &CloseObject<Object>> {
     Object* operator->() const noexcept { return this->get(); }
 };
 
-// Owns a selection set that AutoCAD fills through `put()`. Call `taken()` after AutoCAD has filled it.
+// Owns a selection set that AutoCAD fills through `put()`. Call `setFilled()` after AutoCAD has filled it.
 class SelectionSet {
  public:
     SelectionSet() = default;
@@ -60,12 +60,12 @@ class SelectionSet {
     ~SelectionSet();
 
     int64_t* put() noexcept { return name_; }
-    void taken() noexcept { taken_ = true; }
+    void setFilled() noexcept { filled_ = true; }
     const int64_t* name() const noexcept { return name_; }
 
  private:
     ads_name name_ = {0, 0};
-    bool taken_ = false;
+    bool filled_ = false;
 };
 
 // A transaction for the duration of a command. The destructor aborts it unless SetAbortOnEnd(false) was called. Does

@@ -9,14 +9,14 @@
 
 namespace {
 
-class OpenedClipboard {
+class ClipboardGuard {
  public:
-    explicit OpenedClipboard(HWND owner) : open_(OpenClipboard(owner) != FALSE) {}
-    ~OpenedClipboard() {
+    explicit ClipboardGuard(HWND owner) : open_(OpenClipboard(owner) != FALSE) {}
+    ~ClipboardGuard() {
         if (open_) CloseClipboard();
     }
-    OpenedClipboard(const OpenedClipboard&) = delete;
-    OpenedClipboard& operator=(const OpenedClipboard&) = delete;
+    ClipboardGuard(const ClipboardGuard&) = delete;
+    ClipboardGuard& operator=(const ClipboardGuard&) = delete;
     explicit operator bool() const { return open_; }
 
  private:
@@ -44,16 +44,16 @@ int gwclip_copy(HWND owner, const char* format, const char* text, const void* da
     HGLOBAL handle = nullptr;
     void* block = gwGmallocH(static_cast<uint32_t>(blockSize), &handle);
     if (!block) return -2;
-    GlobalMemory owned(handle);
+    GlobalMemory memory(handle);
     Owner<HGLOBAL, GlobalUnlock> lock(handle);
     ComposeClipboardBlock(block, OrEmpty(text), data, size);
     lock.reset();
 
-    const OpenedClipboard clipboard(owner);
+    const ClipboardGuard clipboard(owner);
     if (!clipboard) return -3;
     if (emptyFirst && !EmptyClipboard()) return -3;
     // On success the clipboard owns the block.
-    if (SetClipboardData(number, handle)) owned.release();
+    if (SetClipboardData(number, handle)) memory.release();
     return 0;
 }
 
@@ -63,7 +63,7 @@ void* gwclip_paste(HWND owner, const char* format, char* text, int32_t textSize,
     if (dataSize) *dataSize = 0;
     const UINT number = RegisteredFormat(format);
     if (!number || !IsClipboardFormatAvailable(number)) return nullptr;
-    const OpenedClipboard clipboard(owner);
+    const ClipboardGuard clipboard(owner);
     if (!clipboard) return nullptr;
     const HGLOBAL handle = GetClipboardData(number);
     const GlobalLockGuard lock(handle);

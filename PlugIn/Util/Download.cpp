@@ -23,7 +23,7 @@ constexpr DWORD kTimeout = 30000;  // milliseconds
 using InternetHandle = Owner<HINTERNET, InternetCloseHandle>;
 
 // Keeps a server that accepts and never answers from blocking AutoCAD. If Windows refuses a limit, its default applies.
-void LimitWaiting(HINTERNET session) {
+void SetTimeouts(HINTERNET session) {
     for (const DWORD option :
          {INTERNET_OPTION_CONNECT_TIMEOUT, INTERNET_OPTION_SEND_TIMEOUT, INTERNET_OPTION_RECEIVE_TIMEOUT}) {
         DWORD limit = kTimeout;
@@ -71,7 +71,7 @@ class Download {
 
         session_.reset(InternetOpenA("http generic", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0));
         if (!session_) Fail(-3, "Can't establish connection to internet");
-        LimitWaiting(session_.get());
+        SetTimeouts(session_.get());
 
         address_.reset(InternetOpenUrlA(session_.get(), url, nullptr, 0, kOpenUrlFlags, 0));
         if (!address_) Fail(-4, "Can't open file from internet");
@@ -101,7 +101,7 @@ int DownloadFile(const char* url, const char* savePath) {
     return Download().Run(url, savePath);
 }
 
-int DownloadAfresh(const char* url, const char* savePath) {
+int DeleteAndDownload(const char* url, const char* savePath) {
     if (_access(savePath, 0) == 0) _unlink(savePath);
     return DownloadFile(url, savePath);
 }

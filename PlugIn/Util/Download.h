@@ -13,7 +13,7 @@
 int DownloadFile(const char* url, const char* savePath);
 
 // Deletes `savePath` and calls DownloadFile, so that a failed download leaves no earlier file behind.
-int DownloadAfresh(const char* url, const char* savePath);
+int DeleteAndDownload(const char* url, const char* savePath);
 
 // Returns 0 when the shell started the browser, otherwise -1. `owner` may be null.
 int OpenWebBrowser(const char* url, HWND owner);

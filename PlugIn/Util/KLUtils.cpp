@@ -50,7 +50,7 @@ bool PickEntity(const wchar_t* prompt, AcDbObjectId& id) {
     const ACHAR* prompts[] = {prompt, prompt};
     SelectionSet selection;
     if (acedSSGet(L":S:$", prompts, nullptr, nullptr, selection.put()) != RTNORM) return false;
-    selection.taken();
+    selection.setFilled();
     ads_name entity = {0, 0};
     if (acedSSName(selection.name(), 0, entity) != RTNORM) return false;
     return acdbGetObjectId(id, entity) == Acad::eOk;

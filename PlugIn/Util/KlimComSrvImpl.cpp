@@ -14,7 +14,7 @@ constexpr int kNotConnected = -1;
 constexpr int kCallFailed = -2;
 constexpr size_t kTraceLimit = 8191;
 
-InterfacePtr<IUnknown> Running(const wchar_t* progId, const char* notInstalled, const char* notRunning) {
+InterfacePtr<IUnknown> GetRunningObject(const wchar_t* progId, const char* notInstalled, const char* notRunning) {
     CLSID classId;
     if (FAILED(CLSIDFromProgID(progId, &classId))) throw notInstalled;
     InterfacePtr<IUnknown> object;
@@ -22,35 +22,36 @@ InterfacePtr<IUnknown> Running(const wchar_t* progId, const char* notInstalled, 
     return object;
 }
 
-void Put(std::string& line, std::string_view text) {
+void AppendLimited(std::string& line, std::string_view text) {
     line += text.substr(0, kTraceLimit - line.size());
 }
 
 // Arguments in a trace line: strings in quotes, reals with six decimals.
-void PutArgument(std::string& line, const char* text) {
-    Put(line, "'");
-    Put(line, OrEmpty(text));
-    Put(line, "'");
+void AppendArgument(std::string& line, const char* text) {
+    AppendLimited(line, "'");
+    AppendLimited(line, OrEmpty(text));
+    AppendLimited(line, "'");
 }
-void PutArgument(std::string& line, double number) {
+void AppendArgument(std::string& line, double number) {
     char text[kRealTextSize];
-    Put(line, std::string_view(text, WriteReal(text, sizeof text, number)));
+    AppendLimited(line, std::string_view(text, WriteReal(text, sizeof text, number)));
 }
-void PutArgument(std::string& line, long number) {
-    Put(line, std::to_string(number));
+void AppendArgument(std::string& line, long number) {
+    AppendLimited(line, std::to_string(number));
 }
 
 }  // namespace
 
 KlimComSrvImpl::KlimComSrvImpl() {
-    if (!drawing_.QueryFrom(Running(L"KlimComSrv.Drawing", "Could not find KlimComSrv.Drawing installed",
-                                    "Could not get running instance of KlimComSrv.Drawing")
+    if (!drawing_.QueryFrom(GetRunningObject(L"KlimComSrv.Drawing", "Could not find KlimComSrv.Drawing installed",
+                                             "Could not get running instance of KlimComSrv.Drawing")
                                 .get(),
                             IID_IDrawing))
         throw "Could not find KLIMCOMSRVLib::IID_IDrawing";
 
-    InterfacePtr<IUnknown> klimora = Running(L"KlimComSrv.Klimora", "Could not find KlimComSrv.Klimora installed",
-                                             "Could not get running instance of KlimComSrv.Klimora");
+    InterfacePtr<IUnknown> klimora =
+        GetRunningObject(L"KlimComSrv.Klimora", "Could not find KlimComSrv.Klimora installed",
+                         "Could not get running instance of KlimComSrv.Klimora");
     // On a failure below, only the drawing is released. The running object and its interfaces stay referenced, which
     // keeps the server running until AutoCAD ends.
     if (!app200805_.QueryFrom(klimora.get(), IID_IKlimora200805)) {
@@ -79,21 +80,21 @@ std::string KlimComSrvImpl::getLastErrorText() const {
 }
 
 template <class First, class... Others>
-int KlimComSrvImpl::Traced(HRESULT call, long code, TraceFrame frame, First first, Others... others) {
+int KlimComSrvImpl::Trace(HRESULT call, long code, TraceFrame frame, First first, Others... others) {
     const int result = FAILED(call) ? kCallFailed : static_cast<int>(code);
     if (!trace_.keep && !trace_.failures && !trace_.all) return result;
     try {
         const std::string error = result != 0 ? getLastErrorText() : std::string();
         lastTrace_ = "KlimComSrvImpl::";
-        Put(lastTrace_, frame.name);
-        Put(lastTrace_, ":(");
-        PutArgument(lastTrace_, first);
-        ((Put(lastTrace_, ", "), PutArgument(lastTrace_, others)), ...);
-        Put(lastTrace_, ")=");
-        Put(lastTrace_, std::to_string(result));
-        Put(lastTrace_, " ");
-        Put(lastTrace_, error);
-        Put(lastTrace_, frame.lineEnd);
+        AppendLimited(lastTrace_, frame.name);
+        AppendLimited(lastTrace_, ":(");
+        AppendArgument(lastTrace_, first);
+        ((AppendLimited(lastTrace_, ", "), AppendArgument(lastTrace_, others)), ...);
+        AppendLimited(lastTrace_, ")=");
+        AppendLimited(lastTrace_, std::to_string(result));
+        AppendLimited(lastTrace_, " ");
+        AppendLimited(lastTrace_, error);
+        AppendLimited(lastTrace_, frame.lineEnd);
         if ((trace_.failures && result != 0) || trace_.all) PrintCommandLine("%s\n", lastTrace_.c_str());
     } catch (...) {
         // The call itself succeeded: a trace line that runs out of memory does not make it fail.
@@ -104,71 +105,71 @@ int KlimComSrvImpl::Traced(HRESULT call, long code, TraceFrame frame, First firs
 
 int KlimComSrvImpl::getPartAtt(const char* part, const char* attribute, std::string& value) {
     if (!app200805_) return kNotConnected;
-    BStr answer;
+    BStr output;
     long code = 0;
-    const HRESULT call = app200805_->getPartAtt(BStr(part).get(), BStr(attribute).get(), answer.put(), &code);
-    if (SUCCEEDED(call)) value = answer.ToNarrow();
+    const HRESULT call = app200805_->getPartAtt(BStr(part).get(), BStr(attribute).get(), output.put(), &code);
+    if (SUCCEEDED(call)) value = output.ToNarrow();
     // Only this line has no line end.
-    return Traced(call, code, {"getPartAtt", ""}, part, attribute, SUCCEEDED(call) ? value.c_str() : "");
+    return Trace(call, code, {"getPartAtt", ""}, part, attribute, SUCCEEDED(call) ? value.c_str() : "");
 }
 
 int KlimComSrvImpl::setPartAtt(const char* part, const char* attribute, const char* value) {
     if (!app200805_) return kNotConnected;
     long code = 0;
     const HRESULT call = app200805_->setPartAtt(BStr(part).get(), BStr(attribute).get(), BStr(value).get(), &code);
-    return Traced(call, code, {"setPartAtt"}, part, attribute, value);
+    return Trace(call, code, {"setPartAtt"}, part, attribute, value);
 }
 
 int KlimComSrvImpl::getPartAttDouble(const char* part, const char* attribute, double& value) {
     if (!app200805_) return kNotConnected;
-    double answer = 0;
+    double output = 0;
     long code = 0;
-    const HRESULT call = app200805_->getPartAttDouble(BStr(part).get(), BStr(attribute).get(), &answer, &code);
-    if (SUCCEEDED(call)) value = answer;
-    return Traced(call, code, {"getPartAttDouble"}, part, attribute, SUCCEEDED(call) ? answer : 0.0);
+    const HRESULT call = app200805_->getPartAttDouble(BStr(part).get(), BStr(attribute).get(), &output, &code);
+    if (SUCCEEDED(call)) value = output;
+    return Trace(call, code, {"getPartAttDouble"}, part, attribute, SUCCEEDED(call) ? output : 0.0);
 }
 
 int KlimComSrvImpl::setPartAttDouble(const char* part, const char* attribute, double value) {
     if (!app200805_) return kNotConnected;
     long code = 0;
     const HRESULT call = app200805_->setPartAttDouble(BStr(part).get(), BStr(attribute).get(), value, &code);
-    return Traced(call, code, {"setPartAttDouble"}, part, attribute, value);
+    return Trace(call, code, {"setPartAttDouble"}, part, attribute, value);
 }
 
 int KlimComSrvImpl::getPartAttPoint(const char* part, const char* attribute, double& x, double& y, double& z) {
     if (!app200805_) return kNotConnected;
-    double answer[3] = {};
+    double output[3] = {};
     long code = 0;
     const HRESULT call =
-        app200805_->getPartAttPoint(BStr(part).get(), BStr(attribute).get(), &answer[0], &answer[1], &answer[2], &code);
-    if (FAILED(call)) return Traced(call, code, {"getPartAttPoint"}, part, attribute, 0.0, 0.0, 0.0);
-    x = answer[0];
-    y = answer[1];
-    z = answer[2];
-    return Traced(call, code, {"getPartAttPoint"}, part, attribute, x, y, z);
+        app200805_->getPartAttPoint(BStr(part).get(), BStr(attribute).get(), &output[0], &output[1], &output[2], &code);
+    if (FAILED(call)) return Trace(call, code, {"getPartAttPoint"}, part, attribute, 0.0, 0.0, 0.0);
+    x = output[0];
+    y = output[1];
+    z = output[2];
+    return Trace(call, code, {"getPartAttPoint"}, part, attribute, x, y, z);
 }
 
 int KlimComSrvImpl::setPartAttPoint(const char* part, const char* attribute, double x, double y, double z) {
     if (!app200805_) return kNotConnected;
     long code = 0;
     const HRESULT call = app200805_->setPartAttPoint(BStr(part).get(), BStr(attribute).get(), x, y, z, &code);
-    return Traced(call, code, {"setPartAttPoint"}, part, attribute, x, y, z);
+    return Trace(call, code, {"setPartAttPoint"}, part, attribute, x, y, z);
 }
 
 int KlimComSrvImpl::SendForReply(const char* name, ReplyMethod method, const char* command, std::string& reply) {
     if (!app200805_) return kNotConnected;
-    BStr answer;
+    BStr output;
     long code = 0;
-    const HRESULT call = (app200805_.get()->*method)(BStr(command).get(), answer.put(), &code);
-    if (SUCCEEDED(call)) reply = answer.ToNarrow();
-    return Traced(call, code, {name}, command, SUCCEEDED(call) ? reply.c_str() : "");
+    const HRESULT call = (app200805_.get()->*method)(BStr(command).get(), output.put(), &code);
+    if (SUCCEEDED(call)) reply = output.ToNarrow();
+    return Trace(call, code, {name}, command, SUCCEEDED(call) ? reply.c_str() : "");
 }
 
 int KlimComSrvImpl::Send(const char* name, CommandMethod method, const char* command) {
     if (!app200805_) return kNotConnected;
     long code = 0;
     const HRESULT call = (app200805_.get()->*method)(BStr(command).get(), &code);
-    return Traced(call, code, {name}, command);
+    return Trace(call, code, {name}, command);
 }
 
 int KlimComSrvImpl::createPart(const char* command, std::string& reply) {
@@ -187,7 +188,7 @@ int KlimComSrvImpl::setBinVariableSize(long variable, long size) {
     if (!app200805_) return kNotConnected;
     long code = 0;
     const HRESULT call = app200805_->setBinVariableSize(variable, size, &code);
-    return Traced(call, code, {"setBinVariableSize"}, variable, size);
+    return Trace(call, code, {"setBinVariableSize"}, variable, size);
 }
 
 int KlimComSrvImpl::setBinVariableData(long variable, long offset, const char* hexData) {
@@ -195,14 +196,14 @@ int KlimComSrvImpl::setBinVariableData(long variable, long offset, const char* h
     long code = 0;
     const HRESULT call = app200805_->setBinVariableData(variable, offset, BStr(hexData).get(), &code);
     // Not the data itself, which can be megabytes.
-    return Traced(call, code, {"setBinVariableData"}, variable, offset, "hexdata");
+    return Trace(call, code, {"setBinVariableData"}, variable, offset, "hexdata");
 }
 
 int KlimComSrvImpl::freeBinVariable(long variable) {
     if (!app200805_) return kNotConnected;
     long code = 0;
     const HRESULT call = app200805_->freeBinVariable(variable, &code);
-    return Traced(call, code, {"freeBinVariable"}, variable);
+    return Trace(call, code, {"freeBinVariable"}, variable);
 }
 
 int KlimComSrvImpl::manageProductData(const char* command) {
@@ -219,11 +220,11 @@ int KlimComSrvImpl::movePart(const char* command) {
 
 int KlimComSrvImpl::manageCalculationDatabase(const char* command, std::string& reply) {
     if (!app201011_) return kNotConnected;
-    BStr answer;
+    BStr output;
     long code = 0;
-    const HRESULT call = app201011_->manageCalculationDatabase(BStr(command).get(), answer.put(), &code);
-    if (FAILED(call)) return Traced(call, code, {"manageCalculationDatabase"}, command);
-    reply = answer.ToNarrow();
+    const HRESULT call = app201011_->manageCalculationDatabase(BStr(command).get(), output.put(), &code);
+    if (FAILED(call)) return Trace(call, code, {"manageCalculationDatabase"}, command);
+    reply = output.ToNarrow();
     return static_cast<int>(code);
 }
 
@@ -231,12 +232,12 @@ int KlimComSrvImpl::selectProduct(const char* command) {
     if (!app201011_) return kNotConnected;
     long code = 0;
     const HRESULT call = app201011_->selectProduct(BStr(command).get(), &code);
-    return FAILED(call) ? Traced(call, code, {"selectProduct"}, command) : static_cast<int>(code);
+    return FAILED(call) ? Trace(call, code, {"selectProduct"}, command) : static_cast<int>(code);
 }
 
 int KlimComSrvImpl::calculate(const char* command) {
     if (!appLatest_) return kNotConnected;
     long code = 0;
     const HRESULT call = appLatest_->calculate(BStr(command).get(), &code);
-    return FAILED(call) ? Traced(call, code, {"calculate"}, command) : static_cast<int>(code);
+    return FAILED(call) ? Trace(call, code, {"calculate"}, command) : static_cast<int>(code);
 }

@@ -69,7 +69,7 @@ class KlimComSrvImpl {
     int SendForReply(const char* name, ReplyMethod method, const char* command, std::string& reply);
     // Writes the call's trace line as the switches demand. Returns the operation's result.
     template <class First, class... Others>
-    int Traced(HRESULT call, long code, TraceFrame frame, First first, Others... others);
+    int Trace(HRESULT call, long code, TraceFrame frame, First first, Others... others);
 
     // Members are released last to first: the drawing first, the latest interface last.
     InterfacePtr<KLIMCOMSRVLib::IKlimoraLatest> appLatest_;  // null with an older server

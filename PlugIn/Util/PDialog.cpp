@@ -11,7 +11,7 @@ namespace {
 
 constexpr char kSource[] = "PlugIn/Util/PDialog";
 
-TOOLINFOA ToolOf(HWND dialog, const PDialogControl& control) {
+TOOLINFOA MakeToolInfo(HWND dialog, const PDialogControl& control) {
     static_assert(sizeof(TOOLINFOA) == 72, "expected with lpReserved");
     TOOLINFOA tool = {};
     tool.cbSize = sizeof tool;
@@ -29,7 +29,7 @@ PDialog::PDialog() = default;
 PDialog::~PDialog() {
     for (const auto& control : controls_) {
         if (control->tooltip().empty()) continue;
-        TOOLINFOA tool = ToolOf(dialogWindow_, *control);
+        TOOLINFOA tool = MakeToolInfo(dialogWindow_, *control);
         SendMessageA(tooltipWindow_.get(), TTM_DELTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
     }
 }
@@ -49,7 +49,7 @@ int PDialog::AddControl(std::unique_ptr<PDialogControl> control) {
         return -1;
     }
     if (!control->tooltip().empty()) {
-        TOOLINFOA tool = ToolOf(dialogWindow_, *control);
+        TOOLINFOA tool = MakeToolInfo(dialogWindow_, *control);
         SendMessageA(tooltipWindow_.get(), TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
     }
     control->owner_ = this;
@@ -108,7 +108,7 @@ INT_PTR PDialog::OnCommand(WORD identifier, WORD code, HWND control) {
             EndDialog(dialogWindow_, IDCANCEL);
         return 0;
     }
-    const PDialogControl* const binder = code == EN_SETFOCUS ? BinderOf(identifier) : nullptr;
+    const PDialogControl* const binder = code == EN_SETFOCUS ? FindBinder(identifier) : nullptr;
     if (!binder) return 0;
     SetFocus(binder->window());
     SendMessageA(binder->window(), EM_SETSEL, 0, -1);
@@ -122,7 +122,7 @@ int PDialog::ToDialog(int identifier) {
     }
     if (!title_.empty()) SetWindowTextA(dialogWindow_, title_.c_str());
     if (identifier >= 0) {
-        if (PDialogControl* const control = BinderOf(identifier)) control->ToDialog();
+        if (PDialogControl* const control = FindBinder(identifier)) control->ToDialog();
         return 0;
     }
     for (const auto& control : controls_)
@@ -132,7 +132,7 @@ int PDialog::ToDialog(int identifier) {
 
 int PDialog::FromDialog(int identifier) {
     if (identifier >= 0) {
-        if (PDialogControl* const control = BinderOf(identifier)) control->FromDialog();
+        if (PDialogControl* const control = FindBinder(identifier)) control->FromDialog();
         return 0;
     }
     for (const auto& control : controls_)
@@ -161,7 +161,7 @@ bool PDialog::HasControl(int identifier) const {
     return GetControl(identifier) != nullptr;
 }
 
-PDialogControl* PDialog::BinderOf(int identifier) const {
+PDialogControl* PDialog::FindBinder(int identifier) const {
     for (const auto& control : controls_)
         if (control->identifier() == identifier) return control.get();
     return nullptr;

@@ -53,7 +53,7 @@ class PDialog {
     void CreateTooltipWindow();
     void SetTooltipText(NMHDR* notification) const;
     INT_PTR OnCommand(WORD identifier, WORD code, HWND control);
-    PDialogControl* BinderOf(int identifier) const;
+    PDialogControl* FindBinder(int identifier) const;
 
     // Destroyed last to first: controls, brush, tooltip window.
     Owner<HWND, DestroyWindow> tooltipWindow_;

@@ -10,6 +10,7 @@ namespace KLUtils {
 
 class WaitCursor {
  public:
+    // The default is IDC_WAIT, which is a wide name where UNICODE is defined.
     explicit WaitCursor(const char* cursorName = MAKEINTRESOURCEA(32514), bool show = true);
     WaitCursor(const WaitCursor&) = delete;
     WaitCursor& operator=(const WaitCursor&) = delete;

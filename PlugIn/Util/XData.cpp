@@ -49,14 +49,14 @@ std::optional<KeyValue> Parse(const resbuf* item) {
 }
 
 // Returns the form in which keys are compared, or an empty string for an invalid key.
-std::string Comparable(const char* key) {
+std::string NormalisedKey(const char* key) {
     const std::optional<KeyValue> entry = Parse(std::string(key) + "=");
     return entry && !std::strchr(key, '=') ? entry->key : std::string();
 }
 
 // Returns the item before the key's item, or the last item. The first item of a chain is the application's name.
-resbuf* BeforeItem(resbuf* chain, const char* key) {
-    const std::string wanted = Comparable(key);
+resbuf* FindItemBefore(resbuf* chain, const char* key) {
+    const std::string wanted = NormalisedKey(key);
     resbuf* before = chain;
     for (; before->rbnext; before = before->rbnext) {
         const std::optional<KeyValue> entry = Parse(before->rbnext);
@@ -92,7 +92,7 @@ int ReadValue(const AcDbObject* object, const char* application, const char* key
     if (!object || !application || !key) return -1;
     const ResbufChain chain(object->xData(Widen(application).c_str()));
     if (!chain) return -2;
-    const resbuf* item = BeforeItem(chain.get(), key)->rbnext;
+    const resbuf* item = FindItemBefore(chain.get(), key)->rbnext;
     if (!item) return -2;
     value = Parse(item)->value;
     return 0;
@@ -112,12 +112,12 @@ int ReadNumber(const AcDbObject* object, const char* application, const char* ke
 int SetXDataString(AcDbObject* object, const char* application, const char* key, const char* value) {
     if (!object || !application || !key || !value) return -1;
     if (!*value) return -2;
-    if (Comparable(key).empty()) return -1;
+    if (NormalisedKey(key).empty()) return -1;
     ResbufChain chain(object->xData(Widen(application).c_str()));
     if (!chain) chain = NewChain(application);
     if (!chain) return -1;
 
-    resbuf*& item = BeforeItem(chain.get(), key)->rbnext;
+    resbuf*& item = FindItemBefore(chain.get(), key)->rbnext;
     if (!item) item = NewResbuf(AcDb::kDxfXdAsciiString);
     if (!item || !SetText(item, std::string(key) + "=" + value)) return -1;
     return object->setXData(chain.get()) == Acad::eOk ? 0 : -1;
@@ -172,7 +172,7 @@ int RemoveXDataKey(AcDbObject* object, const char* application, const char* key)
     if (!object || !application || !key) return -1;
     const ResbufChain chain(object->xData(Widen(application).c_str()));
     if (!chain) return 0;
-    resbuf* const before = BeforeItem(chain.get(), key);
+    resbuf* const before = FindItemBefore(chain.get(), key);
     const ResbufChain removed(before->rbnext);
     if (!removed) return 0;
     before->rbnext = removed.get()->rbnext;

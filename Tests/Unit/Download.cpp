@@ -118,7 +118,7 @@ TEST_F(DownloadTest, NothingGoesOnTheNetworkWithoutAFile) {
     EXPECT_FALSE(Exists(target_));
     // An earlier file does not outlive a fetch that fails.
     WriteWholeFile(target_, "earlier");
-    EXPECT_EQ(DownloadAfresh(nullptr, target_.c_str()), -1);
+    EXPECT_EQ(DeleteAndDownload(nullptr, target_.c_str()), -1);
     EXPECT_FALSE(Exists(target_));
 }
 
