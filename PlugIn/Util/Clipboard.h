@@ -1,3 +1,4 @@
+// Exported for other modules.
 // Private data on the Windows clipboard: a text and bytes in one block under a registered format. The functions are
 // exported undecorated. They neither report nor throw; only their results show a failure.
 #pragma once

@@ -1,3 +1,4 @@
+// Exported for other modules.
 // Layout of the private clipboard block: a text and a run of bytes, little-endian, without padding.
 //   offset 0, 2 bytes: text length L, signed        offset 2, L bytes: text without terminator
 //   offset 2 + L, 4 bytes: data size D, signed      offset 6 + L, D bytes: data

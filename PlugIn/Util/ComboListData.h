@@ -1,3 +1,4 @@
+// Required library; nothing in this module calls it.
 // Items for combo and list boxes: an array of values with texts, ended by an item of value NULLFLOAT and an empty text.
 // A list is passed as the address of the array's pointer, which is null while the list is empty. The array is allocated
 // with gwGmalloc; the owner of the pointer frees it, unless a dialog control has consumed it.

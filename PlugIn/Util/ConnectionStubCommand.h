@@ -1,3 +1,4 @@
+// Required library; nothing in this module calls it.
 // The XML command that creates a connection stub. The stub's kind and values decide which elements it has.
 #pragma once
 

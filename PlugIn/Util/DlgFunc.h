@@ -1,4 +1,5 @@
-// Centring of windows, and the dialog that opens a file.
+// Centring of windows, and the dialog that opens a file. This module calls only CenterWindowOnParent; the rest is a
+// required library.
 #pragma once
 
 #include <windows.h>

@@ -1,3 +1,4 @@
+// Exported for other modules (gwgetsubstring); the rest is a required library that nothing in this module calls.
 // Functions on narrow strings in the caller's buffers: fields of a separated string, trailing blanks, bounds of a typed
 // number, filters of file dialogs.
 #pragma once

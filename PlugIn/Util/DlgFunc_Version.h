@@ -1,3 +1,4 @@
+// Required library; nothing in this module calls it.
 // Product version of a module, read from its version resource, as a short text: the nonzero parts in decimal, joined by
 // dots. Zero parts are left out at any position, so 2.0.0.5 becomes "2.5".
 #pragma once

@@ -1,5 +1,6 @@
 // Web functions: download a file, open an address in the user's browser, decode percent-encoding. They run on the
-// calling thread and never show a dialog.
+// calling thread and never show a dialog. OpenWebBrowser and UrlDecode are a required library; nothing in this module
+// calls them.
 #pragma once
 
 #include <windows.h>

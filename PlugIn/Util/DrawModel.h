@@ -1,3 +1,4 @@
+// Required library; nothing in this module calls it.
 // Parameters of a KModel, the host's parametric geometry model, are one text: "L=900;H=300;". The ";" after the last
 // pair is optional. Both functions change the text in the caller's buffer. Names are case-sensitive.
 #pragma once

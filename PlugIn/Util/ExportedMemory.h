@@ -1,6 +1,7 @@
-// Memory shared with other modules: blocks of the C runtime heap, and global memory for the clipboard. The functions
-// are exported undecorated and never throw. The receiver of a block frees it with gwGfree. A failed allocation returns
-// null and is reported, except for a null block passed to gwGrealloc. `tag` is the caller's mark and has no effect.
+// Exported for other modules, and used in this one. Memory that crosses module borders: blocks of the C runtime heap,
+// and global memory for the clipboard. The functions are exported undecorated and never throw. The receiver of a block
+// frees it with gwGfree. A failed allocation returns null and is reported, except for a null block passed to
+// gwGrealloc. `tag` is the caller's mark and has no effect.
 #pragma once
 
 #include <windows.h>

@@ -101,6 +101,7 @@ class KLComUtils {
     AcGeMatrix3d GetTransformationMatrix(AcDbObjectId entity);
 
     // ---- Creating parts ------------------------------------------------------------------------------------------
+    // Required library; nothing in this module calls it.
     // Each returns the server's reply, the handle of the new part, or an empty text after reporting a failure.
     std::string CreateManifold(const PartSystem& system, const PartPlacement& placement, const std::string& shape);
     // `typeDefine`: GetTypeDefineByKPDClassName. The user code goes to the server unescaped.

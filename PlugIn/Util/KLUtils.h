@@ -1,6 +1,7 @@
-// AutoCAD utilities: coordinate systems, single pick, model space, block attributes, host release. A bool result is
-// true when AutoCAD returned success. Only MoveEntity throws. Points and vectors are in drawing units. KLUtils_Text.h
-// has number lists and matrices as text, SystemVariables.h system variables, WaitCursor.h the wait cursor.
+// Required library; this module calls only PickEntity. AutoCAD utilities: coordinate systems, single pick, model space,
+// block attributes, host release. A bool result is true when AutoCAD returned success. Only MoveEntity throws. Points
+// and vectors are in drawing units. KLUtils_Text.h has number lists and matrices as text, SystemVariables.h system
+// variables, WaitCursor.h the wait cursor.
 #pragma once
 
 #include <windows.h>

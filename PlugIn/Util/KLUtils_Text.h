@@ -1,3 +1,4 @@
+// Required library; nothing in this module calls it.
 // Conversion of number lists and matrices to and from text. Numbers are separated by single spaces and have a decimal
 // point.
 #pragma once

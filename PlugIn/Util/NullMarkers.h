@@ -1,3 +1,4 @@
+// Exported for other modules.
 // Values that mean "no value" in numeric fields of records and lists. The module exports them undecorated, so that
 // other modules compare with the same bits.
 #pragma once

@@ -1,3 +1,4 @@
+// Required library; nothing in this module calls it.
 // Base class of dialogs that bind their controls to variables. A derived dialog passes every message of its procedure
 // to HandleMessage. On WM_INITDIALOG it calls SetHandle before that, AddControl and ToDialog(-1) after it. Its Validate
 // calls FromDialog(-1) and checks the values. The dialog owns its binders, tooltip window and brush. int results are 0,

@@ -1,3 +1,4 @@
+// Required library; nothing in this module calls it.
 // Base class of binders between a dialog's controls and the program's variables. A binder writes its variable to the
 // control (ToDialog) and reads it back (FromDialog). The variable must outlive the binder. Results are 0, or -1 when
 // the binder has no variable or list. The binders are in PDialogControlTexts.h, PDialogControlLists.h and

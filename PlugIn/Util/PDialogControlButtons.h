@@ -1,3 +1,4 @@
+// Required library; nothing in this module calls it.
 // Binders of buttons, which show a text or an image, and of static images. The window style decides whether a button
 // shows an image and of which kind; the text is then the image's name (PDialogImage.h). Without an image the button
 // shows the text.

@@ -1,3 +1,4 @@
+// Required library; nothing in this module calls it.
 // Binders of combo boxes and list boxes to a value chosen from a list. ToDialog fills the control, frees the list's
 // array and sets its pointer to null; it returns -1 without a list. FromDialog sets the variable to the value of the
 // selected item, and leaves it unchanged when none is selected.

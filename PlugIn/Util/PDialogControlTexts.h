@@ -1,3 +1,4 @@
+// Required library; nothing in this module calls it.
 // Binders of static texts, edit fields and date pickers.
 #pragma once
 

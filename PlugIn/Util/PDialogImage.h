@@ -1,3 +1,4 @@
+// Required library; nothing in this module calls it.
 // Owns the bitmap or icon that a dialog control shows: controls do not free their images. The image comes from the file
 // of its name or, when there is no such file, from the module's resources.
 #pragma once

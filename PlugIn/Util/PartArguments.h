@@ -1,6 +1,6 @@
-// Arguments of the operations that create Klimora parts. Points and vectors are in world coordinates. Identifiers of
-// systems and system types and the units of integer sizes are the server's own. An empty text or optional means "not
-// given".
+// Required library; nothing in this module calls it. Arguments of the operations that create Klimora parts.
+// Points and vectors are in world coordinates. Identifiers of systems and system types and the units of integer sizes
+// are the server's own. An empty text or optional means "not given".
 #pragma once
 
 #include <array>

@@ -1,3 +1,4 @@
+// Required library; nothing in this module calls it.
 // The XML commands that create Klimora parts. Each function returns one text without line breaks; none sends anything.
 #pragma once
 

@@ -1,3 +1,4 @@
+// Required library; nothing in this module calls it.
 // Converts a text between a narrow code page, by default UTF-8, and wide characters, and keeps both forms. A text that
 // cannot be converted becomes empty.
 #pragma once

@@ -1,3 +1,4 @@
+// Required library; nothing in this module calls it.
 // Named values in the extended entity data of drawing objects: items "key=value" in the chain of a registered
 // application. Keys have 1 to 39 characters without "="; case and outer blanks do not matter. Other keys and other
 // applications' data are not changed. Objects must be open for the access and stay open.
