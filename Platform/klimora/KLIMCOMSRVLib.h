@@ -1,11 +1,11 @@
-// Interfaces of Klimora's automation server, as far as they are called. All are dual interfaces: slots 0 to 2 are
-// IUnknown, 3 to 6 IDispatch, the server's own methods follow in the order of its type library. IKlimora201011 extends
-// IKlimora200805 and IKlimoraLatest extends both, so one slot numbering holds for all three.
+// The interfaces of Klimora's automation server that the module calls. All are dual interfaces: slots 0 to 2 are
+// IUnknown, 3 to 6 IDispatch; the server's own methods follow in the order of its type library. IKlimora201011 extends
+// IKlimora200805 and IKlimoraLatest extends both, so all three share one slot numbering.
 //
-// Relied on: both objects of a running Klimora are in the running object table; every BSTR that comes back belongs to
-// the caller; every method answers S_OK and puts 0 in its last argument when it did its work. The four interface
-// identifiers below are placeholders. A build for AutoCAD takes the server's type library instead of this header, and
-// refuses any that defines the mark.
+// Assumptions: both objects of a running Klimora are in the running object table; the caller owns every returned BSTR;
+// a successful method returns S_OK and stores 0 in its last argument. The four interface identifiers below are
+// placeholders. A build for AutoCAD uses the server's type library instead of this header and refuses a header that
+// defines KLIMORA_PLACEHOLDER_INTERFACES.
 #pragma once
 
 #define KLIMORA_PLACEHOLDER_INTERFACES
@@ -24,7 +24,7 @@ inline constexpr IID IID_IKlimora201011 = {
 inline constexpr IID IID_IKlimoraLatest = {
     0x6d1f0a34, 0x52c4, 0x4e0b, {0x9a, 0x17, 0x3c, 0x88, 0x5e, 0x21, 0xb0, 0x01}};
 
-// Held for as long as a connection lives; none of its methods is called.
+// A connection keeps a reference to it and calls none of its methods.
 struct IDrawing : IDispatch {};
 
 struct IKlimora200805 : IDispatch {

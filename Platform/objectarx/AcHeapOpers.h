@@ -1,4 +1,4 @@
-// Classes whose objects live in the host's heap, whoever makes or deletes them.
+// Allocates the objects of derived classes in the host's heap, in the host and in modules.
 #pragma once
 
 #include "adesk.h"

@@ -1,4 +1,4 @@
-// The character of every text at an ObjectARX border: wide, always. There are no narrow overloads.
+// The character type of all ObjectARX strings. It is always wide; there are no narrow overloads.
 #pragma once
 
 typedef wchar_t ACHAR;

@@ -1,5 +1,5 @@
-// Status codes of the database and document layers. Acad is a struct, so its codes are written Acad::eOk and can not be
-// pulled in by a using directive. eOk is the only success.
+// Status codes of the database and document layers. eOk is the only success. Acad is a struct, so its codes are written
+// Acad::eOk and no using directive can import them.
 #pragma once
 
 struct Acad {

@@ -1,6 +1,6 @@
-// The command stack. Names are copied by the host; a group comes into being with its first command, and a second
-// command of the same name in a group is refused. The stack calls the function; nothing may leave it as an exception.
-// acedRegCmds is a macro that looks the stack up at each use.
+// The command stack. The host copies names. A group is created with its first command; a second command of the same
+// name in a group is refused. The stack calls the function, which must not throw. acedRegCmds is a macro that looks up
+// the stack at each use.
 #pragma once
 
 #include "acadstrc.h"
@@ -19,13 +19,13 @@ typedef void (*AcRxFunctionPtr)();
 class ACCORE_PORT AcEdCommandStack : public AcRxObject {
  public:
     ACRX_DECLARE_MEMBERS(AcEdCommandStack)
-    // fcode -1: FunctionAddr is called.
+    // With fcode -1 the stack calls FunctionAddr.
     virtual Acad::ErrorStatus addCommand(const ACHAR* cmdGroupName, const ACHAR* cmdGlobalName,
                                          const ACHAR* cmdLocalName, Adesk::Int32 commandFlags,
                                          AcRxFunctionPtr FunctionAddr, AcEdUIContext* UIContext = NULL, int fcode = -1,
                                          const AcRxResourceInstance& resourceInstance = AcRxResourceInstance::empty(),
                                          AcEdCommand** cmdPtrRet = NULL) = 0;
-    // eKeyNotFound when there is no such group.
+    // Returns eKeyNotFound when there is no such group.
     virtual Acad::ErrorStatus removeGroup(const ACHAR* groupName) = 0;
 };
 

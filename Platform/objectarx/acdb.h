@@ -1,4 +1,4 @@
-// Constants of the database layer. AcDb is a struct; the DXF codes are values of an unnamed enumeration in it, while
+// Constants of the database layer. AcDb is a struct. The DXF codes are values of an unnamed enumeration in it;
 // AcDb::DxfCode is only a 16-bit integer type.
 #pragma once
 

@@ -1,6 +1,6 @@
-// Documents and their manager, all owned by the host. Without an open drawing curDocument is null. sendStringToExecute
-// ends its text with a blank or a newline; from a running command with bActivate the document is made the active one.
-// acDocManager is a macro, curDoc() a function of the host that no module may define again.
+// Documents and their manager, owned by the host. curDocument returns null when no drawing is open. The text for
+// sendStringToExecute ends with a blank or a newline; with bActivate a running command activates the document.
+// acDocManager is a macro. curDoc() is a function of the host; modules must not redefine it.
 #pragma once
 
 #include "acadstrc.h"

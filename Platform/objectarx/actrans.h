@@ -1,4 +1,4 @@
-// The transaction manager of a document; null where no document is open.
+// The transaction manager of the current document, or null when no document is open.
 #pragma once
 
 #include "acdocman.h"

@@ -1,11 +1,11 @@
-// The host's strings. Every ACHAR* that the host hands out for keeps is freed with acutDelString, which wants an lvalue
-// of type wchar_t* and leaves it null. A null pointer is freed without complaint.
+// The host's strings. Free every ACHAR* that the host passes to the caller with acutDelString, which accepts null and
+// sets its argument, an lvalue of type wchar_t*, to null.
 #pragma once
 
 #include "acadstrc.h"
 #include "adesk.h"
 
-// A copy of the text in place of the one that pOutput holds, which is freed. pOutput stays as it was after a failure.
+// Frees the string of pOutput and replaces it by a copy of the text. Leaves pOutput unchanged on failure.
 ACCORE_PORT Acad::ErrorStatus acutUpdString(const ACHAR* pInput, ACHAR*& pOutput);
 
 ACCORE_PORT void acutDelBuffer(void*& pBuffer);

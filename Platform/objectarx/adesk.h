@@ -1,6 +1,5 @@
-// Fixed-width types of the host, and the mark of what its libraries export. Adesk is a struct, not a namespace; Boolean
-// is bool. Like the host's own header this one leaves NULL as a plain 0, so that NULL prefers an int overload to a
-// pointer.
+// Fixed-width types of the host, and the export mark of its libraries. Adesk is a struct, not a namespace; Boolean is
+// bool. NULL is a plain 0, as in the host's own header, and prefers an int overload to a pointer.
 #pragma once
 
 #include <stddef.h>
@@ -8,7 +7,7 @@
 
 #include "AdAChar.h"
 
-// Nothing for a module; whoever builds the library in AutoCAD's place exports by it.
+// Empty for a module. A library that replaces AutoCAD's defines it to export its functions.
 #ifndef ACCORE_PORT
 #define ACCORE_PORT
 #endif

@@ -1,5 +1,5 @@
-// Result and value codes of the aced and acut functions. All are macros; the failures are negative. No other header of
-// this folder brings them in: a source that names one includes this file itself.
+// Result and value codes of the aced and acut functions, as macros; failures are negative. No other header of this
+// folder includes this one, so a source that uses a code includes it itself.
 #pragma once
 
 #define RTNONE 5000

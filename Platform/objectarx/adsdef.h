@@ -1,6 +1,6 @@
 // Value types of the aced and acut functions: points, entity names and the result buffer. ads_point and ads_name are
-// array types: they decay in calls and can not be copied with "=". A resbuf that came from the host is given back with
-// acutRelRb, which frees the whole chain and its strings.
+// array types, which decay in calls and cannot be assigned. Release a resbuf from the host with acutRelRb, which frees
+// the whole chain and its strings.
 #pragma once
 
 #include <stddef.h>

@@ -1,5 +1,5 @@
-// What the host says about itself, and its current database. Everything belongs to the host, texts too. The members are
-// not const, workingDatabase apart, which is null when no drawing is open.
+// The host's description of itself, and its current database. The host owns everything, also strings. Only
+// workingDatabase is const; it returns null when no drawing is open.
 #pragma once
 
 #include "rxobject.h"

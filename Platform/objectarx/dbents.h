@@ -1,5 +1,6 @@
-// Texts, attributes and block references. Points are in world coordinates, angles in radians about the normal. A text
-// that fConst() lends is good while the object is open. attributeIterator gives an iterator that the caller deletes.
+// Texts, attributes and block references. Points are in world coordinates, angles in radians about the normal. A string
+// from a function whose name ends in Const is valid while the object is open. The caller deletes the iterator from
+// attributeIterator.
 #pragma once
 
 #include "dbmain.h"
@@ -38,7 +39,7 @@ class ACCORE_PORT AcDbBlockReference : public AcDbEntity {
     virtual AcGePoint3d position() const;
     double rotation() const;
     AcGeVector3d normal() const;
-    // Block to world.
+    // From block to world coordinates.
     AcGeMatrix3d blockTransform() const;
 
     AcDbObjectIterator* attributeIterator() const;

@@ -1,4 +1,4 @@
-// Handle of a database object: a 64-bit number that stays the same in every session, written as hexadecimal digits.
+// The handle of a database object: a 64-bit number that stays the same in every session, written in hexadecimal.
 #pragma once
 
 #include "adesk.h"
@@ -13,7 +13,7 @@ class ACCORE_PORT AcDbHandle {
 
     bool isNull() const;
 
-    // The length counts characters with the terminator; false when the text does not fit.
+    // The length counts characters including the terminator. Returns false when the text does not fit.
     bool getIntoAsciiBuffer(ACHAR* pBuf, size_t nBufLen) const;
     template <size_t nBufLen>
     bool getIntoAsciiBuffer(wchar_t (&buf)[nBufLen]) const {

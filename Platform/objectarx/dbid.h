@@ -1,4 +1,4 @@
-// Identity of a database object within this session: one pointer in size, cheap to copy, no ownership.
+// Identifies a database object within this session. It has the size of a pointer and owns nothing.
 #pragma once
 
 #include "dbhandle.h"
@@ -12,7 +12,7 @@ class ACCORE_PORT AcDbObjectId {
 
     bool isNull() const;
     void setNull();
-    // The null handle for a null id.
+    // Returns the null handle for a null id.
     AcDbHandle handle() const;
 
     operator AcDbStub*() const;

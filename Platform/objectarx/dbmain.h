@@ -1,5 +1,5 @@
-// Database, objects and entities. An object that acdbOpenObject delivered is closed with close() on every way out,
-// after which its pointer is dead. The pointer is null after a failure.
+// Database, objects and entities. An object from acdbOpenObject must be closed with close() on every path; its pointer
+// is invalid afterwards. After a failure the pointer is null.
 #pragma once
 
 #include "AcHeapOpers.h"
@@ -27,15 +27,15 @@ class ACCORE_PORT AcDbDatabase : public AcRxObject, public AcHeapOperators {
     ACDB_DECLARE_MEMBERS(AcDbDatabase)
     virtual ~AcDbDatabase();
 
-    // The table is open then and must be closed.
+    // On success the table is open and must be closed.
     Acad::ErrorStatus getBlockTable(AcDbBlockTable*& pTable, AcDb::OpenMode mode = AcDb::kForRead);
 
-    // eUnknownHandle when no object has the handle, eNullHandle for a null one.
+    // Returns eUnknownHandle when no object has the handle, eNullHandle for a null handle.
     Acad::ErrorStatus getAcDbObjectId(AcDbObjectId& retId, bool createIfNotFound, const AcDbHandle& objHandle,
                                       Adesk::UInt32 xRefId = 0);
 
     AcGeVector3d ucsxdir() const;
-    // True: the model tab is active.
+    // Returns true when the model tab is active.
     bool tilemode() const;
 
  protected:
@@ -51,11 +51,10 @@ class ACCORE_PORT AcDbObject : public AcGiDrawable, public AcHeapOperators {
 
     Acad::ErrorStatus close();
 
-    // The chain starts with its 1001 node and is the caller's (acutRelRb); null when there is none. A null name asks
-    // for the data of all applications.
+    // Returns the application's chain, which starts with its 1001 node, or null when there is none. The caller releases
+    // it with acutRelRb. A null name means all applications.
     virtual resbuf* xData(const ACHAR* regappName = nullptr) const;
-    // Copies the chain, which starts with a 1001 node that names a registered application. Other applications' data
-    // stay.
+    // Copies the chain, which starts with a 1001 node of a registered application, and keeps other applications' data.
     virtual Acad::ErrorStatus setXData(const resbuf* xdata);
 
  protected:
@@ -73,7 +72,7 @@ class ACCORE_PORT AcDbEntity : public AcDbObject {
     ACDB_DECLARE_MEMBERS(AcDbEntity)
     virtual ~AcDbEntity();
 
-    // The text is the caller's (acutDelString); null after a failure.
+    // Returns a string that the caller frees with acutDelString, or null on failure.
     ACHAR* layer() const;
     virtual Acad::ErrorStatus transformBy(const AcGeMatrix3d& xform) final;
     void recordGraphicsModified(Adesk::Boolean setModified = true);
@@ -112,7 +111,7 @@ inline Acad::ErrorStatus acdbOpenObject(AcDbObject*& pObj, AcDbObjectId id, AcDb
     return acdbOpenObject(pObj, id, mode, openErased, nullptr);
 }
 
-// pObj is a plain T_OBJECT*, not a pointer to const. eNotThatKindOfClass when the object is of another class.
+// pObj is a T_OBJECT*, not a pointer to const. Returns eNotThatKindOfClass when the object is of another class.
 template <class T_OBJECT>
 inline Acad::ErrorStatus acdbOpenObject(T_OBJECT*& pObj, AcDbObjectId id, AcDb::OpenMode mode = AcDb::kForRead,
                                         bool openErased = false) {

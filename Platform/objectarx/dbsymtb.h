@@ -1,4 +1,4 @@
-// Symbol tables and their records, as far as blocks go. Include dbmain.h before this file.
+// Symbol tables and their records, for blocks only. Include dbmain.h before this file.
 #pragma once
 
 #include "dbmain.h"
@@ -21,7 +21,7 @@ class ACCORE_PORT AcDbSymbolTableRecord : public AcDbObject {
     ACDB_DECLARE_MEMBERS(AcDbSymbolTableRecord)
     virtual ~AcDbSymbolTableRecord();
 
-    // The text is the caller's (acutDelString).
+    // The caller frees the string with acutDelString.
     Acad::ErrorStatus getName(ACHAR*& pName) const;
 
  protected:
@@ -45,8 +45,8 @@ class ACCORE_PORT AcDbBlockTableRecord : public AcDbSymbolTableRecord {
     ACDB_DECLARE_MEMBERS(AcDbBlockTableRecord)
     virtual ~AcDbBlockTableRecord();
 
-    // The record is open for writing. Afterwards the database owns the entity, which is still open and is to be closed;
-    // after a failure it is the caller's to delete.
+    // Requires a record open for writing. On success the database owns the entity, which stays open; the caller closes
+    // it. On failure the caller deletes it.
     Acad::ErrorStatus appendAcDbEntity(AcDbObjectId& pOutputId, AcDbEntity* pEntity);
 
  protected:

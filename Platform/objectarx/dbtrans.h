@@ -1,6 +1,6 @@
-// Transactions of a database. Managers and transactions belong to the host. startTransaction is null on failure;
-// endTransaction keeps and abortTransaction takes back what happened to the drawing since the newest start, and both
-// say eNoActiveTransactions when there is none. acdbTransactionManager is a macro.
+// Transactions of a database, owned by the host. startTransaction returns null on failure. endTransaction keeps, and
+// abortTransaction undoes, the changes to the drawing since the newest start; both return eNoActiveTransactions when
+// there is none. acdbTransactionManager is a macro.
 #pragma once
 
 #include "dbapserv.h"

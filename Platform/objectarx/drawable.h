@@ -1,4 +1,4 @@
-// Base of everything that can be drawn.
+// Base class of everything that can be drawn.
 #pragma once
 
 #include "rxobject.h"

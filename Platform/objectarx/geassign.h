@@ -1,5 +1,5 @@
-// A geometry object's numbers seen as an array: no copy is made, and a const object gives a pointer that is not.
-// Include gepnt3d.h as well; the classes are only announced here.
+// Returns a geometry object's numbers as an array without copying. A const object returns a non-const pointer. Include
+// gepnt3d.h as well; this file only declares the classes.
 #pragma once
 
 class AcGePoint3d;

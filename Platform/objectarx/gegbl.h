@@ -1,5 +1,5 @@
-// The common tolerance of the geometry classes. Their static data is imported; it can not serve in another static
-// initialiser. The library that defines it sets GE_DLLDATAEXIMP to nothing.
+// The common tolerance of the geometry classes. Their static data is imported, so another static initialiser cannot use
+// it. The library that defines it sets GE_DLLDATAEXIMP to nothing.
 #pragma once
 
 #include "getol.h"

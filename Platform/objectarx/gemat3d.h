@@ -1,6 +1,6 @@
-// A transformation: entry[row][column], the translation in column 3; a new one is the identity. The set functions
-// change the object and return it, the static factories and the other functions give new values. translation(vector)
-// makes a matrix, translation() reads one.
+// A transformation: entry[row][column], with the translation in column 3. The default is the identity. Functions that
+// begin with set change and return the object; the others return new values. translation(vector) makes a matrix,
+// translation() reads one.
 #pragma once
 
 #include "gepnt3d.h"
@@ -23,7 +23,7 @@ class ACCORE_PORT AcGeMatrix3d {
     AcGeMatrix3d& setTranslation(const AcGeVector3d& vec);
     AcGeVector3d translation() const;
 
-    // The axes become columns 0 to 2.
+    // Stores the axes in columns 0 to 2.
     AcGeMatrix3d& setCoordSystem(const AcGePoint3d& origin, const AcGeVector3d& xAxis, const AcGeVector3d& yAxis,
                                  const AcGeVector3d& zAxis);
     void getCoordSystem(AcGePoint3d& origin, AcGeVector3d& xAxis, AcGeVector3d& yAxis, AcGeVector3d& zAxis) const;

@@ -1,4 +1,4 @@
-// A point; the operators give new values.
+// A point. The operators return new values.
 #pragma once
 
 #include "gevec3d.h"

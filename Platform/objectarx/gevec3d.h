@@ -1,5 +1,5 @@
-// A vector. rotateBy changes the object and returns it; crossProduct, normal and the operators give new values. Angles
-// are radians.
+// A vector. rotateBy changes and returns the object; crossProduct, normal and the operators return new values. Angles
+// are in radians.
 #pragma once
 
 #include "gegbl.h"

@@ -1,5 +1,5 @@
-// What every class with run-time type information declares. cast() takes a const pointer and returns a non-const one; a
-// null pointer, and an object of another class, give null.
+// Declarations of every class with run-time type information. cast() takes a const pointer and returns a non-const one;
+// it returns null for a null pointer and for an object of another class.
 #pragma once
 
 #include "rxdefs.h"

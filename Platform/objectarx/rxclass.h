@@ -1,4 +1,4 @@
-// Description of one class: what it derives from. Owned by the host.
+// Describes a class and its base class. Owned by the host.
 #pragma once
 
 #include "rxobject.h"

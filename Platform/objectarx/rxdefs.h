@@ -1,7 +1,7 @@
-// Messages that the host sends to a module's entry point, and the two answers to them. kRetError makes the host unload
-// the module again, except in answer to the unload messages. The entry point itself is declared by nobody but the
-// module: extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt). On kInitAppMsg pkt is the
-// application id that acrxUnlockApplication and registerAppMDIAware want.
+// Messages from the host to a module's entry point, and its two results. After kRetError the host unloads the module,
+// unless it returned that for an unload message. Only the module declares the entry point: extern "C" AcRx::AppRetCode
+// acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt). With kInitAppMsg, pkt is the application id for
+// acrxUnlockApplication and registerAppMDIAware.
 #pragma once
 
 #include "adesk.h"

@@ -1,6 +1,6 @@
-// Dictionaries of objects, above all the system registry, which lives as long as the host. at() lends; remove() hands
-// the object over to the caller, who deletes it. Both give null for a key that is absent. acrxServiceDictionary is a
-// macro that looks the dictionary up at each use.
+// Dictionaries of objects, such as the system registry, which lives as long as the host. at() returns an object that
+// the dictionary owns; remove() passes ownership to the caller. Both return null for an absent key.
+// acrxServiceDictionary is a macro that looks up the dictionary at each use.
 #pragma once
 
 #include "rxnames.h"

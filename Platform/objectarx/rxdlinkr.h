@@ -1,5 +1,5 @@
-// The loader of modules as an object of the system registry. appId is what kInitAppMsg delivered. acrxDynamicLinker is
-// a macro that looks the object up at each use.
+// The module loader, an object of the system registry. appId is the packet of kInitAppMsg. acrxDynamicLinker is a macro
+// that looks up the object at each use.
 #pragma once
 
 #include "rxdict.h"

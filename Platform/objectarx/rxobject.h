@@ -1,4 +1,4 @@
-// Root of the host's classes.
+// Base class of the host's classes.
 #pragma once
 
 #include "rxboiler.h"

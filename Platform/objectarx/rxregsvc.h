@@ -1,6 +1,5 @@
-// Services and the lock of a module. A module is loaded locked: until it is unlocked it can not be unloaded.
-// acrxRegisterService makes the AcRxService itself and puts it into the service dictionary, from which the module
-// removes and then deletes it.
+// Services and the lock of a module. A module is locked when it is loaded, and cannot be unloaded until it is unlocked.
+// acrxRegisterService creates the AcRxService in the service dictionary; the module removes and deletes it.
 #pragma once
 
 #include "adesk.h"

@@ -1,4 +1,4 @@
-// Where the host finds a module's resources. A module handle converts by itself; empty() says: nowhere special.
+// Location of a module's resources. A module handle converts implicitly; empty() means no particular location.
 #pragma once
 
 #include "adesk.h"

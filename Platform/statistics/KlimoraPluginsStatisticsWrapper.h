@@ -1,5 +1,5 @@
-// The usage-statistics library Klimora.Plugins.Statistics.Sorvik.dll, as far as it is used. A record stays its
-// caller's.
+// The part of the usage-statistics library Klimora.Plugins.Statistics.Sorvik.dll that the module uses. The caller keeps
+// ownership of a record.
 #pragma once
 
 #ifndef KLIMORA_STATISTICS_API
@@ -15,11 +15,11 @@ class KLIMORA_STATISTICS_API KlimoraPluginsStatisticsWrapper {
     KlimoraPluginsStatisticsWrapper(const KlimoraPluginsStatisticsWrapper&) = delete;
     KlimoraPluginsStatisticsWrapper& operator=(const KlimoraPluginsStatisticsWrapper&) = delete;
 
-    // Keeps one event until it is flushed.
+    // Queues one event.
     void AddInsertStatistics(const wchar_t* event, PluginStat* record);
-    // Sends what was kept.
+    // Sends the queued events.
     void FlushStatistics();
-    // Ends the work of the object; nothing but its destructor is called afterwards.
+    // Closes the object; call only its destructor afterwards.
     void CloseStatistics();
 
  private:

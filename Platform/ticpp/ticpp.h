@@ -1,7 +1,7 @@
-// The part of TinyXML++ that this system uses, over TinyXML, with that library's names and throwing rules: look-ups by
-// name throw when nothing is found unless they are told not to. An Element* that a look-up gives back belongs to its
-// Document and stays valid as long as that lives, but must not be used once its element was replaced or removed.
-// Failures are told by ticpp::Exception, whose m_details name the element. One thread at a time.
+// The part of TinyXML++ that this system uses, implemented on TinyXML with TinyXML++'s names. Look-ups throw when
+// nothing is found, unless an argument says otherwise. The Document owns the Element* that a look-up returns; the
+// pointer is valid until the document ends or the element is replaced or removed. Failures throw ticpp::Exception,
+// whose m_details name the element. One thread at a time.
 #pragma once
 
 #include <tinyxml.h>
@@ -27,8 +27,8 @@ class Exception : public std::exception {
 };
 
 namespace detail {
-// The elements of one document that were asked for. TinyXML's node carries a pointer to its element as user data, so
-// an element is made once and found without a search.
+// The wrapped elements of one document. A TinyXML node has a pointer to its wrapper as user data, so each wrapper is
+// created once and found without a search.
 class Pool;
 }  // namespace detail
 
@@ -38,12 +38,12 @@ class Node {
     Node& operator=(const Node&) = delete;
     virtual ~Node() = default;
 
-    // An element's name.
+    // Returns the element's name.
     std::string Value() const { return node_->ValueStr(); }
 
-    // First child element of any name, or of one name.
+    // Return the first child element, of any name or of one name.
     Element* FirstChildElement(bool throwIfNoChildren = true) const;
-    // The forms that take a literal are there because a literal would become the bool sooner than a string.
+    // The overloads for const char* exist because a literal would convert to bool rather than to std::string.
     Element* FirstChildElement(const std::string& value, bool throwIfNoChildren = true) const;
     Element* FirstChildElement(const char* value, bool throwIfNoChildren = true) const {
         return FirstChildElement(std::string(value), throwIfNoChildren);
@@ -54,7 +54,7 @@ class Node {
         return NextSiblingElement(std::string(value), throwIfNoSiblings);
     }
 
-    // A copy of `addThis` becomes the last child; the copy is given back.
+    // Appends a copy of `addThis` as the last child and returns the copy.
     Element* InsertEndChild(const Element& addThis);
     void RemoveChild(Element* removeThis);
 
@@ -74,17 +74,17 @@ class Node {
 
 class Element : public Node {
  public:
-    // An element of its own, to be copied into a document with InsertEndChild.
+    // Creates a separate element, to be copied into a document with InsertEndChild.
     explicit Element(const std::string& value);
 
-    // Text of the element's first child; an element without text throws, or gives an empty text.
+    // Returns the text of the element's first child. Without text, throws or returns an empty string.
     std::string GetText(bool throwIfNotFound = true) const {
         const char* text = element()->GetText();
         if (!text && throwIfNotFound) throw Exception("Element <" + Value() + "> has no text");
         return text ? text : "";
     }
 
-    // The text that GetText gives becomes this one; child elements stay.
+    // Sets the text that GetText returns. Child elements stay.
     void SetText(const std::string& text) {
         TiXmlNode* const first = element()->FirstChild();
         if (first && first->ToText())
@@ -105,7 +105,7 @@ class Element : public Node {
 
     void SetAttribute(const std::string& name, const std::string& value) { element()->SetAttribute(name, value); }
 
-    // The element with everything in it, written without line breaks.
+    // Returns the element and its contents without line breaks.
     std::string ToString() const {
         TiXmlPrinter printer;
         printer.SetStreamPrinting();
@@ -144,7 +144,7 @@ class Pool {
     std::deque<std::unique_ptr<Element>> elements_;
 };
 
-// TinyXML copies user data with a node, so a copy would point at the original's element.
+// TinyXML copies user data with a node, so a copy would point to the original's wrapper.
 inline void ForgetUserData(TiXmlNode* node) {
     node->SetUserData(nullptr);
     for (TiXmlNode* child = node->FirstChild(); child; child = child->NextSibling())
@@ -166,12 +166,12 @@ class Document : public Node {
         pool_ = elements_.get();
     }
 
-    // Reads a file; one that cannot be read or parsed throws.
+    // Reads a file. Throws when it cannot be read or parsed.
     void LoadFile(const std::string& fileName) {
         if (!document_->LoadFile(fileName)) throw Exception(ErrorDetails(fileName));
     }
 
-    // Reads a text; `name` stands for it in the exception.
+    // Parses a text; `name` names it in the exception.
     void Parse(const std::string& xml, const std::string& name = "text") {
         document_->Clear();
         document_->ClearError();
@@ -200,7 +200,7 @@ class Document : public Node {
     std::unique_ptr<detail::Pool> elements_;
 };
 
-// Walks the child elements of a parent, of one name or of any:
+// Iterates over the child elements of a parent, of one name or of any:
 //   Iterator<Element> child("device");
 //   for (child = child.begin(root); child != child.end(); ++child) …
 template <class T>
