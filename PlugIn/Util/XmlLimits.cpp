@@ -166,7 +166,7 @@ class Scanner {
             SkipBlanks();
             if (Skip("/")) return Skip(">");
             if (Skip(">")) break;
-            if (attributes.size() == kMaxXmlAttributes) Refuse("More than 200 attributes in an element", at_);
+            if (*at_ && attributes.size() == kMaxXmlAttributes) Refuse("More than 200 attributes in an element", at_);
             if (!SkipAttribute(attributes)) return false;
         }
         if (open_.size() == kMaxXmlLevels) Refuse("More than 200 levels of elements", tag);
