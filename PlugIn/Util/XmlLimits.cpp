@@ -159,8 +159,10 @@ class Scanner {
     }
     bool SkipStartTag() {
         const char* const tag = at_++;
+        SkipBlanks();  // byte order marks may precede the name
+        const char* const start = at_;
         if (!SkipName()) return false;
-        const std::string_view name(tag + 1, static_cast<size_t>(at_ - tag - 1));
+        const std::string_view name(start, static_cast<size_t>(at_ - start));
         std::vector<std::string_view> attributes;
         for (;;) {
             SkipBlanks();
