@@ -1,5 +1,3 @@
-#include <windows.h>
-
 #include "Util/ArxHandles.h"
 
 #include <acedads.h>

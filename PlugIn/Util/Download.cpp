@@ -1,8 +1,7 @@
-#include <windows.h>
+#include "Util/Download.h"
+
 #include <shellapi.h>
 #include <wininet.h>
-
-#include "Util/Download.h"
 
 #include <io.h>
 

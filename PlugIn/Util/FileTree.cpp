@@ -1,8 +1,8 @@
+#include "Util/FileTree.h"
+
 #include <windows.h>
 #include <io.h>
 #include <sys/stat.h>
-
-#include "Util/FileTree.h"
 
 #include <cstdio>
 #include <cstring>

@@ -19,8 +19,8 @@
 #include "gepnt3d.h"
 #include "gevec3d.h"
 
-#include "Util/PartArguments.h"
 #include "Util/KlimComSrvHandle.h"
+#include "Util/PartArguments.h"
 
 class KLComUtils {
  public:

@@ -1,5 +1,3 @@
-#include <windows.h>
-
 #include "Util/KLComUtils.h"
 
 #include "Lib/ExceptionReport.h"

@@ -1,6 +1,4 @@
 // Custom objects: their geometry, their line types and their creation.
-#include <windows.h>
-
 #include "Util/KLComUtils.h"
 
 #include "acdb.h"

@@ -1,5 +1,3 @@
-#include <windows.h>
-
 #include "Util/KLUtils.h"
 
 #include <acedads.h>
@@ -15,10 +13,10 @@
 #include <stdexcept>
 #include <string>
 
-#include "Util/ArxHandles.h"
 #include "Lib/ExceptionReport.h"
 #include "Lib/FormatText.h"
 #include "Lib/Text.h"
+#include "Util/ArxHandles.h"
 
 namespace KLUtils {
 

@@ -1,6 +1,6 @@
-#include <windows.h>
-
 #include "Util/KLUtils_Text.h"
+
+#include <windows.h>
 
 #include "Lib/Numbers.h"
 

@@ -1,4 +1,4 @@
-#include <windows.h>
+#include "Util/KLUtils.h"
 
 #include <acedads.h>
 #include <adscodes.h>
@@ -8,11 +8,10 @@
 
 #include <cmath>
 
-#include "Util/ArxHandles.h"
-#include "Util/KLUtils.h"
 #include "Lib/CommandLine.h"
 #include "Lib/FormatText.h"
 #include "Lib/Text.h"
+#include "Util/ArxHandles.h"
 
 namespace KLUtils {
 

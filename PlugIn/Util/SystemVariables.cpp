@@ -1,6 +1,6 @@
-#include <windows.h>
-
 #include "Util/SystemVariables.h"
+
+#include <windows.h>
 
 #include <acedads.h>
 #include <adscodes.h>

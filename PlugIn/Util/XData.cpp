@@ -1,6 +1,6 @@
-#include <windows.h>
-
 #include "Util/XData.h"
+
+#include <windows.h>
 
 #include <acdb.h>
 #include <acedads.h>
@@ -15,9 +15,9 @@
 #include <optional>
 #include <utility>
 
-#include "Util/ArxHandles.h"
 #include "Lib/Numbers.h"
 #include "Lib/Text.h"
+#include "Util/ArxHandles.h"
 
 namespace {
 

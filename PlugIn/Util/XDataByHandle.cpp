@@ -1,12 +1,13 @@
+#include "Util/XData.h"
+
 #include <windows.h>
 
 #include <dbid.h>
 #include <dbmain.h>
 
-#include "Util/ArxHandles.h"
 #include "Lib/ExceptionReport.h"
 #include "Lib/Text.h"
-#include "Util/XData.h"
+#include "Util/ArxHandles.h"
 
 namespace {
 
