@@ -28,7 +28,7 @@ void DoNothing() {}
 
 }  // namespace
 
-TEST_F(AutoCADCommands, QueuedCommandsRunAfterTheRunningOneReturnedAndReadTheirLines) {
+TEST_F(AutoCADCommands, RunsQueuedCommandsAfterTheRunningOne) {
     bench::AddForeignCommand("READS", [&] {
         wchar_t text[4] = L"xyz";
         EXPECT_EQ(acedGetString(1, L"Code: ", text, 4), RTNORM);
@@ -47,7 +47,7 @@ TEST_F(AutoCADCommands, QueuedCommandsRunAfterTheRunningOneReturnedAndReadTheirL
     EXPECT_THAT(TakeViolations(), ElementsAre("The command READS was typed while SENDS was running."));
 }
 
-TEST_F(AutoCADCommands, BadRequestsAreRefused) {
+TEST_F(AutoCADCommands, RejectsBadRequests) {
     EXPECT_EQ(acDocManager->sendStringToExecute(nullptr, L"X\n"), Acad::eNoDocument);
     EXPECT_EQ(Send(L""), Acad::eInvalidInput);
     EXPECT_EQ(Send(L"NO END"), Acad::eInvalidInput);
@@ -69,7 +69,7 @@ TEST_F(AutoCADCommands, BadRequestsAreRefused) {
     EXPECT_THAT(TakeViolations(), ElementsAre(HasSubstr("was to be removed"), HasSubstr("The bench set DWGNAME")));
 }
 
-TEST_F(AutoCADCommands, SelectionThatAutoCADRefusesGivesNoSet) {
+TEST_F(AutoCADCommands, ReturnsNoSetForARejectedSelection) {
     for (const wchar_t* options : {L"Q", L":Z:S", L"_:S:", L"X", L""})
         EXPECT_EQ(acedSSGet(options, nullptr, nullptr, nullptr, set_), RTREJ);
     EXPECT_EQ(acedSSGet(L":$:S", nullptr, nullptr, nullptr, set_), RTREJ);
@@ -87,7 +87,7 @@ TEST_F(AutoCADCommands, SelectionThatAutoCADRefusesGivesNoSet) {
                             "Nobody answered the prompt \"\nSelect a duct:\"."));
 }
 
-TEST_F(AutoCADCommands, SetsAreLimitedReleasedOnceAndNotUsedAfterwards) {
+TEST_F(AutoCADCommands, LimitsOpenSetsAndReportsTheirMisuse) {
     const std::string duct = AddDuct();
     bench::SetUser([&](const std::string&) { return Answer{Answer::kPick, duct}; });
     int open = 0;
@@ -106,7 +106,7 @@ TEST_F(AutoCADCommands, SetsAreLimitedReleasedOnceAndNotUsedAfterwards) {
                 ElementsAre(HasSubstr("acedSSFree"), HasSubstr("acedSSName"), HasSubstr("no selection set")));
 }
 
-TEST_F(AutoCADCommands, DisabledMainWindowIsAccused) {
+TEST_F(AutoCADCommands, ReportsADisabledMainWindow) {
     EnableWindow(bench::MainWindow(), FALSE);
     bench::StopAutoCAD();
     EXPECT_THAT(TakeViolations(), ElementsAre(HasSubstr("still disabled")));
@@ -114,7 +114,7 @@ TEST_F(AutoCADCommands, DisabledMainWindowIsAccused) {
 }
 
 // The module behind AutoCADProbe.cpp.
-TEST_F(AutoCADCommands, LeftoversOfAModuleAreAccused) {
+TEST_F(AutoCADCommands, ReportsLeftoversOfAModule) {
     ASSERT_EQ(acedArxLoad(L"bench_probe.arx"), RTNORM);
     EXPECT_EQ(acedArxUnload(L"bench_probe.arx"), RTNORM);
     EXPECT_THAT(TakeViolations(), ElementsAre(AllOf(HasSubstr("command Probe"), HasSubstr("still registered")),

@@ -6,7 +6,7 @@ using testing::HasSubstr;
 
 using AutoCADMemory = AutoCADTest;
 
-TEST_F(AutoCADMemory, ChainStaysOwedUntilEveryNodeAndTextIsReleased) {
+TEST_F(AutoCADMemory, TracksAChainUntilEveryNodeAndStringIsReleased) {
     resbuf* chain = acutBuildList(1001, L"SORV", 1000, L"A=1", 1000, L"B=2", RTNONE);
     resbuf* middle = chain->rbnext;
     chain->rbnext = middle->rbnext;
@@ -20,7 +20,7 @@ TEST_F(AutoCADMemory, ChainStaysOwedUntilEveryNodeAndTextIsReleased) {
     acutDelString(text);
 }
 
-TEST_F(AutoCADMemory, WrongReleasesAreAccused) {
+TEST_F(AutoCADMemory, ReportsWrongReleases) {
     resbuf own = {};
     EXPECT_EQ(acutRelRb(nullptr), RTERROR);
     EXPECT_EQ(acutRelRb(&own), RTERROR);
@@ -47,7 +47,7 @@ TEST_F(AutoCADMemory, WrongReleasesAreAccused) {
                             HasSubstr("acedSetVar"), HasSubstr("already released"), HasSubstr("did not hand out")));
 }
 
-TEST_F(AutoCADMemory, XdataIsCheckedBeforeItIsStored) {
+TEST_F(AutoCADMemory, RejectsInvalidXdata) {
     EXPECT_EQ(acdbRegApp(L"SORV"), RTNORM);
     EXPECT_EQ(acdbRegApp(L"sorv"), RSERR);
     const std::string duct = AddDuct();

@@ -10,7 +10,7 @@ using testing::HasSubstr;
 
 using AutoCADObjects = AutoCADTest;
 
-TEST_F(AutoCADObjects, WriterIsAloneAndReadersShare) {
+TEST_F(AutoCADObjects, AllowsOneWriterOrSeveralReaders) {
     const std::string duct = AddDuct("DUCTS");
     AcDbEntity* first = Opened(duct, AcDb::kForRead);
     AcDbEntity* second = Opened(duct, AcDb::kForRead);
@@ -28,7 +28,7 @@ TEST_F(AutoCADObjects, WriterIsAloneAndReadersShare) {
     EXPECT_EQ(Opened(duct, AcDb::kForRead)->close(), Acad::eOk);
 }
 
-TEST_F(AutoCADObjects, ClassErasureAndDrawingDecideWhatOpens) {
+TEST_F(AutoCADObjects, OpensOnlyExistingObjectsOfTheRightClass) {
     const AcDbObjectId duct = Id(AddDuct()), erased = Id(AddDuct());
     AcDbBlockReference* reference = nullptr;
     EXPECT_EQ(acdbOpenObject(reference, duct), Acad::eNotThatKindOfClass);
@@ -43,7 +43,7 @@ TEST_F(AutoCADObjects, ClassErasureAndDrawingDecideWhatOpens) {
     EXPECT_EQ(acdbOpenObject(entity, duct), Acad::ePermanentlyErased);
 }
 
-TEST_F(AutoCADObjects, UseAfterCloseAndDeletionAreAccused) {
+TEST_F(AutoCADObjects, DetectsUseAfterCloseAndDeletion) {
     const std::string duct = AddDuct();
     AcDbEntity* entity = Opened(duct, AcDb::kForWrite);
     EXPECT_EQ(entity->close(), Acad::eOk);
@@ -61,7 +61,7 @@ TEST_F(AutoCADObjects, UseAfterCloseAndDeletionAreAccused) {
     bench::ClearOutstandingResources();
 }
 
-TEST_F(AutoCADObjects, ReaderCanChangeNothing) {
+TEST_F(AutoCADObjects, RejectsChangesByAReader) {
     const std::string handle = bench::AddBlockReference({"", "TAG", "0", {1, 2, 3}, 0, {0, 0, 1}, {{"CODE", "A"}}});
     const std::string state = bench::DrawingState();
     AcDbBlockReference* reference = AcDbBlockReference::cast(Opened(handle, AcDb::kForRead));
@@ -81,7 +81,7 @@ TEST_F(AutoCADObjects, ReaderCanChangeNothing) {
     EXPECT_THAT(TakeViolations(), ElementsAre(HasSubstr("which is not open for writing"), HasSubstr("its end")));
 }
 
-TEST_F(AutoCADObjects, NewEntityIsTheCallersUntilItIsAppended) {
+TEST_F(AutoCADObjects, TracksANewEntityUntilItIsAppended) {
     AcDbBlockTable* blocks = nullptr;
     ASSERT_EQ(Database()->getBlockTable(blocks), Acad::eOk);
     AcDbBlockTableRecord* space = nullptr;
@@ -106,7 +106,7 @@ TEST_F(AutoCADObjects, NewEntityIsTheCallersUntilItIsAppended) {
     EXPECT_THAT(TakeViolations(), ElementsAre(HasSubstr("to be deleted"), HasSubstr("after it had been closed")));
 }
 
-TEST_F(AutoCADObjects, AbortAndFailedEndTakeBackEverythingSinceTheStart) {
+TEST_F(AutoCADObjects, RestoresTheDrawingOnAbortOrFailedEnd) {
     const std::string duct = AddDuct("DUCTS"), before = bench::DrawingState();
     AcDbTransactionManager* manager = acdbTransactionManager;
     ASSERT_NE(manager->startTransaction(), nullptr);
@@ -128,7 +128,7 @@ TEST_F(AutoCADObjects, AbortAndFailedEndTakeBackEverythingSinceTheStart) {
     EXPECT_EQ(bench::DrawingState(), before);
 }
 
-TEST_F(AutoCADObjects, TransactionsThatDoNotMatchAndForeignThreadsAreAccused) {
+TEST_F(AutoCADObjects, ReportsUnmatchedTransactionsAndForeignThreads) {
     AcDbTransactionManager* manager = acdbTransactionManager;
     EXPECT_EQ(manager->endTransaction(), Acad::eNoActiveTransactions);
     EXPECT_EQ(manager->abortTransaction(), Acad::eNoActiveTransactions);

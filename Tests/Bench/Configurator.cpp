@@ -66,7 +66,7 @@ class Configurator : public testing::Test {
     PROCESS_INFORMATION process_ = {};
 };
 
-TEST_F(Configurator, RecordsWhyItEndsAsItDoes) {
+TEST_F(Configurator, RecordsWhyItEnded) {
     server_.Serve("/file", "<products><product");
     const std::string address = kAddress;
     const struct {
@@ -97,7 +97,7 @@ TEST_F(Configurator, RecordsWhyItEndsAsItDoes) {
               "POST /klimora/choose?klsid=0F1E2D3C4B5A69788796A5B4C3D2E1F0&product=SRC-200-600,SRC-200-900");
 }
 
-TEST_F(Configurator, ItsWindowBearsTheTitleAndObeysItsKeys) {
+TEST_F(Configurator, ShowsTheTitleAndHandlesKeys) {
     Start("ask", Line(std::string(kAddress) + "&airflow=120"));
     HWND dialog = nullptr;
     for (DWORD waited = 0; !dialog && waited < kPatience; waited += 10) {

@@ -19,7 +19,7 @@ std::string Outcomes(const bench::InjectedFault& failure, const std::vector<cons
     return outcomes;
 }
 
-TEST(FailurePlan, MeansOneCallOrEveryoneFromItOn) {
+TEST(FailurePlan, FailsOneCallOrEveryCallFromItOn) {
     const std::vector<const char*> names = {"kba", "acx", "kbb", "kba", "acx", "kba"};
     EXPECT_EQ(Outcomes({"", 2, {}, false, false}, names), "-F----");
     EXPECT_EQ(Outcomes({"", 5, 9, true, true}, names), "----PP");
@@ -32,7 +32,7 @@ TEST(FailurePlan, MeansOneCallOrEveryoneFromItOn) {
 using Balance = StandInTest;
 using Journal = StandInTest;
 
-TEST_F(Journal, ResultThatComesAfterItWasClearedIsNotAnothers) {
+TEST_F(Journal, IgnoresAResultThatArrivesAfterClearing) {
     bench::Call late("GET", "");
     bench::ClearCallLog();
     const bench::Call other("kba", "");
@@ -40,7 +40,7 @@ TEST_F(Journal, ResultThatComesAfterItWasClearedIsNotAnothers) {
     EXPECT_EQ(bench::CallLog(), std::vector<std::string>{"kba"});
 }
 
-TEST_F(Balance, GivingBackWhatIsNotOwedIsAccused) {
+TEST_F(Balance, ReportsAReleaseWithoutAnAcquire) {
     bench::TrackAcquire("record", "A");
     EXPECT_TRUE(bench::TrackRelease("record", "A"));
     EXPECT_FALSE(bench::TrackRelease("record", "A"));

@@ -16,7 +16,7 @@ namespace {
 using ::testing::Contains;
 using ::testing::ElementsAre;
 
-TEST(HostScript, ErrorsNameTheLine) {
+TEST(HostScript, ReportsErrorsWithTheirLine) {
     const struct {
         const char* text;
         const char* error;
@@ -39,7 +39,7 @@ TEST(HostScript, ErrorsNameTheLine) {
     }
 }
 
-TEST(HostScript, ABoxStepPressesTheNamedButton) {
+TEST(HostScript, PressesTheNamedButtonOfABox) {
     Script script;
     ASSERT_EQ("", ReadScript("command X\n  box Yes\n  box Maybe\n", "out", script));
     Robot robot;
@@ -51,7 +51,7 @@ TEST(HostScript, ABoxStepPressesTheNamedButton) {
     EXPECT_THAT(robot.Complaints(), Contains("At a box there is no button \"Maybe\"."));
 }
 
-TEST(HostReport, OnlyACommandThatEndedAndNeverAbortedIsCommitted) {
+TEST(HostReport, ReportsOnlyAnEndedTransactionAsCommitted) {
     const std::string start = "AcTransactionManager::startTransaction -> 1";
     const std::string end = "AcTransactionManager::endTransaction -> 0";
     const std::string abort = "AcTransactionManager::abortTransaction -> 0";

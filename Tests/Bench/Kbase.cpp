@@ -57,7 +57,7 @@ class KbaseLibrary : public StandInTest {
     KB_RECORD record_ = nullptr;
 };
 
-TEST_F(KbaseLibrary, ASavedRecordIsInTheFileWithItsBytesAndTheirMeaning) {
+TEST_F(KbaseLibrary, WritesTheBytesOfASavedRecordAndTheirMeaning) {
     const char dimensions[] =
         "\x0A\x00\xC8\x00\x00\x00\x00\x00\x80\x41\x00\x80\x8E\x43\xCD\xCC\xCC\x3D\x66\x66\x9E\x41";
     const unsigned char losses[] = {3, 5, 10, 18, 30, 29, 19, 255, 0, 1, 2, 3, 4, 5, 6, 7};
@@ -85,7 +85,7 @@ TEST_F(KbaseLibrary, ASavedRecordIsInTheFileWithItsBytesAndTheirMeaning) {
                             "Lw63=0 Lw125=1 Lw250=2 Lw500=3 Lw1000=4 Lw2000=5 Lw4000=6 Lw8000=7"));
 }
 
-TEST_F(KbaseLibrary, ReplacingAndDeletingLeaveTheRestOfTheFileAsItWas) {
+TEST_F(KbaseLibrary, KeepsTheRestOfTheFileWhenReplacingAndDeleting) {
     const std::string before = FileText(kDatabase);
     EXPECT_EQ(kbsaverec(database_, record_), 0);
     EXPECT_FALSE(Create("A")) << "a key was used twice";
@@ -100,7 +100,7 @@ TEST_F(KbaseLibrary, ReplacingAndDeletingLeaveTheRestOfTheFileAsItWas) {
     CloseHandle(owner);
 }
 
-TEST_F(KbaseLibrary, ValuesThatDoNotFitTheDictionaryAreAccused) {
+TEST_F(KbaseLibrary, ReportsValuesThatDoNotFitTheDictionary) {
     const char bytes[1000] = "Sorvik";
     const struct {
         short attribute;
@@ -124,7 +124,7 @@ TEST_F(KbaseLibrary, ValuesThatDoNotFitTheDictionaryAreAccused) {
     EXPECT_TRUE(Saved().Find("dSilencerType", "A")->attributes.empty());
 }
 
-TEST_F(KbaseLibrary, HandlesAndArgumentsThatAreNoneAreAccused) {
+TEST_F(KbaseLibrary, ReportsInvalidHandlesAndArguments) {
     KB_CLASSID id = {{5, 6}};
     KB_RECORD none = &id;
     const struct {
@@ -164,7 +164,7 @@ TEST_F(KbaseLibrary, HandlesAndArgumentsThatAreNoneAreAccused) {
     }
 }
 
-TEST_F(KbaseLibrary, SecondReleasesLateUsesAndForeignRecordsAreAccused) {
+TEST_F(KbaseLibrary, ReportsSecondReleasesLateUsesAndForeignRecords) {
     const KB_HANDLE other = kbopendatabase(kDictionary, kDatabase, 0);
     EXPECT_LT(kbsaverec(other, record_), 0);
     EXPECT_THAT(TakeViolations(),

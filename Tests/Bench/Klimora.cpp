@@ -73,7 +73,7 @@ class Klimora : public StandInTest {
     IKlimora200805* client_ = nullptr;
 };
 
-TEST_F(Klimora, ReferencesAreOwedByInterfaceAndReleasedOnce) {
+TEST_F(Klimora, TracksReferencesOfEachInterface) {
     client_->AddRef();
     EXPECT_THAT(bench::OutstandingResources(), ElementsAre("interface reference IKlimora200805 (2 times)"));
     client_->Release();
@@ -89,7 +89,7 @@ TEST_F(Klimora, ReferencesAreOwedByInterfaceAndReleasedOnce) {
     EXPECT_EQ(version, 77);
 }
 
-TEST_F(Klimora, APlannedFailureLeavesOrSpoilsTheOutputs) {
+TEST_F(Klimora, KeepsOrCorruptsOutputsOnAnInjectedFault) {
     double x = 77, y = 77, z = 77;
     long result = 77;
     BSTR text = nullptr;
@@ -109,7 +109,7 @@ TEST_F(Klimora, APlannedFailureLeavesOrSpoilsTheOutputs) {
     EXPECT_STREQ(text, L"IKlimora200805::getPartAttPoint was planned to fail.");
 }
 
-TEST_F(Klimora, WhatOnlyABrokenClientDoesWithABinaryVariableIsAccused) {
+TEST_F(Klimora, ReportsMisuseOfABinaryVariable) {
     long result = -8;
     EXPECT_EQ(SendsBytes(7, 0, "00"), -130);
     client_->setBinVariableSize(7, 0, &result);
@@ -142,7 +142,7 @@ TEST_F(Klimora, WhatOnlyABrokenClientDoesWithABinaryVariableIsAccused) {
                             HasSubstr("Slot 17")));
 }
 
-TEST_F(Klimora, CommandsThatAreNotAsClientsSendThemChangeNothing) {
+TEST_F(Klimora, RejectsBadCommands) {
     const std::string before = bench::ProjectXml();
     const std::string product =
         "<ManageProductData><Function><Name>Add</Name></Function><KPD><Filename>" SORVIK_SAMPLE_FOLDER
@@ -163,7 +163,7 @@ TEST_F(Klimora, CommandsThatAreNotAsClientsSendThemChangeNothing) {
     EXPECT_EQ(bench::ProjectXml(), before);
 }
 
-TEST_F(Klimora, TheSilencerSplitsADuctAndNothingElse) {
+TEST_F(Klimora, SplitsOnlyADuctForTheSilencer) {
     const std::string before = bench::ProjectXml();
     EXPECT_THAT(Inserts("SRC-400", "SORV1", {}), HasSubstr("SRC-400 with user code SORV1 is not in the project."));
     EXPECT_THAT(Inserts("SRC-400-1200", "SORV1", {{Answer::kPick, "2AA"}}),

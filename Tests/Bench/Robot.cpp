@@ -46,7 +46,7 @@ TEST(RobotTest, ReadsAndAnswersEveryKindOfBox) {
     EXPECT_EQ(std::size(cases), robot.Seen().size());
 }
 
-TEST(RobotTest, EveryDifferenceIsAComplaintAndTheAnswerIsGivenAllTheSame) {
+TEST(RobotTest, ReportsEveryDifferenceAndStillAnswers) {
     Robot robot;
     robot.Expect(Box("Sure?").Captioned("Other").Icon(BoxIcon::kError).Buttons({"No", "Yes"}).AnswerWith("Yes"));
     EXPECT_EQ(IDYES, ShowBox("Sure?", MB_YESNO | MB_ICONWARNING));
@@ -64,7 +64,7 @@ TEST(RobotTest, EveryDifferenceIsAComplaintAndTheAnswerIsGivenAllTheSame) {
                             "There is no field 7 in the dialog \"Code\"."));
 }
 
-TEST(RobotTest, UnexpectedBoxesAreClosedAndUnmetExpectationsTold) {
+TEST(RobotTest, ClosesUnexpectedBoxesAndReportsUnmetExpectations) {
     const struct {
         UINT style;
         int result;
@@ -83,7 +83,7 @@ TEST(RobotTest, UnexpectedBoxesAreClosedAndUnmetExpectationsTold) {
     EXPECT_THAT(robot.Complaints(), IsEmpty());
 }
 
-TEST(RobotTest, WhatTheBoxDoesNotOfferIsAComplaint) {
+TEST(RobotTest, ReportsControlsThatTheBoxLacks) {
     Robot robot;
     robot.Expect(Box("Choose").Type(1102, "A").Press(IDRETRY).AnswerWith("Maybe"));
     EXPECT_EQ(IDNO, ShowBox("Choose", MB_YESNO));

@@ -17,7 +17,7 @@ static_assert(sizeof(Record) == sizeof(PluginStat));
 
 using StatisticsLibrary = StandInTest;
 
-TEST_F(StatisticsLibrary, OnlyTheRightOrderGoesWithoutAnAccusation) {
+TEST_F(StatisticsLibrary, ReportsCallsInTheWrongOrder) {
     Record record;
     const struct {
         void (*work)(Wrapper&, PluginStat*);

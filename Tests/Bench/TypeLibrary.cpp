@@ -135,7 +135,7 @@ class TypeLibraryTest : public testing::Test {
     }
 };
 
-TEST_F(TypeLibraryTest, EqualInterfacesHaveNoDifference) {
+TEST_F(TypeLibraryTest, FindsNoDifferenceBetweenEqualInterfaces) {
     Make(Interfaces());
     EXPECT_THAT(DifferencesFrom(kListing), IsEmpty());
     EXPECT_EQ(bench::Listing(bench::ReadTypeLibrary(kLibrary)),
@@ -151,7 +151,7 @@ TEST_F(TypeLibraryTest, EqualInterfacesHaveNoDifference) {
               "  10 HRESULT erase(BSTR)\n");
 }
 
-TEST_F(TypeLibraryTest, EveryDifferenceIsOneSentence) {
+TEST_F(TypeLibraryTest, ReportsEveryDifferenceInOneSentence) {
     const struct {
         const char* change;
         void (*make)(std::vector<Interface>& interfaces);
@@ -194,14 +194,14 @@ TEST_F(TypeLibraryTest, EveryDifferenceIsOneSentence) {
                 ElementsAre("IPart: setSize returns HRESULT, not void."));
 }
 
-TEST_F(TypeLibraryTest, ListingOfTheModulesInterfacesIsRead) {
+TEST_F(TypeLibraryTest, ReadsTheListingOfTheModulesInterfaces) {
     std::vector<std::string> found;
     for (const bench::ComInterface& row : bench::ReadListing(VIRTUAL_SLOTS))
         found.push_back(row.name + " " + std::to_string(row.methods.size()));
     EXPECT_THAT(found, ElementsAre("IDrawing 0", "IKlimora200805 18", "IKlimora201011 20", "IKlimoraLatest 21"));
 }
 
-TEST_F(TypeLibraryTest, ProgramComparesPrintsAndEnds) {
+TEST_F(TypeLibraryTest, ComparesPrintsAndReturnsAnExitCode) {
     Make(Interfaces());
     const auto run = [](const std::string& arguments) {
         const int code = std::system(("typelib_slots.exe " + arguments + " >made-output.txt").c_str());

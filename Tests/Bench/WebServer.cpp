@@ -94,7 +94,7 @@ TEST_F(WebServer, OffersWhatFitsAndPublishesWhatWasChosen) {
     EXPECT_EQ(Result().find("warning"), std::string::npos);
 }
 
-TEST_F(WebServer, EachTroubleIsMetAsItsNameSays) {
+TEST_F(WebServer, ProducesEachFault) {
     const struct {
         ServerFault trouble;
         bool opens;

@@ -14,7 +14,7 @@ class FaultSweep : public SweepBench {
     std::function<void()> afterRun_;
 };
 
-TEST_F(FaultSweep, AnyCallMayFail) {
+TEST_F(FaultSweep, SurvivesAnyFailedCall) {
     EXPECT_EQ(LearnHealthyRun(), "") << "the configurator's program does more than its stand-in";
     const std::vector<bench::InjectedFault> calls = EveryCall();
     ASSERT_GT(calls.size(), 80u);
@@ -27,7 +27,7 @@ TEST_F(FaultSweep, AnyCallMayFail) {
 }
 
 // The sweep's own eyes: what a worse module would leave behind or keep from the user.
-TEST_F(FaultSweep, WhatARunLeavesBehindIsNoticed) {
+TEST_F(FaultSweep, DetectsWhatARunLeavesBehind) {
     const bench::InjectedFault failure = {"kbsaverec", 1, {}};
     EXPECT_EQ(ProblemsWith(failure), std::vector<std::string>{});
     const struct {
@@ -51,7 +51,7 @@ TEST_F(FaultSweep, WhatARunLeavesBehindIsNoticed) {
     }
 }
 
-TEST_F(FaultSweep, SilenceIsNoticed) {
+TEST_F(FaultSweep, DetectsSilence) {
     afterRun_ = bench::ClearTranscript;
     EXPECT_EQ(ProblemsWith({"kbsaverec", 1, {}}), std::vector<std::string>{"It said nothing to the user."});
 }

@@ -5,7 +5,7 @@ namespace {
 
 using Installation = CommandBench;
 
-TEST_F(Installation, KlimoraRefusesTheProduct) {
+TEST_F(Installation, ReportsAProductThatKlimoraRejects) {
     ChoosesASilencer();
     bench::FailCall("IKlimora200805::manageProductData", 1, -5);
     Run();
@@ -24,7 +24,7 @@ TEST_F(Installation, KlimoraRefusesTheProduct) {
     ExpectNothingChanged();
 }
 
-TEST_F(Installation, NothingIsAddedWithoutARecord) {
+TEST_F(Installation, AddsNothingWithoutARecord) {
     ChoosesASilencer();
     bench::FailCall("kbsaverec", 1);
     Run();
@@ -33,7 +33,7 @@ TEST_F(Installation, NothingIsAddedWithoutARecord) {
     ExpectNothingChanged();
 }
 
-TEST_F(Installation, YesReplacesTheProductOfThatCodeAndOfItsDrawnSilencers) {
+TEST_F(Installation, ReplacesTheProductAndItsDrawnSilencersOnYes) {
     Picks("2A3");
     InTheConfigurator("choose SRC-250-900");
     robot().Expect(bench::Dialog("Configurator").Type(1102, "SORV1").Press(IDOK));

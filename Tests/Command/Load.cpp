@@ -29,7 +29,7 @@ class Load : public testing::Test {
     }
 };
 
-TEST_F(Load, RegistersInOrderPrintsOneLineAndTakesEverythingBack) {
+TEST_F(Load, RegistersInOrderAndUndoesItAtUnload) {
     ASSERT_EQ(acedArxLoad(kModule), 5100);
     EXPECT_EQ(GetModuleHandleA("Kgeom310.dll"), nullptr);
     bench::LogMarker("-- unload");
@@ -52,7 +52,7 @@ AcRxDictionary::remove SORV
     EXPECT_EQ(GetModuleHandleW(kModule), nullptr) << "the library is gone";
 }
 
-TEST_F(Load, MessagesThatItDoesNotKnowDoNothing) {
+TEST_F(Load, IgnoresUnknownMessages) {
     const HMODULE module = LoadLibraryW(kModule);
     ASSERT_NE(module, nullptr);
     using Entry = int (*)(int, void*);

@@ -17,7 +17,7 @@ class Results : public CommandBench {
     }
 };
 
-TEST_F(Results, AnyFailureShowsNoProductExported) {
+TEST_F(Results, ShowsNoProductExportedOnAnyFailure) {
     const struct {
         ServerFault trouble;
         const char* printed;
@@ -47,7 +47,7 @@ TEST_F(Results, AnyFailureShowsNoProductExported) {
     EXPECT_EQ(robot().Seen().back().owner, bench::MainWindow());
 }
 
-TEST_F(Results, CancelledDialogEndsTheCommand) {
+TEST_F(Results, EndsWhenTheDialogIsCancelled) {
     TheWebServer().PublishWith("warning", "Airflow above range.");
     MeetsBox("Airflow above range.\nContinue?", BoxIcon::kWarning, {"Yes", "No"}, "Yes");
     robot().Expect(bench::Dialog("Configurator").Press(IDCANCEL));
@@ -57,7 +57,7 @@ TEST_F(Results, CancelledDialogEndsTheCommand) {
 }
 
 // The user confirms a code for the first device; the last one is installed.
-TEST_F(Results, FurtherDeviceNeedsAConfirmedOrFreeCode) {
+TEST_F(Results, RequiresAConfirmedOrFreeCodeForAFurtherDevice) {
     const auto answer = [](const char* method, const char* target) {
         return TheWebServer().Answer(method, bench::ParseRequestTarget(target), ServerFault::kNone).body;
     };

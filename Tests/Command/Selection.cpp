@@ -9,7 +9,7 @@ constexpr char kNotStarted[] = "\nSorvik Klimora Cloud Plugin: Can not start app
 
 using Selection = CommandBench;
 
-TEST_F(Selection, WithoutATransactionNothingIsTouched) {
+TEST_F(Selection, ChangesNothingWithoutATransaction) {
     bench::FailCall("AcTransactionManager::startTransaction", 1);
     Run();
     EXPECT_EQ(bench::CallLog(),
@@ -19,7 +19,7 @@ TEST_F(Selection, WithoutATransactionNothingIsTouched) {
                                         "drawing.\\n"}));
 }
 
-TEST_F(Selection, CancelledConfiguratorEndsQuietlyAndFetchesNothing) {
+TEST_F(Selection, EndsSilentlyWhenTheConfiguratorIsCancelled) {
     Picks("2A3");
     InTheConfigurator("cancel");
     Run();
@@ -28,7 +28,7 @@ TEST_F(Selection, CancelledConfiguratorEndsQuietlyAndFetchesNothing) {
     ExpectNothingChanged();
 }
 
-TEST_F(Selection, KlimoraNotRunningOrTooOldOrWithoutAProject) {
+TEST_F(Selection, ReportsAMissingOldOrClosedKlimora) {
     bench::KlimoraServer stopped, old;
     stopped.klimoraRunning = false;
     old.version = 20091199;
@@ -51,7 +51,7 @@ TEST_F(Selection, KlimoraNotRunningOrTooOldOrWithoutAProject) {
     bench::RunCommand("SorvSIL");
 }
 
-TEST_F(Selection, EscapeEndsWithoutAWord) {
+TEST_F(Selection, EndsSilentlyOnEscape) {
     PressesEscape();
     Run();
     EXPECT_EQ(Printed().find(kName), std::string::npos) << Printed();

@@ -9,7 +9,7 @@ namespace {
 using Success = CommandBench;
 
 // They stand in whole-run.txt.
-TEST_F(Success, EveryCallInItsOrder) {
+TEST_F(Success, MakesEveryCallInOrder) {
     bench::SetProduct("AutoCAD Mechanical", 24, 2);
     bench::SetSystemVariable("CMDECHO", "7");
     ChoosesASilencer();
@@ -23,7 +23,7 @@ TEST_F(Success, EveryCallInItsOrder) {
 }
 
 // From the dialog's OK to the queued command.
-TEST_F(Success, WaitCursorIsShownWhileTheProductIsAdded) {
+TEST_F(Success, ShowsTheWaitCursorWhileAddingTheProduct) {
     static int waiting;
     static decltype(&kbsaverec) save;
     waiting = 0;

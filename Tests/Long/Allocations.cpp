@@ -33,7 +33,7 @@ class Allocations : public SweepBench {
     int reached_ = 0;
 };
 
-TEST_F(Allocations, AnyMayBeRefused) {
+TEST_F(Allocations, SurvivesAnyFailedAllocation) {
     LearnHealthyRun();
     Arm({"", 0, {}});
     RunHealthily();

@@ -7,7 +7,7 @@ constexpr long kDisconnected = static_cast<long>(0x80010108);  // the server is 
 
 class FaultCodes : public SweepBench {};
 
-TEST_F(FaultCodes, AnyCode) {
+TEST_F(FaultCodes, SurvivesEveryFailureCode) {
     for (const bench::InjectedFault& usual : EveryCall()) {
         const std::string& name = usual.name;
         Plant({name, usual.ordinal, {}, true});
@@ -20,7 +20,7 @@ TEST_F(FaultCodes, AnyCode) {
     std::printf("%d failures planted\n", planted());
 }
 
-TEST_F(FaultCodes, NeighbourGone) {
+TEST_F(FaultCodes, SurvivesAComponentThatIsGone) {
     for (const char* neighbour : {"ac*|Ac*|adsw*", "IKlimora*", "kb*|ddk*", "KlimoraPlugins*", "GET|POST", "*"})
         for (int call = 1; call <= static_cast<int>(EveryCall(neighbour).size()); ++call)
             Plant({neighbour, call, {}, true});

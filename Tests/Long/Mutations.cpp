@@ -134,7 +134,7 @@ std::string Mutated(std::string text, unsigned number) {
     return text;
 }
 
-TEST_F(Mutations, OfAResult) {
+TEST_F(Mutations, SurvivesMutatedResults) {
     std::printf("seed %u; the last mutation that is named before a crash is its cause:", kSeed);
     int committed = 0;
     for (int number = 1; number <= kMutations; ++number) {
@@ -147,7 +147,7 @@ TEST_F(Mutations, OfAResult) {
     EXPECT_TRUE(committed >= 200 || planted() < kMutations);
 }
 
-TEST_F(Mutations, AroundTheLimits) {
+TEST_F(Mutations, AcceptsResultsUpToTheLimits) {
     const auto with = [this](size_t count, const std::string& start, const std::string& piece, const std::string& end) {
         std::string text;
         for (size_t i = 0; i < count; ++i)

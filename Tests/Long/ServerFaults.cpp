@@ -51,7 +51,7 @@ std::string Whole(const std::string& body) {
     return Answer(body, Length(body.size()));
 }
 
-TEST_F(ServerFaults, OfTheWebServer) {
+TEST_F(ServerFaults, ReportsEveryFaultOfTheWebServer) {
     const std::string result = GoodResult(), dictionary = Published(kDictionary), database = Published(kDatabase);
     const std::string length = Length(result.size()), chunked = "Transfer-Encoding: chunked\r\n";
     const std::string page = "<html><head/><body><p>Sorry</p></body></html>";

@@ -91,7 +91,7 @@ class Soak : public SweepBench {
     ImportPatch free_{"free", Free, module()};
 };
 
-TEST_F(Soak, NothingGrows) {
+TEST_F(Soak, KeepsResourceUseConstant) {
     const std::vector<bench::InjectedFault> failures = EveryCall();
     std::string holdings;
     long handles = 0;

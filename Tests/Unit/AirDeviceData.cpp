@@ -6,7 +6,7 @@
 
 namespace {
 
-TEST(AirDeviceData, MinimumPressureDropIsCorrected) {
+TEST(AirDeviceData, RaisesTooSmallMinimumPressureDrops) {
     const std::string kTenth = "CDCCCC3D", kOne = "0000803F";
     const struct {
         const char *minimum, *maximum;
@@ -28,7 +28,7 @@ TEST(AirDeviceData, MinimumPressureDropIsCorrected) {
     }
 }
 
-TEST(AppendArrayElement, RefusesBadArguments) {
+TEST(AppendArrayElement, RejectsBadArguments) {
     void* array = nullptr;
     int count = 0;
     const int element = 5;

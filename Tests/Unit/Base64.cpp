@@ -26,7 +26,7 @@ std::string Decode(const std::string& text) {
 
 }  // namespace
 
-TEST(Base64, PublishedVectorsBothWays) {
+TEST(Base64, ConvertsPublishedVectorsBothWays) {
     const char* const cases[][2] = {{"", ""}, {"foob", "Zm9vYg=="}, {"fooba", "Zm9vYmE="}, {"foobar", "Zm9vYmFy"}};
     for (const auto& one : cases) {
         EXPECT_EQ(Encode(one[0]), one[1]);
@@ -34,7 +34,7 @@ TEST(Base64, PublishedVectorsBothWays) {
     }
 }
 
-TEST(Base64, TheWholeAlphabet) {
+TEST(Base64, ConvertsTheWholeAlphabet) {
     const std::string alphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
     const std::string bytes = Decode(alphabet);
     EXPECT_EQ(HexText(bytes.data(), bytes.size()),
@@ -42,7 +42,7 @@ TEST(Base64, TheWholeAlphabet) {
     EXPECT_EQ(Encode(bytes), alphabet);
 }
 
-TEST(Base64, BadInput) {
+TEST(Base64, DecodesMalformedInput) {
     const std::pair<const char*, std::string> cases[] = {
         {"=WE=TWE=", "Ma"},   // a group that begins with a pad gives nothing
         {"T W=TWE=", "Ma"},   // first byte needs both characters
@@ -63,7 +63,7 @@ TEST(Base64, BadInput) {
     }
 }
 
-TEST(Base64, OrphanedBitsAreWarnedOf) {
+TEST(Base64, WarnsOfOrphanedBits) {
     testing::internal::CaptureStderr();
     EXPECT_EQ(Decode("T===Zm9v"), "foo");
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "Warning: orphaned bits ignored.\n");

@@ -30,7 +30,7 @@ class BinaryVariables : public ConnectedBench {
     }
 };
 
-TEST_F(BinaryVariables, MemoryGoesInChunksOfUpperCaseDigits) {
+TEST_F(BinaryVariables, SendsMemoryInChunksOfUpperCaseDigits) {
     ASSERT_EQ(utils_.BinVariableSetData(2, "\x01\xAF\xF0", 3), 0);
     EXPECT_EQ(Calls("IKlimora200805::setBinVariable"),
               (std::vector<std::string>{"Size 2 3 -> 0", "Data 2 0 '01AFF0' -> 0"}));
@@ -45,7 +45,7 @@ TEST_F(BinaryVariables, MemoryGoesInChunksOfUpperCaseDigits) {
     }
 }
 
-TEST_F(BinaryVariables, FailuresOfTheMemoryForm) {
+TEST_F(BinaryVariables, RejectsBadMemoryAndStopsAtTheFirstFailure) {
     EXPECT_EQ(utils_.BinVariableSetData(2, nullptr, 5), -4);
     EXPECT_EQ(utils_.BinVariableSetData(2, "x", 0), -4);
     EXPECT_TRUE(bench::CallLog().empty());
@@ -58,7 +58,7 @@ TEST_F(BinaryVariables, FailuresOfTheMemoryForm) {
     EXPECT_LT(utils_.BinVariableFree(2), -100) << "the server's own code";
 }
 
-TEST_F(BinaryVariables, FileGoesInWholeOrSaysWhyNot) {
+TEST_F(BinaryVariables, SendsAWholeFileOrReportsTheFailure) {
     EXPECT_EQ(utils_.BinVariableSetData(2, nullptr), -4);
     EXPECT_EQ(utils_.BinVariableSetData(2, ""), -4);
     EXPECT_EQ(Printed(), "");

@@ -42,7 +42,7 @@ using ClipboardFailures = DiagnosticsTest;
 
 }  // namespace
 
-TEST(Clipboard, BlockBytes) {
+TEST(Clipboard, WritesTheBytesOfABlock) {
     EXPECT_EQ(Composed("AB", "xyz", 3), std::string("\2\0AB\3\0\0\0xyz", 11));
     EXPECT_EQ(Composed("", "\1", 2), std::string("\0\0\2\0\0\0\1\0", 8));
     EXPECT_EQ(Composed("A", nullptr, 0), std::string("\1\0A\0\0\0\0", 7));
@@ -53,7 +53,7 @@ TEST(Clipboard, BlockBytes) {
     EXPECT_EQ(wrapped.substr(0, 8), std::string("\0\x80\1\0\0\0d\0", 8)) << "the length is negative: no text";
 }
 
-TEST(Clipboard, BlocksAreNeverReadBeyondTheirEnd) {
+TEST(Clipboard, NeverReadsBeyondTheEndOfABlock) {
     const std::string block = Composed("text", "data", 4);
     for (size_t size = 0; size < block.size(); ++size) {
         // Of its exact size, so that a checker of heap accesses sees a read beyond it.
@@ -63,7 +63,7 @@ TEST(Clipboard, BlocksAreNeverReadBeyondTheirEnd) {
     }
 }
 
-TEST(Clipboard, BlocksOfOthersAreReadAsFarAsTheyAreSound) {
+TEST(Clipboard, ReadsForeignBlocksAsFarAsTheyAreValid) {
     const std::pair<std::string, const char*> cases[] = {
         {std::string("\2\0AB\3\0\0\0xyz", 11), "AB|3|xyz"},
         {std::string("\1\0A\0\0\0\0", 7), "A|0"},
@@ -93,7 +93,7 @@ TEST(Clipboard, BlocksOfOthersAreReadAsFarAsTheyAreSound) {
     }
 }
 
-TEST(Clipboard, CopiedAndPasted) {
+TEST(Clipboard, PastesWhatWasCopied) {
     const HWND owner = CreateWindowExA(0, "Static", "", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
     ASSERT_EQ(gwclip_copy(owner, kOther, nullptr, nullptr, 0, true), 0);
     EXPECT_EQ(gwclip_has_data(kFormat), 0);
@@ -115,7 +115,7 @@ TEST(Clipboard, CopiedAndPasted) {
     DestroyWindow(owner);
 }
 
-TEST_F(ClipboardFailures, EveryOneGivesBackWhatItHad) {
+TEST_F(ClipboardFailures, ReleasesWhatWasAcquired) {
     g_diagSettings->errorBits = RF_SILENT;
     const std::string name = "RegisterClipboardFormatA \"SorvikUnitTest\"\n";
     const std::string allocate = name + "GlobalAlloc 0x42 0x9\n", make = allocate + "GlobalLock GlobalAlloc\n";
@@ -155,7 +155,7 @@ TEST_F(ClipboardFailures, EveryOneGivesBackWhatItHad) {
     EXPECT_EQ(gwclip_copy(nullptr, nullptr, "t", "d", 1, true), -1);
 }
 
-TEST(Clipboard, ABlockBeyondFourGigabytesIsNoBlock) {
+TEST(Clipboard, RejectsBlocksBeyondFourGigabytes) {
     // A text of its length alone; nobody can be asked to hold one.
     static constexpr char huge[] = "";
     const ImportPatch patch(

@@ -12,7 +12,7 @@ using ComboListDataTest = ErrorReportsTest;
 
 }  // namespace
 
-TEST_F(ComboListDataTest, ItemsStandBeforeTheEnd) {
+TEST_F(ComboListDataTest, InsertsItemsBeforeTheEndMarker) {
     // An empty list in memory that held something before.
     constexpr uint32_t kBytes = 3 * sizeof(ComboListItem);
     ComboListData list = static_cast<ComboListData>(gwGmalloc(kBytes, 0));
@@ -44,7 +44,7 @@ TEST_F(ComboListDataTest, ItemsStandBeforeTheEnd) {
     FreeComboListData(nullptr);
 }
 
-TEST_F(ComboListDataTest, AMissingListIsReported) {
+TEST_F(ComboListDataTest, ReportsAMissingList) {
     EXPECT_EQ(InsertComboListDataItem(nullptr, 1, "one"), -1);
     EXPECT_EQ(LogLines(),
               Line("InsertComboListDataItem", "Wrong parameter ComboListData == NULL", "Util/ComboListData#84"));

@@ -18,7 +18,7 @@ LRESULT CALLBACK SeeMessage(HWND window, UINT message, WPARAM wParam, LPARAM lPa
 
 using ConfiguratorLaunch = SessionBench;
 
-TEST_F(ConfiguratorLaunch, LaunchNeedsItsFourWords) {
+TEST_F(ConfiguratorLaunch, RejectsMissingArguments) {
     KlConn session;
     ASSERT_EQ(session.Initialize(), 0);
     bench::ClearCallLog();
@@ -45,7 +45,7 @@ TEST_F(ConfiguratorLaunch, ThrowsWhenTheModuleIsNotFound) {
     }
 }
 
-TEST_F(ConfiguratorLaunch, AddressNeedsADuct) {
+TEST_F(ConfiguratorLaunch, WritesTheAddressFromTheDuct) {
     KlConn session;
     ASSERT_EQ(session.Initialize(), 0);
     EXPECT_THROW(session.ConfiguratorAddress(), ticpp::Exception);
@@ -58,7 +58,7 @@ TEST_F(ConfiguratorLaunch, AddressNeedsADuct) {
     EXPECT_EQ(session.ResultAddress(), SORVIK_WEB_SERVER "/klimora/export/" + session.SessionId() + ".xml");
 }
 
-TEST_F(ConfiguratorLaunch, LaunchLeavesEverythingAsItWas) {
+TEST_F(ConfiguratorLaunch, RestoresWindowsAndReleasesHandles) {
     const HMODULE module = GetModuleHandleA("Sorvik_R24_x64.arx");
     char file[MAX_PATH] = "";
     GetModuleFileNameA(module, file, MAX_PATH);

@@ -7,7 +7,7 @@ namespace {
 using Connection = KlimoraBench;
 using Server = bench::KlimoraServer;
 
-TEST_F(Connection, EachMissingPieceHasItsMessageAndLeavesItsReferences) {
+TEST_F(Connection, ReportsEachMissingPieceAndKeepsItsReferences) {
     using Owed = std::vector<std::string>;
     const std::tuple<bool Server::*, const char*, Owed> cases[] = {
         {&Server::drawingInstalled, "Could not find KlimComSrv.Drawing installed", {}},
@@ -39,7 +39,7 @@ TEST_F(Connection, EachMissingPieceHasItsMessageAndLeavesItsReferences) {
     }
 }
 
-TEST_F(Connection, CanBeMadeAgain) {
+TEST_F(Connection, ConnectsAgainAfterDisconnecting) {
     StartServer();
     KLComUtils utils;
     for (const size_t held : {4u, 0u, 0u, 4u, 0u}) {
@@ -48,7 +48,7 @@ TEST_F(Connection, CanBeMadeAgain) {
     }
 }
 
-TEST_F(Connection, EverythingFailsQuietlyWithoutOne) {
+TEST_F(Connection, FailsSilentlyWhenNotConnected) {
     KLComUtils utils;
     std::string value = "old";
     std::vector<KLComUtils::Record> records;

@@ -22,7 +22,7 @@ ConnectionStub Stub(const char* kind, double flow = 0, double drop = 0, double c
     return {kind, "", {9, 12}, "", flow, drop, curveFlow, curveDrop, power, generation, attenuation, {}};
 }
 
-TEST_F(CreateParts, EachOperationSucceedsIsRefusedAndHasNoServer) {
+TEST_F(CreateParts, ReturnsTheHandleOrReportsTheFailure) {
     Start();
     const std::function<std::string(KLComUtils&)> creations[] = {
         [](KLComUtils& utils) {
@@ -54,14 +54,14 @@ TEST_F(CreateParts, EachOperationSucceedsIsRefusedAndHasNoServer) {
     }
 }
 
-TEST_F(CreateParts, WhatIsEscaped) {
+TEST_F(CreateParts, EscapesStrings) {
     Start();
     Log(utils_.CreateValve(product_, "A&B", Placement(), "2<A4"));
     Log(utils_.CreateAirTerminalDevice(product_, 1, Placement(), {"A&B", 1, 0, 0}));
     Log(utils_.CreatePipe("2<4", AcGePoint3d(), {}));
 }
 
-TEST_F(CreateParts, RadiatorWithEachOptionalElement) {
+TEST_F(CreateParts, WritesEachOptionalElementOfARadiator) {
     Start();
     const std::pair<std::optional<int>, RadiatorValve> cases[] = {
         {1, {1, "", "F<", "K>"}},     {{}, {1, "V&", "", "K>"}},   {{}, {1, "V&", "F<", ""}},
@@ -71,13 +71,13 @@ TEST_F(CreateParts, RadiatorWithEachOptionalElement) {
         Log(utils_.CreateRadiator(product_, 9, Placement(), {1200, 600, 850.5, 15, filled, 3, 4}, valve));
 }
 
-TEST_F(CreateParts, AirTerminalWithItsOptionalSizes) {
+TEST_F(CreateParts, WritesTheOptionalSizesOfAnAirTerminal) {
     Start();
     for (const auto& [angle, length] : {std::pair{0, 0}, {-1, -1}, {1, 0}, {0, 1}})
         Log(utils_.CreateAirTerminalDevice(product_, 9, Placement(), {"EWAPART_SUPPLY", 35.25, angle, length}));
 }
 
-TEST_F(CreateParts, PipeBetweenEachPairOfEndsBentAsTheServersVersionWants) {
+TEST_F(CreateParts, WritesAPipeBetweenEachPairOfEndsForTheServersVersion) {
     const AcGePoint3d a(1, 2, 0.5), b(0, 3000, 4000);
     const struct {
         long version;
@@ -97,7 +97,7 @@ TEST_F(CreateParts, PipeBetweenEachPairOfEndsBentAsTheServersVersionWants) {
     }
 }
 
-TEST_F(CreateParts, StubOfEachKindHasItsElements) {
+TEST_F(CreateParts, WritesTheElementsOfEachKindOfStub) {
     Start();
     for (const char* const kind :
          {"TerminalDevice", "Radiator", "HeatingDevice", "WaterDevice", "DuctworkRoot", "Fan", "PipeworkRoot", "Pump",
@@ -113,7 +113,7 @@ std::string Optional(const ConnectionStub& stub) {
     return command.substr(from, command.find("<Connections>") - from);
 }
 
-TEST_F(CreateParts, StubsValuesHaveLimits) {
+TEST_F(CreateParts, LimitsTheValuesOfAStub) {
     const double belowFlow = std::nextafter(1e-5, 0.0), aboveDrop = std::nextafter(1.0, 2.0);
     const std::string least = "<Qv_Set><ls>0.000010</ls></Qv_Set>";  // a clamped flow is always written
     const std::string most = "<Qv_Set><ls>99999.000000</ls></Qv_Set>",
@@ -147,7 +147,7 @@ TEST_F(CreateParts, StubsValuesHaveLimits) {
         EXPECT_EQ(Optional(stub), written) << stub.kind << " " << stub.flow << " " << stub.pressureDrop;
 }
 
-TEST_F(CreateParts, StubsParentTypeAndConnections) {
+TEST_F(CreateParts, WritesParentTypeAndConnectionsOfAStub) {
     ConnectionStub stub = Stub("A&B");
     stub.parentPart = "2&0";
     stub.customPartType = "A & B";

@@ -27,7 +27,7 @@ int (*const kForms[])(KLComUtils&) = {
     [](KLComUtils& utils) { return utils.SetGeometryForCustomObject("2A0", "UNIT & BASE"); },
 };
 
-TEST_F(CreatePartsCustom, EachFormOfGeometryInItsStepsAndTheirFailures) {
+TEST_F(CreatePartsCustom, SetsEachFormOfGeometryAndReportsFailures) {
     Start(kThreshold);
     for (const auto set : kForms) {
         Log(set(utils_));
@@ -49,7 +49,7 @@ TEST_F(CreatePartsCustom, EachFormOfGeometryInItsStepsAndTheirFailures) {
 }
 
 // The layer is escaped in the command alone, and the server takes no bare ampersand.
-TEST_F(CreatePartsCustom, CreationSetsTheLinetypesOfTheSameLayer) {
+TEST_F(CreatePartsCustom, SetsTheLinetypesOfTheSameLayer) {
     Start(kThreshold);
     const CustomObjectData cases[] = {{1, "Fan & coil", "FC<1>", "V-1 %s"},
                                       {1, "", "", "V"},
@@ -60,14 +60,14 @@ TEST_F(CreatePartsCustom, CreationSetsTheLinetypesOfTheSameLayer) {
         Log(utils_.CreateCustomObject(Placement(), object));
 }
 
-TEST_F(CreatePartsCustom, CreationWithAGeometryModel) {
+TEST_F(CreatePartsCustom, CreatesAnObjectWithAGeometryModel) {
     Start();
     Log(utils_.CreateCustomObject(Placement(), kUnit, kMemory.data(), 3));
     bench::FailCall("IKlimora200805::createPart", 1, 7);
     LogReport(utils_.CreateCustomObject(Placement(), kUnit, kMemory.data(), 3));
 }
 
-TEST_F(CreatePartsCustom, EveryOperationNeedsItsVersion) {
+TEST_F(CreatePartsCustom, RejectsOlderServers) {
     const auto logEach = [&] {
         for (const auto set : kForms)
             Log(set(utils_));
@@ -82,7 +82,7 @@ TEST_F(CreatePartsCustom, EveryOperationNeedsItsVersion) {
     EXPECT_EQ(unconnected, log_);
 }
 
-TEST_F(CreatePartsCustom, TakesPlaceLayerAndBlockOfTheReference) {
+TEST_F(CreatePartsCustom, ReadsPlaceLayerAndBlockOfTheReference) {
     Start(kThreshold);
     const double quarter = std::acos(-1.0) / 2;
     const std::string blocks[] = {AddBlock("V-BLOCK"), AddBlock("V-BLOCK", quarter),
@@ -100,7 +100,7 @@ TEST_F(CreatePartsCustom, TakesPlaceLayerAndBlockOfTheReference) {
         EXPECT_NE(call.find(" read"), std::string::npos) << call;
 }
 
-TEST_F(CreatePartsCustom, CustomObjectIsLeftAloneAndTheQuestionIsSilent) {
+TEST_F(CreatePartsCustom, KeepsAnExistingCustomObjectSilently) {
     Start();
     utils_.SetTrace(true, true, true);
     Log(utils_.CreateCustomObject("2A0", kUnit, true));
@@ -111,7 +111,7 @@ TEST_F(CreatePartsCustom, CustomObjectIsLeftAloneAndTheQuestionIsSilent) {
     utils_.SetTrace(false, false, false);
 }
 
-TEST_F(CreatePartsCustom, FailingStepsHaveTheirMessageAndReturnNoHandle) {
+TEST_F(CreatePartsCustom, ReportsEachFailingStepAndReturnsNoHandle) {
     Start();
     const std::string block = AddBlock("0");
     LogReport(utils_.CreateCustomObject("2A3", kUnit, true));  // no block reference

@@ -30,7 +30,7 @@ class DiagnosticsLogTest : public DiagnosticsTest {
 
 }  // namespace
 
-TEST_F(DiagnosticsTest, ComposedLines) {
+TEST_F(DiagnosticsTest, WritesComposedLines) {
     const struct {
         Reporter report;
         uint32_t bits;
@@ -55,7 +55,7 @@ TEST_F(DiagnosticsTest, ComposedLines) {
     EXPECT_EQ(LogLines(), expected);
 }
 
-TEST_F(DiagnosticsTest, StandardOutputCarriesTheLine) {
+TEST_F(DiagnosticsTest, PrintsTheLineToStandardOutput) {
     testing::internal::CaptureStdout();
     ReportWith(kError, 0x1440, "silent");
     ReportWith(kError, 0x1400, "50%% done, %n");
@@ -63,7 +63,7 @@ TEST_F(DiagnosticsTest, StandardOutputCarriesTheLine) {
     EXPECT_FALSE(Exists(LogPath()));
 }
 
-TEST_F(DiagnosticsTest, MessageBoxHasRowsOfItsOwn) {
+TEST_F(DiagnosticsTest, ShowsRowsInAMessageBox) {
     RecordedCalls calls;
     calls.Give("MessageBoxA", MessageBoxA, IDOK);
     ReportWith(ReportFatal, 0x3200, "no %d root");
@@ -77,7 +77,7 @@ TEST_F(DiagnosticsTest, MessageBoxHasRowsOfItsOwn) {
               "MessageBoxA null \"Details\t:  ready\" \"\" 0x0\n");
 }
 
-TEST_F(DiagnosticsTest, HandlersGetTheContextEvenWhenSilentAndMayThrow) {
+TEST_F(DiagnosticsTest, CallsHandlersWithTheContextEvenWhenSilent) {
     std::string called;
     SetReportHandlers(
         &called, [](void* context) { *static_cast<std::string*>(context) += "fatal "; },
@@ -94,7 +94,7 @@ TEST_F(DiagnosticsTest, HandlersGetTheContextEvenWhenSilentAndMayThrow) {
     EXPECT_EQ(called, "warning error fatal ");
 }
 
-TEST_F(DiagnosticsTest, HandlerRunsBeforeTheLogIsFlushed) {
+TEST_F(DiagnosticsTest, CallsTheHandlerBeforeFlushingTheLog) {
     static RecordedCalls* calls;
     RecordedCalls recorded;
     calls = &recorded;
@@ -105,7 +105,7 @@ TEST_F(DiagnosticsTest, HandlerRunsBeforeTheLogIsFlushed) {
     EXPECT_EQ(recorded.Take(), "fflush &\n");
 }
 
-TEST_F(DiagnosticsTest, LevelsTakeOnlyKnownBits) {
+TEST_F(DiagnosticsTest, IgnoresUnknownLevelBits) {
     const DiagSettings fresh;
     const auto words = [](const DiagSettings& s) {
         return std::vector<uint32_t>{s.fatalBits, s.errorBits, s.warningBits, s.infoBits};
@@ -118,7 +118,7 @@ TEST_F(DiagnosticsTest, LevelsTakeOnlyKnownBits) {
     EXPECT_EQ(words(*g_diagSettings), (std::vector<uint32_t>{0x0081, 0x0082, 0x37C7, 0x1000}));
 }
 
-TEST_F(DiagnosticsTest, FailedConditionIsReportedAndBrokenUpon) {
+TEST_F(DiagnosticsTest, ReportsAFailedConditionAndBreaks) {
     RecordedCalls calls;
     calls.Record("DebugBreak", DebugBreak, [] {});
     BOOL debugged = TRUE;
@@ -139,7 +139,7 @@ TEST_F(DiagnosticsTest, FailedConditionIsReportedAndBrokenUpon) {
               "Error  -    -  \"text\"\nError  -    -  \"alone\"\n");
 }
 
-TEST_F(DiagnosticsTest, ReportsAreWrittenWithoutMemory) {
+TEST_F(DiagnosticsTest, WritesReportsWithoutMemory) {
     const std::string longText(9000, 'x');
     testing::internal::CaptureStdout();
     const ImportPatch patch(
@@ -160,7 +160,7 @@ TEST_F(DiagnosticsTest, ReportsAreWrittenWithoutMemory) {
                   ("Error  -    -  \"" + longText).substr(0, 8191));
 }
 
-TEST_F(DiagnosticsLogTest, StampsFrameTheLines) {
+TEST_F(DiagnosticsLogTest, WritesStampsAroundTheLines) {
     EXPECT_EQ(OpenDebugLog(), 0);
     EXPECT_EQ(OpenDebugLog(), 0);
     ReportInfo("ready", nullptr, 0, nullptr);
@@ -178,7 +178,7 @@ TEST_F(DiagnosticsLogTest, StampsFrameTheLines) {
     EXPECT_EQ(log, "Start log today 99:99:99\r\n\"ready\"\r\nStop log today 99:99:99\r\n");
 }
 
-TEST_F(DiagnosticsLogTest, ErrorsReachTheFileAtOnceInformationWaits) {
+TEST_F(DiagnosticsLogTest, FlushesErrorsAtOnceButNotInformation) {
     for (const Reporter report : {Reporter{ReportFatal}, kError, Reporter{ReportWarning}}) {
         ReportInfo("first", nullptr, 0, nullptr);
         EXPECT_EQ(Raw(LogPath()).find("first"), std::string::npos);
@@ -192,7 +192,7 @@ TEST_F(DiagnosticsLogTest, ErrorsReachTheFileAtOnceInformationWaits) {
     }
 }
 
-TEST_F(DiagnosticsLogTest, OnlyAGrownLogRestartsEmpty) {
+TEST_F(DiagnosticsLogTest, RestartsOnlyALargeLog) {
     for (const size_t size : {16384u, 16385u}) {
         CloseDebugLog();
         WriteWholeFile(LogPath(), std::string(size, 'x'));
@@ -202,7 +202,7 @@ TEST_F(DiagnosticsLogTest, OnlyAGrownLogRestartsEmpty) {
     }
 }
 
-TEST_F(DiagnosticsLogTest, TemporaryFolderTakesTheLogThatTheProgramsFolderCannotHold) {
+TEST_F(DiagnosticsLogTest, FallsBackToTheTemporaryFolder) {
     RecordedCalls calls;
     calls.Give("fopen", std::fopen, nullptr, 0, 1);
     ReportError("refused", nullptr, 0, nullptr);
@@ -217,7 +217,7 @@ TEST_F(DiagnosticsLogTest, TemporaryFolderTakesTheLogThatTheProgramsFolderCannot
     EXPECT_EQ(ClosedLog(FallbackLogPath()), "Error  -    -  \"no folder\"\n");
 }
 
-TEST_F(DiagnosticsLogTest, NoFolderLeavesTheLogClosedAndTheNextReportTriesAgain) {
+TEST_F(DiagnosticsLogTest, StaysClosedWithoutAFolderAndRetriesAtTheNextReport) {
     {
         RecordedCalls calls;
         calls.Give("fopen", std::fopen, nullptr);
@@ -234,7 +234,7 @@ TEST_F(DiagnosticsLogTest, NoFolderLeavesTheLogClosedAndTheNextReportTriesAgain)
 }
 
 // The module's own log, in the program that it is loaded into: it lies beside that program, and is closed at unload.
-TEST_F(DiagnosticsLogTest, TheModuleStopsItsLogWhenItIsUnloaded) {
+TEST_F(DiagnosticsLogTest, ClosesTheLogWhenTheModuleIsUnloaded) {
     const TestFolder folder;
     const std::string copy = folder.file("Copy.arx");
     ASSERT_TRUE(CopyFileA("Sorvik_R24_x64.arx", copy.c_str(), TRUE));

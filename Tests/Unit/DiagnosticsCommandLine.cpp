@@ -40,7 +40,7 @@ TEST_F(DiagnosticsCommandLine, PrintsFormattedTextOnce) {
     EXPECT_EQ(bench::Transcript(), "code page 0") << "the ANSI code page";
 }
 
-TEST_F(DiagnosticsCommandLine, ExceptionsAreToldByKind) {
+TEST_F(DiagnosticsCommandLine, ReportsExceptionsByKind) {
     const std::string head = "\nSorvik Klimora Cloud Plugin: It failed. PlugIn/Unit(11300):Unit::Work";
     const struct {
         void (*raise)();

@@ -7,7 +7,7 @@
 #include "Lib/WindowMessageText.h"
 #include "RecordedCalls.h"
 
-TEST(DiagnosticsMessages, ParametersAreReadPerMessage) {
+TEST(DiagnosticsMessages, ReadsParametersPerMessage) {
     const struct {
         UINT message;
         WPARAM wParam;
@@ -37,7 +37,7 @@ TEST(DiagnosticsMessages, ParametersAreReadPerMessage) {
         EXPECT_EQ(DescribeWindowMessage(one.message, one.wParam, one.lParam), one.text);
 }
 
-TEST(DiagnosticsMessages, NameTableIsComplete) {
+TEST(DiagnosticsMessages, ListsEveryMessageName) {
     std::string rows;
     for (const WindowMessageName* row = kWindowMessageNames; row->name; ++row)
         rows += FormatString("%s 0x%X\n", row->name, row->message);
@@ -46,7 +46,7 @@ TEST(DiagnosticsMessages, NameTableIsComplete) {
     EXPECT_STREQ(digest, "7A7C6DE96033BE5345823AC2325EAB63") << rows;
 }
 
-TEST(DiagnosticsMessages, ErrorTextPutsTheNumberLast) {
+TEST(DiagnosticsMessages, WritesTheErrorNumberLast) {
     const std::string number = "WinAPI last error = 2 ";
     const std::string text = ErrorText(ERROR_FILE_NOT_FOUND);
     ASSERT_GT(text.size(), number.size());
@@ -61,7 +61,7 @@ TEST(DiagnosticsMessages, ErrorTextPutsTheNumberLast) {
     EXPECT_EQ(ErrorText(0xE0001234), "WinAPI last error = -536866252 ");
 }
 
-TEST(DiagnosticsMessages, FormatStringCutsAtItsLimit) {
+TEST(DiagnosticsMessages, TruncatesFormattedStrings) {
     for (const size_t length : {0u, 255u, 256u, 511u, 512u, 8191u, 8192u}) {
         const std::string text(length, 'x');
         EXPECT_EQ(FormatString("%s", text.c_str()), text);
@@ -72,7 +72,7 @@ TEST(DiagnosticsMessages, FormatStringCutsAtItsLimit) {
     EXPECT_EQ(FormatString("%d-%5.2f-%c", 7, 1.5, 'z'), "7- 1.50-z");
 }
 
-TEST(DiagnosticsMessages, TextAsItsOwnFormat) {
+TEST(DiagnosticsMessages, FormatsATextWithoutArguments) {
     const std::pair<const char*, const char*> cases[] = {{"", ""},        {nullptr, ""},   {"plain", "plain"},
                                                          {"50%%", "50%"}, {"50%", "50%"},  {"%s %n", "%s %n"},
                                                          {"%%%%", "%%"},  {"%%%d", "%%d"}, {"% %", "% %"}};

@@ -37,7 +37,7 @@ ComboListData ListOf(std::initializer_list<std::pair<double, const char*>> items
 
 }  // namespace
 
-TEST_F(DialogControls, StatesShow) {
+TEST_F(DialogControls, ShowsControlStates) {
     const std::pair<ControlState, LONG> cases[] = {{kControlNormal, WS_VISIBLE},
                                                    {7, WS_VISIBLE},
                                                    {kControlReadOnly, WS_VISIBLE | ES_READONLY},
@@ -60,7 +60,7 @@ TEST_F(DialogControls, StatesShow) {
     }
 }
 
-TEST_F(DialogControls, TextsShowAreLimitedAndReadBack) {
+TEST_F(DialogControls, ShowsLimitsAndReadsTexts) {
     char text[] = "AB\0###", untouched[] = "kept";
     Open("EDIT", WS_BORDER, [&](BoundDialog& self) {
         self.SetTitle("Silencer");
@@ -98,7 +98,7 @@ TEST_F(DialogControls, TextsShowAreLimitedAndReadBack) {
     EXPECT_EQ(dialog_->TextOf(kOther), "template");
 }
 
-TEST_F(DialogControls, ListsAreConsumedPastARefusedTextAndUpToAnEmptyOne) {
+TEST_F(DialogControls, FillsListsUpToAnEmptyTextAndConsumesThem) {
     const struct {
         bool combo;
         float before;
@@ -147,7 +147,7 @@ TEST_F(DialogControls, ListsAreConsumedPastARefusedTextAndUpToAnEmptyOne) {
     }
 }
 
-TEST_F(DialogControls, CheckBoxesCarryAFlag) {
+TEST_F(DialogControls, BindsACheckBoxToAFlag) {
     bool flag = true;
     PDialogControl* unbound = nullptr;
     Open("BUTTON", BS_AUTO3STATE, [&](BoundDialog& self) {
@@ -169,7 +169,7 @@ TEST_F(DialogControls, CheckBoxesCarryAFlag) {
     EXPECT_EQ(dialog_->TextOf(kOther), "Lost") << "the button's part is done before";
 }
 
-TEST_F(DialogControls, RadioButtonsShareAVariable) {
+TEST_F(DialogControls, BindsRadioButtonsToOneVariable) {
     float value = 2;
     Open("BUTTON", BS_AUTORADIOBUTTON, [&](BoundDialog& self) {
         self.Bind<PDialogControlRadioButton>(kControl, "Round", &value, 1.0F);
@@ -183,7 +183,7 @@ TEST_F(DialogControls, RadioButtonsShareAVariable) {
     EXPECT_EQ(value, 1);
 }
 
-TEST_F(DialogControls, DatesTakeAnySeparator) {
+TEST_F(DialogControls, ReadsDatesWithAnySeparator) {
     const struct {
         const char* before;
         int size, shown;
@@ -214,7 +214,7 @@ TEST_F(DialogControls, DatesTakeAnySeparator) {
     }
 }
 
-TEST_F(DialogControls, TheStyleSaysWhichImageIsLoadedFromWhere) {
+TEST_F(DialogControls, LoadsTheImageThatTheStyleSelects) {
     const TestFolder folder;
     const std::string file = folder.file("duct.bmp");
     WriteWholeFile(file, "");
@@ -265,7 +265,7 @@ TEST_F(DialogControls, TheStyleSaysWhichImageIsLoadedFromWhere) {
     }
 }
 
-TEST_F(DialogControls, ButtonsWithoutAnImageShowTheirText) {
+TEST_F(DialogControls, ShowsTheTextOfButtonsWithoutAnImage) {
     for (const DWORD style : {BS_PUSHBUTTON, BS_BITMAP, BS_ICON}) {
         Open("BUTTON", style, [](BoundDialog& self) {
             self.Bind<PDialogControlButton>(kControl, "no-such-image");

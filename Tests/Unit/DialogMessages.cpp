@@ -39,7 +39,7 @@ class DialogMessages : public ErrorReportsTest {
 
 }  // namespace
 
-TEST_F(DialogMessages, CommandsCountOnlyFromTheirButton) {
+TEST_F(DialogMessages, AcceptsCommandsOnlyFromTheirButton) {
     Open([](BoundDialog&) {});
     RecordedCalls calls({{dialog_->dialogWindow(), "dialog"}});
     calls.Give("EndDialog", EndDialog, TRUE);
@@ -60,7 +60,7 @@ TEST_F(DialogMessages, CommandsCountOnlyFromTheirButton) {
     }
 }
 
-TEST_F(DialogMessages, BindersSeeMessagesFirstAndTheFrameOnlyPostsACancelThatEndsNothing) {
+TEST_F(DialogMessages, PassesMessagesToBindersFirstAndPostsCancelOnClose) {
     Open([](BoundDialog&) {});
     EXPECT_TRUE(dialog_->HasControl(IDOK));
     EXPECT_FALSE(dialog_->HasControl(9999));
@@ -76,7 +76,7 @@ TEST_F(DialogMessages, BindersSeeMessagesFirstAndTheFrameOnlyPostsACancelThatEnd
     EXPECT_EQ(dialog_->HandleMessage(WM_HELP, 0, 0), 42);
 }
 
-TEST_F(DialogMessages, FocusSelectsTheWholeText) {
+TEST_F(DialogMessages, SelectsTheWholeTextOnFocus) {
     Open([](BoundDialog& self) { self.Bind<PDialogControlTextEdit>(kEdit, nullptr, 0); });
     dialog_->Send(kEdit, EM_SETSEL, 1, 1);
     SetFocus(dialog_->GetControl(IDOK));
@@ -88,7 +88,7 @@ TEST_F(DialogMessages, FocusSelectsTheWholeText) {
     EXPECT_EQ(dialog_->Send(kEdit, EM_GETSEL), MAKELRESULT(0, 3));
 }
 
-TEST_F(DialogMessages, TooltipsComeFromTheBinders) {
+TEST_F(DialogMessages, ShowsTheTooltipsOfBinders) {
     Open([&](BoundDialog& self) {
         self.BindAs<PDialogControlTextEdit>(kEdit, kControlNormal, "Length in mm", nullptr, 0);
         self.Bind<PDialogControlTextEdit>(kUnbound, nullptr, 0);
@@ -134,7 +134,7 @@ TEST_F(DialogMessages, TooltipsComeFromTheBinders) {
     DeleteDC(device);
 }
 
-TEST_F(DialogMessages, TheTooltipWindowBelongsToDialogAndModule) {
+TEST_F(DialogMessages, CreatesTheTooltipWindowForDialogAndModule) {
     Open([](BoundDialog&) {});
     RecordedCalls calls({{dialog_->dialogWindow(), "dialog"}, {GetModuleHandleA(kModuleFileName), "module"}});
     calls.Record("InitCommonControls", InitCommonControls);
@@ -145,7 +145,7 @@ TEST_F(DialogMessages, TheTooltipWindowBelongsToDialogAndModule) {
               "-2147483648 -2147483648 dialog null module null\n");
 }
 
-TEST_F(DialogMessages, ColoursAreAnsweredWithOneBrush) {
+TEST_F(DialogMessages, ReturnsOneBrushForColours) {
     const HDC device = CreateCompatibleDC(nullptr);
     RecordedCalls calls;
     calls.Record("GetSysColor", GetSysColor, [](int which) { return 0xAB0000u + static_cast<DWORD>(which); });
@@ -174,7 +174,7 @@ TEST_F(DialogMessages, ColoursAreAnsweredWithOneBrush) {
     DeleteDC(device);
 }
 
-TEST_F(DialogMessages, MissingPartsAreReported) {
+TEST_F(DialogMessages, ReportsMissingParts) {
     EXPECT_EQ(dialog_->SetHandle(nullptr), -1);
     EXPECT_EQ(dialog_->AddControl(nullptr), -1);
     EXPECT_EQ(dialog_->ToDialog(-1), -1);

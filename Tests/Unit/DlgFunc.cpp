@@ -13,7 +13,7 @@
 #include "Util/DlgFunc_Text.h"
 #include "Util/DlgFunc_Version.h"
 
-TEST(DialogTexts, FieldsOfASeparatedText) {
+TEST(DialogTexts, ReadsFieldsOfASeparatedText) {
     const struct {
         const char* source;
         char separator;
@@ -44,7 +44,7 @@ TEST(DialogTexts, FieldsOfASeparatedText) {
     }
 }
 
-TEST(DialogTexts, TrailingBlanksBecomeTerminators) {
+TEST(DialogTexts, ReplacesTrailingBlanksWithTerminators) {
     const std::pair<std::string, std::string> cases[] = {
         {"900 \r\n ", std::string("900\0\0\0\0", 7)},
         {"9 0\t ", std::string("9 0\t\0", 5)},
@@ -59,7 +59,7 @@ TEST(DialogTexts, TrailingBlanksBecomeTerminators) {
     }
 }
 
-TEST(DialogTexts, NumbersAreHeldWithinBounds) {
+TEST(DialogTexts, LimitsNumbersToTheirBounds) {
     const struct {
         const char* before;
         double minimum, maximum;
@@ -80,7 +80,7 @@ TEST(DialogTexts, NumbersAreHeldWithinBounds) {
     EXPECT_FALSE(ClampNumberText(nullptr, 1, 2));
 }
 
-TEST(WindowHelpers, WindowsAreCentredInWholePixels) {
+TEST(WindowHelpers, CentresWindowsInWholePixels) {
     const HWND window = reinterpret_cast<HWND>(0x51), owner = reinterpret_cast<HWND>(0x52);
     HWND parent = nullptr;
     RecordedCalls calls;
@@ -104,7 +104,7 @@ TEST(WindowHelpers, WindowsAreCentredInWholePixels) {
     EXPECT_EQ(placed(), "SetWindowPos & null 201 151 0 0 0x5\n");
 }
 
-TEST(WindowHelpers, OpenFileDialogIsAskedForAnExistingFile) {
+TEST(WindowHelpers, RequestsAnExistingFile) {
     OPENFILENAMEA asked = {};
     std::string askedFilter;
     RecordedCalls calls;
@@ -128,7 +128,7 @@ TEST(WindowHelpers, OpenFileDialogIsAskedForAnExistingFile) {
               "152, filter 1, 260, C:\\data, Choose, kpd, 9804");
 }
 
-TEST(WindowHelpers, ProductVersionOfTheModule) {
+TEST(WindowHelpers, ReturnsTheProductVersionOfTheModule) {
     const HMODULE module = GetModuleHandleA(kModuleFileName);
     const std::string version = GetModuleProductVersion(nullptr);
     EXPECT_EQ(version, GetModuleProductVersion(module));
@@ -147,7 +147,7 @@ TEST(WindowHelpers, ProductVersionOfTheModule) {
     EXPECT_STREQ(text, "");
 }
 
-TEST(WindowHelpers, TheProductVersionIsNotTheFileVersion) {
+TEST(WindowHelpers, ReadsTheProductVersionNotTheFileVersion) {
     VS_FIXEDFILEINFO versions = {0, 0, 0x00050006, 0x00070008, 0x00020000, 0x00000005, 0, 0, 0, 0, 0, 0, 0};
     RecordedCalls calls;
     calls.Record("VerQueryValueA", VerQueryValueA, [&](const void*, const char*, void** found, UINT* length) {

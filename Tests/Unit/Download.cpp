@@ -62,7 +62,7 @@ class MadeUpNetwork : public RecordedCalls {
 
 }  // namespace
 
-TEST_F(DownloadTest, EveryFailureHasItsStatusTextAndCleanUp) {
+TEST_F(DownloadTest, ReportsEveryFailureAndReleasesItsHandles) {
     const std::string create = "CreateFileA \"" + target_ + "\" 0x40000000 0x0 null 0x2 0x80 null\n";
     const std::string state = create + "InternetGetConnectedState & 0x0\n";
     const std::string session = state + "InternetOpenA \"http generic\" 0x0 null null 0x0\n";
@@ -101,7 +101,7 @@ TEST_F(DownloadTest, EveryFailureHasItsStatusTextAndCleanUp) {
     }
 }
 
-TEST_F(DownloadTest, NothingGoesOnTheNetworkWithoutAFile) {
+TEST_F(DownloadTest, RejectsBadArgumentsBeforeUsingTheNetwork) {
     const std::string nowhere = target_ + "\\none\\output.xml";
     {
         MadeUpNetwork network("");
@@ -122,7 +122,7 @@ TEST_F(DownloadTest, NothingGoesOnTheNetworkWithoutAFile) {
     EXPECT_FALSE(Exists(target_));
 }
 
-TEST_F(DownloadTest, WholeFilesArriveFromARealServer) {
+TEST_F(DownloadTest, ReadsWholeFilesFromARealServer) {
     bench::WebServer server{SORVIK_CATALOGUE};
     server.UseAsProxy();
     std::string binary;
@@ -147,7 +147,7 @@ TEST_F(DownloadTest, WholeFilesArriveFromARealServer) {
     EXPECT_EQ(bench::Transcript(), "");
 }
 
-TEST_F(DownloadTest, BrowserIsAskedOfTheShell) {
+TEST_F(DownloadTest, OpensTheBrowserThroughTheShell) {
     SHELLEXECUTEINFOA asked = {};
     BOOL started = TRUE;
     HANDLE browser = CreateEventA(nullptr, TRUE, FALSE, nullptr);
@@ -176,7 +176,7 @@ TEST_F(DownloadTest, BrowserIsAskedOfTheShell) {
     EXPECT_EQ(bench::Transcript(), line + line);
 }
 
-TEST_F(DownloadTest, PercentEncodingIsUndone) {
+TEST_F(DownloadTest, DecodesPercentEncoding) {
     const std::pair<const char*, std::string> cases[] = {
         {"a+b%2Bc", "a+b+c"},
         {"%c3%A5", "\xC3\xA5"},

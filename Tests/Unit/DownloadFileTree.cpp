@@ -6,7 +6,7 @@
 
 using std::filesystem::create_directories;
 
-TEST(DownloadFileTree, FolderGoesWithEverythingInIt) {
+TEST(DownloadFileTree, DeletesAFolderWithItsContents) {
     const TestFolder base;
     const std::string top = base.file("work");
     create_directories(top + "\\empty");
@@ -26,7 +26,7 @@ TEST(DownloadFileTree, FolderGoesWithEverythingInIt) {
     EXPECT_TRUE(Exists(base.file("neighbour")));
 }
 
-TEST(DownloadFileTree, WhatCannotBeDeletedKeepsItsFoldersOnly) {
+TEST(DownloadFileTree, KeepsOnlyTheFoldersOfUndeletableFiles) {
     const TestFolder base;
     const std::string top = base.file("work");
     create_directories(top + "\\held");
@@ -41,7 +41,7 @@ TEST(DownloadFileTree, WhatCannotBeDeletedKeepsItsFoldersOnly) {
     EXPECT_NE(DeleteDirectoryTree(top.c_str()), 0);
 }
 
-TEST(DownloadFileTree, LinksAloneAreNeverEntered) {
+TEST(DownloadFileTree, NeverEntersLinks) {
     const TestFolder base;
     const std::string top = base.file("work"), link = top + "\\link", file = link + "\\project.xml";
     create_directories(link);
@@ -75,7 +75,7 @@ TEST(DownloadFileTree, LinksAloneAreNeverEntered) {
     EXPECT_NE(deleteAs(IO_REPARSE_TAG_SYMLINK, link), 0) << "a link itself goes";
 }
 
-TEST(DownloadFileTree, NothingIsRemovedWithoutACompleteSearch) {
+TEST(DownloadFileTree, DeletesNothingWhenTheSearchFails) {
     const TestFolder base;
     EXPECT_EQ(DeleteDirectoryTree(nullptr), 0);
     EXPECT_EQ(DeleteDirectoryTree(""), 0);

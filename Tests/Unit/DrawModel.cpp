@@ -28,7 +28,7 @@ std::string Set(const std::string& text, const char* name, const char* value, in
 
 }  // namespace
 
-TEST_F(DrawModelTest, ParametersAreReplacedInPlaceOrAppended) {
+TEST_F(DrawModelTest, ReplacesParametersInPlaceOrAppendsThem) {
     const struct {
         const char *before, *name, *value, *after;
     } cases[] = {
@@ -48,7 +48,7 @@ TEST_F(DrawModelTest, ParametersAreReplacedInPlaceOrAppended) {
         EXPECT_EQ(Set(c.before, c.name, c.value), c.after) << c.before << " " << c.name;
 }
 
-TEST_F(DrawModelTest, LongPairsAndTextsAreCut) {
+TEST_F(DrawModelTest, TruncatesLongPairsAndTexts) {
     const std::string pair127 = "L=" + std::string(125, '1');
     EXPECT_EQ(Set(pair127 + ";H=2;", "H", "3"), pair127 + ";H=3;");
     EXPECT_EQ(Set(pair127 + "1;H=2;", "H", "3"), pair127 + ";H=3;") << "the rest of the pair is skipped";
@@ -64,7 +64,7 @@ TEST_F(DrawModelTest, LongPairsAndTextsAreCut) {
     EXPECT_EQ(Set(full, "X", std::string(500, 'v').c_str()), full + "X=" + std::string(22, 'v'));
 }
 
-TEST_F(DrawModelTest, TheBufferSizeBoundsWhatIsWrittenAndRead) {
+TEST_F(DrawModelTest, ReadsAndWritesOnlyWithinTheBuffer) {
     EXPECT_EQ(Set("L=1;", "H", "2", 9), "L=1;H=2;");
     EXPECT_EQ(Set("L=1;", "H", "2", 8), "L=1;H=2;") << "no room for a terminator";
     EXPECT_EQ(Set("L=1;", "H", "2", 6), "L=1;H=");
@@ -73,7 +73,7 @@ TEST_F(DrawModelTest, TheBufferSizeBoundsWhatIsWrittenAndRead) {
     EXPECT_EQ(Set("L=1;H=2;X=7;", "L", "", 8), "L=;H=2;");
 }
 
-TEST_F(DrawModelTest, ImpossibleBufferSizesAreReported) {
+TEST_F(DrawModelTest, ReportsImpossibleBufferSizes) {
     g_diagSettings->errorBits = RF_LOG | RF_FUNCTION | RF_FILELINE;
     for (const int size : {-1, 1025}) {
         Buffer buffer("L=1;");
@@ -86,7 +86,7 @@ TEST_F(DrawModelTest, ImpossibleBufferSizesAreReported) {
     EXPECT_EQ(LogLines(), line + line);
 }
 
-TEST_F(DrawModelTest, RemovalIsAPlainSearch) {
+TEST_F(DrawModelTest, RemovesTheFirstMatchOfTheName) {
     const struct {
         const char *before, *name;
         int result;

@@ -40,7 +40,7 @@ class DuctSelection : public SessionBench {
     KlConn session_;
 };
 
-TEST_F(DuctSelection, TakesWhatTheDuctHas) {
+TEST_F(DuctSelection, ReadsSizesAndFlowOfTheDuct) {
     const struct {
         const char *found, *replacement, *pick, *duct;
     } cases[] = {
@@ -65,7 +65,7 @@ TEST_F(DuctSelection, TakesWhatTheDuctHas) {
     EXPECT_EQ(Said(), "");
 }
 
-TEST_F(DuctSelection, UnsuitablePicksBringThePromptBackSilently) {
+TEST_F(DuctSelection, PromptsAgainSilentlyAfterAnUnsuitablePick) {
     const struct {
         const char *found, *replacement, *pick;
     } cases[] = {
@@ -85,7 +85,7 @@ TEST_F(DuctSelection, UnsuitablePicksBringThePromptBackSilently) {
     EXPECT_EQ(Said(), "");
 }
 
-TEST_F(DuctSelection, BothSizesAreReadBeforeOneIsMissed) {
+TEST_F(DuctSelection, ReadsBothSizesBeforeRejectingAPick) {
     bench::ClearFaults();
     bench::FailCall("IKlimora200805::getPartAtt", 4, 9);
     EXPECT_EQ(Pick({"2A5"}).prompts, 2u);
@@ -93,7 +93,7 @@ TEST_F(DuctSelection, BothSizesAreReadBeforeOneIsMissed) {
     EXPECT_EQ(Calls("IKlimora200805::getPartAtt '2A5' '/part/qv_sizingflow/ls'").size(), 0u);
 }
 
-TEST_F(DuctSelection, NegativeAnswersEndItWithTheirReason) {
+TEST_F(DuctSelection, ReportsANegativeResultAndEnds) {
     const struct {
         const char *pick, *path;
         int ordinal;

@@ -15,7 +15,7 @@ using ExportedMemoryTest = ErrorReportsTest;
 
 }  // namespace
 
-TEST_F(ExportedMemoryTest, BlocksGrowWithTheirContent) {
+TEST_F(ExportedMemoryTest, KeepsTheContentOfGrowingBlocks) {
     GwMemory block(gwGmalloc(4, 10010));
     ASSERT_TRUE(block);
     std::memcpy(block.get(), "SORV", 4);
@@ -31,7 +31,7 @@ TEST_F(ExportedMemoryTest, BlocksGrowWithTheirContent) {
     EXPECT_EQ(LogLines(), "");
 }
 
-TEST_F(ExportedMemoryTest, FailedAllocationsAreReportedButForTheFirstThroughRealloc) {
+TEST_F(ExportedMemoryTest, ReportsFailedAllocationsExceptTheFirstThroughRealloc) {
     GwMemory old(gwGmalloc(3, 0));
     std::memcpy(old.get(), "old", 3);
     {
@@ -50,7 +50,7 @@ TEST_F(ExportedMemoryTest, FailedAllocationsAreReportedButForTheFirstThroughReal
                               Line("gwGrealloc", "(!ret) Can not allocate memory.", "Util/DlgFunc#41"));
 }
 
-TEST_F(ExportedMemoryTest, GlobalBlocksThatCannotBeHadLeaveNothing) {
+TEST_F(ExportedMemoryTest, ReportsUnavailableGlobalBlocks) {
     RecordedCalls calls;
     calls.Give("GlobalAlloc", GlobalAlloc, nullptr, 0, 1);
     calls.Give("GlobalLock", GlobalLock, nullptr);

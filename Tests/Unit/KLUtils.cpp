@@ -49,7 +49,7 @@ class KLUtilsTest : public DrawingTest {
 
 }  // namespace
 
-TEST_F(KLUtilsTest, UcsMatrixLeadsFromUserToWorld) {
+TEST_F(KLUtilsTest, ReturnsTheMatrixFromUserToWorld) {
     TurnUcs();
     AcGeMatrix3d matrix;
     EXPECT_TRUE(KLUtils::GetUcsMatrix(matrix));
@@ -60,7 +60,7 @@ TEST_F(KLUtilsTest, UcsMatrixLeadsFromUserToWorld) {
     ExpectPoint(0, 1, 0, &xDirection.x);
 }
 
-TEST_F(KLUtilsTest, UcsMatrixIsIdentityWhenAVariableCannotBeRead) {
+TEST_F(KLUtilsTest, ReturnsIdentityWhenAVariableIsUnreadable) {
     TurnUcs();
     for (int call = 1; call <= 3; ++call) {
         bench::ClearFaults();
@@ -71,7 +71,7 @@ TEST_F(KLUtilsTest, UcsMatrixIsIdentityWhenAVariableCannotBeRead) {
     }
 }
 
-TEST_F(KLUtilsTest, ValuesThatAreNoPointsAreToldAndUsed) {
+TEST_F(KLUtilsTest, ReportsValuesThatAreNotPointsAndUsesThem) {
     RecordedCalls calls;
     calls.Record("acedGetVar", acedGetVar, [](const ACHAR* name, resbuf* value) {
         value->restype = RTREAL;
@@ -86,7 +86,7 @@ TEST_F(KLUtilsTest, ValuesThatAreNoPointsAreToldAndUsed) {
     EXPECT_TRUE(matrix == expected);
 }
 
-TEST_F(KLUtilsTest, PointsAndVectorsConvertBothWays) {
+TEST_F(KLUtilsTest, ConvertsPointsAndVectorsBothWays) {
     TurnUcs();
     AcGePoint3d point;
     EXPECT_TRUE(KLUtils::WcsToUcsPoint(AcGePoint3d(100, 60, 5), point));
@@ -103,7 +103,7 @@ TEST_F(KLUtilsTest, PointsAndVectorsConvertBothWays) {
     EXPECT_FALSE(KLUtils::UcsToWcsPoint(AcGePoint3d(1, 1, 1), point));
 }
 
-TEST_F(KLUtilsTest, PickGivesTheFirstEntityAndFreesTheSet) {
+TEST_F(KLUtilsTest, ReturnsThePickedEntityAndReleasesTheSet) {
     const std::string duct = AddDuct();
     AcDbObjectId id;
     bench::QueueAnswer({bench::Answer::kPick, duct});
@@ -125,7 +125,7 @@ TEST_F(KLUtilsTest, PickGivesTheFirstEntityAndFreesTheSet) {
     bench::ClearAnswers();
 }
 
-TEST_F(KLUtilsTest, EveryAttributeOfTheTagIsUpdated) {
+TEST_F(KLUtilsTest, UpdatesEveryAttributeOfTheTag) {
     const std::string longTag(32, 'L');
     const std::string handle = AddSilencer({{"CODE", "old"},
                                             {"code", "keep"},
@@ -145,7 +145,7 @@ TEST_F(KLUtilsTest, EveryAttributeOfTheTagIsUpdated) {
     EXPECT_EQ(KLUtils::UpdateAttribute(nullptr, "CODE", "x"), -1);
 }
 
-TEST_F(KLUtilsTest, FailedAttributeIsReported) {
+TEST_F(KLUtilsTest, ReportsAFailedAttribute) {
     const auto reference = Opened(AddSilencer({{"CODE", "old"}, {"CODE", "old"}}), AcDb::kForWrite);
     const std::string line =
         "\nSorvik Klimora Cloud Plugin: Failed to update attribute. "
@@ -165,7 +165,7 @@ TEST_F(KLUtilsTest, FailedAttributeIsReported) {
     EXPECT_EQ(bench::Transcript(), line + "Tag or value is missing.\n" + line + "Tag or value is missing.\n");
 }
 
-TEST_F(KLUtilsTest, MovingTransformsOrThrows) {
+TEST_F(KLUtilsTest, MovesAnEntityOrThrows) {
     const std::string handle = AddSilencer({});
     KLUtils::MoveEntity(IdOf(handle), AcGeVector3d(1, -2, 0.5));
     const AcGePoint3d position = Opened(handle)->position();
@@ -180,7 +180,7 @@ TEST_F(KLUtilsTest, MovingTransformsOrThrows) {
     }
 }
 
-TEST_F(KLUtilsTest, EntitiesAreAppendedToModelSpace) {
+TEST_F(KLUtilsTest, AppendsEntitiesToModelSpace) {
     const std::string before = AddSilencer({});
     const size_t count = bench::Entities().size();
     const AcDbObjectId block = Opened(before)->blockTableRecord();
@@ -211,7 +211,7 @@ TEST_F(KLUtilsTest, EntitiesAreAppendedToModelSpace) {
     ExpectPoint(1, 0, 0, &xDirection.x);
 }
 
-TEST_F(KLUtilsTest, SystemVariables) {
+TEST_F(KLUtilsTest, ReadsAndWritesSystemVariables) {
     EXPECT_TRUE(KLUtils::CmdEchoOff());
     EXPECT_EQ(bench::SystemVariable("CMDECHO"), "0");
     EXPECT_TRUE(KLUtils::CmdEchoOn());
@@ -231,7 +231,7 @@ TEST_F(KLUtilsTest, SystemVariables) {
     EXPECT_FALSE(KLUtils::IsTileModeOn());
 }
 
-TEST_F(KLUtilsTest, HostReleaseMustMatchExactly) {
+TEST_F(KLUtilsTest, MatchesTheHostReleaseExactly) {
     bench::SetProduct("AutoCAD", 24, 1);
     const KLUtils::HostRelease listed[] = {"24.10", "4.1", "24.1"};
     EXPECT_TRUE(KLUtils::IsHostReleaseListed(listed, 3));
@@ -239,7 +239,7 @@ TEST_F(KLUtilsTest, HostReleaseMustMatchExactly) {
     EXPECT_FALSE(KLUtils::IsHostReleaseListed(listed, 0));
 }
 
-TEST_F(KLUtilsTest, TransformDifferenceGivesOffsetAndAngles) {
+TEST_F(KLUtilsTest, ReturnsOffsetAndAnglesBetweenTransforms) {
     const AcGeVector3d x(1, 0, 0), y(0, 1, 0), z(0, 0, 1);
     const AcGeMatrix3d first = AcGeMatrix3d::translation(AcGeVector3d(5, 6, 7)) * AcGeMatrix3d::rotation(0.4, y) *
                                AcGeMatrix3d::rotation(1.1, x);
@@ -257,7 +257,7 @@ TEST_F(KLUtilsTest, TransformDifferenceGivesOffsetAndAngles) {
     }
 }
 
-TEST_F(KLUtilsTest, WaitCursorPutsTheOldOneBack) {
+TEST_F(KLUtilsTest, RestoresTheCursorAfterWaiting) {
     const HCURSOR before = LoadCursorW(nullptr, IDC_CROSS);
     SetCursor(before);
     {

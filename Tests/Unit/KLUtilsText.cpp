@@ -7,7 +7,7 @@
 
 using Texts = std::vector<std::string>;
 
-TEST(KLUtilsText, SplitKeepsEmptyParts) {
+TEST(KLUtilsText, KeepsEmptyPartsWhenSplitting) {
     const struct {
         const char *text, *delimiter;
         Texts parts;
@@ -19,7 +19,7 @@ TEST(KLUtilsText, SplitKeepsEmptyParts) {
         EXPECT_EQ(KLUtils::Split(one.text, one.delimiter), one.parts) << one.text;
 }
 
-TEST(KLUtilsText, NumbersFromText) {
+TEST(KLUtilsText, ReadsNumbers) {
     const struct {
         const char* text;
         int count, result;
@@ -43,7 +43,7 @@ TEST(KLUtilsText, NumbersFromText) {
     EXPECT_EQ(KLUtils::ParseNumbers("1", nullptr, 1), -2);
 }
 
-TEST(KLUtilsText, NumbersToText) {
+TEST(KLUtilsText, WritesNumbers) {
     const double numbers[] = {1, -2.5, 0.0049};
     EXPECT_EQ(KLUtils::FormatNumbers(numbers, 3, 2), "1.00 -2.50 0.00");
     EXPECT_EQ(KLUtils::FormatNumbers(numbers, 1, 0), "1");
@@ -51,7 +51,7 @@ TEST(KLUtilsText, NumbersToText) {
     EXPECT_EQ(KLUtils::FormatNumbers(nullptr, 3, 2), "");
 }
 
-TEST(KLUtilsText, MatrixBothWays) {
+TEST(KLUtilsText, ConvertsMatricesBothWays) {
     AcGeMatrix3d matrix;
     for (int i = 0; i < 16; ++i)
         matrix.entry[i / 4][i % 4] = i + 0.125;

@@ -23,7 +23,7 @@ std::string SampleBytes(size_t count) {
 
 }  // namespace
 
-TEST(Md5, KnownDigests) {
+TEST(Md5, ReturnsKnownDigests) {
     const std::pair<std::string, const char*> cases[] = {
         {"", "D41D8CD98F00B204E9800998ECF8427E"},
         {"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789", "D174AB98D277D9F5A5611C2C9F419D9F"},
@@ -40,7 +40,7 @@ TEST(Md5, KnownDigests) {
     }
 }
 
-TEST(Md5, BitCountCarriesIntoItsHighWord) {
+TEST(Md5, CarriesTheBitCountIntoTheHighWord) {
     MD5Context context;
     MD5Init(&context);
     context.bitCount[0] = 0xFFFFFE00;
@@ -49,7 +49,7 @@ TEST(Md5, BitCountCarriesIntoItsHighWord) {
     EXPECT_EQ(context.bitCount[1], 1u);
 }
 
-TEST(Md5, HexDigestRefusesBadArguments) {
+TEST(Md5, RejectsBadArguments) {
     char output[33] = "poison";
     EXPECT_EQ(MD5Driver::MD5HexDigest(nullptr, 33, "0", 1), -1);
     EXPECT_EQ(MD5Driver::MD5HexDigest(output, 32, "0", 1), -1);
@@ -57,7 +57,7 @@ TEST(Md5, HexDigestRefusesBadArguments) {
     EXPECT_STREQ(output, "poison");
 }
 
-TEST(Md5, DriversPrintAndReadStreams) {
+TEST(Md5, PrintsDigestsAndReadsStandardInput) {
     uint8_t digest[16];
     MD5Driver::MDString(digest, "abc");
     testing::internal::CaptureStdout();
@@ -76,7 +76,7 @@ TEST(Md5, DriversPrintAndReadStreams) {
     EXPECT_EQ(HexText(digest, 16), "47E9EB8D620EDF998FED23E4C7C6F9C3");
 }
 
-TEST(Md5, MissingFileIsNamedAndLeavesTheDigest) {
+TEST(Md5, ReportsAMissingFileAndKeepsTheDigest) {
     const std::string path = "no such folder\\file";
     uint8_t digest[16];
     std::memset(digest, 0xEE, sizeof digest);
@@ -88,7 +88,7 @@ TEST(Md5, MissingFileIsNamedAndLeavesTheDigest) {
     EXPECT_EQ(HexText(digest, 16), std::string(32, 'E'));
 }
 
-TEST(Md5, SkippedRegionsAreLeftOut) {
+TEST(Md5, IgnoresSkippedRegions) {
     const TestFolder folder;
     const std::string path = folder.file("data");
     // With the end mark of a text file, which is no end here.

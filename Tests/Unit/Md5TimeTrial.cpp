@@ -8,7 +8,7 @@
 
 #include "RecordedCalls.h"
 
-TEST(Md5, TimeTrialTellsItsSpeed) {
+TEST(Md5, PrintsTheSpeedOfTheTimeTrial) {
     RecordedCalls calls;
     calls.Record("_time64", _time64, [now = 1000](__time64_t*) mutable { return now += 10; });
     testing::internal::CaptureStdout();

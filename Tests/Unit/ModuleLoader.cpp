@@ -31,7 +31,7 @@ std::string Printed() {
     return text;
 }
 
-TEST(ModuleFolder, HasNoTrailingBackslashAndFitsOrFails) {
+TEST(ModuleFolder, ReturnsNoTrailingBackslashAndRejectsSmallBuffers) {
     const std::string folder = Folder();
     ASSERT_GT(folder.size(), 2u);
     EXPECT_NE(folder.back(), '\\');
@@ -47,7 +47,7 @@ TEST(ModuleFolder, HasNoTrailingBackslashAndFitsOrFails) {
     EXPECT_EQ(buffer[0], '\0');
 }
 
-TEST(ModuleLoader, LibrariesAreFreedAndArxModulesStay) {
+TEST(ModuleLoader, ReleasesLibrariesAndKeepsArxModules) {
     // A name with ".ARX" is never freed, whatever its handle.
     const HMODULE kept = GetModuleHandleA("kernel32.dll");
     ModuleRecord records[] = {{"KEEP.ARX", kept}, {"Kbase640.dll", nullptr}};
@@ -62,7 +62,7 @@ TEST(ModuleLoader, LibrariesAreFreedAndArxModulesStay) {
     EXPECT_EQ(Printed(), "");
 }
 
-TEST(ModuleLoader, ArxModuleGoesThroughAutoCAD) {
+TEST(ModuleLoader, LoadsArxModulesThroughAutoCAD) {
     ModuleRecord record = {"Other.arx", nullptr};
     const std::string path = Upper(Folder() + "\\Other.arx");
     EXPECT_EQ(LoadModule(record, Folder().c_str()), -2);
@@ -74,7 +74,7 @@ TEST(ModuleLoader, ArxModuleGoesThroughAutoCAD) {
     EXPECT_EQ(Printed(), "Error: 5 - cannot load arx-module: " + path + "\n");
 }
 
-TEST(ModuleLoader, LookUpComparesOverTheGivenName) {
+TEST(ModuleLoader, FindsModulesByTheStartOfTheirName) {
     const HMODULE one = reinterpret_cast<HMODULE>(1), two = reinterpret_cast<HMODULE>(2);
     const ModuleRecord records[] = {{"Kgeom310.dll", one}, {"Kgeom400.dll", two}};
     const struct {
@@ -87,7 +87,7 @@ TEST(ModuleLoader, LookUpComparesOverTheGivenName) {
     EXPECT_EQ(FindModuleHandle(records, 1, "Kgeom4"), nullptr) << "only the walked records";
 }
 
-TEST(ModuleStart, FailedModuleRefusesTheApplication) {
+TEST(ModuleStart, FailsAndUndoesEverythingWhenAModuleFails) {
     const auto nothingIsLeft = [](const ModuleRecord& loaded) {
         EXPECT_EQ(loaded.handle, nullptr) << "what was loaded is freed";
         EXPECT_FALSE(bench::CommandExists("SORV_CMDS", "SorvSIL")) << "no command outlives its code";
@@ -109,7 +109,7 @@ TEST(ModuleStart, FailedModuleRefusesTheApplication) {
     nothingIsLeft(records[0]);
 }
 
-TEST(ModuleStart, TheModulesFolderBecomesCurrent) {
+TEST(ModuleStart, SetsTheModulesFolderAsCurrent) {
     char before[MAX_PATH] = "", after[MAX_PATH] = "";
     GetCurrentDirectoryA(MAX_PATH, before);
     SetCurrentDirectoryA("C:\\");
@@ -121,7 +121,7 @@ TEST(ModuleStart, TheModulesFolderBecomesCurrent) {
     EXPECT_EQ(g_modules[0].handle, nullptr);
 }
 
-TEST(ModuleExports, MarkersHaveTheirBits) {
+TEST(ModuleExports, ContainsTheBitsOfTheNullMarkers) {
     const auto bytes = [](const char* name, size_t size) {
         const auto place = reinterpret_cast<const char*>(GetProcAddress(GetModuleHandleA("Sorvik_R24_x64.arx"), name));
         return place ? std::string(place, size) : "not exported";

@@ -19,7 +19,7 @@ namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
-TEST(Numbers, AreReadAsTheRuntimeReadsThemInTheCLocale) {
+TEST(Numbers, ReadsLikeTheRuntimeInTheCLocale) {
     const struct {
         const char* text;
         double value;
@@ -63,7 +63,7 @@ TEST(Numbers, AreReadAsTheRuntimeReadsThemInTheCLocale) {
     EXPECT_EQ(single, std::numeric_limits<float>::infinity());
 }
 
-TEST(Numbers, AreWrittenAsTheRuntimeWritesThemInTheCLocale) {
+TEST(Numbers, WritesLikeTheRuntimeInTheCLocale) {
     EXPECT_EQ(RealText(2.5), "2.500000");
     EXPECT_EQ(RealText(2.5, 0), "2") << "to even";
     EXPECT_EQ(RealText(-1e-9), "-0.000000");

@@ -26,7 +26,7 @@ class PartAttributes : public ConnectedBench {
     }
 };
 
-TEST_F(PartAttributes, WritesReachTheServerAsTextAndThrowOnlyWhenRequired) {
+TEST_F(PartAttributes, WritesTextAndThrowsOnlyWhenRequired) {
     EXPECT_EQ(utils_.SetPartAtt("2A3", kText, 42, true), 0);
     EXPECT_EQ(utils_.SetPartAtt("2A3", kText, std::string("A<1>"), true), 0);
     EXPECT_EQ(Calls("IKlimora200805::setPartAtt '2A3' '/Part/Geometry/Source[0]/KModel/Params' "),
@@ -60,7 +60,7 @@ struct GermanNumbers : std::numpunct<char> {
     std::string do_grouping() const override { return "\3"; }
 };
 
-TEST_F(PartAttributes, NumbersDoNotFollowTheProcessesLocale) {
+TEST_F(PartAttributes, IgnoresTheLocaleOfTheProcess) {
     const std::locale before = std::locale::global(std::locale(std::locale::classic(), new GermanNumbers));
     utils_.SetPartAtt("2A3", kText, 20090300, true);
     const std::string written = bench::PartAttribute("2A3", kText);
@@ -76,7 +76,7 @@ TEST_F(PartAttributes, NumbersDoNotFollowTheProcessesLocale) {
     EXPECT_EQ(whole, 1);
 }
 
-TEST_F(PartAttributes, FailedReadsThrowOnlyWhenRequired) {
+TEST_F(PartAttributes, ThrowsForFailedReadsOnlyWhenRequired) {
     utils_.SetPartAtt("2A3", kText, std::string("wide"), true);
     EXPECT_EQ(Thrown([&] { utils_.GetPartAttReal("2A3", kText, true); }), "Could not convert \" wide\" to target type");
     EXPECT_EQ(Thrown([&] { utils_.GetPartAttReal("FFFF", "/Part/Length", true); }), "KLComUtils::GetPartAtt");
@@ -89,7 +89,7 @@ TEST_F(PartAttributes, FailedReadsThrowOnlyWhenRequired) {
     EXPECT_EQ(utils_.GetPartAttOrDefault("FFFF", "/Part/Length", std::string("none")), "none");
 }
 
-TEST_F(PartAttributes, GetLastErrorPrefersTheTraceLine) {
+TEST_F(PartAttributes, ReturnsTheTraceLineAsLastError) {
     std::string value;
     bench::FailCall("IKlimora200805::getPartAtt", 1, 5);
     utils_.GetPartAtt("2A3", "/part/width", value, false);
@@ -99,7 +99,7 @@ TEST_F(PartAttributes, GetLastErrorPrefersTheTraceLine) {
     EXPECT_EQ(utils_.GetLastError(), "KlimComSrvImpl::getPartAtt:('2A3', '/part/diameter', '250')=0 ");
 }
 
-TEST_F(PartAttributes, GuardPutsTheSwitchesBack) {
+TEST_F(PartAttributes, RestoresTheTraceSwitches) {
     bool keep = false, failures = false, all = false;
     utils_.SetTrace(true, false, true);
     {
@@ -113,7 +113,7 @@ TEST_F(PartAttributes, GuardPutsTheSwitchesBack) {
     EXPECT_TRUE(keep && !failures && all);
 }
 
-TEST_F(PartAttributes, RecordsCarryTheNamedAttributes) {
+TEST_F(PartAttributes, ReadsRecordsWithTheNamedAttributes) {
     std::vector<KLComUtils::Record> records(1);
     ASSERT_EQ(utils_.GetAttributes("ignored", "/Project/Ductwork/System", {"Name", "Type/ID"}, records), 0);
     ASSERT_EQ(records.size(), 6u) << "appended behind what was there";
@@ -122,7 +122,7 @@ TEST_F(PartAttributes, RecordsCarryTheNamedAttributes) {
     EXPECT_EQ(bench::CallLog().size(), 11u) << "one count, and one read an element and name";
 }
 
-TEST_F(PartAttributes, RecordsBeforeAFailureStay) {
+TEST_F(PartAttributes, KeepsRecordsReadBeforeAFailure) {
     std::vector<KLComUtils::Record> records;
     bench::FailCall("IKlimora200805::getPartAtt", 4, 3);
     EXPECT_EQ(utils_.GetAttributes("", "/Project/Ductwork/System", {"Name", "ID"}, records), -1);
@@ -136,7 +136,7 @@ TEST_F(PartAttributes, RecordsBeforeAFailureStay) {
     EXPECT_EQ(Printed(), Report("Failed to get attributes.", place, "Can't find '/' in a parent path Parts"));
 }
 
-TEST(ReplaceAll, GoesFromLeftToRight) {
+TEST(ReplaceAll, ReplacesFromLeftToRight) {
     EXPECT_EQ(ReplaceAll("Size/Width/mm", "/", "_"), "Size_Width_mm");
     EXPECT_EQ(ReplaceAll("aaa", "aa", "a"), "aa");
     EXPECT_EQ(ReplaceAll("abc", "", "x"), "abc");

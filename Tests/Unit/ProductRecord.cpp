@@ -122,7 +122,7 @@ class ProductRecord : public SessionBench {
     const ImportPatch closings_{"InternetCloseHandle", +[](HINTERNET) -> BOOL { return TRUE; }};
 };
 
-TEST_F(ProductRecord, EveryCallAndAttributeInItsOrder) {
+TEST_F(ProductRecord, MakesEveryCallAndWritesEveryAttributeInOrder) {
     Answers zero;
     zero.dictionary = zero.database = 0;  // a handle like any other
     zero.saves = 1;                       // no failure either
@@ -149,7 +149,7 @@ TEST_F(ProductRecord, EveryCallAndAttributeInItsOrder) {
               "<device UserCode=\"\" KPDClassName=\"dSilencerType\" ProductFamilyKey=\"KEY\" ProductKey=\"KEY\">");
 }
 
-TEST_F(ProductRecord, EveryLanguageAndCountryOfTheDictionaryInItsOrder) {
+TEST_F(ProductRecord, WritesEveryLanguageAndCountryInOrder) {
     std::ifstream dictionary(SAMPLE_FOLDER "/sorvik.ddk");
     std::string descriptions, links;
     std::string device = ReplaceAll(With("DescriptionGBR", kMissing), "<ID>", "<descriptiongbr>b</descriptiongbr><ID>");
@@ -182,14 +182,14 @@ TEST_F(ProductRecord, EveryLanguageAndCountryOfTheDictionaryInItsOrder) {
     EXPECT_EQ(SetAttributeWebLinkNN(&answers.database, &record, *session_.CurrentDevice()), 0);
 }
 
-TEST_F(ProductRecord, TextsAreStoredWholeAndTheirLinesEndInLf) {
+TEST_F(ProductRecord, WritesWholeTextsWithLfLineEnds) {
     const std::string longText(32767, 'x');
     EXPECT_EQ(Build(With("DescriptionGBR", "<![CDATA[two\r\nlines\r]]>", With("ProductCodeALL", longText))).first, 0);
     EXPECT_NE(attributes.find("\n1562 '" + longText + "'\n9552 'two\nlines\n'\n"), std::string::npos)
         << attributes.substr(attributes.find("\n9552"));
 }
 
-TEST_F(ProductRecord, PressureDropFollowsFncAndTheRestMayBeMissing) {
+TEST_F(ProductRecord, WritesThePressureDropThatFncSelects) {
     const std::string point = "1651 0000C84200004041\n",
                       curves = "1652 0000803F0000003F00000040000000400000803F00000041\n";
     for (const auto& [fnc, stored] :
@@ -204,7 +204,7 @@ TEST_F(ProductRecord, PressureDropFollowsFncAndTheRestMayBeMissing) {
     }
 }
 
-TEST_F(ProductRecord, LastOfSeveralDevicesBecomesCurrent) {
+TEST_F(ProductRecord, MakesTheLastDeviceCurrent) {
     EXPECT_EQ(Build(kUsed + With("ID", "KEY2")).first, 0);
     EXPECT_TRUE(CallsEndWith("kbsaverec 4 kbcreaterec\nkbreleaserec kbcreaterec\n" + released_));
     EXPECT_EQ(called_.find("kbreleaserec kbcreaterec"), called_.rfind("kbreleaserec kbcreaterec"))
@@ -219,7 +219,7 @@ TEST_F(ProductRecord, LastOfSeveralDevicesBecomesCurrent) {
 }
 
 // Its counts have 16 bits.
-TEST_F(ProductRecord, NothingIsSavedThatTheDatabaseCannotCount) {
+TEST_F(ProductRecord, RejectsCountsBeyondSixteenBits) {
     const std::string most(32767, 'x');
     std::string shapes;
     for (int i = 0; i < 32767; ++i)
@@ -246,7 +246,7 @@ TEST_F(ProductRecord, NothingIsSavedThatTheDatabaseCannotCount) {
     }
 }
 
-TEST_F(ProductRecord, EveryMessageAboutADevice) {
+TEST_F(ProductRecord, ReportsEveryFaultOfADevice) {
     const std::pair<std::string, const char*> cases[] = {
         {With("ID", kMissing), "Parameter 'ID' is not defined."},
         {With("ProductCodeALL", kMissing), "Mandatory parameter 'ProductCodeALL' is not defined."},
@@ -283,7 +283,7 @@ TEST_F(ProductRecord, EveryMessageAboutADevice) {
     }
 }
 
-TEST_F(ProductRecord, EveryRefusalOfTheNeighbours) {
+TEST_F(ProductRecord, ReportsEveryFailureOfDatabaseAndNetwork) {
     const std::string folder = session_.WorkingFolder(), dictionary = folder + "/output.ddk",
                       network = "Sorvik Klimora Cloud Plugin: Error DownloadFile: Can't open file from internet\n",
                       noneOpen = "ddk_releasedatabase 0\nkbclosedatabase 0\n",

@@ -18,7 +18,7 @@ class ProjectOperations : public ConnectedBench {
     }
 };
 
-TEST_F(ProjectOperations, CheckTellsWhatIsWrongTwiceAndReadsTheProjectWithoutTrace) {
+TEST_F(ProjectOperations, ReportsAnUnsuitableProjectTwiceAndTracesNothing) {
     const std::string tooOld = "Klimora version 20091200 or newer is required.";
     const std::string notOpen = "Klimora project is not open. Please, open Klimora project.";
     const struct {
@@ -54,7 +54,7 @@ TEST_F(ProjectOperations, CheckTellsWhatIsWrongTwiceAndReadsTheProjectWithoutTra
     }
 }
 
-TEST_F(ProjectOperations, FileAccessSwitchIsInvertedAndLeavesOldServersAlone) {
+TEST_F(ProjectOperations, InvertsTheFileAccessSwitchExceptOnOldServers) {
     Start(20090299);
     utils_.SetNoProjectFileAccessCheck(false);
     EXPECT_EQ(Calls("IKlimora200805::"), (Texts{"getVersion -> 20090299"}));
@@ -69,7 +69,7 @@ TEST_F(ProjectOperations, FileAccessSwitchIsInvertedAndLeavesOldServersAlone) {
     EXPECT_EQ(Printed(), "") << "a refusal is no one's concern";
 }
 
-TEST_F(ProjectOperations, AddingSendsItsElementsInOrder) {
+TEST_F(ProjectOperations, SendsTheElementsOfAProductInOrder) {
     Start();
     bench::FailCall("IKlimora200805::manageProductData", 1, 4);
     bench::FailCall("IKlimora200805::manageProductData", 2, 4);
@@ -92,7 +92,7 @@ TEST_F(ProjectOperations, AddingSendsItsElementsInOrder) {
     EXPECT_EQ(Calls("IKlimora200805::freeBinVariable "), (Texts{"1 -> 0"}));
 }
 
-TEST_F(ProjectOperations, AddingReportsEachFailure) {
+TEST_F(ProjectOperations, ReportsEachFailureToAddAProduct) {
     Start();
     for (const auto& [call, code, text, result] :
          {std::tuple{"setBinVariableSize", 5, "Can't set data to binary variable ", -1},
@@ -111,7 +111,7 @@ TEST_F(ProjectOperations, AddingReportsEachFailure) {
     }
 }
 
-TEST_F(ProjectOperations, TypeDefineOfEveryClass) {
+TEST_F(ProjectOperations, ReturnsTheTypeDefineOfEveryClass) {
     std::string defines;
     for (const char* const name : {"hZoneValveType", "hStopValveType", "dSupplyType", "dExtractType", "dOutdoorType",
                                    "dExhaustType", "dSilencerType"})
@@ -125,7 +125,7 @@ TEST_F(ProjectOperations, TypeDefineOfEveryClass) {
                                 "Unknown kpd class for valve dsilencerType"));
 }
 
-TEST_F(ProjectOperations, ConnectedPartsAndTheirFailures) {
+TEST_F(ProjectOperations, ReturnsConnectedPartsAndReportsFailures) {
     Start();
     std::string first = "poison", second = "poison";
     utils_.GetTwoConnectedParts("2A3", first, second, true);
@@ -150,7 +150,7 @@ TEST_F(ProjectOperations, ConnectedPartsAndTheirFailures) {
               PartReport("Failed to get connected parts", 66, "GetAllConnectedParts", "KLComUtils::GetPartAtt"));
 }
 
-TEST_F(ProjectOperations, ErasingSendsTheListAsItStandsAndLeavesOpenEnds) {
+TEST_F(ProjectOperations, ErasesPartsAndLeavesOpenEnds) {
     Start();
     EXPECT_EQ(utils_.EraseParts(nullptr), 0);
     EXPECT_TRUE(bench::CallLog().empty());
@@ -171,7 +171,7 @@ TEST_F(ProjectOperations, ErasingSendsTheListAsItStandsAndLeavesOpenEnds) {
     }
 }
 
-TEST_F(ProjectOperations, PackagesAreListsWithSingleBlanks) {
+TEST_F(ProjectOperations, ReadsAndWritesPackageLists) {
     Start();
     Texts members;
     EXPECT_EQ(utils_.GetPackageList("2A0", members), 0);
@@ -196,7 +196,7 @@ TEST_F(ProjectOperations, PackagesAreListsWithSingleBlanks) {
               PartReport("Can't set Klimora product package", 137, "SetPackageList", "KLComUtils::SetPartAtt"));
 }
 
-TEST_F(ProjectOperations, PlacementOfPartsAndBlocks) {
+TEST_F(ProjectOperations, ReturnsThePlacementOfPartsAndBlocks) {
     Start();
     const AcGeMatrix3d part = utils_.GetTransformationMatrix(IdOf("2A3"));
     const double expected[3][4] = {{0, -1, 0, 11300}, {1, 0, 0, 9250}, {0, 0, 1, 2800}};

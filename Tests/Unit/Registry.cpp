@@ -81,7 +81,7 @@ class RegistryTest : public ErrorReportsTest {
     const std::string path;
 };
 
-TEST_F(RegistryTest, StartsWithItsDefaultsAndResetRestoresThem) {
+TEST_F(RegistryTest, StartsWithDefaultsAndRestoresThemOnReset) {
     Registry registry;
     const auto state = [&] {
         return FormatString("%lX '%s' %X %d", HandleToUlong(registry.GetRootKey()), registry.GetKeyPath().c_str(),
@@ -95,7 +95,7 @@ TEST_F(RegistryTest, StartsWithItsDefaultsAndResetRestoresThem) {
     }
 }
 
-TEST_F(RegistryTest, TakesFourRootsAndReportsOthers) {
+TEST_F(RegistryTest, AcceptsFourRootsAndReportsOthers) {
     RecordedCalls calls;
     calls.Record("DebugBreak", DebugBreak, [] {});
     const ImportPatch debugged(
@@ -117,7 +117,7 @@ TEST_F(RegistryTest, TakesFourRootsAndReportsOthers) {
                               Line("SetRootKey", "SetRootKey _RootKey = 0", 95));
 }
 
-TEST_F(RegistryTest, KeysAreMadeTakenAndRemoved) {
+TEST_F(RegistryTest, CreatesSelectsAndDeletesKeys) {
     Registry registry;
     const std::string child = path + "\\A\\B", missing = path + "\\C";
     const std::string tooLong(300, 'k');  // a key's name has at most 255 characters
@@ -162,7 +162,7 @@ class RegistryValues : public RegistryTest {
     Registry registry_;
 };
 
-TEST_F(RegistryValues, EveryOperationOpensFlushesAndCloses) {
+TEST_F(RegistryValues, OpensFlushesAndClosesInEveryOperation) {
     RecordedCalls calls({{HKEY_CURRENT_USER, "USER"}});
     calls.Record("RegOpenKeyExA", RegOpenKeyExA);
     calls.Record("RegCreateKeyExA", RegCreateKeyExA);
@@ -207,7 +207,7 @@ TEST_F(RegistryValues, EveryOperationOpensFlushesAndCloses) {
     EXPECT_EQ(makes(r.DeleteKey(nullptr), open + close + "RegDeleteKeyA " + key + "\n"), 0);
 }
 
-TEST_F(RegistryValues, AreStoredAndReadBack) {
+TEST_F(RegistryValues, ReadsBackWhatWasWritten) {
     EXPECT_EQ(Wrote(registry_.SetDwordValue("v", 0xFF636261)), "4:abc\xFF");
     EXPECT_EQ(ReadDword(registry_), "0 abc\xFF");
     EXPECT_EQ(Wrote(registry_.SetBinaryValue("v", "a\0b\0", 4)), std::string("3:a\0b\0", 6));
@@ -236,7 +236,7 @@ TEST_F(RegistryValues, AreStoredAndReadBack) {
     EXPECT_EQ(LogLines(), "");
 }
 
-TEST_F(RegistryValues, MissingKeyAndMissingValueGiveTheDefault) {
+TEST_F(RegistryValues, ReturnsTheDefaultForAMissingKeyOrValue) {
     for (const int code : {-4006, -4005}) {
         const std::string text = std::to_string(code);
         EXPECT_EQ(ReadAll(registry_), Alike(text + " " + text, text + " DDDD"));
@@ -248,7 +248,7 @@ TEST_F(RegistryValues, MissingKeyAndMissingValueGiveTheDefault) {
     EXPECT_EQ(LogLines(), "");
 }
 
-TEST_F(RegistryValues, FailedOpenLeavesTheOutput) {
+TEST_F(RegistryValues, ReturnsTheCodeOfEachFailedOpen) {
     Put(HKEY_CURRENT_USER, "v", REG_BINARY, "1234");
     // Of the operation's openings the first, the second or the third.
     const auto refused = [](auto&& operation) {
@@ -270,7 +270,7 @@ TEST_F(RegistryValues, FailedOpenLeavesTheOutput) {
     EXPECT_EQ(refused([&] { return std::to_string(registry_.SetBinaryValue("v", "1234", 4)); }), "-4005|-4004|0|");
 }
 
-TEST_F(RegistryValues, RightsAreThoseOfTheMask) {
+TEST_F(RegistryValues, LimitsAccessToTheMask) {
     Put(HKEY_CURRENT_USER, "v", REG_BINARY, "1234");
     registry_.SetAccessMask(KEY_QUERY_VALUE);
     EXPECT_EQ(ReadBytes(registry_), "0 1234");
@@ -289,7 +289,7 @@ TEST_F(RegistryValues, RightsAreThoseOfTheMask) {
     EXPECT_EQ(ReadAll(registry_), (Reads{"-4003 -4003", "-4006 DDDD", "-4003 PPPP", "-4006 DDDD", "-4006 DDDD"}));
 }
 
-TEST_F(RegistryValues, BadArgumentsAreTold) {
+TEST_F(RegistryValues, ReportsBadArguments) {
     std::string text = "P";
     uint32_t number = 5;
     for (const char* const name : {static_cast<const char*>(nullptr), ""}) {
@@ -346,7 +346,7 @@ class RegistryAppTest : public RegistryTest {
     const std::unique_ptr<PRegistryApp> app_ = CreateRegistryApp();
 };
 
-TEST_F(RegistryAppTest, OpenMakesTheUsersKeyAloneAndGivesItsResult) {
+TEST_F(RegistryAppTest, CreatesOnlyTheUsersKeyOnOpen) {
     Put(HKEY_LOCAL_MACHINE, "v", REG_BINARY, "");
     EXPECT_EQ(app_->Open(path.c_str()), 0);
     EXPECT_EQ(app_->GetKeyPath(), path);
@@ -367,7 +367,7 @@ TEST_F(RegistryAppTest, OpenMakesTheUsersKeyAloneAndGivesItsResult) {
     EXPECT_EQ(app_->Open(tooLong.c_str()), -4003) << "no key has a name of 300 characters";
 }
 
-TEST_F(RegistryAppTest, PathIsSetInBothStores) {
+TEST_F(RegistryAppTest, SetsThePathInBothStores) {
     const std::string other = path + "\\Other";
     RegSetKeyValueA(HKEY_LOCAL_MACHINE, other.c_str(), "v", REG_BINARY, "", 0);
     ASSERT_EQ(app_->Open(path.c_str()), 0);
@@ -384,7 +384,7 @@ TEST_F(RegistryAppTest, PathIsSetInBothStores) {
     EXPECT_EQ(app_->GetKeyPath(), "");
 }
 
-TEST_F(RegistryAppTest, KeysOfEitherStoreExistAndTheUsersAreDeleted) {
+TEST_F(RegistryAppTest, FindsKeysOfEitherStoreAndDeletesOnlyTheUsers) {
     Put(HKEY_LOCAL_MACHINE, "other", REG_BINARY, "");
     ASSERT_EQ(app_->Open(path.c_str()), 0);
     EXPECT_TRUE(app_->UserKeyExists(path.c_str()));
@@ -397,7 +397,7 @@ TEST_F(RegistryAppTest, KeysOfEitherStoreExistAndTheUsersAreDeleted) {
     EXPECT_FALSE(app_->KeyExists(path.c_str()));
 }
 
-TEST_F(RegistryAppTest, ReadersFallBackToTheMachine) {
+TEST_F(RegistryAppTest, FallsBackToTheMachineWhenReading) {
     Put(HKEY_LOCAL_MACHINE, "other", REG_BINARY, "");
     ASSERT_EQ(app_->Open(path.c_str()), 0);
     EXPECT_EQ(ReadAll(*app_), Alike("-4006 -4006", "-4006 DDDD"));
@@ -413,7 +413,7 @@ TEST_F(RegistryAppTest, ReadersFallBackToTheMachine) {
     EXPECT_EQ(ReadAll(*app_), Alike("-4005 -4005", "-4005 DDDD"));
 }
 
-TEST_F(RegistryAppTest, WritersWriteForTheUserAlone) {
+TEST_F(RegistryAppTest, WritesOnlyForTheUser) {
     Put(HKEY_LOCAL_MACHINE, "v", REG_BINARY, "mach");
     ASSERT_EQ(app_->Open(path.c_str()), 0);
     EXPECT_EQ(Wrote(app_->SetDwordValue("v", 0x72657375)), "4:user");

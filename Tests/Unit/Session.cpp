@@ -37,7 +37,7 @@ class Session : public SessionBench {
     }
 };
 
-TEST_F(Session, BeginsWithItsOwnIdentifierAndFolder) {
+TEST_F(Session, StartsWithItsOwnIdentifierAndFolder) {
     RecordedCalls calls;
     calls.Record("GetTempFileNameA", GetTempFileNameA, [](LPCSTR folder, LPCSTR, UINT, LPSTR name) {
         std::strcpy(name, (std::string(folder) + std::string(180, 'S')).c_str());
@@ -74,7 +74,7 @@ TEST_F(Session, BeginsWithItsOwnIdentifierAndFolder) {
     EXPECT_EQ(Calls("KlimoraPluginsStatisticsWrapper::CloseStatistics").size(), 2u);
 }
 
-TEST_F(Session, FolderThatCannotBeHadIsTold) {
+TEST_F(Session, ReportsMissingFolder) {
     const std::string told =
         "Failed to initialize application. Klimora is not loaded. "
         "PlugIn/KL_Conn(175):KlConn::Initialize ";
@@ -100,7 +100,7 @@ TEST_F(Session, FolderThatCannotBeHadIsTold) {
     EXPECT_EQ(session.WorkingFolder(), "");
 }
 
-TEST_F(Session, WithoutItsModulesFolderItWorksInATemporaryOne) {
+TEST_F(Session, UsesATemporaryFolderWithoutAModuleFolder) {
     std::string folder;
     {
         RecordedCalls calls;
@@ -114,7 +114,7 @@ TEST_F(Session, WithoutItsModulesFolderItWorksInATemporaryOne) {
     EXPECT_FALSE(Exists(folder));
 }
 
-TEST_F(Session, OleEndsWhatItBeganBeforeKlimoraIsLeft) {
+TEST_F(Session, BalancesOleBeforeDisconnecting) {
     for (const HRESULT answer : {S_OK, S_FALSE, static_cast<HRESULT>(RPC_E_CHANGED_MODE)}) {
         RecordedCalls calls;
         calls.Give("OleInitialize", OleInitialize, answer);
@@ -127,7 +127,7 @@ TEST_F(Session, OleEndsWhatItBeganBeforeKlimoraIsLeft) {
     }
 }
 
-TEST_F(Session, ListsOfTheProject) {
+TEST_F(Session, WritesTheProjectsLists) {
     KlConn session;
     ASSERT_EQ(session.Initialize(), 0);
     EXPECT_EQ(session.ExportExistingDevices(nullptr, "SorvSIL"), -1);
@@ -147,7 +147,7 @@ TEST_F(Session, ListsOfTheProject) {
     EXPECT_EQ(system->ToString(), "<System ID=\"1\" Name=\"Supply air\" Type_ID=\"0\" UserCode=\"LB01-SUP\" />");
 }
 
-TEST_F(Session, ResultsAndTheirCodes) {
+TEST_F(Session, ReturnsTheCodeOfEachResult) {
     KlConn session;
     ASSERT_EQ(session.Initialize(), 0);
     const std::string file = session.WorkingFolder() + "/output.xml", error = "<error>Out of stock.</error>",
@@ -200,7 +200,7 @@ TEST_F(Session, ResultsAndTheirCodes) {
     EXPECT_EQ(session.CurrentDevice(), session.Root()->FirstChildElement());
 }
 
-TEST_F(Session, ResultBesideTheModuleIsUsedAndNeverFetched) {
+TEST_F(Session, ReadsALocalResultWithoutDownloading) {
     const std::string folder = "Sorvik", file = folder + "/output.xml";
     CreateDirectoryA(folder.c_str(), nullptr);
     {
@@ -228,7 +228,7 @@ TEST_F(Session, ResultBesideTheModuleIsUsedAndNeverFetched) {
     EXPECT_TRUE(RemoveDirectoryA(folder.c_str())) << "the folder is there to the end";
 }
 
-TEST_F(Session, InstallsNothingButASilencerWithItsKeys) {
+TEST_F(Session, InstallsOnlyASilencerWithItsKeys) {
     KlConn session;
     ASSERT_EQ(session.Initialize(), 0);
     bench::ClearCallLog();
@@ -251,7 +251,7 @@ TEST_F(Session, InstallsNothingButASilencerWithItsKeys) {
     EXPECT_EQ(bench::CallLog().size(), 5u) << "the five lines";
 }
 
-TEST_F(Session, KeyAndCodeMustMakeOneCommand) {
+TEST_F(Session, RejectsKeysAndCodesThatBreakTheCommand) {
     KlConn session;
     ASSERT_EQ(session.Initialize(), 0);
     const std::string longest(1002, 'k');
@@ -295,7 +295,7 @@ TEST_F(Session, KeyAndCodeMustMakeOneCommand) {
     }
 }
 
-TEST_F(Session, ProductThatCannotBeInsertedIsToldAndStatisticsAreNoFailure) {
+TEST_F(Session, ReportsAFailedInsertionAndSucceedsWithoutStatistics) {
     const std::string head = "\nSorvik Klimora Cloud Plugin: ",
                       half = head +
                              "Product K is in the project, but was not inserted. Type KLIMSILX, the product and "
@@ -356,7 +356,7 @@ TEST_F(Session, ProductThatCannotBeInsertedIsToldAndStatisticsAreNoFailure) {
     bench::ClearViolations();  // the object ends without the close that it did not see
 }
 
-TEST_F(Session, UnexpectedFailuresAreToldWhereTheyHappen) {
+TEST_F(Session, ReportsUnexpectedFailuresWithTheirPlace) {
     KlConn session;
     ASSERT_EQ(session.Initialize(), 0);
     Printed();
@@ -379,7 +379,7 @@ TEST_F(Session, UnexpectedFailuresAreToldWhereTheyHappen) {
                             "PlugIn/KL_Conn(398):KlConn::GetResultsFromConfigurator no print"));
 }
 
-TEST_F(Session, TheCommandLetsNothingOut) {
+TEST_F(Session, CatchesEveryExceptionOfTheCommand) {
     bench::ClearCallLog();
     Printed();
     {

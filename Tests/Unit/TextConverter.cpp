@@ -27,7 +27,7 @@ TEST(TextConverter, ConvertsBothWaysInSeveralCodePages) {
 }
 
 // Windows refuses precomposition with UTF-8, Wine lets it pass.
-TEST(TextConverter, AsksForPrecomposedCharactersButOfUtf8) {
+TEST(TextConverter, RequestsPrecomposedCharactersExceptInUtf8) {
     TextConverter converter;
     RecordedCalls calls;
     calls.Record("MultiByteToWideChar", MultiByteToWideChar);
@@ -38,7 +38,7 @@ TEST(TextConverter, AsksForPrecomposedCharactersButOfUtf8) {
               "MultiByteToWideChar 0x4E4 0x1 \"duct\" -1 null 0\nMultiByteToWideChar 0x4E4 0x1 \"duct\" -1 & 5\n");
 }
 
-TEST(TextConverter, Utf8IsTheDefault) {
+TEST(TextConverter, DefaultsToUtf8) {
     TextConverter converter;
     EXPECT_EQ(converter.ToWide("\xC3\xA4"), L"\u00E4");
     EXPECT_STREQ(converter.ToNarrow(), "\xC3\xA4");
@@ -48,7 +48,7 @@ TEST(TextConverter, Utf8IsTheDefault) {
     EXPECT_EQ(converter.ToWide("\xC3\xA4"), L"\u00E4");
 }
 
-TEST(TextConverter, ReservingKeepsWhatFits) {
+TEST(TextConverter, KeepsWhatFitsWhenReserving) {
     TextConverter converter;
     converter.ToWide("silencer");
     converter.Reserve(20);
@@ -66,7 +66,7 @@ TEST(TextConverter, ReservingKeepsWhatFits) {
     EXPECT_EQ(SysStringLen(text.get()), 5u) << "with the terminator";
 }
 
-TEST(TextConverter, WhatCannotBeConvertedIsEmpty) {
+TEST(TextConverter, ReturnsAnEmptyStringWhenConversionFails) {
     TextConverter converter;
     converter.ToWide("kept");
     EXPECT_EQ(converter.ToWide("text", 64999), L"") << "no such code page";
@@ -75,7 +75,7 @@ TEST(TextConverter, WhatCannotBeConvertedIsEmpty) {
     EXPECT_STREQ(TextConverter().ToNarrow(), "");
 }
 
-TEST(TextConverter, CharactersThatACodePageLacksBecomeTheirNearest) {
+TEST(TextConverter, ReplacesCharactersThatTheCodePageLacks) {
     TextConverter converter;
     converter.ToWide("\xC5\x81\xE6\xB6\x88");
     EXPECT_STREQ(converter.ToNarrow(1252), "L?");

@@ -65,7 +65,7 @@ TEST_F(UserCodeDialog, OpensCentredWithTheProposalAndFocusOnOk) {
     EXPECT_EQ(Device(), "<device />");
 }
 
-TEST_F(UserCodeDialog, EmptyAndUsedCodesAreQuestioned) {
+TEST_F(UserCodeDialog, RejectsEmptyCodesAndQuestionsUsedOnes) {
     const std::string used = "User code is already in use.\nDo you want to replace existing product?";
     Types("");
     Meets("User code can not be empty", BoxIcon::kError, {"OK"}, "OK");
@@ -92,7 +92,7 @@ TEST_F(UserCodeDialog, EmptyAndUsedCodesAreQuestioned) {
     EXPECT_EQ(Printed(), "");
 }
 
-TEST_F(UserCodeDialog, WhatItCannotDoIsTold) {
+TEST_F(UserCodeDialog, ReportsItsFailures) {
     const std::string place = "Failed to take the user code. PlugIn/ConfiguratorDialog(93):ShowUserCodeDialog ";
     RecordedCalls calls;
     calls.Give("GetWindowTextA", GetWindowTextA, 0, 0, 1);
@@ -114,7 +114,7 @@ TEST_F(UserCodeDialog, WhatItCannotDoIsTold) {
     }
 }
 
-TEST_F(UserCodeDialog, FirstFreeNumberIsProposed) {
+TEST_F(UserCodeDialog, ProposesTheFirstFreeNumber) {
     const struct {
         const char *others, *suffix, *proposal;  // codes beside SORV1
     } cases[] = {{"", "", "SORV2"},
@@ -133,7 +133,7 @@ TEST_F(UserCodeDialog, FirstFreeNumberIsProposed) {
     EXPECT_EQ(session_.ProposeUserCode("dSupplyType", ""), "SORV1") << "a class without products";
 }
 
-TEST_F(UserCodeDialog, CodesAreReadUpToTheOneInUse) {
+TEST_F(UserCodeDialog, ReadsCodesUpToTheOneInUse) {
     OpenSampleWith("</KPDClass>", "<Part><UserCode/></Part><Part><UserCode>SORV2</UserCode></Part></KPDClass>");
     const struct {
         const char* code;

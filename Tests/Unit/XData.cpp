@@ -43,7 +43,7 @@ using Texts = std::vector<std::string>;
 
 }  // namespace
 
-TEST_F(XDataTest, KeysAreRewrittenInPlace) {
+TEST_F(XDataTest, RewritesKeysInPlace) {
     EXPECT_EQ(SetXDataString(object(), "SORV", "KEY", "1"), 0);
     EXPECT_EQ(SetXDataString(object(), "SORV", "Other", "x=y"), 0);
     EXPECT_EQ(SetXDataString(object(), "SORV", "key", "a longer text than before"), 0);
@@ -53,7 +53,7 @@ TEST_F(XDataTest, KeysAreRewrittenInPlace) {
     EXPECT_EQ(Get("missing"), "-2");
 }
 
-TEST_F(XDataTest, OuterBlanksOfAKeyAreStoredAndIgnored) {
+TEST_F(XDataTest, WritesOuterBlanksOfAKeyAndIgnoresThem) {
     EXPECT_EQ(SetXDataString(object(), "SORV", " \tKey ", "1"), 0);
     EXPECT_EQ(Items("SORV"), (Texts{"1001:SORV", "1000: \tKey =1"}));
     EXPECT_EQ(Get("key"), "1");
@@ -63,7 +63,7 @@ TEST_F(XDataTest, OuterBlanksOfAKeyAreStoredAndIgnored) {
     EXPECT_EQ(Items("SORV"), (Texts{"1001:SORV", "1000:KEY=2"}));
 }
 
-TEST_F(XDataTest, OtherApplicationsAndItemsStay) {
+TEST_F(XDataTest, KeepsOtherApplicationsAndItems) {
     acdbRegApp(L"FOREIGN");
     acdbRegApp(L"SORV");
     const ResbufChain chain(acutBuildList(1001, L"FOREIGN", 1000, L"KEY=theirs", 1070, 7, 1001, L"SORV", 1070, 42, 1000,
@@ -78,7 +78,7 @@ TEST_F(XDataTest, OtherApplicationsAndItemsStay) {
     EXPECT_EQ(Items("FOREIGN"), (Texts{"1001:FOREIGN", "1000:KEY=theirs", "1070:7"}));
 }
 
-TEST_F(XDataTest, RemovingTheLastKeyLeavesNoItem) {
+TEST_F(XDataTest, RemovesTheLastKey) {
     EXPECT_EQ(RemoveXDataKey(object(), "SORV", "KEY"), 0);
     EXPECT_EQ(SetXDataString(object(), "SORV", "KEY", "1"), 0);
     EXPECT_EQ(RemoveXDataKey(object(), "SORV", "missing"), 0);
@@ -89,7 +89,7 @@ TEST_F(XDataTest, RemovingTheLastKeyLeavesNoItem) {
     EXPECT_EQ(Get("KEY"), "-2");
 }
 
-TEST_F(XDataTest, NumbersAndPoints) {
+TEST_F(XDataTest, ReadsAndWritesNumbersAndPoints) {
     EXPECT_EQ(SetXDataPoint(object(), "SORV", "P", 1, 2.5, -3, 3), 0);
     EXPECT_EQ(Get("P"), "1.000,2.500,-3.000");
     EXPECT_EQ(SetXDataDouble(object(), "SORV", "D", 1.0 / 3, 10), 0);
@@ -118,7 +118,7 @@ TEST_F(XDataTest, NumbersAndPoints) {
     EXPECT_EQ(std::vector<double>({x, y, z}), std::vector<double>({1e200, -1e200, 1e200})) << "1,208 characters";
 }
 
-TEST_F(XDataTest, BadArgumentsChangeNothing) {
+TEST_F(XDataTest, RejectsBadArguments) {
     EXPECT_EQ(SetXDataString(nullptr, "SORV", "K", "v"), -1);
     EXPECT_EQ(SetXDataString(object(), nullptr, "K", "v"), -1);
     EXPECT_EQ(SetXDataString(object(), "SORV", nullptr, "v"), -1);
@@ -136,7 +136,7 @@ TEST_F(XDataTest, BadArgumentsChangeNothing) {
     EXPECT_EQ(Items(""), Texts());
 }
 
-TEST_F(XDataTest, RefusedCallsGiveBackWhatTheyTook) {
+TEST_F(XDataTest, ReleasesEverythingWhenACallFails) {
     for (const char* call : {"acutNewRb", "acutUpdString", "AcDbObject::setXData"}) {
         bench::ClearFaults();
         bench::FailCall(call, 1);
@@ -153,7 +153,7 @@ TEST_F(XDataTest, RefusedCallsGiveBackWhatTheyTook) {
     EXPECT_EQ(Get("KEY"), "1");
 }
 
-TEST_F(XDataTest, ValuesAreCutToTheBuffer) {
+TEST_F(XDataTest, TruncatesValuesToTheBuffer) {
     EXPECT_EQ(SetXDataString(object(), "SORV", "KEY", "12345"), 0);
     char buffer[] = "########";
     EXPECT_EQ(GetXDataString(object(), "SORV", "KEY", buffer, 4), 3);
@@ -162,7 +162,7 @@ TEST_F(XDataTest, ValuesAreCutToTheBuffer) {
     EXPECT_EQ(GetXDataString(object(), "SORV", "KEY", nullptr, 8), -1);
 }
 
-TEST(XDataParse, KeyValuePairs) {
+TEST(XDataParse, ReadsKeyValuePairs) {
     const struct {
         std::string entry;
         int length;
@@ -197,7 +197,7 @@ TEST(XDataParse, KeyValuePairs) {
     EXPECT_EQ(ParseKeyValue("a=b", key, value, 0), -1);
 }
 
-TEST_F(XDataTest, EntitiesByHandle) {
+TEST_F(XDataTest, ReadsAndWritesEntitiesByHandle) {
     open_.reset();
     const char* const handle = handle_.c_str();
     EXPECT_EQ(SetEntityXData(handle, "Code", "SORV1"), 0);
@@ -211,7 +211,7 @@ TEST_F(XDataTest, EntitiesByHandle) {
     EXPECT_EQ(Items("SORV"), (Texts{"1001:SORV", "1000:Code=SORV1", "1000:Long=" + std::string(2000, 'x')}));
 }
 
-TEST_F(XDataTest, EntitiesThatCannotBeReachedAreNamed) {
+TEST_F(XDataTest, ReportsUnreachableEntities) {
     open_.reset();
     bench::AddEntity({"2F1", "EwaDuct", "LOCKED"});
     bench::LockLayer("LOCKED", true);

@@ -23,7 +23,7 @@ TEST(XmlText, EscapesAfterFormatting) {
     EXPECT_EQ(XmlTextBuilder::Escape(static_cast<const char*>(nullptr), 1), "");
 }
 
-TEST(XmlText, FormattedTextsOfEveryLengthFit) {
+TEST(XmlText, FormatsStringsOfEveryLength) {
     for (const size_t length : {0u, 254u, 255u, 256u, 257u, 511u, 512u, 513u, 100000u}) {
         const std::string filler(length, '<');
         XmlTextBuilder builder;
@@ -36,7 +36,7 @@ TEST(XmlText, FormattedTextsOfEveryLengthFit) {
     }
 }
 
-TEST(XmlText, GrowsInOrder) {
+TEST(XmlText, AppendsInOrder) {
     XmlTextBuilder builder;
     builder.Append("<Part>");
     builder.Append(static_cast<const char*>(nullptr));
@@ -49,7 +49,7 @@ TEST(XmlText, GrowsInOrder) {
     EXPECT_EQ(builder.Text(), "<Part><Size mm=\"160.00\"/>100%d000FA0FF");
 }
 
-TEST(Xml, TextIsSetBesideTheChildElements) {
+TEST(Xml, SetsTheTextAndKeepsChildElements) {
     ticpp::Document document;
     document.Parse("<r><a>1<b/>2</a><c><b/></c><d/></r>");
     for (const char* name : {"a", "c", "d"})
@@ -57,7 +57,7 @@ TEST(Xml, TextIsSetBesideTheChildElements) {
     EXPECT_EQ(document.FirstChildElement()->ToString(), "<r><a>new<b />2</a><c>new<b /></c><d>new</d></r>");
 }
 
-TEST(Xml, ChildIsFoundOrAppended) {
+TEST(Xml, FindsOrAppendsAChild) {
     ticpp::Document document;
     document.Parse("<r><a>1</a><b/><a k='&lt;v'>2</a></r>");
     ticpp::Element* const root = document.FirstChildElement();
