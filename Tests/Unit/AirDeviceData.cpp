@@ -1,4 +1,4 @@
-// What is corrected on the way into the record's binary attributes.
+// Corrections of the record's binary attributes, and growing arrays.
 #include "AirDeviceData.h"
 
 #include "Lib/FormatText.h"

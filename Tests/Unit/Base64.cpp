@@ -44,13 +44,13 @@ TEST(Base64, ConvertsTheWholeAlphabet) {
 
 TEST(Base64, DecodesMalformedInput) {
     const std::pair<const char*, std::string> cases[] = {
-        {"=WE=TWE=", "Ma"},   // a group that begins with a pad gives nothing
+        {"=WE=TWE=", "Ma"},   // a group that begins with a pad has no bytes
         {"T W=TWE=", "Ma"},   // first byte needs both characters
-        {"TW-=TWE=", "MMa"},  // bytes before the stranger stay
+        {"TW-=TWE=", "MMa"},  // bytes before the invalid character stay
         {"TWE-Zm9v", "Mafoo"},
-        {"TQ==Zm9v", "Mfoo"},             // a pad is no end
-        {"TQ=A", std::string("M\0", 2)},  // the fourth character counts behind a pad, too
-        // The terminator counts as index 64 and is never passed.
+        {"TQ==Zm9v", "Mfoo"},             // a pad does not end the text
+        {"TQ=A", std::string("M\0", 2)},  // the fourth character counts even after a pad
+        // The terminator counts as index 64. Nothing after it is read.
         {"T", std::string("\x4C", 1)},
         {"TQ", std::string("M\x10", 2)},
         {"TWE", std::string("Ma\x40", 3)},
@@ -58,7 +58,7 @@ TEST(Base64, DecodesMalformedInput) {
         {"Zm9v-", "foo"},
     };
     for (const auto& [text, bytes] : cases) {
-        // Something that would decode stands behind the terminator.
+        // Valid text follows the terminator, so that reading past it changes the result.
         EXPECT_EQ(Decode(std::string(text) + '\0' + "TWFu"), bytes) << text;
     }
 }

@@ -22,7 +22,7 @@ class BinaryVariables : public ConnectedBench {
             bytes += static_cast<char>(i * 37 + i / 251);
         return bytes;
     }
-    // The file form gives a code and reports a text.
+    // Sending a file returns a code and reports a text.
     void ExpectFailure(const char* file, int code, const std::string& text) {
         EXPECT_EQ(utils_.BinVariableSetData(2, file), code);
         EXPECT_EQ(Printed(),
@@ -65,7 +65,7 @@ TEST_F(BinaryVariables, SendsAWholeFileOrReportsTheFailure) {
     ExpectFailure("no such file.gm", -6, "Can't open file no such file.gm");
     WriteWholeFile(kFile, Bytes(kFileSize));
     {
-        // One byte more than the file has.
+        // Fails only the allocation for the file: its size and a terminator.
         const ImportPatch patch(
             "malloc", +[](size_t size) { return size == kFileSize + 1 ? nullptr : std::calloc(1, size); });
         ExpectFailure(kFile, -7, "Can't allocate memory to load file binary-variable.tmp");

@@ -17,9 +17,9 @@ std::string Composed(const std::string& text, const char* data, int32_t size) {
     return block;
 }
 
-// What the clipboard holds, by plain Windows calls: its first bytes in hexadecimal.
+// The first bytes on the clipboard in hexadecimal, read with plain Windows calls.
 std::string OnTheClipboard(const char* format, size_t count) {
-    EXPECT_TRUE(OpenClipboard(nullptr)) << "it was left open";
+    EXPECT_TRUE(OpenClipboard(nullptr)) << "gwclip_copy left the clipboard open";
     const HGLOBAL block = GetClipboardData(RegisterClipboardFormatA(format));
     const std::string hex = block ? HexText(GlobalLock(block), count) : "none";
     GlobalUnlock(block);
@@ -27,7 +27,7 @@ std::string OnTheClipboard(const char* format, size_t count) {
     return hex;
 }
 
-// "text|size|data", as gwclip_paste gives them.
+// "text|size|data", as gwclip_paste returns them.
 std::string Paste(int32_t textSize = 40) {
     char text[64];
     std::memset(text, '#', sizeof text);
@@ -47,16 +47,16 @@ TEST(Clipboard, WritesTheBytesOfABlock) {
     EXPECT_EQ(Composed("", "\1", 2), std::string("\0\0\2\0\0\0\1\0", 8));
     EXPECT_EQ(Composed("A", nullptr, 0), std::string("\1\0A\0\0\0\0", 7));
     EXPECT_EQ(Composed("A", nullptr, -2), std::string("\1\0A\xFE\xFF\xFF\xFF", 7));
-    EXPECT_EQ(Composed("", nullptr, 1), std::string("\0\0\1\0\0\0\0", 7)) << "null data stands for zeros";
+    EXPECT_EQ(Composed("", nullptr, 1), std::string("\0\0\1\0\0\0\0", 7)) << "null data is zeros";
     const std::string wrapped = Composed(std::string(0x8000, 't'), "d", 1);
     EXPECT_EQ(wrapped.size(), 0x8000u + 7);
-    EXPECT_EQ(wrapped.substr(0, 8), std::string("\0\x80\1\0\0\0d\0", 8)) << "the length is negative: no text";
+    EXPECT_EQ(wrapped.substr(0, 8), std::string("\0\x80\1\0\0\0d\0", 8)) << "a negative length: no text";
 }
 
 TEST(Clipboard, NeverReadsBeyondTheEndOfABlock) {
     const std::string block = Composed("text", "data", 4);
     for (size_t size = 0; size < block.size(); ++size) {
-        // Of its exact size, so that a checker of heap accesses sees a read beyond it.
+        // A string of exactly this size, so that a heap checker detects a read beyond it.
         const std::string cut = block.substr(0, size);
         const ClipboardBlockView view = ParseClipboardBlock(cut.data(), cut.size());
         EXPECT_TRUE(view.text.empty() && view.dataSize == 0 && !view.data) << size;
@@ -80,16 +80,16 @@ TEST(Clipboard, ReadsForeignBlocksAsFarAsTheyAreValid) {
         GlobalUnlock(handle);
         const GlobalMemory block(handle);
         RecordedCalls calls;
-        calls.Give("IsClipboardFormatAvailable", IsClipboardFormatAvailable, TRUE);
-        calls.Give("OpenClipboard", OpenClipboard, FALSE, 1);
-        calls.Give("GetClipboardData", GetClipboardData, block.get());
+        calls.Return("IsClipboardFormatAvailable", IsClipboardFormatAvailable, TRUE);
+        calls.Return("OpenClipboard", OpenClipboard, FALSE, 1);
+        calls.Return("GetClipboardData", GetClipboardData, block.get());
         calls.Record("GlobalUnlock", GlobalUnlock);
         calls.Record("CloseClipboard", CloseClipboard);
         EXPECT_EQ(Paste(), pasted);
         const std::string text = calls.Take();
         EXPECT_EQ(text.substr(text.find("GlobalUnlock")), "GlobalUnlock GetClipboardData\nCloseClipboard\n");
         EXPECT_EQ(Paste(), "|0");
-        EXPECT_EQ(calls.Take().find("CloseClipboard"), std::string::npos) << "not opened, not closed";
+        EXPECT_EQ(calls.Take().find("CloseClipboard"), std::string::npos) << "closed without being open";
     }
 }
 
@@ -100,7 +100,7 @@ TEST(Clipboard, PastesWhatWasCopied) {
     EXPECT_EQ(Paste(), "|0");
     ASSERT_EQ(gwclip_copy(owner, kFormat, "silencer", "0123456789", 10, false), 0);
     EXPECT_EQ(gwclip_has_data(kFormat), 1);
-    EXPECT_EQ(OnTheClipboard(kOther, 6), "000000000000") << "not emptied";
+    EXPECT_EQ(OnTheClipboard(kOther, 6), "000000000000") << "the second copy emptied the clipboard";
     EXPECT_EQ(OnTheClipboard(kFormat, 24), "080073696C656E6365720A00000030313233343536373839");
     EXPECT_EQ(Paste(9), "silencer|10|0123456789");
     EXPECT_EQ(Paste(8), "silence|10|0123456789");
@@ -128,26 +128,26 @@ TEST_F(ClipboardFailures, ReleasesWhatWasAcquired) {
         int result;
         std::string calls;
     } cases[] = {
-        {[](auto& c) { c.Give("RegisterClipboardFormatA", RegisterClipboardFormatA, 0); }, -1, name},
-        {[](auto& c) { c.Give("GlobalAlloc", GlobalAlloc, nullptr); }, -2, allocate},
-        {[](auto& c) { c.Give("GlobalLock", GlobalLock, nullptr); }, -2, make + freed},
-        {[](auto& c) { c.Give("OpenClipboard", OpenClipboard, FALSE); }, -3, fill + freed},
-        {[](auto& c) { c.Give("EmptyClipboard", EmptyClipboard, FALSE); }, -3, empty + "CloseClipboard\n" + freed},
-        {[](auto& c) { c.Give("SetClipboardData", SetClipboardData, nullptr); }, 0, set + freed},
+        {[](auto& c) { c.Return("RegisterClipboardFormatA", RegisterClipboardFormatA, 0); }, -1, name},
+        {[](auto& c) { c.Return("GlobalAlloc", GlobalAlloc, nullptr); }, -2, allocate},
+        {[](auto& c) { c.Return("GlobalLock", GlobalLock, nullptr); }, -2, make + freed},
+        {[](auto& c) { c.Return("OpenClipboard", OpenClipboard, FALSE); }, -3, fill + freed},
+        {[](auto& c) { c.Return("EmptyClipboard", EmptyClipboard, FALSE); }, -3, empty + "CloseClipboard\n" + freed},
+        {[](auto& c) { c.Return("SetClipboardData", SetClipboardData, nullptr); }, 0, set + freed},
         {[](auto&) {}, 0, set},
     };
     const HWND owner = GetDesktopWindow();
     for (const auto& one : cases) {
         RecordedCalls calls({{owner, "OWNER"}});
-        calls.Give("RegisterClipboardFormatA", RegisterClipboardFormatA, 0xC123);
+        calls.Return("RegisterClipboardFormatA", RegisterClipboardFormatA, 0xC123);
         calls.Record("GlobalAlloc", GlobalAlloc);
         calls.Record("GlobalLock", GlobalLock);
         calls.Record("GlobalUnlock", GlobalUnlock);
         calls.Record("GlobalFree", GlobalFree);
-        calls.Give("OpenClipboard", OpenClipboard, TRUE);
-        calls.Give("EmptyClipboard", EmptyClipboard, TRUE);
-        calls.Give("SetClipboardData", SetClipboardData, owner);
-        calls.Give("CloseClipboard", CloseClipboard, TRUE);
+        calls.Return("OpenClipboard", OpenClipboard, TRUE);
+        calls.Return("EmptyClipboard", EmptyClipboard, TRUE);
+        calls.Return("SetClipboardData", SetClipboardData, owner);
+        calls.Return("CloseClipboard", CloseClipboard, TRUE);
         one.refuse(calls);
         EXPECT_EQ(gwclip_copy(owner, kFormat, "t", "da", 2, true), one.result) << one.calls;
         EXPECT_EQ(calls.Take(), one.calls);
@@ -156,7 +156,7 @@ TEST_F(ClipboardFailures, ReleasesWhatWasAcquired) {
 }
 
 TEST(Clipboard, RejectsBlocksBeyondFourGigabytes) {
-    // A text of its length alone; nobody can be asked to hold one.
+    // Only the patched strlen sees a long text here, because a real one would not fit into memory.
     static constexpr char huge[] = "";
     const ImportPatch patch(
         "strlen", +[](const char* text) { return text == huge ? size_t{0x80000000} : strnlen(text, 1000000); });

@@ -13,7 +13,7 @@ using ComboListDataTest = ErrorReportsTest;
 }  // namespace
 
 TEST_F(ComboListDataTest, InsertsItemsBeforeTheEndMarker) {
-    // An empty list in memory that held something before.
+    // An empty list in memory that is not zero.
     constexpr uint32_t kBytes = 3 * sizeof(ComboListItem);
     ComboListData list = static_cast<ComboListData>(gwGmalloc(kBytes, 0));
     std::memset(list, '#', kBytes);

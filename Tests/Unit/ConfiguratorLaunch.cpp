@@ -1,4 +1,4 @@
-// The configurator's address, and its start: what AutoCAD's windows go through meanwhile, and what is given back.
+// The configurator's address, and its start: the calls for AutoCAD's windows, and what is released.
 #include <cstring>
 
 #include "RecordedCalls.h"
@@ -6,9 +6,9 @@
 
 namespace {
 
-constexpr DWORD kUnknown = 99;  // exit code that Windows does not give
+constexpr DWORD kUnknown = 99;  // GetExitCodeProcess fails
 
-// A window that gets a message while the program is waited for, and may post itself another each time.
+// A window that receives a message while the module waits for the program. It may post itself another one each time.
 int messagesSeen = 0;
 bool keepsPosting = false;
 LRESULT CALLBACK SeeMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -36,7 +36,7 @@ TEST_F(ConfiguratorLaunch, ThrowsWhenTheModuleIsNotFound) {
     KlConn session;
     ASSERT_EQ(session.Initialize(), 0);
     RecordedCalls calls;
-    calls.Give("GetModuleFileNameA", GetModuleFileNameA, 0);
+    calls.Return("GetModuleFileNameA", GetModuleFileNameA, 0);
     try {
         session.LaunchConfigurator("CAD.exe", "SorvSIL", "http://x", "title");
         ADD_FAILURE() << "nothing thrown";
@@ -75,7 +75,7 @@ TEST_F(ConfiguratorLaunch, RestoresWindowsAndReleasesHandles) {
         ended = "CloseHandle thread\n" + end + "GetExitCodeProcess process &\nCloseHandle process\n",
         left = "CloseHandle thread\n" + end + "TerminateProcess process 0xFFFFFFFF\nCloseHandle process\n";
     const struct {
-        std::vector<DWORD> waits;  // what they answer, last to first; none when the program does not start
+        std::vector<DWORD> waits;  // results, last to first; none when the program does not start
         DWORD exitCode;
         int result, messages;
         std::string calls, printed;
@@ -83,8 +83,9 @@ TEST_F(ConfiguratorLaunch, RestoresWindowsAndReleasesHandles) {
         {{WAIT_OBJECT_0, WAIT_TIMEOUT, WAIT_TIMEOUT}, 7, 0, 2, begin + wait + look + look + ended, ""},
         {{WAIT_OBJECT_0}, 0, -1, 0, begin + wait + ended, ""},
         {{WAIT_OBJECT_0}, kUnknown, -1, 0, begin + wait + ended, Line("Can not tell how the configurator ended.")},
-        // AutoCAD quits; and Windows does not say whether the program runs.
+        // AutoCAD quits.
         {{WAIT_TIMEOUT, WAIT_TIMEOUT}, 1, -1, 1, begin + wait + look + left, ""},
+        // The wait fails.
         {{WAIT_FAILED}, 1, -1, 0, begin + wait + left, Line("Can not wait for the configurator.")},
         {{}, 1, -1, 0, begin + end, Line("Can not execute " + program + ".")},
     };
@@ -102,8 +103,8 @@ TEST_F(ConfiguratorLaunch, RestoresWindowsAndReleasesHandles) {
             const HANDLE process = reinterpret_cast<HANDLE>(0x51510), thread = reinterpret_cast<HANDLE>(0x52520);
             RecordedCalls calls(
                 {{bench::MainWindow(), "main"}, {module, "module"}, {process, "process"}, {thread, "thread"}});
-            calls.Give("GetFocus", GetFocus, GetDesktopWindow());
-            calls.Give("EnableWindow", EnableWindow, TRUE);
+            calls.Return("GetFocus", GetFocus, GetDesktopWindow());
+            calls.Return("EnableWindow", EnableWindow, TRUE);
             calls.Record("CreateDialogParamA", CreateDialogParamA, [&](auto, auto, auto, DLGPROC procedure, auto) {
                 EXPECT_EQ(procedure(nullptr, WM_INITDIALOG, 0, 0), FALSE);
                 waiting = CreateWindowExA(WS_EX_APPWINDOW, "Static", "", WS_POPUP, 0, 0, 5, 5, nullptr, nullptr,
@@ -116,11 +117,11 @@ TEST_F(ConfiguratorLaunch, RestoresWindowsAndReleasesHandles) {
                           WS_EX_TOOLWINDOW);
                 return TRUE;
             });
-            calls.Give("SetForegroundWindow", SetForegroundWindow, TRUE);
-            calls.Give("SetTimer", SetTimer, 77);
-            calls.Give("KillTimer", KillTimer, TRUE);
-            calls.Give("DestroyWindow", DestroyWindow, TRUE);
-            calls.Give("SetFocus", SetFocus, nullptr);
+            calls.Return("SetForegroundWindow", SetForegroundWindow, TRUE);
+            calls.Return("SetTimer", SetTimer, 77);
+            calls.Return("KillTimer", KillTimer, TRUE);
+            calls.Return("DestroyWindow", DestroyWindow, TRUE);
+            calls.Return("SetFocus", SetFocus, nullptr);
             const auto create = [&](auto, char* words, auto, auto, auto, auto, auto, auto, auto* startup,
                                     auto* started) {
                 EXPECT_STREQ(words, "run /SorvSIL \"http://x?\"y\"\" \"A title\"");
@@ -138,16 +139,16 @@ TEST_F(ConfiguratorLaunch, RestoresWindowsAndReleasesHandles) {
                 return TRUE;
             });
             calls.Record("WaitForSingleObject", WaitForSingleObject, [&](HANDLE, DWORD) {
-                const DWORD answer = waits.back();
+                const DWORD result = waits.back();
                 waits.pop_back();
-                return answer;
+                return result;
             });
             calls.Record("GetExitCodeProcess", GetExitCodeProcess, [&](HANDLE, LPDWORD code) {
                 if (c.exitCode != kUnknown) *code = c.exitCode;
                 return c.exitCode != kUnknown;
             });
-            calls.Give("TerminateProcess", TerminateProcess, TRUE);
-            calls.Give("CloseHandle", CloseHandle, TRUE);
+            calls.Return("TerminateProcess", TerminateProcess, TRUE);
+            calls.Return("CloseHandle", CloseHandle, TRUE);
             EXPECT_EQ(session.LaunchConfigurator("CAD.exe", "SorvSIL", "http://x?\"y\"", "A title"), c.result);
             EXPECT_EQ(Printed(), c.printed);
             session.Shutdown();
@@ -156,7 +157,8 @@ TEST_F(ConfiguratorLaunch, RestoresWindowsAndReleasesHandles) {
         DestroyWindow(waiting);
         EXPECT_EQ(messagesSeen, c.messages);
         MSG message = {};
-        EXPECT_EQ(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE), quits) << "AutoCAD sees it, too";
+        EXPECT_EQ(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE), quits)
+            << "WM_QUIT is posted again for AutoCAD";
         EXPECT_EQ(message.wParam, quits ? 5u : 0u);
         EXPECT_EQ(Calls("IKlimora200805::setPartAtt '' '/dwg/flag/noPrjFileAccessCheck' '1'").size(),
                   c.calls.find("GetExitCode") != std::string::npos ? 1u : 0u);

@@ -1,5 +1,5 @@
-// Connecting to the server: what is missing is told by the message of the first step that fails, and each step's
-// failure leaves exactly the references that its clean-up leaves. Those stay owed, so the case takes them back itself.
+// Connecting to the server: the message names the first step that fails. A failed connection leaves the references of
+// its earlier steps outstanding, so the case clears them itself.
 #include "KlimoraBench.h"
 
 namespace {
@@ -8,19 +8,19 @@ using Connection = KlimoraBench;
 using Server = bench::KlimoraServer;
 
 TEST_F(Connection, ReportsEachMissingPieceAndKeepsItsReferences) {
-    using Owed = std::vector<std::string>;
-    const std::tuple<bool Server::*, const char*, Owed> cases[] = {
+    using Resources = std::vector<std::string>;
+    const std::tuple<bool Server::*, const char*, Resources> cases[] = {
         {&Server::drawingInstalled, "Could not find KlimComSrv.Drawing installed", {}},
         {&Server::drawingRunning, "Could not get running instance of KlimComSrv.Drawing", {}},
         {&Server::hasDrawing, "Could not find KLIMCOMSRVLib::IID_IDrawing", {}},
         {&Server::klimoraInstalled, "Could not find KlimComSrv.Klimora installed", {}},
         {&Server::klimoraRunning, "Could not get running instance of KlimComSrv.Klimora", {}},
         {&Server::has200805, "Could not find KLIMCOMSRVLib::IID_IKlimora200805",
-         Owed{"interface reference KlimComSrv.Klimora"}},
+         Resources{"interface reference KlimComSrv.Klimora"}},
         {&Server::has201011, "Could not find KLIMCOMSRVLib::IID_IKlimora201011",
-         Owed{"interface reference IKlimora200805", "interface reference KlimComSrv.Klimora"}},
+         Resources{"interface reference IKlimora200805", "interface reference KlimComSrv.Klimora"}},
     };
-    for (const auto& [piece, message, left] : cases) {
+    for (const auto& [piece, message, outstanding] : cases) {
         Server server;
         server.*piece = false;
         StartServer(server);
@@ -30,10 +30,10 @@ TEST_F(Connection, ReportsEachMissingPieceAndKeepsItsReferences) {
         } catch (const char* text) {
             EXPECT_STREQ(text, message);
         }
-        EXPECT_EQ(bench::OutstandingResources(), left) << message;
+        EXPECT_EQ(bench::OutstandingResources(), outstanding) << message;
         bench::ClearOutstandingResources();
         EXPECT_EQ(KLComUtils().Connect(), -1);
-        EXPECT_EQ(Printed(), "") << "the message is the caller's to say";
+        EXPECT_EQ(Printed(), "") << "the caller prints the message";
         bench::ClearOutstandingResources();
         bench::StopKlimora();
     }
@@ -42,9 +42,9 @@ TEST_F(Connection, ReportsEachMissingPieceAndKeepsItsReferences) {
 TEST_F(Connection, ConnectsAgainAfterDisconnecting) {
     StartServer();
     KLComUtils utils;
-    for (const size_t held : {4u, 0u, 0u, 4u, 0u}) {
-        EXPECT_EQ(held ? utils.Connect() : utils.Disconnect(), 0);
-        EXPECT_EQ(bench::OutstandingResources().size(), held);
+    for (const size_t references : {4u, 0u, 0u, 4u, 0u}) {
+        EXPECT_EQ(references ? utils.Connect() : utils.Disconnect(), 0);
+        EXPECT_EQ(bench::OutstandingResources().size(), references);
     }
 }
 
@@ -76,7 +76,7 @@ TEST_F(Connection, FailsSilentlyWhenNotConnected) {
     bool keep = true, failures = false, all = true;
     utils.SetTrace(false, true, false);
     utils.GetTrace(&keep, &failures, &all);
-    EXPECT_TRUE(keep && !failures && all) << "without a connection the flags stay";
+    EXPECT_TRUE(keep && !failures && all) << "without a connection the flags do not change";
     EXPECT_EQ(Printed(), "");
     EXPECT_TRUE(bench::CallLog().empty());
 }

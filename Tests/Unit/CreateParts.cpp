@@ -1,5 +1,5 @@
-// Creating parts: the command of each operation as the server receives it, the handle that comes back, and the report
-// when the server refuses or is not there.
+// Creating parts: the command of each operation as the server receives it, the handle that is returned, and the report
+// when the server fails or is not connected.
 #include <cmath>
 #include <functional>
 #include <utility>
@@ -106,7 +106,7 @@ TEST_F(CreateParts, WritesTheElementsOfEachKindOfStub) {
                                        SoundBands{0, 0, 0, 0, 0, 0, 0, 0.25})));
 }
 
-// What a stub's command says between system and connections.
+// The part of a stub's command between system and connections.
 std::string Optional(const ConnectionStub& stub) {
     const std::string command = ConnectionStubCommand(stub);
     const size_t from = command.find("</System>") + 9;
@@ -121,6 +121,7 @@ TEST_F(CreateParts, LimitsTheValuesOfAStub) {
     const std::string dropOfOne = "<dp_Set><Pa>1.000000</Pa></dp_Set>";
     const std::string bands = "<dB>-5.000000 0.000000 0.000000 0.000000 0.000000 0.000000 0.000000 5.500000</dB>";
     const SoundBands cancelling = {-5, 5}, loud = {-5, 0, 0, 0, 0, 0, 0, 5.5};
+    // Kind, flow, pressure drop, flow and pressure drop of the curve, heating power, generation, attenuation.
     const std::pair<ConnectionStub, std::string> cases[] = {
         {Stub("TerminalDevice", -3), least},
         {Stub("Radiator", belowFlow, 1, 0, 0, 1e-5), least},

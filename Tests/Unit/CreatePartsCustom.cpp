@@ -1,4 +1,4 @@
-// Custom objects: geometry, line types, creation from values and from a block reference, and the version they need.
+// Custom objects: geometry, line types, creation from values and from a block reference, and the required version.
 #include <cmath>
 #include <iterator>
 #include <utility>
@@ -48,7 +48,7 @@ TEST_F(CreatePartsCustom, SetsEachFormOfGeometryAndReportsFailures) {
     Log(utils_.SetGeometryForCustomObject("2A0", kMemory.data(), 3, ""));
 }
 
-// The layer is escaped in the command alone, and the server takes no bare ampersand.
+// The layer is escaped only in the command. The server rejects a bare ampersand.
 TEST_F(CreatePartsCustom, SetsTheLinetypesOfTheSameLayer) {
     Start(kThreshold);
     const CustomObjectData cases[] = {{1, "Fan & coil", "FC<1>", "V-1 %s"},
@@ -114,7 +114,7 @@ TEST_F(CreatePartsCustom, KeepsAnExistingCustomObjectSilently) {
 TEST_F(CreatePartsCustom, ReportsEachFailingStepAndReturnsNoHandle) {
     Start();
     const std::string block = AddBlock("0");
-    LogReport(utils_.CreateCustomObject("2A3", kUnit, true));  // no block reference
+    LogReport(utils_.CreateCustomObject("2A3", kUnit, true));  // not a block reference
     for (const auto& [call, ordinal] : {std::pair{"AcDbDatabase::getAcDbObjectId", 1},
                                         {"acdbOpenObject", 1},
                                         {"IKlimora200805::createPart", 1},

@@ -1,6 +1,5 @@
-// Vocabulary of the tests that create parts: a placement whose numbers all differ, and a log of what the server is
-// sent, what the user reads, and what comes back. At its end a case's log is compared with its section of
-// created-parts.txt.
+// Fixture of the tests that create parts: a placement whose numbers all differ, and a log of what the server receives,
+// what the user reads, and what is returned. TearDown compares the log with the case's section of created-parts.txt.
 #pragma once
 
 #include <sstream>
@@ -22,7 +21,7 @@ class CreatePartsTest : public ConnectedBench {
         return {AcGePoint3d(1.5, -2000, 1.0 / 3), AcGeVector3d(0, 1, 0), AcGeVector3d(0, 0, 1)};
     }
 
-    // What an operation gave, behind the calls that it made (of these names). The failures planned for it are over.
+    // Logs the calls with these names that an operation made, and its result. Clears the injected faults.
     template <class Result>
     void Log(const Result& result, const char* names = "IKlimora*|acutPrintf*") {
         std::ostringstream lines;
@@ -33,7 +32,7 @@ class CreatePartsTest : public ConnectedBench {
         bench::ClearCallLog();
         bench::ClearFaults();
     }
-    // Without the calls to the server, where these are in the file already.
+    // Without the calls to the server, where another log has them already.
     template <class Result>
     void LogReport(const Result& result) {
         Log(result, "acutPrintf*");

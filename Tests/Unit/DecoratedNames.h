@@ -1,4 +1,4 @@
-// Imports of this program that are C++ functions, under a plain name and as the two ABIs decorate them.
+// C++ functions that this program imports: a plain name and the decorated names of both ABIs.
 #pragma once
 
 struct DecoratedName {

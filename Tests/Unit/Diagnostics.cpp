@@ -16,7 +16,7 @@ uint32_t ReportWith(Reporter report, uint32_t bits, const char* message, const c
     return report(message, "PlugIn/Lib/Unit", 42, function);
 }
 
-// Everything goes into the log alone.
+// Every report goes only to the log.
 class DiagnosticsLogTest : public DiagnosticsTest {
  protected:
     DiagnosticsLogTest() { SetReportLevels(RF_LOG, RF_LOG, RF_LOG, RF_LOG); }
@@ -65,7 +65,7 @@ TEST_F(DiagnosticsTest, PrintsTheLineToStandardOutput) {
 
 TEST_F(DiagnosticsTest, ShowsRowsInAMessageBox) {
     RecordedCalls calls;
-    calls.Give("MessageBoxA", MessageBoxA, IDOK);
+    calls.Return("MessageBoxA", MessageBoxA, IDOK);
     ReportWith(ReportFatal, 0x3200, "no %d root");
     ReportWith(ReportWarning, 0x1200, "");
     ReportWith(ReportInfo, 0x0200, "ready");
@@ -133,7 +133,7 @@ TEST_F(DiagnosticsTest, ReportsAFailedConditionAndBreaks) {
     EXPECT_EQ(calls.Take(), "IsDebuggerPresent\nDebugBreak\nIsDebuggerPresent\nDebugBreak\n");
     debugged = FALSE;
     EXPECT_EQ(ReportErrorAndBreak("alone", "PlugIn/Lib/Unit", 1, "Work"), 0x0082u);
-    EXPECT_EQ(calls.Take(), "IsDebuggerPresent\n") << "a break that nobody catches ends AutoCAD";
+    EXPECT_EQ(calls.Take(), "IsDebuggerPresent\n") << "without a debugger, a break would end AutoCAD";
     EXPECT_EQ(LogLines(),
               "Error  -    -  \"(!ret) Can not allocate memory.\"\nError  -    -  \"(x < 0) \"\n"
               "Error  -    -  \"text\"\nError  -    -  \"alone\"\n");
@@ -151,7 +151,7 @@ TEST_F(DiagnosticsTest, WritesReportsWithoutMemory) {
         ReportWith(kError, 0x0080, longText.c_str());
         FlushDebugLog();
         CloseDebugLog();
-        EXPECT_EQ(NoMemory::refused, 0);
+        EXPECT_EQ(NoMemory::failed, 0);
     }
     testing::internal::GetCapturedStdout();
     EXPECT_EQ(LogLines(),
@@ -204,13 +204,13 @@ TEST_F(DiagnosticsLogTest, RestartsOnlyALargeLog) {
 
 TEST_F(DiagnosticsLogTest, FallsBackToTheTemporaryFolder) {
     RecordedCalls calls;
-    calls.Give("fopen", std::fopen, nullptr, 0, 1);
+    calls.Return("fopen", std::fopen, nullptr, 0, 1);
     ReportError("refused", nullptr, 0, nullptr);
     EXPECT_EQ(calls.Take(), Opened(LogPath()) + Opened(FallbackLogPath()));
     EXPECT_FALSE(Exists(LogPath()));
     EXPECT_EQ(ClosedLog(FallbackLogPath()), "Error  -    -  \"refused\"\n");
     std::remove(FallbackLogPath().c_str());
-    calls.Take();  // the reading of the log
+    calls.Take();  // ClosedLog has read the log
     calls.Record("GetModuleFileNameA", GetModuleFileNameA, NameWithoutFolder);
     ReportError("no folder", nullptr, 0, nullptr);
     EXPECT_EQ(calls.Take(), "GetModuleFileNameA null & 0x103\n" + Opened(FallbackLogPath()));
@@ -220,20 +220,21 @@ TEST_F(DiagnosticsLogTest, FallsBackToTheTemporaryFolder) {
 TEST_F(DiagnosticsLogTest, StaysClosedWithoutAFolderAndRetriesAtTheNextReport) {
     {
         RecordedCalls calls;
-        calls.Give("fopen", std::fopen, nullptr);
+        calls.Return("fopen", std::fopen, nullptr);
         ReportError("lost", nullptr, 0, nullptr);
         EXPECT_EQ(OpenDebugLog(), -1);
         EXPECT_EQ(calls.Take(),
                   Opened(LogPath()) + Opened(FallbackLogPath()) + Opened(LogPath()) + Opened(FallbackLogPath()));
-        calls.Give("GetTempPathA", GetTempPathA, 0);
+        calls.Return("GetTempPathA", GetTempPathA, 0);
         EXPECT_EQ(OpenDebugLog(), -1);
-        EXPECT_EQ(calls.Take(), Opened(LogPath()) + "GetTempPathA 0x103 &\n") << "not in the root of the drive";
+        EXPECT_EQ(calls.Take(), Opened(LogPath()) + "GetTempPathA 0x103 &\n")
+            << "the log must not be in the root of the drive";
     }
     ReportError("kept", nullptr, 0, nullptr);
     EXPECT_EQ(LogLines(), "Error  -    -  \"kept\"\n");
 }
 
-// The module's own log, in the program that it is loaded into: it lies beside that program, and is closed at unload.
+// The log of a loaded module is beside the program that loads it, and is closed at unload.
 TEST_F(DiagnosticsLogTest, ClosesTheLogWhenTheModuleIsUnloaded) {
     const TestFolder folder;
     const std::string copy = folder.file("Copy.arx");
@@ -243,7 +244,7 @@ TEST_F(DiagnosticsLogTest, ClosesTheLogWhenTheModuleIsUnloaded) {
     const auto allocate =
         reinterpret_cast<void* (*)(uint32_t, HGLOBAL*)>(reinterpret_cast<void*>(GetProcAddress(module, "gwGmallocH")));
     ASSERT_TRUE(allocate);
-    EXPECT_EQ(allocate(1, nullptr), nullptr) << "and that is reported";
+    EXPECT_EQ(allocate(1, nullptr), nullptr) << "the failure is reported";
     FreeLibrary(module);
     EXPECT_EQ(GetModuleHandleA("Copy.arx"), nullptr);
     const std::string log = Raw(LogPath());

@@ -12,7 +12,7 @@
 
 namespace {
 
-// What the library's text would be without m_details.
+// what() differs from m_details, which is to be reported.
 struct DetailedException : ticpp::Exception {
     DetailedException() : ticpp::Exception("details") {}
     const char* what() const noexcept override { return "what"; }

@@ -1,5 +1,5 @@
-// Vocabulary of the diagnostics tests: the log starts absent, settings are put back, and the log's lines are read
-// without its stamps. The log lies beside this program's executable.
+// Fixture of the diagnostics tests: removes the log before and after a case, restores the settings, and reads the log
+// without its stamps. The log is beside this program's executable.
 #pragma once
 
 #include <windows.h>
@@ -34,7 +34,7 @@ class DiagnosticsTest : public testing::Test {
         GetTempPathA(MAX_PATH, path);
         return std::string(path) + "\\pdbg_log.txt";
     }
-    // Closes the log first. What follows the start stamp and precedes the stop stamp, with "\n" line ends.
+    // Closes the log. Returns the lines between the start stamp and the stop stamp, with "\n" line ends.
     static std::string ClosedLog(const std::string& path) {
         CloseDebugLog();
         std::string text = Raw(path);
@@ -58,7 +58,7 @@ class DiagnosticsTest : public testing::Test {
     const DiagSettings saved_;
 };
 
-// Errors go into the log with their function and their place.
+// Errors go to the log with function and place.
 class ErrorReportsTest : public DiagnosticsTest {
  protected:
     ErrorReportsTest() { g_diagSettings->errorBits = RF_LOG | RF_FUNCTION | RF_FILELINE; }

@@ -45,7 +45,7 @@ TEST_F(DialogControls, ShowsControlStates) {
                                                    {kControlHidden, 0}};
     for (const auto& c : cases) {
         const bool isDate = c.first == kControlHidden || c.first == kControlReadOnly;
-        // The other style bits are there before, so that each is taken away as well as set.
+        // The opposite style bits are set first, so that each bit is both cleared and set.
         Open("EDIT", c.first == kControlHidden ? 0 : ES_READONLY | WS_DISABLED, [&](BoundDialog& self) {
             self.BindAs<PDialogControlTextEdit>(kControl, c.first, "", nullptr, 0);
             if (isDate)
@@ -76,7 +76,7 @@ TEST_F(DialogControls, ShowsLimitsAndReadsTexts) {
     EXPECT_NE(dialog_->Send(kOther, EM_GETLIMITTEXT), 0);
     SetWindowTextA(dialog_->GetControl(kControl), "longer than four");
     SetWindowTextA(dialog_->GetControl(kOther), "new");
-    // Only the named control takes part.
+    // Only the given control is transferred.
     EXPECT_EQ(dialog_->FromDialog(kOther), 0);
     EXPECT_EQ(dialog_->FromDialog(999), 0);
     EXPECT_STREQ(text, "AB");
@@ -134,16 +134,16 @@ TEST_F(DialogControls, FillsListsUpToAnEmptyTextAndConsumesThem) {
         EXPECT_EQ(list, nullptr);
         EXPECT_NE(calls.Take().find("free list\n"), std::string::npos);
         EXPECT_EQ(Send(c.combo ? CB_GETCOUNT : LB_GETCOUNT), 4);
-        EXPECT_EQ(Send(c.combo ? CB_GETCURSEL : LB_GETCURSEL), c.selected) << c.before << ", of equal values the last";
+        EXPECT_EQ(Send(c.combo ? CB_GETCURSEL : LB_GETCURSEL), c.selected) << c.before << ", the last of equal values";
         EXPECT_EQ(binder->FromDialog(), 0);
         EXPECT_EQ(value, c.after) << c.before;
         Send(c.combo ? CB_SETCURSEL : LB_SETCURSEL, 2);
         EXPECT_EQ(binder->FromDialog(), 0);
-        EXPECT_EQ(value, 2.5F) << "the sorted list keeps value and text together";
-        EXPECT_EQ(binder->ToDialog(), -1) << "the list is gone";
+        EXPECT_EQ(value, 2.5F) << "sorting keeps value and text together";
+        EXPECT_EQ(binder->ToDialog(), -1) << "the list was consumed";
         EXPECT_EQ(Send(c.combo ? CB_GETCOUNT : LB_GETCOUNT), 0);
         EXPECT_EQ(binder->FromDialog(), 0);
-        EXPECT_EQ(value, 2.5F) << "nothing selected, nothing changed";
+        EXPECT_EQ(value, 2.5F) << "without a selection the value stays";
     }
 }
 
@@ -166,7 +166,7 @@ TEST_F(DialogControls, BindsACheckBoxToAFlag) {
     EXPECT_EQ(Send(BM_GETCHECK), BST_UNCHECKED);
     EXPECT_EQ(unbound->ToDialog(), -1);
     EXPECT_EQ(unbound->FromDialog(), -1);
-    EXPECT_EQ(dialog_->TextOf(kOther), "Lost") << "the button's part is done before";
+    EXPECT_EQ(dialog_->TextOf(kOther), "Lost") << "the text is set before the flag";
 }
 
 TEST_F(DialogControls, BindsRadioButtonsToOneVariable) {
@@ -205,12 +205,12 @@ TEST_F(DialogControls, ReadsDatesWithAnySeparator) {
         std::strcpy(text, "kept");
         Send(DTM_SETSYSTEMTIME, GDT_NONE, reinterpret_cast<LPARAM>(&date));
         dialog_->FromDialog(-1);
-        EXPECT_STREQ(text, "kept") << "no date, no text";
+        EXPECT_STREQ(text, "kept") << "without a date the text stays";
         *text = '\0';
         RecordedCalls calls;
-        calls.Give("SendMessageA", SendMessageA, 0);
+        calls.Return("SendMessageA", SendMessageA, 0);
         dialog_->ToDialog(-1);
-        EXPECT_EQ(calls.Take().find(" 0x1002 "), std::string::npos) << "without a text no DTM_SETSYSTEMTIME";
+        EXPECT_EQ(calls.Take().find(" 0x1002 "), std::string::npos) << "DTM_SETSYSTEMTIME was sent without a text";
     }
 }
 
@@ -223,15 +223,15 @@ TEST_F(DialogControls, LoadsTheImageThatTheStyleSelects) {
         bool isButton;
         DWORD style;
         LONG extended;
-        std::string name, load;  // arguments of LoadImageA; none when no image is asked for
+        std::string name, load;  // arguments of LoadImageA; empty when no image is loaded
         int type;
     } cases[] = {
         {true, BS_BITMAP, 0, file, fromFile + "0x0 0 0 0x1010", IMAGE_BITMAP},
         {true, BS_ICON, 0, "#115", fromModule + "0x1 0 0 0x1000", IMAGE_ICON},
-        // The extended style goes before the style; bitmap goes before icon.
+        // The extended style has priority over the style, and bitmap over icon.
         {true, BS_BITMAP, BS_ICON, file, fromFile + "0x1 0 0 0x1010", IMAGE_ICON},
         {true, BS_PUSHBUTTON, BS_ICON | BS_BITMAP, file, fromFile + "0x0 0 0 0x1010", IMAGE_BITMAP},
-        // A folder of the image's name is no file of it.
+        // A folder with the image's name is not an image file.
         {true, BS_ICON, 0, folder.path(), "module \"" + folder.path() + "\" 0x1 0 0 0x1000", IMAGE_ICON},
         {false, SS_BITMAP, 0, file, "", 0},
         {false, SS_BITMAP, 0x01, file, fromFile + "0x1 0 0 0x1010", IMAGE_ICON},
@@ -242,10 +242,10 @@ TEST_F(DialogControls, LoadsTheImageThatTheStyleSelects) {
     };
     for (const auto& c : cases) {
         RecordedCalls calls({{GetModuleHandleA(kModuleFileName), "module"}});
-        calls.Give("LoadImageA", LoadImageA, reinterpret_cast<HANDLE>(0x51));
-        calls.Give("SendMessageA", SendMessageA, 0);
-        calls.Give("DeleteObject", DeleteObject, TRUE);
-        calls.Give("DestroyIcon", DestroyIcon, TRUE);
+        calls.Return("LoadImageA", LoadImageA, reinterpret_cast<HANDLE>(0x51));
+        calls.Return("SendMessageA", SendMessageA, 0);
+        calls.Return("DeleteObject", DeleteObject, TRUE);
+        calls.Return("DestroyIcon", DestroyIcon, TRUE);
         Open(c.isButton ? "BUTTON" : "STATIC", c.style, [&](BoundDialog& self) {
             SetWindowLongA(self.GetControl(kControl), GWL_EXSTYLE, c.extended);
             if (c.isButton)
@@ -259,7 +259,7 @@ TEST_F(DialogControls, LoadsTheImageThatTheStyleSelects) {
         const std::string erase = c.type == IMAGE_ICON ? "DestroyIcon LoadImageA\n" : "DeleteObject LoadImageA\n";
         EXPECT_EQ(calls.Take(), c.load.empty() ? state : state + load) << c.extended;
         dialog_->ToDialog(-1);
-        EXPECT_EQ(calls.Take(), c.load.empty() ? state : state + erase + load) << "the image before is deleted";
+        EXPECT_EQ(calls.Take(), c.load.empty() ? state : state + erase + load) << "the previous image is deleted";
         dialog_.reset();
         EXPECT_EQ(calls.Take(), c.load.empty() ? "" : erase);
     }

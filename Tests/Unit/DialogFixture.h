@@ -1,5 +1,5 @@
-// A dialog on PDialog with the children that a case names and binds. It is modeless and hidden, for showing a window
-// costs seconds without a window manager, and lives as long as its object.
+// A dialog on PDialog with the children that a case names and binds. It is modeless and hidden, because showing a
+// window takes seconds without a window manager. The destructor destroys it.
 #pragma once
 
 #include <windows.h>

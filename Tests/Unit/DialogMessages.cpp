@@ -11,7 +11,7 @@ namespace {
 constexpr int kEdit = 1200;
 constexpr int kUnbound = 1201;
 
-// A binder that answers every message with its own result.
+// A binder that returns its own result for every message.
 struct Greedy : PDialogControl {
     Greedy(HWND window, ControlState state, const std::string& tooltip, INT_PTR result)
         : PDialogControl(window, state, tooltip), result_(result) {}
@@ -42,14 +42,17 @@ class DialogMessages : public ErrorReportsTest {
 TEST_F(DialogMessages, AcceptsCommandsOnlyFromTheirButton) {
     Open([](BoundDialog&) {});
     RecordedCalls calls({{dialog_->dialogWindow(), "dialog"}});
-    calls.Give("EndDialog", EndDialog, TRUE);
+    calls.Return("EndDialog", EndDialog, TRUE);
     const struct {
         int command, from;  // control, 0 for none
         int verdict, validations, ends;
     } cases[] = {
-        {IDOK, IDOK, 0, 1, 1},       {IDOK, IDOK, 1, 1, 0},  {IDOK, IDOK, -1, 1, 0},        {IDOK, 0, 0, 0, 0},
+        {IDOK, IDOK, 0, 1, 1},                            // valid
+        {IDOK, IDOK, 1, 1, 0},                            // invalid
+        {IDOK, IDOK, -1, 1, 0},      {IDOK, 0, 0, 0, 0},  // without a button
         {IDOK, IDCANCEL, 0, 0, 0},   {IDCANCEL, 0, 0, 0, 0}, {IDCANCEL, IDCANCEL, 0, 0, 2}, {IDCANCEL, IDOK, 0, 0, 0},
-        {IDCLOSE, IDCLOSE, 0, 0, 2}, {IDCLOSE, 0, 0, 0, 0},  {IDCANCEL, IDCLOSE, 0, 0, 2},  {kEdit, kEdit, 0, 0, 0}};
+        {IDCLOSE, IDCLOSE, 0, 0, 2}, {IDCLOSE, 0, 0, 0, 0},  {IDCANCEL, IDCLOSE, 0, 0, 2},  {kEdit, kEdit, 0, 0, 0},
+    };
     for (const auto& c : cases) {
         dialog_->validations = 0;
         dialog_->verdict = c.verdict;
@@ -65,7 +68,7 @@ TEST_F(DialogMessages, PassesMessagesToBindersFirstAndPostsCancelOnClose) {
     EXPECT_TRUE(dialog_->HasControl(IDOK));
     EXPECT_FALSE(dialog_->HasControl(9999));
     RecordedCalls calls({{dialog_->dialogWindow(), "dialog"}});
-    calls.Give("PostMessageA", PostMessageA, TRUE);
+    calls.Return("PostMessageA", PostMessageA, TRUE);
     EXPECT_EQ(dialog_->HandleMessage(WM_CLOSE, 0, 0), 0);
     EXPECT_EQ(calls.Take(), "PostMessageA dialog 0x111 0x2 0\n");
     EXPECT_EQ(dialog_->HandleMessage(WM_HELP, 0, 0), 1);
@@ -81,7 +84,7 @@ TEST_F(DialogMessages, SelectsTheWholeTextOnFocus) {
     dialog_->Send(kEdit, EM_SETSEL, 1, 1);
     SetFocus(dialog_->GetControl(IDOK));
     EXPECT_EQ(Command(kEdit, EN_CHANGE, kEdit), 0);
-    EXPECT_EQ(Command(kUnbound, EN_SETFOCUS, kUnbound), 0) << "no binder, no care";
+    EXPECT_EQ(Command(kUnbound, EN_SETFOCUS, kUnbound), 0) << "without a binder";
     EXPECT_EQ(GetFocus(), dialog_->GetControl(IDOK));
     EXPECT_EQ(Command(kEdit, EN_SETFOCUS, kEdit), 1);
     EXPECT_EQ(GetFocus(), dialog_->GetControl(kEdit));
@@ -95,7 +98,7 @@ TEST_F(DialogMessages, ShowsTheTooltipsOfBinders) {
         self.BindAs<PDialogControlButton>(IDOK, kControlNormal, "Takes the values", "OK");
     });
     const HWND tips = dialog_->tooltipWindow();
-    EXPECT_EQ(SendMessageA(tips, TTM_GETTOOLCOUNT, 0, 0), 2) << "no text, no tool";
+    EXPECT_EQ(SendMessageA(tips, TTM_GETTOOLCOUNT, 0, 0), 2) << "a tool without a text";
     const auto textOf = [&](int id, UINT code) {
         NMTTDISPINFOA question = {};
         question.hdr.code = code;
@@ -108,7 +111,7 @@ TEST_F(DialogMessages, ShowsTheTooltipsOfBinders) {
     EXPECT_EQ(textOf(kUnbound, TTN_GETDISPINFOA), "null");
     EXPECT_EQ(textOf(kEdit, TTN_GETDISPINFOW), "null") << "another notification";
 
-    // Everything is given back at the end, the tools before the window.
+    // The destructor releases everything, the tools before the window.
     const HDC device = CreateCompatibleDC(nullptr);
     RecordedCalls calls({{dialog_->CtlColor(device, 0, RGB(1, 1, 1)), "brush"}, {tips, "tips"}});
     const HWND dialogWindow = dialog_->dialogWindow();
@@ -121,7 +124,7 @@ TEST_F(DialogMessages, ShowsTheTooltipsOfBinders) {
         EXPECT_NE(calls.Take().find("SendMessageA"), std::string::npos);
         const auto& tool = *reinterpret_cast<TOOLINFOA*>(lParam);
         tools.push_back(reinterpret_cast<HWND>(tool.uId));
-        // TTM_DELTOOLA; the text is asked for.
+        // TTM_DELTOOLA with LPSTR_TEXTCALLBACK.
         EXPECT_EQ(
             FormatString("%X %u %u %lld", message, tool.cbSize, tool.uFlags, reinterpret_cast<int64_t>(tool.lpszText)),
             "405 72 17 -1");
@@ -138,7 +141,7 @@ TEST_F(DialogMessages, CreatesTheTooltipWindowForDialogAndModule) {
     Open([](BoundDialog&) {});
     RecordedCalls calls({{dialog_->dialogWindow(), "dialog"}, {GetModuleHandleA(kModuleFileName), "module"}});
     calls.Record("InitCommonControls", InitCommonControls);
-    calls.Give("CreateWindowExA", CreateWindowExA, nullptr);
+    calls.Return("CreateWindowExA", CreateWindowExA, nullptr);
     EXPECT_EQ(dialog_->HandleMessage(WM_INITDIALOG, 0, 0), 0);
     EXPECT_EQ(calls.Take(),
               "InitCommonControls\nCreateWindowExA 0x0 \"tooltips_class32\" null 0x80000003 -2147483648 -2147483648 "
@@ -155,7 +158,7 @@ TEST_F(DialogMessages, ReturnsOneBrushForColours) {
         COLORREF text, background;
         const char *calls, *seen;
     } cases[] = {
-        {0, 0, "CreateSolidBrush 0x0\n", "text 0 on 0 with 0"},  // black is a colour like any other
+        {0, 0, "CreateSolidBrush 0x0\n", "text 0 on 0 with 0"},  // black, not "no colour"
         {0x030201, 0xC8, "CreateSolidBrush 0xC8\nDeleteObject CreateSolidBrush\n", "text 30201 on C8 with C8"},
         {0, 0xC8, "", "text 0 on C8 with C8"},
         {CLR_INVALID, CLR_INVALID,

@@ -1,4 +1,4 @@
-// Helpers of dialogs: texts, places of windows, the dialog for a file, and the module's version.
+// Functions for dialogs: texts, positions of windows, the open-file dialog, and the module's version.
 #include <windows.h>
 #include <commdlg.h>
 #include <gtest/gtest.h>
@@ -90,7 +90,7 @@ TEST(WindowHelpers, CentresWindowsInWholePixels) {
         *area = of == window ? RECT{3, 4, 104, 55} : RECT{101, 50, 401, 302};
         return TRUE;
     });
-    calls.Give("SetWindowPos", SetWindowPos, TRUE);
+    calls.Return("SetWindowPos", SetWindowPos, TRUE);
     const auto placed = [&] {
         const std::string lines = calls.Take();
         return lines.substr(lines.rfind("SetWindowPos"));
@@ -105,12 +105,12 @@ TEST(WindowHelpers, CentresWindowsInWholePixels) {
 }
 
 TEST(WindowHelpers, RequestsAnExistingFile) {
-    OPENFILENAMEA asked = {};
-    std::string askedFilter;
+    OPENFILENAMEA requested = {};
+    std::string requestedFilter;
     RecordedCalls calls;
     calls.Record("GetOpenFileNameA", GetOpenFileNameA, [&](OPENFILENAMEA* request) {
-        asked = *request;
-        askedFilter.assign(request->lpstrFilter, 16);
+        requested = *request;
+        requestedFilter.assign(request->lpstrFilter, 16);
         std::strcpy(request->lpstrFile, "C:\\chosen.kpd");
         return 7;
     });
@@ -118,13 +118,14 @@ TEST(WindowHelpers, RequestsAnExistingFile) {
     char file[MAX_PATH] = "proposal.kpd";
     EXPECT_EQ(ShowOpenFileDialog(owner, "Products|*.kpd|", "C:\\data", file, "kpd", "Choose"), 7);
     EXPECT_STREQ(file, "C:\\chosen.kpd");
-    EXPECT_EQ(OpenFileFilter("Products|*.kpd"), std::string("Products\0*.kpd\0", 15)) << "closed by two terminators";
+    EXPECT_EQ(OpenFileFilter("Products|*.kpd"), std::string("Products\0*.kpd\0", 15)) << "ends in two terminators";
     EXPECT_EQ(OpenFileFilter(nullptr), std::string(1, '\0'));
-    EXPECT_EQ(asked.hwndOwner, owner);
-    EXPECT_EQ(asked.hInstance, GetModuleHandleA(kModuleFileName));
-    EXPECT_EQ(askedFilter, std::string("Products\0*.kpd\0\0", 16));
-    EXPECT_EQ(FormatString("%lu, filter %lu, %lu, %s, %s, %s, %lX", asked.lStructSize, asked.nFilterIndex,
-                           asked.nMaxFile, asked.lpstrInitialDir, asked.lpstrTitle, asked.lpstrDefExt, asked.Flags),
+    EXPECT_EQ(requested.hwndOwner, owner);
+    EXPECT_EQ(requested.hInstance, GetModuleHandleA(kModuleFileName));
+    EXPECT_EQ(requestedFilter, std::string("Products\0*.kpd\0\0", 16));
+    EXPECT_EQ(FormatString("%lu, filter %lu, %lu, %s, %s, %s, %lX", requested.lStructSize, requested.nFilterIndex,
+                           requested.nMaxFile, requested.lpstrInitialDir, requested.lpstrTitle, requested.lpstrDefExt,
+                           requested.Flags),
               "152, filter 1, 260, C:\\data, Choose, kpd, 9804");
 }
 

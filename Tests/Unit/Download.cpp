@@ -25,24 +25,23 @@ class DownloadTest : public testing::Test {
     }
 };
 
-// The calls of a download, recorded; the network is made up and gives 1,024 bytes, 10 bytes and the end. One step may
-// fail.
-class MadeUpNetwork : public RecordedCalls {
+// Records the calls of a download. The fake network returns 1,024 bytes, 10 bytes and the end. One step may fail.
+class FakeNetwork : public RecordedCalls {
  public:
-    explicit MadeUpNetwork(const std::string& failing) {
+    explicit FakeNetwork(const std::string& failing) {
         Record("CreateFileA", CreateFileA);
         Record("InternetGetConnectedState", InternetGetConnectedState, [failing](DWORD* flags, DWORD) {
             EXPECT_EQ(*flags, 7u);
             return failing != "state";
         });
-        Give("InternetOpenA", InternetOpenA, failing == "session" ? nullptr : reinterpret_cast<HINTERNET>(0x51));
+        Return("InternetOpenA", InternetOpenA, failing == "session" ? nullptr : reinterpret_cast<HINTERNET>(0x51));
         Record("InternetSetOptionA", InternetSetOptionA, [](HINTERNET, DWORD, void* value, DWORD) {
             EXPECT_EQ(*static_cast<DWORD*>(value), 30000u);
             return FALSE;
         });
-        Give("InternetOpenUrlA", InternetOpenUrlA, failing == "address" ? nullptr : reinterpret_cast<HINTERNET>(0x52));
+        Return("InternetOpenUrlA", InternetOpenUrlA, failing == "address" ? nullptr : reinterpret_cast<HINTERNET>(0x52));
         Record("InternetReadFile", InternetReadFile, [this, failing](HINTERNET, void* buffer, DWORD, DWORD* read) {
-            if (failing == "throw") throw std::runtime_error("not the download's own");
+            if (failing == "throw") throw std::runtime_error("unexpected");
             *read = --readsLeft_ > 0 ? 1024 : readsLeft_ == 0 ? 10 : 0;
             std::memset(buffer, 'x', *read);
             return failing != "read";
@@ -52,7 +51,7 @@ class MadeUpNetwork : public RecordedCalls {
             *written = failing == "short" ? size - 1 : size;
             return failing != "write";
         });
-        Give("InternetCloseHandle", InternetCloseHandle, TRUE);
+        Return("InternetCloseHandle", InternetCloseHandle, TRUE);
         Record("CloseHandle", CloseHandle);
     }
 
@@ -94,7 +93,7 @@ TEST_F(DownloadTest, ReportsEveryFailureAndReleasesItsHandles) {
     };
     for (const auto& one : cases) {
         bench::ClearTranscript();
-        MadeUpNetwork network(one.failing);
+        FakeNetwork network(one.failing);
         EXPECT_EQ(Fetch(), one.status) << one.failing;
         EXPECT_EQ(network.Take(), one.calls) << one.failing;
         EXPECT_EQ(bench::Transcript(), one.printed);
@@ -104,9 +103,9 @@ TEST_F(DownloadTest, ReportsEveryFailureAndReleasesItsHandles) {
 TEST_F(DownloadTest, RejectsBadArgumentsBeforeUsingTheNetwork) {
     const std::string nowhere = target_ + "\\none\\output.xml";
     {
-        MadeUpNetwork network("");
+        FakeNetwork network("");
         EXPECT_EQ(DownloadFile(url_.c_str(), nowhere.c_str()), -1);
-        // The handle of the file that was not created is tested against null only.
+        // The module closes INVALID_HANDLE_VALUE, because it compares the file's handle only with null.
         EXPECT_EQ(network.Take(),
                   "CreateFileA \"" + nowhere + "\" 0x40000000 0x0 null 0x2 0x80 null\nCloseHandle CreateFileA\n");
         EXPECT_EQ(DownloadFile(nullptr, target_.c_str()), -1);
@@ -116,7 +115,7 @@ TEST_F(DownloadTest, RejectsBadArgumentsBeforeUsingTheNetwork) {
     EXPECT_EQ(bench::Transcript(), ErrorLine("Can't create file") + ErrorLine("Wrong parameter Url == NULL\n") +
                                        ErrorLine("Wrong parameter SaveFileName == NULL\n"));
     EXPECT_FALSE(Exists(target_));
-    // An earlier file does not outlive a fetch that fails.
+    // A failed download deletes the earlier file.
     WriteWholeFile(target_, "earlier");
     EXPECT_EQ(DeleteAndDownload(nullptr, target_.c_str()), -1);
     EXPECT_FALSE(Exists(target_));
@@ -133,9 +132,9 @@ TEST_F(DownloadTest, ReadsWholeFilesFromARealServer) {
         EXPECT_EQ(Fetch(), 1);
         EXPECT_TRUE(ReadWholeFile(target_) == body) << body.size();
     }
-    EXPECT_EQ(server.requests().size(), 3u) << "none came from a cache";
+    EXPECT_EQ(server.requests().size(), 3u) << "no answer came from a cache";
 
-    // A session's time-outs hold for its requests on Windows. Wine forgets them; when this fails, it has learnt that.
+    // On Windows the session's time-outs apply to its requests. Wine ignores them; this fails once it no longer does.
     RecordedCalls calls;
     calls.Record("InternetSetOptionA", InternetSetOptionA, [](HINTERNET session, DWORD option, void*, DWORD size) {
         DWORD limit = 50;
@@ -148,20 +147,21 @@ TEST_F(DownloadTest, ReadsWholeFilesFromARealServer) {
 }
 
 TEST_F(DownloadTest, OpensTheBrowserThroughTheShell) {
-    SHELLEXECUTEINFOA asked = {};
+    SHELLEXECUTEINFOA requested = {};
     BOOL started = TRUE;
     HANDLE browser = CreateEventA(nullptr, TRUE, FALSE, nullptr);
     RecordedCalls calls;
     calls.Record("ShellExecuteExA", ShellExecuteExA, [&](SHELLEXECUTEINFOA* request) {
-        asked = *request;
+        requested = *request;
         request->hProcess = browser;
         return started;
     });
     EXPECT_EQ(OpenWebBrowser("http://example.invalid/a?b=c", reinterpret_cast<HWND>(0x77)), 0);
-    EXPECT_EQ(FormatString("%lu, mask %lX, %lX, %s %s '%s', %d", asked.cbSize, asked.fMask, HandleToUlong(asked.hwnd),
-                           asked.lpVerb, asked.lpFile, asked.lpParameters, asked.nShow),
+    EXPECT_EQ(FormatString("%lu, mask %lX, %lX, %s %s '%s', %d", requested.cbSize, requested.fMask,
+                           HandleToUlong(requested.hwnd), requested.lpVerb, requested.lpFile, requested.lpParameters,
+                           requested.nShow),
               "112, mask 40, 77, open http://example.invalid/a?b=c '', 9");
-    EXPECT_EQ(asked.lpDirectory, nullptr);
+    EXPECT_EQ(requested.lpDirectory, nullptr);
     DWORD flags = 0;
     EXPECT_FALSE(GetHandleInformation(browser, &flags)) << "the browser's handle is closed";
 

@@ -14,30 +14,30 @@ TEST(DownloadFileTree, DeletesAFolderWithItsContents) {
     for (const char* name : {"\\output.xml", "\\deep\\.hidden", "\\deep\\deeper\\read only.kpd"})
         WriteWholeFile(top + name, "content");
     SetFileAttributesA((top + "\\deep\\deeper\\read only.kpd").c_str(), FILE_ATTRIBUTE_READONLY);
-    WriteWholeFile(base.file("neighbour"), "stays");
+    WriteWholeFile(base.file("sibling"), "stays");
     RecordedCalls calls;
     calls.Record("FindClose", FindClose);
     EXPECT_NE(DeleteDirectoryTree(top.c_str()), 0);
     EXPECT_EQ(
         calls.Take(),
         "FindClose &\nFindClose &\nFindClose &\nFindClose &\nFindClose &\nFindClose &\nFindClose &\nFindClose &\n")
-        << "two searches a folder";
+        << "two searches for each folder";
     EXPECT_FALSE(Exists(top));
-    EXPECT_TRUE(Exists(base.file("neighbour")));
+    EXPECT_TRUE(Exists(base.file("sibling")));
 }
 
 TEST(DownloadFileTree, KeepsOnlyTheFoldersOfUndeletableFiles) {
     const TestFolder base;
     const std::string top = base.file("work");
-    create_directories(top + "\\held");
-    WriteWholeFile(top + "\\held\\file", "x");
+    create_directories(top + "\\locked");
+    WriteWholeFile(top + "\\locked\\file", "x");
     WriteWholeFile(top + "\\other", "x");
-    const HANDLE held =
-        CreateFileA((top + "\\held\\file").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    const HANDLE locked =
+        CreateFileA((top + "\\locked\\file").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     EXPECT_EQ(DeleteDirectoryTree(top.c_str()), 0);
     EXPECT_FALSE(Exists(top + "\\other"));
-    EXPECT_TRUE(Exists(top + "\\held\\file"));
-    CloseHandle(held);
+    EXPECT_TRUE(Exists(top + "\\locked\\file"));
+    CloseHandle(locked);
     EXPECT_NE(DeleteDirectoryTree(top.c_str()), 0);
 }
 
@@ -66,13 +66,13 @@ TEST(DownloadFileTree, NeverEntersLinks) {
     for (const DWORD tag : {IO_REPARSE_TAG_SYMLINK, IO_REPARSE_TAG_MOUNT_POINT}) {
         EXPECT_EQ(deleteAs(tag, top), 0);
         EXPECT_EQ(deleteAs(tag, link), 0);
-        EXPECT_TRUE(Exists(file)) << "what it leads to stays";
+        EXPECT_TRUE(Exists(file)) << "the link's target stays";
     }
     EXPECT_FALSE(Exists(top + "\\other"));
     const DWORD kCloudFile = 0x9000001A;
-    EXPECT_NE(deleteAs(kCloudFile, link), 0) << "a placeholder is a folder like any other";
+    EXPECT_NE(deleteAs(kCloudFile, link), 0) << "a cloud placeholder is an ordinary folder";
     create_directories(link);
-    EXPECT_NE(deleteAs(IO_REPARSE_TAG_SYMLINK, link), 0) << "a link itself goes";
+    EXPECT_NE(deleteAs(IO_REPARSE_TAG_SYMLINK, link), 0) << "a link itself is deleted";
 }
 
 TEST(DownloadFileTree, DeletesNothingWhenTheSearchFails) {

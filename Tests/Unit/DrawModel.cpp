@@ -9,7 +9,7 @@ namespace {
 
 using DrawModelTest = DiagnosticsTest;
 
-// What the buffer holds after the call: `size` characters of it are the caller's, the rest must not change.
+// A parameter buffer filled with a sentinel, which must not change beyond the size that a case passes.
 struct Buffer {
     explicit Buffer(const std::string& text) {
         std::memset(bytes, '#', sizeof bytes);
@@ -59,17 +59,17 @@ TEST_F(DrawModelTest, TruncatesLongPairsAndTexts) {
     while (full.size() < 1000)
         full += "abcd=1234;";
     EXPECT_EQ(Set(full, "X", std::string(21, 'v').c_str()), full + "X=" + std::string(21, 'v') + ";")
-        << "1024 characters stand";
+        << "1024 characters fit";
     EXPECT_EQ(Set(full, "X", std::string(22, 'v').c_str()), full + "X=" + std::string(22, 'v'));
     EXPECT_EQ(Set(full, "X", std::string(500, 'v').c_str()), full + "X=" + std::string(22, 'v'));
 }
 
 TEST_F(DrawModelTest, ReadsAndWritesOnlyWithinTheBuffer) {
     EXPECT_EQ(Set("L=1;", "H", "2", 9), "L=1;H=2;");
-    EXPECT_EQ(Set("L=1;", "H", "2", 8), "L=1;H=2;") << "no room for a terminator";
+    EXPECT_EQ(Set("L=1;", "H", "2", 8), "L=1;H=2;") << "no space for a terminator";
     EXPECT_EQ(Set("L=1;", "H", "2", 6), "L=1;H=");
     EXPECT_EQ(Set("", "H", "2", 0), "");
-    // Without a terminator within its size, as an earlier call may have left it: what lies behind is not read.
+    // Without a terminator within its size, as an earlier call may leave it: nothing beyond the size is read.
     EXPECT_EQ(Set("L=1;H=2;X=7;", "L", "", 8), "L=;H=2;");
 }
 

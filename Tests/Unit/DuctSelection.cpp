@@ -1,4 +1,4 @@
-// What is taken from a pick, which picks bring the prompt back, and which queries end the selection.
+// What is read from a picked duct, which picks repeat the prompt, and which failures end the selection.
 #include "SessionBench.h"
 
 namespace {
@@ -13,9 +13,9 @@ class DuctSelection : public SessionBench {
     struct Selected {
         int result;
         size_t prompts;
-        std::string duct;  // what is written into the document
+        std::string duct;  // the element in the document
     };
-    // Picks in turn; when all are refused, Escape.
+    // Picks one entity at each prompt, then presses Escape.
     Selected Pick(const std::vector<std::string>& handles) {
         bench::ClearCallLog();
         bench::ClearAnswers();
@@ -32,7 +32,7 @@ class DuctSelection : public SessionBench {
     }
 
     // What is printed besides the prompts.
-    static std::string Said() {
+    static std::string Messages() {
         const std::string prompt = "\nSorvik: Select a duct:";
         return ReplaceAll(ReplaceAll(Printed(), prompt + "*Cancel*\n", ""), prompt + "\n", "");
     }
@@ -62,7 +62,7 @@ TEST_F(DuctSelection, ReadsSizesAndFlowOfTheDuct) {
         EXPECT_EQ(selected.prompts, 1u);
         EXPECT_EQ(selected.duct, c.duct);
     }
-    EXPECT_EQ(Said(), "");
+    EXPECT_EQ(Messages(), "");
 }
 
 TEST_F(DuctSelection, PromptsAgainSilentlyAfterAnUnsuitablePick) {
@@ -70,7 +70,7 @@ TEST_F(DuctSelection, PromptsAgainSilentlyAfterAnUnsuitablePick) {
         const char *found, *replacement, *pick;
     } cases[] = {
         {"", "", "2A4"},  // neither duct nor bend nor branch
-        {"", "", "2A0"},  // and in no system
+        {"", "", "2A0"},  // nor in a system
         {"", "", "2BD"},  // a bend without a duct
         {"<Name>Supply air</Name><Type><ID>0", "<Name>Supply air</Name><Type><ID>4", "2A3"},
         {"<Name>Supply air</Name><Type><ID>0", "<Name>Supply air</Name><Type><ID>-1", "2A3"},
@@ -82,7 +82,7 @@ TEST_F(DuctSelection, PromptsAgainSilentlyAfterAnUnsuitablePick) {
         EXPECT_EQ(selected.prompts, 3u);
         EXPECT_EQ(selected.duct, "");
     }
-    EXPECT_EQ(Said(), "");
+    EXPECT_EQ(Messages(), "");
 }
 
 TEST_F(DuctSelection, ReadsBothSizesBeforeRejectingAPick) {
@@ -99,31 +99,31 @@ TEST_F(DuctSelection, ReportsANegativeResultAndEnds) {
         int ordinal;
     } cases[] = {{"2A3", "/Part/Type/ID", 2}, {"2A3", "/part/shape/id", 3},         {"2A3", "/part/diameter", 4},
                  {"2A5", "/part/height", 5},  {"2A3", "/part/qv_sizingflow/ls", 5}, {"2AA", nullptr, 6},
-                 {"2A3", nullptr, 1}};  // the system's type alone does not end it
+                 {"2A3", nullptr, 1}};  // the system's type does not end the selection
     for (const auto& c : cases) {
         for (const int code : {-9, 9}) {
             const bool ends = code < 0 && c.path;
             bench::ClearFaults();
             bench::FailCall("IKlimora200805::getPartAtt", c.ordinal, code);
             const Selected selected = Pick({c.pick});
-            if (std::string(c.pick) == "2AA") {  // a part that is connected is passed over
+            if (std::string(c.pick) == "2AA") {  // an unreadable connected part is skipped
                 EXPECT_EQ(selected.result, 0);
                 EXPECT_EQ(Calls("IKlimora200805::getPartAtt '2AB' '/part/diameter'").size(), 1u) << "its second duct";
-                EXPECT_EQ(Said(), "");
+                EXPECT_EQ(Messages(), "");
                 continue;
             }
             SCOPED_TRACE(std::to_string(c.ordinal) + " of " + c.pick);
             EXPECT_EQ(selected.result, ends ? -9 : -1);
             EXPECT_EQ(selected.prompts, ends ? 1u : 2u);
             EXPECT_EQ(selected.duct, "");
-            EXPECT_EQ(Said(),
+            EXPECT_EQ(Messages(),
                       ends ? Line(std::string("Can not read '") + c.path + "' of the duct from Klimora (-9).") : "");
         }
     }
-    // The trace switches are back: a failed query is told again.
+    // The trace switches are restored: a failed query is printed again.
     bench::FailCall("IKlimora200805::getPartAtt", 1, 6);
     session_.ExportExistingDevices(session_.Root(), "SorvSIL");
-    EXPECT_EQ(Said().find("KlimComSrvImpl::getPartAtt:('', 'Count("), 0u);
+    EXPECT_EQ(Messages().find("KlimComSrvImpl::getPartAtt:('', 'Count("), 0u);
 }
 
 }  // namespace

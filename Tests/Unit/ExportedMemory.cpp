@@ -8,7 +8,7 @@
 
 namespace {
 
-// Only blocks of this size are refused: everything else of the process allocates as ever.
+// Only allocations of this size fail.
 constexpr size_t kRefused = 0x123457;
 
 using ExportedMemoryTest = ErrorReportsTest;
@@ -23,7 +23,7 @@ TEST_F(ExportedMemoryTest, KeepsTheContentOfGrowingBlocks) {
     ASSERT_TRUE(grown);
     EXPECT_EQ(std::memcmp(grown, "SORV", 4), 0);
     void* kept = gwGrealloc(grown, 0, 0);
-    EXPECT_TRUE(kept) << "a block of no size is a block all the same";
+    EXPECT_TRUE(kept) << "a block of size 0 is a block";
     EXPECT_EQ(gwGfree(kept), 0);
     EXPECT_EQ(gwGfree(nullptr), 0);
     const GwMemory fresh(gwGrealloc(nullptr, 16, 0));
@@ -39,7 +39,7 @@ TEST_F(ExportedMemoryTest, ReportsFailedAllocationsExceptTheFirstThroughRealloc)
             "malloc", +[](size_t size) { return size == kRefused ? nullptr : std::calloc(1, size); });
         const ImportPatch reallocPatch(
             "realloc", +[](void*, size_t) { return static_cast<void*>(nullptr); });
-        // Nor is there memory for the report.
+        // There is no memory for the report either.
         const NoMemory noMemory;
         const void* const blocks[] = {gwGrealloc(nullptr, kRefused, 0), gwGmalloc(kRefused, 0),
                                       gwGrealloc(old.get(), kRefused, 0)};
@@ -52,8 +52,8 @@ TEST_F(ExportedMemoryTest, ReportsFailedAllocationsExceptTheFirstThroughRealloc)
 
 TEST_F(ExportedMemoryTest, ReportsUnavailableGlobalBlocks) {
     RecordedCalls calls;
-    calls.Give("GlobalAlloc", GlobalAlloc, nullptr, 0, 1);
-    calls.Give("GlobalLock", GlobalLock, nullptr);
+    calls.Return("GlobalAlloc", GlobalAlloc, nullptr, 0, 1);
+    calls.Return("GlobalLock", GlobalLock, nullptr);
     for (int failing = 0; failing < 2; ++failing) {
         HGLOBAL handle = reinterpret_cast<HGLOBAL>(0x5A5A);
         EXPECT_EQ(gwGmallocH(10, &handle), nullptr);

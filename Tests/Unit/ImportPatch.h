@@ -1,6 +1,6 @@
-// Puts another function in the place of one that this program (or a given module) imports, for the length of a scope:
-// single calls of Windows or the C runtime can be made to fail, or their arguments be looked at. Whatever module the
-// name comes from is covered; other modules that import it are not. C++ functions have plain names in DecoratedNames.h.
+// Replaces a function that this program (or a given module) imports, for the length of a scope, so that a call of
+// Windows or the C runtime fails or is recorded. The exporting library does not matter. Other modules keep their own
+// import. C++ functions have plain names in DecoratedNames.h.
 #pragma once
 
 #include <windows.h>
@@ -14,7 +14,7 @@
 
 #include "DecoratedNames.h"
 
-// Every function that a module imports by its name: visit(library, name, place), with the place of its address.
+// Calls visit(library, name, place) for every function that a module imports by name; `place` holds its address.
 template <class Visit>
 void ForEachImport(HMODULE module, Visit visit) {
     char* const base = reinterpret_cast<char*>(module);
@@ -71,5 +71,5 @@ class ImportPatch {
         VirtualProtect(place, sizeof *place, protection, &protection);
     }
 
-    std::vector<std::pair<ULONGLONG*, ULONGLONG>> slots_;  // the places and what stood there
+    std::vector<std::pair<ULONGLONG*, ULONGLONG>> slots_;  // the places and their original contents
 };

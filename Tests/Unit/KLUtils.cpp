@@ -35,7 +35,7 @@ void ExpectPoint(double x, double y, double z, const double* point) {
 
 class KLUtilsTest : public DrawingTest {
  protected:
-    // Origin (100, 50, 0), turned by 90 degrees about z.
+    // Origin (100, 50, 0), rotated by 90 degrees about z.
     static void TurnUcs() {
         const double origin[] = {100, 50, 0}, xAxis[] = {0, 1, 0}, yAxis[] = {-1, 0, 0};
         bench::SetUcs(origin, xAxis, yAxis);
@@ -188,11 +188,11 @@ TEST_F(KLUtilsTest, AppendsEntitiesToModelSpace) {
     OpenObject<AcDbBlockReference> added(new AcDbBlockReference(AcGePoint3d(1, 2, 3), block));
     ASSERT_EQ(KLUtils::AppendToModelSpace(added.get(), id), Acad::eOk);
     EXPECT_FALSE(id.isNull());
-    const std::vector<std::string> journal = bench::CallLog();
-    EXPECT_EQ(std::count_if(journal.begin(), journal.end(),
+    const std::vector<std::string> calls = bench::CallLog();
+    EXPECT_EQ(std::count_if(calls.begin(), calls.end(),
                             [](const std::string& call) { return call.find("AcDbDatabase::getBlockTable read") == 0; }),
               1)
-        << testing::PrintToString(journal);
+        << testing::PrintToString(calls);
     added.reset();
     EXPECT_EQ(bench::Entities().size(), count + 1);
     OpenObject<AcDbBlockReference> refused(new AcDbBlockReference(AcGePoint3d(1, 2, 3), block));
@@ -263,7 +263,7 @@ TEST_F(KLUtilsTest, RestoresTheCursorAfterWaiting) {
     {
         KLUtils::WaitCursor cursor;
         EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_WAIT));
-        cursor.Show();  // shown already: what it replaced stays remembered
+        cursor.Show();  // shown already: the first cursor stays remembered
         cursor.Hide();
         EXPECT_EQ(GetCursor(), before);
         cursor.Show();

@@ -59,7 +59,7 @@ TEST(KLUtilsText, ConvertsMatricesBothWays) {
     EXPECT_EQ(text.substr(0, 57), "0.1250000000000000 1.1250000000000000 2.1250000000000000 ");
     AcGeMatrix3d read;
     EXPECT_TRUE(KLUtils::MatrixFromText(text.c_str(), read));
-    // A text that is too short changes nothing.
+    // Too few numbers change nothing.
     EXPECT_FALSE(KLUtils::MatrixFromText("9 9 9 9 9 9 9 9 9 9 9 9 9 9 9", read));
     EXPECT_FALSE(KLUtils::MatrixFromText(nullptr, read));
     EXPECT_TRUE(std::equal(&matrix.entry[0][0], &matrix.entry[0][0] + 16, &read.entry[0][0]));

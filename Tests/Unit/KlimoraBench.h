@@ -1,5 +1,5 @@
-// Fixtures for units that speak to the Klimora server: a running server of the given kind with a small project, slices
-// of the journal, and the utility class connected to it.
+// Fixtures for units that call the Klimora server: a running server of the given kind with a small project, excerpts of
+// the call log, and the utility class connected to the server.
 #pragma once
 
 #include <windows.h>
@@ -24,7 +24,7 @@ class KlimoraBench : public testing::Test {
         ASSERT_TRUE(bench::OpenProject(SAMPLE_FOLDER "/office.xml", error)) << error;
     }
 
-    // Journal lines that begin with `start`, without it.
+    // Lines of the call log that begin with `start`, without it.
     static std::vector<std::string> Calls(const std::string& start) {
         std::vector<std::string> calls;
         for (const std::string& line : bench::CallLog()) {
@@ -32,7 +32,7 @@ class KlimoraBench : public testing::Test {
         }
         return calls;
     }
-    // The text that reached the command line since the last call.
+    // The text that was printed since the last call.
     static std::string Printed() {
         const std::string text = bench::Transcript();
         bench::ClearTranscript();

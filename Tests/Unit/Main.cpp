@@ -1,6 +1,6 @@
-// Test program of the module's units: one AutoCAD stand-in with one drawing for all, and the real module loaded (not
-// started) beside the linked units. A case that leaves an accusation or something owed has failed, whether or not it
-// looked; what it leaves on purpose it takes back itself.
+// Test program of the module's units: one fake AutoCAD with a new drawing for each case, and the real module loaded
+// (not started) beside the linked units. A contract violation or an outstanding resource fails the case. A case that
+// leaves one on purpose clears it itself.
 #include <windows.h>
 
 #include <cstdio>
@@ -24,19 +24,19 @@ class BenchWatch : public testing::EmptyTestEventListener {
     }
     void OnTestEnd(const testing::TestInfo&) override {
         for (const std::string& sentence : bench::Violations())
-            ADD_FAILURE() << "accusation: " << sentence;
-        for (const std::string& owed : bench::OutstandingResources())
-            ADD_FAILURE() << "still owed: " << owed;
+            ADD_FAILURE() << "contract violation: " << sentence;
+        for (const std::string& resource : bench::OutstandingResources())
+            ADD_FAILURE() << "outstanding: " << resource;
     }
 };
 
 }  // namespace
 
-// The program's other forms of allocation end in these.
+// The other forms of allocation call these.
 void* operator new(std::size_t size) {
-    const bool refuses = NoMemory::thread == GetCurrentThreadId();
-    NoMemory::refused += refuses;
-    void* const block = refuses ? nullptr : std::malloc(size ? size : 1);
+    const bool fails = NoMemory::thread == GetCurrentThreadId();
+    NoMemory::failed += fails;
+    void* const block = fails ? nullptr : std::malloc(size ? size : 1);
     if (!block) throw std::bad_alloc();
     return block;
 }

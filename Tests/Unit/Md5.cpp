@@ -27,14 +27,14 @@ TEST(Md5, ReturnsKnownDigests) {
     const std::pair<std::string, const char*> cases[] = {
         {"", "D41D8CD98F00B204E9800998ECF8427E"},
         {"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789", "D174AB98D277D9F5A5611C2C9F419D9F"},
-        // Lengths at which the padding needs no block, or one more.
+        // Lengths around the limit at which the padding needs another block.
         {std::string(55, 'a'), "EF1772B6DFF9A122358552954AD0DF65"},
         {std::string(56, 'a'), "3B0C8AC703F828B04C6C197006D17218"},
         {std::string(64, 'a'), "014842D480B571495A4A0363793F7367"},
         {std::string(1000000, 'a'), "7707D6AE4E027C70EEA2A935C2296F21"},
     };
     for (const auto& [text, digest] : cases) {
-        char output[33] = "poison";
+        char output[33] = "sentinel";
         EXPECT_EQ(MD5Driver::MD5HexDigest(output, sizeof output, text.data(), text.size()), 0);
         EXPECT_STREQ(output, digest);
     }
@@ -50,11 +50,11 @@ TEST(Md5, CarriesTheBitCountIntoTheHighWord) {
 }
 
 TEST(Md5, RejectsBadArguments) {
-    char output[33] = "poison";
+    char output[33] = "sentinel";
     EXPECT_EQ(MD5Driver::MD5HexDigest(nullptr, 33, "0", 1), -1);
     EXPECT_EQ(MD5Driver::MD5HexDigest(output, 32, "0", 1), -1);
     EXPECT_EQ(MD5Driver::MD5HexDigest(output, 33, nullptr, 0), -1);
-    EXPECT_STREQ(output, "poison");
+    EXPECT_STREQ(output, "sentinel");
 }
 
 TEST(Md5, PrintsDigestsAndReadsStandardInput) {
@@ -91,7 +91,7 @@ TEST(Md5, ReportsAMissingFileAndKeepsTheDigest) {
 TEST(Md5, IgnoresSkippedRegions) {
     const TestFolder folder;
     const std::string path = folder.file("data");
-    // With the end mark of a text file, which is no end here.
+    // The bytes include 0x1A, which must not end the file.
     WriteWholeFile(path, SampleBytes(5000));
     const struct {
         std::vector<long> offsets;
@@ -120,7 +120,7 @@ TEST(Md5, IgnoresSkippedRegions) {
     }
     MD5Driver::MDFile(digest, path.c_str());
     EXPECT_EQ(HexText(digest, 16), "37F68E137CEE183222AF703FD7D30A01");
-    // Beyond 2 GiB, which a long cannot count: five zero bytes are left.
+    // A file over 2 GiB, more than a long can count: five zero bytes remain.
     const long offset = 0;
     std::filesystem::resize_file(path, 0);
     std::filesystem::resize_file(path, 0x80000004);

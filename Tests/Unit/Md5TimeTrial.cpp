@@ -1,4 +1,4 @@
-// The time trial is part of debug builds alone: the driver once more, as they have it and under another name.
+// Only debug builds have the time trial, so the driver is compiled again without NDEBUG under another name.
 #undef NDEBUG
 #define MD5Driver DebugMd5Driver
 #include "Lib/Md5Driver.cpp"

@@ -1,5 +1,5 @@
-// Start and stop of the module on tables of the test's own: libraries, ARX modules, failures, and the look-ups by
-// name; and what other programs find in the module by name.
+// Starting and stopping the module with the test's own tables: libraries, ARX modules, failures and look-ups by name;
+// and the module's exported markers.
 #include <windows.h>
 
 #include "ModuleLoader.h"
@@ -48,7 +48,7 @@ TEST(ModuleFolder, ReturnsNoTrailingBackslashAndRejectsSmallBuffers) {
 }
 
 TEST(ModuleLoader, ReleasesLibrariesAndKeepsArxModules) {
-    // A name with ".ARX" is never freed, whatever its handle.
+    // A name with ".ARX" is never freed, even with a handle of a library.
     const HMODULE kept = GetModuleHandleA("kernel32.dll");
     ModuleRecord records[] = {{"KEEP.ARX", kept}, {"Kbase640.dll", nullptr}};
     EXPECT_EQ(LoadModule(records[1], Folder().c_str()), 0);
@@ -84,13 +84,13 @@ TEST(ModuleLoader, FindsModulesByTheStartOfTheirName) {
                  {"kgeom", nullptr},    {"Kgeom310.dll2", nullptr}};
     for (const auto& c : cases)
         EXPECT_EQ(FindModuleHandle(records, 2, c.name), c.handle) << c.name;
-    EXPECT_EQ(FindModuleHandle(records, 1, "Kgeom4"), nullptr) << "only the walked records";
+    EXPECT_EQ(FindModuleHandle(records, 1, "Kgeom4"), nullptr) << "only the given number of records is searched";
 }
 
 TEST(ModuleStart, FailsAndUndoesEverythingWhenAModuleFails) {
     const auto nothingIsLeft = [](const ModuleRecord& loaded) {
-        EXPECT_EQ(loaded.handle, nullptr) << "what was loaded is freed";
-        EXPECT_FALSE(bench::CommandExists("SORV_CMDS", "SorvSIL")) << "no command outlives its code";
+        EXPECT_EQ(loaded.handle, nullptr) << "the loaded library is freed";
+        EXPECT_FALSE(bench::CommandExists("SORV_CMDS", "SorvSIL")) << "the command is removed";
         EXPECT_FALSE(bench::ServiceExists("SORV"));
         for (const std::string& line : bench::CallLog())
             EXPECT_EQ(line.find("acrxUnlockApplication"), std::string::npos);
@@ -101,7 +101,7 @@ TEST(ModuleStart, FailsAndUndoesEverythingWhenAModuleFails) {
     EXPECT_EQ(Printed(), "Error: 126 - cannot load dll-module <" + Upper(Folder() + "\\Kgeom310.dll") +
                              ">\nErrors in modules - Application not loaded\nModule not loaded: 1\n");
     nothingIsLeft(records[0]);
-    // What throws is taken back as well: the line of success, when all is loaded.
+    // An exception is undone as well: here from printing the line of success.
     const ImportPatch patch(
         "acutPrintf", +[](const wchar_t*) -> int { throw std::runtime_error("no print"); });
     EXPECT_EQ(StartApplication(records, 1, &packet), 3);

@@ -1,6 +1,5 @@
-// While it lives, `operator new` of the test program refuses this thread everything. What the case itself needs it
-// makes before. Other threads, the C runtime's own heap and other modules of the process are not touched. One at a
-// time.
+// While an object exists, `operator new` of the test program fails on this thread. A case allocates what it needs
+// before. Other threads, the C runtime's own heap and other modules of the process are not affected. One at a time.
 #pragma once
 
 #include <windows.h>
@@ -9,7 +8,7 @@
 
 struct NoMemory {
     NoMemory() {
-        refused = 0;
+        failed = 0;
         thread = GetCurrentThreadId();
     }
     ~NoMemory() { thread = 0; }
@@ -17,5 +16,5 @@ struct NoMemory {
     NoMemory& operator=(const NoMemory&) = delete;
 
     static inline std::atomic<DWORD> thread = 0;
-    static inline std::atomic<int> refused = 0;  // allocations so far
+    static inline std::atomic<int> failed = 0;  // allocations so far
 };

@@ -1,4 +1,4 @@
-// Reals as text: what is read and written, and that no place of the module follows the process's locale.
+// Reading and writing real numbers, and the module's independence of the locale.
 #include "Lib/Numbers.h"
 
 #include <clocale>
@@ -23,7 +23,7 @@ TEST(Numbers, ReadsLikeTheRuntimeInTheCLocale) {
     const struct {
         const char* text;
         double value;
-        int length;  // 0 for no number
+        int length;  // 0 when there is no number
     } cases[] = {{"25.5 440", 25.5, 4},
                  {" \t\n\v\f\r+.5x", 0.5, 9},
                  {"-2,5", -2, 2},
@@ -65,7 +65,7 @@ TEST(Numbers, ReadsLikeTheRuntimeInTheCLocale) {
 
 TEST(Numbers, WritesLikeTheRuntimeInTheCLocale) {
     EXPECT_EQ(RealText(2.5), "2.500000");
-    EXPECT_EQ(RealText(2.5, 0), "2") << "to even";
+    EXPECT_EQ(RealText(2.5, 0), "2") << "rounded to even";
     EXPECT_EQ(RealText(-1e-9), "-0.000000");
     EXPECT_EQ(RealText(1.0 / 3, 20), "0.33333333333333331483");
     EXPECT_EQ(RealText(1, -1), "1.000000");
@@ -80,7 +80,7 @@ TEST(Numbers, WritesLikeTheRuntimeInTheCLocale) {
     EXPECT_EQ(WriteReal(buffer, 7, 9.75, 6), 0u);
 }
 
-// Any plug-in of the process may have set a locale with a decimal comma.
+// Another plug-in may have set a locale with a decimal comma.
 class CommaLocale : public SessionBench {
  protected:
     ~CommaLocale() override { std::setlocale(LC_ALL, "C"); }

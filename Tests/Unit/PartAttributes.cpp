@@ -1,18 +1,18 @@
-// Typed access to part attributes, records of repeated elements, and the trace switches' guard.
+// Typed access to part attributes, records of repeated elements, and the guard of the trace switches.
 #include <locale>
 
 #include "KlimoraBench.h"
 
 namespace {
 
-// A text attribute that every part lets itself be given.
+// A text attribute that can be set on every part.
 constexpr char kText[] = "/Part/Geometry/Source[0]/KModel/Params";
 
 class PartAttributes : public ConnectedBench {
  protected:
     PartAttributes() { Start(); }
 
-    // What a required operation throws, "(nothing)" when it does not.
+    // The text that a required operation throws, or "(nothing)".
     template <class Work>
     static std::string Thrown(Work work) {
         try {
@@ -45,7 +45,7 @@ TEST_F(PartAttributes, ReadsEachKind) {
     EXPECT_TRUE(direction.x == 0 && direction.y == 1 && direction.z == 0);
     EXPECT_TRUE(utils_.IsPartTypeID("2A3", 68));
     EXPECT_FALSE(utils_.IsPartTypeID("2AA", 68));
-    EXPECT_TRUE(utils_.IsPartTypeID("FFFF", -1)) << "the type of what has none";
+    EXPECT_TRUE(utils_.IsPartTypeID("FFFF", -1)) << "the type of a part that does not exist";
     EXPECT_TRUE(utils_.IsPartTypeDefine("2A3", "EWAPART_DUCT"));
     EXPECT_FALSE(utils_.IsPartTypeDefine("2A3", "ewapart_duct"));
     utils_.SetPartAtt("2A3", kText, std::string("1 2"), true);
@@ -53,7 +53,7 @@ TEST_F(PartAttributes, ReadsEachKind) {
     EXPECT_TRUE(point.x == 1 && point.y == 2 && point.z == 0) << "a short text leaves the rest at 0";
 }
 
-// A plug-in that made the process speak another language.
+// A C++ locale that another plug-in may have set.
 struct GermanNumbers : std::numpunct<char> {
     char do_decimal_point() const override { return ','; }
     char do_thousands_sep() const override { return '.'; }
@@ -85,7 +85,7 @@ TEST_F(PartAttributes, ThrowsForFailedReadsOnlyWhenRequired) {
     const AcGeVector3d vector = utils_.GetPartAttVector("FFFF", "/Part/Direction/WCS", false);
     EXPECT_TRUE(vector.x == 0 && vector.y == 0 && vector.z == 0);
     EXPECT_EQ(utils_.GetPartAttOrDefault("FFFF", "/Part/Length", 7), 7);
-    EXPECT_EQ(utils_.GetPartAttOrDefault("2A3", kText, 7), 7) << "text that is no number";
+    EXPECT_EQ(utils_.GetPartAttOrDefault("2A3", kText, 7), 7) << "non-numeric text";
     EXPECT_EQ(utils_.GetPartAttOrDefault("FFFF", "/Part/Length", std::string("none")), "none");
 }
 
@@ -116,10 +116,10 @@ TEST_F(PartAttributes, RestoresTheTraceSwitches) {
 TEST_F(PartAttributes, ReadsRecordsWithTheNamedAttributes) {
     std::vector<KLComUtils::Record> records(1);
     ASSERT_EQ(utils_.GetAttributes("ignored", "/Project/Ductwork/System", {"Name", "Type/ID"}, records), 0);
-    ASSERT_EQ(records.size(), 6u) << "appended behind what was there";
+    ASSERT_EQ(records.size(), 6u) << "appended after the existing record";
     EXPECT_EQ(records[1], (KLComUtils::Record{{"Name", "Supply air"}, {"Type_ID", "0"}}));
     EXPECT_EQ(records[5].at("Type_ID"), "7");
-    EXPECT_EQ(bench::CallLog().size(), 11u) << "one count, and one read an element and name";
+    EXPECT_EQ(bench::CallLog().size(), 11u) << "one count, and one read for each element and name";
 }
 
 TEST_F(PartAttributes, KeepsRecordsReadBeforeAFailure) {
@@ -130,7 +130,8 @@ TEST_F(PartAttributes, KeepsRecordsReadBeforeAFailure) {
     const std::string place = "KLComUtils(280):KLComUtils::GetAttributes";
     EXPECT_EQ(Printed(), Report("Failed to get attributes.", place, "KLComUtils::GetPartAtt"));
     bench::FailCall("IKlimora200805::getPartAtt", 5, 3);
-    EXPECT_EQ(utils_.GetAttributes("", "/Project/Ductwork/System", {"Name"}, records), 0) << "no count, no elements";
+    EXPECT_EQ(utils_.GetAttributes("", "/Project/Ductwork/System", {"Name"}, records), 0)
+        << "without a count there are no elements";
     EXPECT_EQ(records.size(), 1u);
     EXPECT_EQ(utils_.GetAttributes("", "Parts", {"ID"}, records), -1);
     EXPECT_EQ(Printed(), Report("Failed to get attributes.", place, "Can't find '/' in a parent path Parts"));

@@ -1,6 +1,6 @@
-// The product record as the database receives it: every attribute with its bytes, the messages of the ways out, what is
-// given back, and the keys that are left on the device whatever came of the record. The database is a recorder here,
-// and what is downloaded is empty.
+// The product record as the database receives it: every attribute with its bytes, the message of each failure, what is
+// released, and the keys that stay on the device even after a failure. The database calls are only recorded, and the
+// downloaded files are empty.
 #include "RecordedCalls.h"
 
 #include <algorithm>
@@ -14,20 +14,20 @@
 
 namespace {
 
-// What the neighbours answer.
+// Results of network and database.
 struct Answers {
     const char* unknown = "";  // the address that is not found
     KB_HANDLE dictionary = 3, database = 4;
     bool creates = true, knowsModel = true;
     short saves = 0;
-    bool hasRoom = true;  // for texts of languages and countries
+    bool hasSpace = true;  // for texts of languages and countries
 } answers;
-std::string attributes;  // a line each
+std::string attributes;  // one line each
 
-// Its failure is not looked at.
+// The module ignores its failure.
 short InsertAttribute(KB_HANDLE database, KB_RECORD* record, short number, const void* value, short count) {
     EXPECT_TRUE(database == answers.database && *record == &answers);
-    if (!answers.hasRoom && (number == 9552 || number == 8501)) throw std::runtime_error("no room");
+    if (!answers.hasSpace && (number == 9552 || number == 8501)) throw std::runtime_error("no space");
     const std::map<short, int> sizes = {{1150, 2}, {1650, 22}, {1651, 8}, {1652, 12}, {1653, 16}, {1654, 8}, {1110, 2}};
     const auto size = sizes.find(number);
     const auto bytes = [&](int each) {
@@ -70,7 +70,7 @@ class ProductRecord : public SessionBench {
         calls_.Record("ddk_classsymboltoID", ddk_classsymboltoID,
                       [](auto, auto* symbol, auto) { return *symbol != 0; });
         calls_.Record("kbcreaterec", kbcreaterec, [](auto...) { return answers.creates ? &answers : nullptr; });
-        calls_.Give("kbdeleterec", kbdeleterec, -1);
+        calls_.Return("kbdeleterec", kbdeleterec, -1);
         calls_.Record("kbfindrec", kbfindrec, [](auto...) { return answers.knowsModel ? &attributes : nullptr; });
         calls_.Record("kbsaverec", kbsaverec, [](auto...) { return answers.saves; });
         calls_.Record("kbreleaserec", kbreleaserec, [](auto) {});
@@ -78,7 +78,7 @@ class ProductRecord : public SessionBench {
         calls_.Record("kbclosedatabase", kbclosedatabase, [](auto) {});
     }
 
-    // Result, and what was told; what was called is in `called_`.
+    // Returns the result and what was printed; the calls are in `called_`.
     std::pair<int, std::string> Build(
         const std::string& devices, const Answers& given = {}, const std::string& command = "SorvSIL",
         const std::string& files = "<DdkFileUrl>d</DdkFileUrl><KpdFileUrl>k</KpdFileUrl>") {
@@ -94,12 +94,12 @@ class ProductRecord : public SessionBench {
     bool CallsEndWith(const std::string& end) const {
         return called_.size() >= end.size() && called_.substr(called_.size() - end.size()) == end;
     }
-    // The current device's own tag.
+    // The start tag of the current device.
     std::string Keys() const {
         const std::string device = session_.CurrentDevice()->ToString();
         return device.substr(0, device.find('>') + 1);
     }
-    static std::string Told(const std::string& text) {
+    static std::string Reported(const std::string& text) {
         return Line("AddDeviceToKlimoraProject PlugIn/KL_Conn_DevicesData(418):KlConn::AddDeviceFromXMLToDatabase " +
                     text);
     }
@@ -111,12 +111,12 @@ class ProductRecord : public SessionBench {
  private:
     RecordedCalls calls_;
     const ImportPatch insertions_{"kbinsertatt", InsertAttribute};
-    // A real session is slow under Wine, and none is needed here.
+    // A real session is slow under Wine.
     const ImportPatch connected_{"InternetGetConnectedState", +[](DWORD*, DWORD) -> BOOL { return TRUE; }};
     const ImportPatch openings_{
         "InternetOpenA", +[](const char*, DWORD, const char*, const char*, DWORD) -> HINTERNET { return &attributes; }};
     const ImportPatch options_{"InternetSetOptionA", +[](HINTERNET, DWORD, void*, DWORD) -> BOOL { return TRUE; }};
-    // What breaks off counts as complete.
+    // A transfer that breaks off counts as complete.
     const ImportPatch nothingToRead_{"InternetReadFile",
                                      +[](HINTERNET, void*, DWORD, DWORD* read) -> BOOL { return *read = 0, FALSE; }};
     const ImportPatch closings_{"InternetCloseHandle", +[](HINTERNET) -> BOOL { return TRUE; }};
@@ -124,8 +124,8 @@ class ProductRecord : public SessionBench {
 
 TEST_F(ProductRecord, MakesEveryCallAndWritesEveryAttributeInOrder) {
     Answers zero;
-    zero.dictionary = zero.database = 0;  // a handle like any other
-    zero.saves = 1;                       // no failure either
+    zero.dictionary = zero.database = 0;  // a valid handle
+    zero.saves = 1;                       // not a failure
     std::string device = ReplaceAll(
         kDevice, "<DescriptionGBR>",
         "<DescriptionFIN>Vaimennin</DescriptionFIN><kpdWeblink>http://x</kpdWeblink><kpdWeblinkGBR>http://x/gb"
@@ -165,18 +165,18 @@ TEST_F(ProductRecord, WritesEveryLanguageAndCountryInOrder) {
     EXPECT_EQ(std::count(all.begin(), all.end(), '\n'), 31 + 34);
     EXPECT_EQ(Build(device), (std::pair{0, std::string()}));
     EXPECT_NE(attributes.find("'KEY 1'\n" + all + "1525 "), std::string::npos) << attributes;
-    // A failure ends one walk or the other and is told.
+    // A failure ends the languages or the countries and is reported.
     Answers full;
-    full.hasRoom = false;
+    full.hasSpace = false;
     EXPECT_EQ(
         Build(device, full),
         (std::pair{0,
-                   Line("SetAttributeDescriptionNN PlugIn/KL_Conn_DevicesData(74):SetAttributeDescriptionNN no room") +
-                       Line("SetAttributeWebLinkNN PlugIn/KL_Conn_DevicesData(140):SetAttributeWebLinkNN no room")}));
+                   Line("SetAttributeDescriptionNN PlugIn/KL_Conn_DevicesData(74):SetAttributeDescriptionNN no space") +
+                       Line("SetAttributeWebLinkNN PlugIn/KL_Conn_DevicesData(140):SetAttributeWebLinkNN no space")}));
     EXPECT_EQ(attributes.find("9553"), std::string::npos);
     EXPECT_EQ(attributes.find("8502"), std::string::npos);
     EXPECT_EQ(Build(With("DescriptionGBR", "a", ReplaceAll(kDevice, "<ID>", "<DescriptionFIN/><ID>"))).first, 0);
-    EXPECT_EQ(attributes.find("9550"), std::string::npos) << "an empty text is none";
+    EXPECT_EQ(attributes.find("9550"), std::string::npos) << "an empty text is not written";
     KB_RECORD record = &answers;
     EXPECT_EQ(SetAttributeDescriptionNN(&answers.database, &record, *session_.CurrentDevice()), 0);
     EXPECT_EQ(SetAttributeWebLinkNN(&answers.database, &record, *session_.CurrentDevice()), 0);
@@ -208,24 +208,24 @@ TEST_F(ProductRecord, MakesTheLastDeviceCurrent) {
     EXPECT_EQ(Build(kUsed + With("ID", "KEY2")).first, 0);
     EXPECT_TRUE(CallsEndWith("kbsaverec 4 kbcreaterec\nkbreleaserec kbcreaterec\n" + released_));
     EXPECT_EQ(called_.find("kbreleaserec kbcreaterec"), called_.rfind("kbreleaserec kbcreaterec"))
-        << "the first one's is not released";
+        << "the first device's record is not released";
     EXPECT_EQ(
         Keys(),
         "<device KPDClassName=\"dSilencerType\" ProductFamilyKey=\"KEY2\" ProductKey=\"KEY2\" UserCode=\"SORV2\">");
     EXPECT_EQ(Build(kUsed + With("ID", "KEY2", With("Shape", kMissing))).first, -1);
     EXPECT_EQ(Keys(),
               "<device UserCode=\"S\" KPDClassName=\"dSilencerType\" ProductFamilyKey=\"KEY2\" ProductKey=\"KEY2\">")
-        << "the first stays current, under the key that was reached";
+        << "the first device stays current with the last key";
 }
 
-// Its counts have 16 bits.
+// The database's counts have 16 bits.
 TEST_F(ProductRecord, RejectsCountsBeyondSixteenBits) {
     const std::string most(32767, 'x');
     std::string shapes;
     for (int i = 0; i < 32767; ++i)
         shapes += "<Shape>1</Shape>";
     const std::string device = With("Shape", kMissing);
-    const auto ends = [](const std::string& contents, const std::string& name) {
+    const auto element = [](const std::string& contents, const std::string& name) {
         return "<" + name + ">" + contents + "</" + name + ">";
     };
     const std::pair<std::string, std::string> cases[] = {
@@ -236,13 +236,13 @@ TEST_F(ProductRecord, RejectsCountsBeyondSixteenBits) {
          "Attribute 1562 is too large for the record database: 32768, at most 32767."},
         {With("DescriptionGBR", most + most + most),
          "Attribute 9552 is too large for the record database: 98301, at most 32767."},
-        {ReplaceAll(kDevice, "<ID>", ends(most + "x", "kpdWeblinkSWE") + "<ID>"),
+        {ReplaceAll(kDevice, "<ID>", element(most + "x", "kpdWeblinkSWE") + "<ID>"),
          "Attribute 8501 is too large for the record database: 32768, at most 32767."},
         {ReplaceAll(device, "</device>", shapes + "<Shape>1</Shape></device>"),
          "Attribute 1110 is too large for the record database: 32768, at most 32767."}};
-    for (const auto& [xml, told] : cases) {
-        EXPECT_EQ(Build(xml), told.empty() ? std::pair(0, std::string()) : std::pair(-1, Told(told)));
-        EXPECT_EQ(called_.find("kbsaverec") != std::string::npos, told.empty());
+    for (const auto& [xml, fault] : cases) {
+        EXPECT_EQ(Build(xml), fault.empty() ? std::pair(0, std::string()) : std::pair(-1, Reported(fault)));
+        EXPECT_EQ(called_.find("kbsaverec") != std::string::npos, fault.empty());
     }
 }
 
@@ -260,7 +260,7 @@ TEST_F(ProductRecord, ReportsEveryFaultOfADevice) {
         {With("Fnc", "20"), "Parameter 'aDpCurves' is not defined"},
         {With("Fnc", "120"), "Parameter 'aDpCurves' is not defined"},
         {With("Shape", kMissing), "Parameter 'Shape' is not defined."},
-        // Where a piece is required, the XML library names it.
+        // The XML library reports a missing required element.
         {With("ID", ""), "Element <ID> has no text"},
         {With("ProductCodeALL", ""), "Element <ProductCodeALL> has no text"},
         {ReplaceAll(kDevice, "<ID>", "<kpdWeblink/><ID>"), "Element <kpdWeblink> has no text"},
@@ -271,15 +271,15 @@ TEST_F(ProductRecord, ReportsEveryFaultOfADevice) {
         {With("dLw", "<Lw63/>"), "Element <Lw63> has no text"},
     };
     for (const auto& [device, text] : cases) {
-        EXPECT_EQ(Build(device), (std::pair{-1, Told(text)}));
+        EXPECT_EQ(Build(device), (std::pair{-1, Reported(text)}));
         EXPECT_TRUE(CallsEndWith(released_) && called_.find("kbsaverec") == std::string::npos) << called_;
     }
     for (const auto& [files, named] : {std::pair{"", "<DdkFileUrl>"},
                                        {"<DdkFileUrl/>", "<DdkFileUrl>"},
                                        {"<DdkFileUrl>d</DdkFileUrl>", "<KpdFileUrl>"}}) {
-        const std::string told = Build(kDevice, {}, "SorvSIL", files).second;
-        EXPECT_EQ(told.find(Told("").substr(0, 90)), 0u);
-        EXPECT_NE(told.find(named), std::string::npos) << told;
+        const std::string printed = Build(kDevice, {}, "SorvSIL", files).second;
+        EXPECT_EQ(printed.find(Reported("").substr(0, 90)), 0u);
+        EXPECT_NE(printed.find(named), std::string::npos) << printed;
     }
 }
 
@@ -290,39 +290,43 @@ TEST_F(ProductRecord, ReportsEveryFailureOfDatabaseAndNetwork) {
                       record = "kbreleaserec kbcreaterec\n" + released_,
                       known = "KPDClassName=\"dSilencerType\" ProductFamilyKey=\"KEY\"";
     const struct {
-        Answers answers;
-        std::string told, end;  // the last calls
+        Answers answers;           // unknown address, dictionary, database, creates, knowsModel, saves
+        std::string printed, end;  // the last calls
         std::string keys;
     } cases[] = {
         {{"d"},
-         network + Told("Can't download Klimora database dictionary d"),
+         network + Reported("Can't download Klimora database dictionary d"),
          "\"d\" null 0x0 0x84000200 0x0\n" + noneOpen,
          ""},
-        {{"k"}, network + Told("Can't download Klimora database k"), "\"k\" null 0x0 0x84000200 0x0\n" + noneOpen, ""},
-        {{"", -2}, Told("Can't open kbase database dictionary " + dictionary), "\" 1 0\nkbclosedatabase 0\n", ""},
+        {{"k"},
+         network + Reported("Can't download Klimora database k"),
+         "\"k\" null 0x0 0x84000200 0x0\n" + noneOpen,
+         ""},
+        {{"", -2}, Reported("Can't open kbase database dictionary " + dictionary), "\" 1 0\nkbclosedatabase 0\n", ""},
         {{"", 3, -1},
-         Told("Can't open kbase database " + dictionary + " " + folder + "/output.kpd"),
+         Reported("Can't open kbase database " + dictionary + " " + folder + "/output.kpd"),
          "\" 0\nddk_releasedatabase 3\n",
          ""},
         {{"", 3, 4, false},
-         Told("Can't create kbase record for device."),
+         Reported("Can't create kbase record for device."),
          "kbcreaterec 4 & \"KEY\"\n" + released_,
          known},
         {{"", 3, 4, true, false},
-         Told("Can't find kmodel ABCDEFGHIJKLMNOPQRSTUVWXYZ0123 in a database."),
+         Reported("Can't find kmodel ABCDEFGHIJKLMNOPQRSTUVWXYZ0123 in a database."),
          "kbreleaserec null\n" + record,
          known},
         {{"", 3, 4, true, true, -1},
-         Told("Can'save device database record."),
+         Reported("Can'save device database record."),
          "kbsaverec 4 kbcreaterec\n" + record,
          known},
     };
     for (const auto& c : cases) {
-        EXPECT_EQ(Build(With("KModelID", "abcdefghijklmnopqrstuvwxyz0123456789"), c.answers), (std::pair{-1, c.told}));
+        EXPECT_EQ(Build(With("KModelID", "abcdefghijklmnopqrstuvwxyz0123456789"), c.answers),
+                  (std::pair{-1, c.printed}));
         EXPECT_TRUE(CallsEndWith(c.end)) << called_;
         EXPECT_NE(Keys().find(c.keys), std::string::npos) << Keys();
     }
-    EXPECT_EQ(Build(kUsed, {}, "sorvsil"), (std::pair{-1, Told("Can't get device class id.")}));
+    EXPECT_EQ(Build(kUsed, {}, "sorvsil"), (std::pair{-1, Reported("Can't get device class id.")}));
     EXPECT_EQ(Keys(), "<device UserCode=\"S\" KPDClassName=\"\" ProductFamilyKey=\"\" ProductKey=\"\">");
 }
 

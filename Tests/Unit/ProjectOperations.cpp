@@ -39,7 +39,7 @@ TEST_F(ProjectOperations, ReportsAnUnsuitableProjectTwiceAndTracesNothing) {
         bench::ClearFaults();
         if (!c.answers) bench::FailCall("IKlimora200805::getPartAtt", 1);
         RecordedCalls calls;
-        calls.Give("MessageBoxA", MessageBoxA, IDOK);
+        calls.Return("MessageBoxA", MessageBoxA, IDOK);
         calls.Name(bench::MainWindow(), "main window");
         EXPECT_EQ(utils_.CheckKlimoraProject(20091200), c.warning.empty());
         const std::string title = "Sorvik Klimora Cloud Plugin";
@@ -49,7 +49,7 @@ TEST_F(ProjectOperations, ReportsAnUnsuitableProjectTwiceAndTracesNothing) {
         EXPECT_EQ(Calls("IKlimora200805::getPartAtt "), c.read);
         bool keep = false, failures = false, all = false;
         utils_.GetTrace(&keep, &failures, &all);
-        EXPECT_TRUE(keep && failures && all) << "the switches are as they were";
+        EXPECT_TRUE(keep && failures && all) << "the switches are restored";
         utils_.Disconnect();
     }
 }
@@ -66,7 +66,7 @@ TEST_F(ProjectOperations, InvertsTheFileAccessSwitchExceptOnOldServers) {
               (Texts{"'' '/dwg/flag/noPrjFileAccessCheck' '0' -> 0", "'' '/dwg/flag/noPrjFileAccessCheck' '1' -> 0"}));
     bench::FailCall("IKlimora200805::setPartAtt", 3, 5);
     utils_.SetNoProjectFileAccessCheck(true);
-    EXPECT_EQ(Printed(), "") << "a refusal is no one's concern";
+    EXPECT_EQ(Printed(), "") << "the server's failure is ignored";
 }
 
 TEST_F(ProjectOperations, SendsTheElementsOfAProductInOrder) {
@@ -76,7 +76,7 @@ TEST_F(ProjectOperations, SendsTheElementsOfAProductInOrder) {
     EXPECT_EQ(utils_.AddDeviceToKlimoraProject("C:/a&b/100%%.kpd", "x", 0, "dSilencerType", "S<1>", "F\"1'", nullptr,
                                                nullptr),
               4)
-        << "a positive code is passed on";
+        << "a positive code is returned";
     EXPECT_EQ(Printed(), "") << "without a message";
     EXPECT_EQ(utils_.AddDeviceToKlimoraProject(nullptr, "\xFE", 1, "d&", "u", "f", "k&", "<Extra>&</Extra>"), 4);
     EXPECT_EQ(
@@ -127,15 +127,15 @@ TEST_F(ProjectOperations, ReturnsTheTypeDefineOfEveryClass) {
 
 TEST_F(ProjectOperations, ReturnsConnectedPartsAndReportsFailures) {
     Start();
-    std::string first = "poison", second = "poison";
+    std::string first = "sentinel", second = "sentinel";
     utils_.GetTwoConnectedParts("2A3", first, second, true);
     EXPECT_EQ(first + " " + second, "2A2 2A4");
     utils_.GetTwoConnectedParts("2A4", first, second, true);
-    EXPECT_EQ(first + " " + second, "2A3 ") << "one connection alone";
+    EXPECT_EQ(first + " " + second, "2A3 ") << "only one connection";
     const std::string message = "GetConnectedParts : Failed to get parts connected to segment.";
     for (const int failing : {2, 1}) {
         bench::ClearFaults();
-        bench::FailCall("IKlimora200805::getPartAtt", failing + 1, 5);  // behind the count
+        bench::FailCall("IKlimora200805::getPartAtt", failing + 1, 5);  // after the count
         utils_.GetTwoConnectedParts("2A3", first, second, true);
         EXPECT_EQ(first + " " + second, failing == 2 ? "2A2 " : " ") << "what was read before the failure stays";
         EXPECT_EQ(Printed(), PartReport(message, 49, "GetTwoConnectedParts",
@@ -155,12 +155,12 @@ TEST_F(ProjectOperations, ErasesPartsAndLeavesOpenEnds) {
     EXPECT_EQ(utils_.EraseParts(nullptr), 0);
     EXPECT_TRUE(bench::CallLog().empty());
     bench::FailCall("IKlimora200805::erasePart", 1, 5);
-    EXPECT_EQ(utils_.EraseParts("2A4 & 2A3"), -1) << "a positive refusal";
+    EXPECT_EQ(utils_.EraseParts("2A4 & 2A3"), -1) << "a positive code is a failure";
     EXPECT_EQ(Printed(), PartReport("Failed to erase parts", 105, "EraseParts", ""));
     EXPECT_EQ(utils_.EraseParts("2A4"), 0);
     EXPECT_EQ(Calls("IKlimora200805::erasePart "), (Texts{"<ErasePart><PartList>2A4 & 2A3</PartList></ErasePart> -> 5",
                                                           "<ErasePart><PartList>2A4</PartList></ErasePart> -> 0"}));
-    // Handles of no part are dropped on request.
+    // Handles that are not a part are dropped on request.
     for (const bool valid : {false, true}) {
         std::string first, second;
         utils_.GetTwoConnectedParts("2A3", first, second, valid);
@@ -186,7 +186,7 @@ TEST_F(ProjectOperations, ReadsAndWritesPackageLists) {
     EXPECT_EQ(bench::CallLog(), (Texts{"IKlimora200805::getPartAtt '2B8' '/part/package/mainpart' -> '2A0' 0"}));
     utils_.SetTrace(false, true, false);
     EXPECT_EQ(utils_.GetPackageMainPart("FFFF"), "");
-    EXPECT_EQ(Printed(), "") << "no trace of the failed query";
+    EXPECT_EQ(Printed(), "") << "the failed query is not traced";
     utils_.SetTrace(false, false, false);
     EXPECT_EQ(utils_.GetPackageList("FFFF", members), -1);
     EXPECT_EQ(Printed(),
@@ -207,7 +207,7 @@ TEST_F(ProjectOperations, ReturnsThePlacementOfPartsAndBlocks) {
         IdOf(bench::AddBlockReference({"", "MARK", "0", {10, 20, 0}, std::acos(-1.0) / 2, {0, 0, 1}, {}})));
     EXPECT_NEAR(block.entry[0][1], -1, 1e-12);
     EXPECT_EQ(block.entry[1][3], 20);
-    EXPECT_TRUE(Calls("IKlimora200805::").empty()) << "the drawing knows";
+    EXPECT_TRUE(Calls("IKlimora200805::").empty()) << "the drawing has the placement";
     EXPECT_TRUE(utils_.GetTransformationMatrix(AcDbObjectId()) == AcGeMatrix3d::kIdentity);
     EXPECT_EQ(Printed(), PartReport("Failed to get transformation matrix", 166, "GetTransformationMatrix",
                                     "Can't open object for reading"));

@@ -1,12 +1,12 @@
-// Calls of Windows or the C runtime that this program makes, recorded in their order, and given results by plan:
-//   RecordedCalls calls({{window, "window"}});                   // handles that have a name from the start
-//   calls.Record("OpenClipboard", OpenClipboard);                // goes on to the real function
-//   calls.Give("EmptyClipboard", EmptyClipboard, FALSE);         // does not
-//   calls.Give("RegOpenKeyExA", RegOpenKeyExA, 5, 2, 1);         // goes on twice, does not once, goes on again
+// Records this program's calls of Windows or the C runtime in order, and replaces their results:
+//   RecordedCalls calls({{window, "window"}});                   // handles with a name from the start
+//   calls.Record("OpenClipboard", OpenClipboard);                // calls the real function
+//   calls.Return("EmptyClipboard", EmptyClipboard, FALSE);       // only returns FALSE
+//   calls.Return("RegOpenKeyExA", RegOpenKeyExA, 5, 2, 1);       // calls it twice, returns 5 once, calls it again
 //   calls.Record("GetTempPathA", GetTempPathA, [](DWORD size, char* path) { ... });
-// A line is the name and the arguments: numbers, unsigned ones in hexadecimal, constant texts in quotes, a handle by
-// its name, "null" and "&" for any other pointer. A handle that a recorded call gives back, as its result or through a
-// pointer, bears that call's name. Only calls of the thread that made this object are recorded. Ends with the scope.
+// A line is the name and the arguments: numbers, unsigned ones in hexadecimal, constant strings in quotes, a handle by
+// its name, "null", and "&" for any other pointer. A handle that a recorded call returns, as its result or through a
+// pointer, gets that call's name. Only calls of the thread that created this object are recorded, until its destructor.
 #pragma once
 
 #include <windows.h>
@@ -29,7 +29,7 @@ class RecordedCalls {
 
  public:
     explicit RecordedCalls(std::map<const void*, std::string> names = {}) : names_(std::move(names)) {}
-    // The patch that came last goes first: a function may be recorded anew on top.
+    // Removes the last patch first, because a function may be recorded again on top.
     ~RecordedCalls() {
         while (!patches_.empty())
             patches_.pop_back();
@@ -38,33 +38,34 @@ class RecordedCalls {
     RecordedCalls& operator=(const RecordedCalls&) = delete;
 
     template <class R, class... A>
-    void Record(const char* name, R (*)(A...), std::common_type_t<std::function<R(A...)>> answer = {}) {
-        const int passedOn = answer ? 0 : kAlways;
-        patches_.push_back(std::make_shared<Patch<R, A...>>(*this, name, std::move(answer), passedOn, kAlways));
+    void Record(const char* name, R (*)(A...), std::common_type_t<std::function<R(A...)>> fake = {}) {
+        const int realCalls = fake ? 0 : kAlways;
+        patches_.push_back(std::make_shared<Patch<R, A...>>(*this, name, std::move(fake), realCalls, kAlways));
     }
     template <class R, class... A>
-    void Give(const char* name, R (*)(A...), std::common_type_t<R> result, int passedOn = 0, int given = kAlways) {
-        const auto answer = [result](A...) { return result; };
-        patches_.push_back(std::make_shared<Patch<R, A...>>(*this, name, answer, passedOn, given));
+    void Return(const char* name, R (*)(A...), std::common_type_t<R> result, int realCalls = 0,
+                int fakeCalls = kAlways) {
+        const auto fake = [result](A...) { return result; };
+        patches_.push_back(std::make_shared<Patch<R, A...>>(*this, name, fake, realCalls, fakeCalls));
     }
     void Name(const void* handle, const char* name) {
         if (handle) names_[handle] = name;
     }
 
-    // One line a call, each with its line end; what is taken is recorded no longer.
+    // Returns and removes the recorded lines, each with its line end.
     std::string Take() { return std::exchange(lines_, std::string()); }
 
  private:
-    // Functions of one signature share entries, one for each of them that is recorded at the same time.
+    // Functions of one signature share four entries, so at most four of them can be recorded at the same time.
     template <class R, class... A>
     class Patch {
      public:
-        Patch(RecordedCalls& calls, const char* name, std::function<R(A...)> answer, int passedOn, int answered)
+        Patch(RecordedCalls& calls, const char* name, std::function<R(A...)> fake, int realCalls, int fakeCalls)
             : calls_(calls),
               name_(name),
-              answer_(std::move(answer)),
-              passedOn_(passedOn),
-              answered_(answered),
+              fake_(std::move(fake)),
+              realCalls_(realCalls),
+              fakeCalls_(fakeCalls),
               entry_(TakeEntry()),
               patch_(name, kEntries[entry_]) {}
         ~Patch() { users_[entry_] = nullptr; }
@@ -96,12 +97,12 @@ class RecordedCalls {
             calls_.lines_ += '\n';
             calls_.busy_ = false;
             SetLastError(error);
-            const bool passed = passedOn_ > 0 || answered_ <= 0;
-            --(passed ? passedOn_ : answered_);
+            const bool isReal = realCalls_ > 0 || fakeCalls_ <= 0;
+            --(isReal ? realCalls_ : fakeCalls_);
             if constexpr (std::is_void_v<R>) {
-                passed ? real(arguments...) : answer_(arguments...);
+                isReal ? real(arguments...) : fake_(arguments...);
             } else {
-                const R result = passed ? real(arguments...) : answer_(arguments...);
+                const R result = isReal ? real(arguments...) : fake_(arguments...);
                 if constexpr (std::is_pointer_v<R>) calls_.Name(result, name_);
                 (calls_.NameOutput(arguments, name_), ...);
                 return result;
@@ -110,9 +111,9 @@ class RecordedCalls {
 
         RecordedCalls& calls_;
         const char* const name_;
-        const std::function<R(A...)> answer_;
-        int passedOn_;
-        int answered_;
+        const std::function<R(A...)> fake_;
+        int realCalls_;  // calls left before the fake's
+        int fakeCalls_;
         const size_t entry_;
         const ImportPatch patch_;
     };

@@ -1,5 +1,5 @@
-// Registry and RegistryApp in the real registry: keys, the calls of each operation, what is stored and read, every
-// code, default and report, and the settings of an application over the user's and the machine's store.
+// Registry and RegistryApp in the real registry: keys, the calls of each operation, values, codes, defaults and
+// reports, and an application's settings in the user's and the machine's store.
 #include <algorithm>
 
 #include "DiagnosticsFixture.h"
@@ -9,8 +9,8 @@
 
 namespace {
 
-// Keys of this process alone under HKEY_CURRENT_USER and HKEY_LOCAL_MACHINE, gone before and after every case; values
-// put there and read without the unit under test; and what the readers of a value "v" give.
+// Keys of this process under HKEY_CURRENT_USER and HKEY_LOCAL_MACHINE, removed before and after each case; values
+// written and read without the unit under test; and the results of reading a value "v".
 class RegistryTest : public ErrorReportsTest {
  protected:
     RegistryTest() : path("Software\\SorvikTest-" + std::to_string(GetCurrentProcessId())) { RemoveKeys(); }
@@ -20,20 +20,20 @@ class RegistryTest : public ErrorReportsTest {
         RegDeleteTreeA(HKEY_CURRENT_USER, path.c_str());
         RegDeleteTreeA(HKEY_LOCAL_MACHINE, path.c_str());
     }
-    // Takes the key away.
-    static bool WasThere(HKEY root, const std::string& keyPath) { return RegDeleteTreeA(root, keyPath.c_str()) == 0; }
-    // Makes the test's key as well.
+    // Deletes the key. Returns whether it existed.
+    static bool DeleteKey(HKEY root, const std::string& keyPath) { return RegDeleteTreeA(root, keyPath.c_str()) == 0; }
+    // Creates the test's key as well.
     void Put(HKEY root, const char* name, DWORD type, const std::string& bytes) const {
         EXPECT_EQ(RegSetKeyValueA(root, path.c_str(), name, type, bytes.data(), static_cast<DWORD>(bytes.size())), 0);
     }
-    // "type:bytes", empty when there is none.
+    // Returns "type:bytes", or an empty string when there is no value.
     std::string Stored(HKEY root, const char* name) const {
         char bytes[64] = "";
         DWORD type = 0, size = sizeof bytes;
         const LSTATUS status = RegGetValueA(root, path.c_str(), name, RRF_RT_ANY | RRF_NOEXPAND, &type, bytes, &size);
         return status == ERROR_SUCCESS ? std::to_string(type) + ":" + std::string(bytes, size) : "";
     }
-    // What a writer has left in the user's store.
+    // The value in the user's store after writing it.
     std::string Wrote(int result) const {
         EXPECT_EQ(result, 0);
         return Stored(HKEY_CURRENT_USER, "v");
@@ -43,7 +43,7 @@ class RegistryTest : public ErrorReportsTest {
                                       "Lib/Registry#" + std::to_string(line));
     }
 
-    // What a reader gives: the result, and the output that held "PPPP" ('P' for poison) when the default is "DDDD".
+    // The result and the output of a read. The output holds the sentinel "PPPP" before; the default is "DDDD".
     template <class Store>
     static std::string ReadDword(const Store& store) {
         uint32_t value = 0x50505050;
@@ -67,7 +67,7 @@ class RegistryTest : public ErrorReportsTest {
     static std::string ReadBytes(const Store& store, int size = 4) {
         return ReadBuffer(store, size, true);
     }
-    // Size and type, then what the four readers give.
+    // Size and type, then the results of the four reads.
     using Reads = std::vector<std::string>;
     template <class Store>
     static Reads ReadAll(const Store& store) {
@@ -106,7 +106,7 @@ TEST_F(RegistryTest, AcceptsFourRootsAndReportsOthers) {
         EXPECT_EQ(registry.GetRootKey(), root);
     }
     EXPECT_EQ(registry.SetRootKey(reinterpret_cast<HKEY>(5)), -4002);
-    EXPECT_EQ(registry.Open(HKEY_CURRENT_CONFIG, "Software", KEY_READ, false), 0) << "goes on with the default";
+    EXPECT_EQ(registry.Open(HKEY_CURRENT_CONFIG, "Software", KEY_READ, false), 0) << "continues with the default";
     EXPECT_EQ(registry.GetRootKey(), HKEY_CURRENT_USER);
     EXPECT_EQ(calls.Take(), "");
     g_diagSettings->errorBits |= RF_BREAK;
@@ -137,22 +137,23 @@ TEST_F(RegistryTest, CreatesSelectsAndDeletesKeys) {
     EXPECT_FALSE(registry.KeyExists(missing.c_str()));
     EXPECT_EQ(after(registry.DeleteKey(missing.c_str())), "-4005 " + child);
     EXPECT_EQ(after(registry.DeleteKey(path.c_str())), "-4003 " + child);
-    EXPECT_EQ(after(registry.DeleteKey(child.c_str())), "0 " + child) << "named, the path stays";
+    EXPECT_EQ(after(registry.DeleteKey(child.c_str())), "0 " + child) << "deleting a named key keeps the path";
     EXPECT_FALSE(registry.KeyExists(""));
     EXPECT_FALSE(registry.IsKeyPathValid());
-    EXPECT_EQ(after(registry.CreateKey(nullptr)), "0 " + child) << "the current key once more";
+    EXPECT_EQ(after(registry.CreateKey(nullptr)), "0 " + child) << "creates the current key again";
     EXPECT_TRUE(registry.KeyExists(""));
     EXPECT_EQ(after(registry.DeleteKey(nullptr)), "0 ");
-    EXPECT_FALSE(WasThere(HKEY_CURRENT_USER, child));
+    EXPECT_FALSE(DeleteKey(HKEY_CURRENT_USER, child));
     EXPECT_EQ(after(registry.SetKeyPath(path.c_str(), false)), "0 " + path);
-    EXPECT_EQ(after(registry.Open(HKEY_LOCAL_MACHINE, path.c_str(), KEY_READ, false)), "-4004 ") << "not the old path";
+    EXPECT_EQ(after(registry.Open(HKEY_LOCAL_MACHINE, path.c_str(), KEY_READ, false)), "-4004 ")
+        << "the old path is cleared";
     const std::string noPath = Line("SetKeyPath", "SetKeyPath _KeyPath == NULL", 134);
     EXPECT_EQ(LogLines(), noPath + noPath + Line("CreateKey", "CreateKey path == NULL", 226) +
                               Line("DeleteKey", "DeleteKey path == NULL", 265) +
                               Line("SetKeyPath", "SetKeyPath can't create key \"" + tooLong + "\"", 167) +
                               Line("CreateKey", "CreateKey can't create key \"" + tooLong + "\"", 244) +
                               Line("DeleteKey", "DeleteKey can't delete key \"" + path + "\"", 278))
-        << "a missing key is told by the code alone";
+        << "a missing key only has a code";
 }
 
 class RegistryValues : public RegistryTest {
@@ -184,27 +185,28 @@ TEST_F(RegistryValues, OpensFlushesAndClosesInEveryOperation) {
                                "RegFlushKey RegCreateKeyExA\nRegCloseKey RegCreateKeyExA\n";
     const std::string write = open + close + open;
     const std::string read = open + close + open + query("null null null") + close + open;
-    const auto makes = [&](int result, const std::string& made) {
-        EXPECT_EQ(calls.Take(), made);
+    const auto expectCalls = [&](int result, const std::string& expected) {
+        EXPECT_EQ(calls.Take(), expected);
         return result;
     };
     uint32_t number = 0;
     char bytes[4];
     Registry& r = registry_;
-    EXPECT_EQ(makes(r.SetKeyPath(path.c_str(), true), create), 0);
-    EXPECT_EQ(makes(r.SetKeyPath(path.c_str(), false), open + flush), 0);
-    EXPECT_EQ(makes(r.CreateKey(nullptr), create), 0);
-    EXPECT_EQ(makes(r.KeyExists(nullptr), open + close), 1);
-    EXPECT_EQ(makes(r.SetStringValue("v", "text"), write + set("0x1 & 0x4") + flush), 0);
-    EXPECT_EQ(makes(r.SetBinaryValue("v", "by", 2), write + set("0x3 & 0x2") + flush), 0);
-    EXPECT_EQ(makes(r.SetDwordValue("v", 1), write + set("0x4 & 0x4") + flush), 0);
-    EXPECT_EQ(makes(r.GetValueSize("v"), read + query("null null &") + close), 4);
-    EXPECT_EQ(makes(r.GetValueType("v"), read + query("& null null") + close), REG_DWORD);
-    EXPECT_EQ(makes(r.GetDwordValue("v", number, 5), read + query("null & &") + close), 0);
-    EXPECT_EQ(makes(r.GetBinaryValue("v", bytes, 4, nullptr), read + query("null null &") + query("null & &") + close),
-              0);
-    EXPECT_EQ(makes(r.DeleteValue("v"), read + "RegDeleteValueA RegOpenKeyExA \"v\"\n" + flush), 0);
-    EXPECT_EQ(makes(r.DeleteKey(nullptr), open + close + "RegDeleteKeyA " + key + "\n"), 0);
+    EXPECT_EQ(expectCalls(r.SetKeyPath(path.c_str(), true), create), 0);
+    EXPECT_EQ(expectCalls(r.SetKeyPath(path.c_str(), false), open + flush), 0);
+    EXPECT_EQ(expectCalls(r.CreateKey(nullptr), create), 0);
+    EXPECT_EQ(expectCalls(r.KeyExists(nullptr), open + close), 1);
+    EXPECT_EQ(expectCalls(r.SetStringValue("v", "text"), write + set("0x1 & 0x4") + flush), 0);
+    EXPECT_EQ(expectCalls(r.SetBinaryValue("v", "by", 2), write + set("0x3 & 0x2") + flush), 0);
+    EXPECT_EQ(expectCalls(r.SetDwordValue("v", 1), write + set("0x4 & 0x4") + flush), 0);
+    EXPECT_EQ(expectCalls(r.GetValueSize("v"), read + query("null null &") + close), 4);
+    EXPECT_EQ(expectCalls(r.GetValueType("v"), read + query("& null null") + close), REG_DWORD);
+    EXPECT_EQ(expectCalls(r.GetDwordValue("v", number, 5), read + query("null & &") + close), 0);
+    EXPECT_EQ(
+        expectCalls(r.GetBinaryValue("v", bytes, 4, nullptr), read + query("null null &") + query("null & &") + close),
+        0);
+    EXPECT_EQ(expectCalls(r.DeleteValue("v"), read + "RegDeleteValueA RegOpenKeyExA \"v\"\n" + flush), 0);
+    EXPECT_EQ(expectCalls(r.DeleteKey(nullptr), open + close + "RegDeleteKeyA " + key + "\n"), 0);
 }
 
 TEST_F(RegistryValues, ReadsBackWhatWasWritten) {
@@ -213,7 +215,7 @@ TEST_F(RegistryValues, ReadsBackWhatWasWritten) {
     EXPECT_EQ(Wrote(registry_.SetBinaryValue("v", "a\0b\0", 4)), std::string("3:a\0b\0", 6));
     EXPECT_EQ(ReadText(registry_), "0 a") << "up to the first zero";
     Put(HKEY_CURRENT_USER, "v", REG_BINARY, "abc");
-    EXPECT_EQ(ReadBuffer(registry_), std::string("0 abc\0", 6)) << "terminated where there is room";
+    EXPECT_EQ(ReadBuffer(registry_), std::string("0 abc\0", 6)) << "terminated when the buffer has space";
     EXPECT_EQ(Wrote(registry_.SetStringValue("v", std::string("abc"))), "1:abc") << "without a terminator";
     EXPECT_EQ(ReadAll(registry_),
               (Reads{"3 1", std::string("0 abc\0", 6), "0 abc", std::string("0 abc\0", 6), "-4006 DDDD"}));
@@ -227,11 +229,11 @@ TEST_F(RegistryValues, ReadsBackWhatWasWritten) {
     EXPECT_EQ(ReadText(registry_), "0 ");
     for (const size_t length : {40u, 256u, 8193u}) {
         EXPECT_EQ(registry_.SetStringValue("v", std::string(length, 'x').c_str()), 0);
-        // Memory that is not zero by luck, where the text will be read into.
+        // Fills the heap, so that the text is not read into zeros by chance.
         std::vector<std::string>(8, std::string(length, 'y')).clear();
         EXPECT_EQ(ReadText(registry_), "0 " + std::string(length, 'x'));
     }
-    EXPECT_EQ(ReadDword(registry_), "-4006 DDDD") << "more than four bytes are no number";
+    EXPECT_EQ(ReadDword(registry_), "-4006 DDDD") << "more than four bytes are not a number";
     EXPECT_EQ(Wrote(registry_.DeleteValue("v")), "");
     EXPECT_EQ(LogLines(), "");
 }
@@ -250,24 +252,24 @@ TEST_F(RegistryValues, ReturnsTheDefaultForAMissingKeyOrValue) {
 
 TEST_F(RegistryValues, ReturnsTheCodeOfEachFailedOpen) {
     Put(HKEY_CURRENT_USER, "v", REG_BINARY, "1234");
-    // Of the operation's openings the first, the second or the third.
-    const auto refused = [](auto&& operation) {
+    // Fails the first, the second or the third time that the operation opens the key.
+    const auto failOpens = [](auto&& operation) {
         std::string results;
         for (int opened = 0; opened < 3; ++opened) {
             RecordedCalls calls;
-            calls.Give("RegOpenKeyExA", RegOpenKeyExA, ERROR_ACCESS_DENIED, opened);
+            calls.Return("RegOpenKeyExA", RegOpenKeyExA, ERROR_ACCESS_DENIED, opened);
             results += operation() + "|";
         }
         return results;
     };
     const std::string read = "-4005 DDDD|-4006 DDDD|-4004 PPPP|";
-    EXPECT_EQ(refused([&] { return ReadDword(registry_); }), read);
-    EXPECT_EQ(refused([&] { return ReadText(registry_); }), read);
-    EXPECT_EQ(refused([&] { return ReadBuffer(registry_); }), read);
-    EXPECT_EQ(refused([&] { return ReadBytes(registry_); }), read);
-    EXPECT_EQ(refused([&] { return std::to_string(registry_.GetValueType("v")); }), "-4005|-4006|-4004|");
-    EXPECT_EQ(refused([&] { return std::to_string(registry_.DeleteValue("v")); }), "-4005|-4006|-4004|");
-    EXPECT_EQ(refused([&] { return std::to_string(registry_.SetBinaryValue("v", "1234", 4)); }), "-4005|-4004|0|");
+    EXPECT_EQ(failOpens([&] { return ReadDword(registry_); }), read);
+    EXPECT_EQ(failOpens([&] { return ReadText(registry_); }), read);
+    EXPECT_EQ(failOpens([&] { return ReadBuffer(registry_); }), read);
+    EXPECT_EQ(failOpens([&] { return ReadBytes(registry_); }), read);
+    EXPECT_EQ(failOpens([&] { return std::to_string(registry_.GetValueType("v")); }), "-4005|-4006|-4004|");
+    EXPECT_EQ(failOpens([&] { return std::to_string(registry_.DeleteValue("v")); }), "-4005|-4006|-4004|");
+    EXPECT_EQ(failOpens([&] { return std::to_string(registry_.SetBinaryValue("v", "1234", 4)); }), "-4005|-4004|0|");
 }
 
 TEST_F(RegistryValues, LimitsAccessToTheMask) {
@@ -279,10 +281,10 @@ TEST_F(RegistryValues, LimitsAccessToTheMask) {
     EXPECT_EQ(Stored(HKEY_CURRENT_USER, "v"), "3:1234");
     registry_.SetAccessMask(KEY_SET_VALUE);
     EXPECT_EQ(ReadAll(registry_), Alike("-4006 -4006", "-4006 DDDD"));
-    EXPECT_EQ(LogLines(), "") << "refused writes are told by the code alone";
+    EXPECT_EQ(LogLines(), "") << "rejected writes only have a code";
 
     RecordedCalls calls;
-    // The question whether a value exists asks for nothing; questions for more are refused.
+    // Allows the query whether a value exists, which has no outputs, and denies the others.
     calls.Record("RegQueryValueExA", RegQueryValueExA, [](HKEY, auto, auto, DWORD* type, BYTE* data, DWORD* size) {
         return type || data || size ? ERROR_ACCESS_DENIED : ERROR_SUCCESS;
     });
@@ -303,7 +305,7 @@ TEST_F(RegistryValues, ReportsBadArguments) {
     EXPECT_EQ(registry_.SetStringValue("v", static_cast<const char*>(nullptr)), -4002);
     EXPECT_EQ(text, "P");
     EXPECT_EQ(number, 5u);
-    EXPECT_EQ(LogLines(), "") << "by their code";
+    EXPECT_EQ(LogLines(), "") << "only the code is returned";
 
     char value[] = "abc";
     const char* const place = reinterpret_cast<const char*>(0x1234);
@@ -318,7 +320,7 @@ TEST_F(RegistryValues, ReportsBadArguments) {
         return Line("GetBinaryValue", "GetBinaryValue " + values + ", DefaultValue=\"0000000000001234\"", 669);
     };
     Registry& r = registry_;
-    const std::pair<int, std::string> told[] = {
+    const std::pair<int, std::string> reports[] = {
         {r.GetStringValue(nullptr, value, 3, "d"),
          getter(R"(ValueName="NULL", Value="abc", ValueSize=3, DefaultValue="d")")},
         {r.GetStringValue("", value, 2, nullptr),
@@ -333,7 +335,7 @@ TEST_F(RegistryValues, ReportsBadArguments) {
         {r.GetBinaryValue("n", value, 0, place), bytes("ValueName=\"n\", Value=\"" + at + "\", ValueSize=0")},
         {r.GetBinaryValue("n", nullptr, 3, place), bytes(R"(ValueName="n", Value="0000000000000000", ValueSize=3)")}};
     std::string lines;
-    for (const auto& [result, line] : told) {
+    for (const auto& [result, line] : reports) {
         EXPECT_EQ(result, -4002);
         lines += line;
     }
@@ -359,12 +361,12 @@ TEST_F(RegistryAppTest, CreatesOnlyTheUsersKeyOnOpen) {
                                 "\" 0x0 null 0x0 0xF003F null & null\n");
     EXPECT_TRUE(app_->IsKeyPathValid());
     EXPECT_EQ(app_->GetKeyPath(), "") << "the machine's path";
-    EXPECT_EQ(LogLines(), "") << "a machine's key that is not there is no failure";
+    EXPECT_EQ(LogLines(), "") << "a missing key of the machine is not a failure";
     app_->Close();
     EXPECT_FALSE(app_->IsKeyPathValid());
 
     const std::string tooLong = path + "\\" + std::string(300, 'k');
-    EXPECT_EQ(app_->Open(tooLong.c_str()), -4003) << "no key has a name of 300 characters";
+    EXPECT_EQ(app_->Open(tooLong.c_str()), -4003) << "a key's name has at most 255 characters";
 }
 
 TEST_F(RegistryAppTest, SetsThePathInBothStores) {
@@ -374,9 +376,9 @@ TEST_F(RegistryAppTest, SetsThePathInBothStores) {
     EXPECT_EQ(app_->SetKeyPath(other.c_str(), false), -4004);
     EXPECT_EQ(app_->GetKeyPath(), other);
     EXPECT_EQ(app_->SetKeyPath(other.c_str(), true), 0);
-    EXPECT_TRUE(WasThere(HKEY_CURRENT_USER, other));
+    EXPECT_TRUE(DeleteKey(HKEY_CURRENT_USER, other));
     EXPECT_EQ(app_->SetKeyPath((other + "\\New").c_str(), true), 0);
-    EXPECT_FALSE(WasThere(HKEY_LOCAL_MACHINE, other + "\\New"));
+    EXPECT_FALSE(DeleteKey(HKEY_LOCAL_MACHINE, other + "\\New"));
     EXPECT_EQ(app_->SetKeyPath("", true), -4002);
     const std::string line = Line("SetKeyPath", "SetKeyPath _KeyPath == NULL", 134);
     EXPECT_EQ(LogLines(), line + line) << "one report from each store";
@@ -421,7 +423,7 @@ TEST_F(RegistryAppTest, WritesOnlyForTheUser) {
     EXPECT_EQ(Wrote(app_->SetStringValue("v", std::string("more"))), "1:more");
     EXPECT_EQ(Wrote(app_->SetBinaryValue("v", "byte", 4)), "3:byte");
     EXPECT_EQ(Wrote(app_->DeleteValue("v")), "");
-    EXPECT_EQ(app_->DeleteValue("v"), -4006) << "the machine's value is not the user's to delete";
+    EXPECT_EQ(app_->DeleteValue("v"), -4006) << "the machine's value is not deleted";
     EXPECT_EQ(Stored(HKEY_LOCAL_MACHINE, "v"), "3:mach");
 }
 

@@ -1,7 +1,7 @@
-// The server connection against a server of bare slots: tables of function pointers in the order of the server's type
-// library, written down here and not taken from our declarations. It answers at once, fills its outputs also when the
-// call fails, and counts the terminator into its texts, as real servers do. Held are slots, arguments, results,
-// outputs, trace lines, the order of releases, and that every BSTR is freed.
+// The server connection against a raw server: tables of function pointers in the order of the server's type library,
+// written here and not taken from our declarations. It fills its outputs even when the call fails, and counts the
+// terminator in its strings, as real servers do. The cases check slots, arguments, results, outputs, trace lines, the
+// order of releases, and that every BSTR is freed.
 #include <array>
 
 #include "ImportPatch.h"
@@ -20,23 +20,23 @@ struct RawObject {
 };
 extern RawObject g_drawing, g_iDrawing, g_klimora, g_200805, g_201011, g_latest;
 
-// What it answers, and what it was asked.
+// The server's results, and the calls that it received.
 struct RawState {
     HRESULT outcome = S_OK;
     long code = 0;
     std::wstring answer = std::wstring(L"answer\0", 7);
     bool hasLatest = true, errorTextFails = false;
-    std::string called;    // the last call, but for version and error text
-    int errorsAsked = 0;   // calls of slot 8
+    std::string called;    // the last call, except for version and error text
+    int errorQueries = 0;  // calls of slot 8
     std::string released;  // interfaces, in order
 };
 RawState g_raw;
 
-// What the client has from it.
+// What the client received.
 struct Outputs {
-    std::string text = "poison";
+    std::string text = "sentinel";
     double x = -7, y = -7, z = -7;
-    int last = 0;  // the number given last
+    int last = 0;  // the last number
 };
 Outputs g_out;
 
@@ -66,7 +66,7 @@ HRESULT STDMETHODCALLTYPE Version(RawObject*, long* version) {
     return g_raw.outcome;
 }
 HRESULT STDMETHODCALLTYPE ErrorText(RawObject*, BSTR* text) {
-    ++g_raw.errorsAsked;
+    ++g_raw.errorQueries;
     *text = SysAllocStringLen(L"reason", 6);
     return g_raw.errorTextFails ? E_FAIL : S_OK;
 }
@@ -91,7 +91,7 @@ HRESULT STDMETHODCALLTYPE Query(RawObject* object, REFIID id, RawObject** found)
 }
 
 HRESULT STDMETHODCALLTYPE Unused(RawObject*) {
-    ADD_FAILURE() << "a slot that nobody calls";
+    ADD_FAILURE() << "a call of an unused slot";
     return E_NOTIMPL;
 }
 
@@ -99,7 +99,7 @@ template <class... Functions>
 std::array<Slot, sizeof...(Functions)> Slots(Functions*... functions) {
     return {reinterpret_cast<Slot>(functions)...};
 }
-// In the order of their numbers, from 0 on.
+// In the order of their numbers, from 0.
 const std::array<Slot, 28> kSlots = Slots(
     Query, AddRef, Release, Unused, Unused, Unused, Unused, Version, ErrorText, Answer<9, BSTR, BSTR, BSTR*, long*>,
     Answer<10, BSTR, BSTR, BSTR, long*>, Answer<11, BSTR, BSTR, double*, long*>, Answer<12, BSTR, BSTR, double, long*>,
@@ -177,14 +177,14 @@ TEST_F(RawServer, OlderServerServesAllButCalculate) {
     EXPECT_EQ(g_raw.called, "201011 26 <H/>\\0") << "nothing is sent without the interface";
 }
 
-// ---- One row an operation
+// ---- One row for each operation
 
 struct Operation {
     const char* name;
-    const char* called;  // interface, slot and arguments
-    char gives;          // a text, a real, a point, or nothing
-    const char* trace;   // arguments after success; null for those that are traced only when the call itself failed
-    const char* failedTrace;  // after a failed call, null when they are the same
+    const char* called;       // interface, slot and arguments
+    char output;              // 't' a text, 'r' a real, 'p' a point, '-' none
+    const char* trace;        // arguments after success; null when only a failed call is traced
+    const char* failedTrace;  // arguments after a failed call; null when they are the same
     int (*call)(KlimComSrvImpl&);
 };
 
@@ -233,29 +233,29 @@ TEST_F(RawServer, EachOperationReachesItsSlotGivesItsAnswerAndTracesAsTheSwitche
         KlimComSrvImpl connection;
         for (int bits = 0; bits < 32; ++bits) {
             SCOPED_TRACE(operation.name + std::string(", switches ") + std::to_string(bits));
-            const TraceSwitches switches = {(bits & 1) != 0, (bits & 2) != 0, (bits & 4) != 0};
-            const bool fails = (bits & 16) != 0;
+            const bool keep = (bits & 1) != 0, failures = (bits & 2) != 0, all = (bits & 4) != 0;
+            const bool hasCode = (bits & 8) != 0, fails = (bits & 16) != 0;
             g_raw.outcome = fails ? E_FAIL : S_FALSE;
-            g_raw.code = bits & 8 ? 17 : 0;
-            g_raw.errorsAsked = 0;
+            g_raw.code = hasCode ? 17 : 0;
+            g_raw.errorQueries = 0;
             g_out = Outputs();
-            connection.setTrace(switches);
+            connection.setTrace({keep, failures, all});
             const std::string before = connection.lastTrace();
-            const int result = fails ? -2 : g_raw.code;  // the server's own code comes back as it is
+            const int result = fails ? -2 : g_raw.code;
             EXPECT_EQ(operation.call(connection), result);
             EXPECT_EQ(g_raw.called, operation.called);
-            const char gives = fails ? '-' : operation.gives;
-            EXPECT_EQ(g_out.text, gives == 't' ? "answer" : "poison");
-            EXPECT_EQ(g_out.x, gives == 'r' || gives == 'p' ? 1 : -7);
-            EXPECT_EQ(g_out.y, gives == 'p' ? 2 : -7);
-            EXPECT_EQ(g_out.z, gives == 'p' ? 3 : -7);
+            const char output = fails ? '-' : operation.output;
+            EXPECT_EQ(g_out.text, output == 't' ? "answer" : "sentinel");
+            EXPECT_EQ(g_out.x, output == 'r' || output == 'p' ? 1 : -7);
+            EXPECT_EQ(g_out.y, output == 'p' ? 2 : -7);
+            EXPECT_EQ(g_out.z, output == 'p' ? 3 : -7);
             const char* arguments = fails && operation.failedTrace ? operation.failedTrace : operation.trace;
-            const bool traced = arguments && bits % 8 != 0;
-            const bool echoed = traced && (switches.all || (switches.failures && result != 0));
+            const bool traced = arguments && (keep || failures || all);
+            const bool echoed = traced && (all || (failures && result != 0));
             const std::string line = traced ? Line(operation, arguments, result, result ? "reason" : "") : before;
             EXPECT_EQ(connection.lastTrace(), line);
             EXPECT_EQ(Printed(), echoed ? line + "\n" : "");
-            EXPECT_EQ(g_raw.errorsAsked, traced && result ? 1 : 0);
+            EXPECT_EQ(g_raw.errorQueries, traced && result ? 1 : 0);
         }
     }
 }
@@ -272,7 +272,7 @@ TEST_F(RawServer, TextsOfEveryLengthArriveWhole) {
         EXPECT_EQ(g_out.text, text) << length;
     }
     EXPECT_EQ(connection.erasePart(nullptr), 0);
-    EXPECT_EQ(g_raw.called, "200805 23 ") << "a null text is no BSTR";
+    EXPECT_EQ(g_raw.called, "200805 23 ") << "a null text is a null BSTR";
 }
 
 TEST_F(RawServer, TextsAreInTheCodePage) {
@@ -319,7 +319,7 @@ TEST_F(RawServer, VersionAndErrorTextAreNeverTraced) {
     EXPECT_EQ(Printed(), "");
 }
 
-// ---- Answers that no good server gives
+// ---- Results that no correct server returns
 
 TEST_F(RawServer, RejectsCountsOverAMillionAndEmptyOrRefusedAnswers) {
     KLComUtils utils;
@@ -340,9 +340,9 @@ TEST_F(RawServer, RejectsCountsOverAMillionAndEmptyOrRefusedAnswers) {
     for (const wchar_t* const reply : {L"", L"0"}) {
         g_raw.answer = reply;
         utils.CreateCustomObject(block, CustomObjectData(), false);
-        EXPECT_EQ(g_raw.called.substr(0, 10), "200805 15 ") << "nor is a block";
+        EXPECT_EQ(g_raw.called.substr(0, 10), "200805 15 ") << "a new object has only createPart as well";
         utils.CreateCustomObject(PartPlacement(), CustomObjectData(), "abc", 3);
-        EXPECT_EQ(g_raw.called.substr(0, 10), "200805 15 ") << "line types and geometry are for parts";
+        EXPECT_EQ(g_raw.called.substr(0, 10), "200805 15 ") << "line types and geometry were set without a part";
     }
     g_raw.code = 17;
     std::string value = "old";

@@ -1,4 +1,4 @@
-// The session apart from a whole run: how it begins and ends, and what it does with a result.
+// The steps of a session apart from a whole run: start and end, and the handling of results.
 #include <cstdarg>
 #include <cstring>
 #include <stdexcept>
@@ -17,7 +17,7 @@ namespace {
 
 std::string printed;
 int linesPrinted = 0;
-// The first line fails; the second is kept. The module prints every line as one text.
+// The first line fails; the second is stored. The module prints each line as one text.
 int ThrowAtFirst(const wchar_t* format, ...) {
     if (linesPrinted++ == 0) throw std::runtime_error("no print");
     va_list arguments;
@@ -44,10 +44,10 @@ TEST_F(Session, StartsWithItsOwnIdentifierAndFolder) {
         return 1u;
     });
     std::string folder = TemporaryFolder() + std::string(180, 'S');
-    std::filesystem::remove_all(folder);  // of a run that failed
+    std::filesystem::remove_all(folder);  // left by a failed run
     for (const auto& [tick, id] : {std::pair{12345u, "827CCB0EEA8A706C4C34A16891F84E7B"},
                                    {0xFFFFFFFFu, "6BB61E3B7BCE0931DA574D19D1D82C88"}}) {  // of "12345" and "-1"
-        calls.Give("GetTickCount", GetTickCount, tick);
+        calls.Return("GetTickCount", GetTickCount, tick);
         SetReportLevels(0x3386, 0x3182, 0x3182, 0x3181);
         KlConn session;
         EXPECT_EQ(g_diagSettings->fatalBits, 0x1081u);
@@ -75,27 +75,27 @@ TEST_F(Session, StartsWithItsOwnIdentifierAndFolder) {
 }
 
 TEST_F(Session, ReportsMissingFolder) {
-    const std::string told =
+    const std::string head =
         "Failed to initialize application. Klimora is not loaded. "
         "PlugIn/KL_Conn(175):KlConn::Initialize ";
     RecordedCalls calls;
-    calls.Give("GetTickCount", GetTickCount, 1);
+    calls.Return("GetTickCount", GetTickCount, 1);
     KlConn session;
-    calls.Give("GetTempFileNameA", GetTempFileNameA, 0, 0, 1);
+    calls.Return("GetTempFileNameA", GetTempFileNameA, 0, 0, 1);
     EXPECT_EQ(session.Initialize(), -1);
-    EXPECT_EQ(Printed(), Line(told + "Can't get a name for the temporary folder."));
+    EXPECT_EQ(Printed(), Line(head + "Can't get a name for the temporary folder."));
     for (const DWORD length : {MAX_PATH, 5000}) {
         const DWORD path = length;
-        calls.Give("GetTempPathA", GetTempPathA, path, 0, 1);
+        calls.Return("GetTempPathA", GetTempPathA, path, 0, 1);
         EXPECT_EQ(session.Initialize(), -1);
-        EXPECT_EQ(Printed(), Line(told + "The temporary folder's path is too long."));
+        EXPECT_EQ(Printed(), Line(head + "The temporary folder's path is too long."));
     }
     const std::string id = session.SessionId();
-    calls.Give("GetTickCount", GetTickCount, 2);
-    calls.Give("CreateDirectoryA", CreateDirectoryA, FALSE);
+    calls.Return("GetTickCount", GetTickCount, 2);
+    calls.Return("CreateDirectoryA", CreateDirectoryA, FALSE);
     EXPECT_EQ(session.Initialize(), -1);
     EXPECT_EQ(session.SessionId(), id);
-    EXPECT_EQ(Printed().find(Line(told + "Can't create temporary folder " + TemporaryFolder() + "Sor").substr(0, 150)),
+    EXPECT_EQ(Printed().find(Line(head + "Can't create temporary folder " + TemporaryFolder() + "Sor").substr(0, 150)),
               0u);
     EXPECT_EQ(session.WorkingFolder(), "");
 }
@@ -104,7 +104,7 @@ TEST_F(Session, UsesATemporaryFolderWithoutAModuleFolder) {
     std::string folder;
     {
         RecordedCalls calls;
-        calls.Give("GetModuleFileNameA", GetModuleFileNameA, 0);
+        calls.Return("GetModuleFileNameA", GetModuleFileNameA, 0);
         KlConn session;
         ASSERT_EQ(session.Initialize(), 0);
         folder = session.WorkingFolder();
@@ -115,15 +115,15 @@ TEST_F(Session, UsesATemporaryFolderWithoutAModuleFolder) {
 }
 
 TEST_F(Session, BalancesOleBeforeDisconnecting) {
-    for (const HRESULT answer : {S_OK, S_FALSE, static_cast<HRESULT>(RPC_E_CHANGED_MODE)}) {
+    for (const HRESULT result : {S_OK, S_FALSE, static_cast<HRESULT>(RPC_E_CHANGED_MODE)}) {
         RecordedCalls calls;
-        calls.Give("OleInitialize", OleInitialize, answer);
+        calls.Return("OleInitialize", OleInitialize, result);
         calls.Record("OleUninitialize", OleUninitialize, [] { EXPECT_GT(bench::OutstandingResources().size(), 1u); });
         KlConn session;
         ASSERT_EQ(session.Initialize(), 0);
         session.Shutdown();
-        EXPECT_EQ(bench::OutstandingResources().size(), 1u) << "the statistics' object alone";
-        EXPECT_EQ(calls.Take(), FAILED(answer) ? "OleInitialize null\n" : "OleInitialize null\nOleUninitialize\n");
+        EXPECT_EQ(bench::OutstandingResources().size(), 1u) << "only the statistics object remains";
+        EXPECT_EQ(calls.Take(), FAILED(result) ? "OleInitialize null\n" : "OleInitialize null\nOleUninitialize\n");
     }
 }
 
@@ -135,7 +135,7 @@ TEST_F(Session, WritesTheProjectsLists) {
     EXPECT_EQ(session.ExportDuctworkSystems(nullptr), -1);
     bench::FailCall("IKlimora200805::getPartAtt", 3, -9);
     ticpp::Element other("other");
-    EXPECT_EQ(session.ExportExistingDevices(&other, "SorvSIL"), -1) << "a code that cannot be read";
+    EXPECT_EQ(session.ExportExistingDevices(&other, "SorvSIL"), -1) << "an unreadable code";
     EXPECT_EQ(other.ToString(), "<other><SilencerDevices /></other>");
     EXPECT_EQ(session.ExportExistingDevices(session.Root(), "SorvSIL"), 0);
     EXPECT_EQ(session.ExportDuctworkSystems(session.Root()), 0);
@@ -157,8 +157,8 @@ TEST_F(Session, ReturnsTheCodeOfEachResult) {
     while (deep.size() < 3 * 201)
         deep += "<a>";
     const std::string title = "Sorvik Klimora Cloud Plugin",
-                      told = "MessageBoxA main \"Out of stock.\" \"" + title + "\" 0x10\n",
-                      asked = "MessageBoxA main \"Airflow.\nContinue?\" \"" + title + "\" 0x34\n";
+                      errorBox = "MessageBoxA main \"Out of stock.\" \"" + title + "\" 0x10\n",
+                      question = "MessageBoxA main \"Airflow.\nContinue?\" \"" + title + "\" 0x34\n";
     const struct {
         std::string xml;
         int answer;  // to the warning
@@ -166,12 +166,12 @@ TEST_F(Session, ReturnsTheCodeOfEachResult) {
         std::string boxes, printed;
     } cases[] = {
         {"<r><error/><warning/><device/></r>", IDYES, 0, "", ""},
-        {"<r>" + warning + "<device/></r>", IDYES, 0, asked, ""},
-        {"<r>" + warning + "<device/></r>", IDNO, -5, asked, ""},
-        {"<r>" + warning + "<device/></r>", 0, -5, asked, ""},  // a question that cannot be put is no yes
-        {"<r>" + error + "<device/></r>", IDYES, -6, told, ""},
-        {"<r>" + error + warning + "</r>", IDYES, -6, told + asked, ""},
-        {"<r>" + error + warning + "</r>", IDNO, -5, told + asked, ""},
+        {"<r>" + warning + "<device/></r>", IDYES, 0, question, ""},
+        {"<r>" + warning + "<device/></r>", IDNO, -5, question, ""},
+        {"<r>" + warning + "<device/></r>", 0, -5, question, ""},  // a failed message box does not mean yes
+        {"<r>" + error + "<device/></r>", IDYES, -6, errorBox, ""},
+        {"<r>" + error + warning + "</r>", IDYES, -6, errorBox + question, ""},
+        {"<r>" + error + warning + "</r>", IDNO, -5, errorBox + question, ""},
         {"<r><x/></r>", IDYES, -1, "", "\nSorvik Klimora Cloud Plugin: Can not find product data in output.xml"},
         {"<r><error>" + std::string(2000, 'e') + "</error></r>", IDYES, -6,
          "MessageBoxA main \"" + std::string(2000, 'e') + "\" \"" + title + "\" 0x10\n", ""},
@@ -185,7 +185,7 @@ TEST_F(Session, ReturnsTheCodeOfEachResult) {
     };
     for (const auto& c : cases) {
         RecordedCalls calls;
-        calls.Give("MessageBoxA", MessageBoxA, c.answer);
+        calls.Return("MessageBoxA", MessageBoxA, c.answer);
         calls.Name(bench::MainWindow(), "main");
         Printed();
         EXPECT_EQ(Take(session, c.xml), c.result) << c.xml;
@@ -196,7 +196,7 @@ TEST_F(Session, ReturnsTheCodeOfEachResult) {
     EXPECT_EQ(session.GetResultsFromConfigurator(nullptr), -2);
     EXPECT_EQ(Printed(), unreadable + "Failed to open file.\n");
     ASSERT_EQ(Take(session, "<r n='1'><device/><device n='2'/></r>"), 0);
-    EXPECT_EQ(session.Root()->GetAttribute("n"), "1") << "its root is the document's now";
+    EXPECT_EQ(session.Root()->GetAttribute("n"), "1") << "the session has the document's root";
     EXPECT_EQ(session.CurrentDevice(), session.Root()->FirstChildElement());
 }
 
@@ -220,12 +220,12 @@ TEST_F(Session, ReadsALocalResultWithoutDownloading) {
         DeleteFileA(file.c_str());
         Printed();
         RecordedCalls calls;
-        calls.Give("InternetGetConnectedState", InternetGetConnectedState, FALSE);
+        calls.Return("InternetGetConnectedState", InternetGetConnectedState, FALSE);
         EXPECT_EQ(session.GetResultsFromConfigurator("http://x"), -1);
         EXPECT_EQ(Printed().find("Sorvik Klimora Cloud Plugin: Error DownloadFile: There is no connection"), 0u);
     }
     DeleteFileA(file.c_str());
-    EXPECT_TRUE(RemoveDirectoryA(folder.c_str())) << "the folder is there to the end";
+    EXPECT_TRUE(RemoveDirectoryA(folder.c_str())) << "the folder was deleted";
 }
 
 TEST_F(Session, InstallsOnlyASilencerWithItsKeys) {
@@ -248,7 +248,7 @@ TEST_F(Session, InstallsOnlyASilencerWithItsKeys) {
                                  "PlugIn/KL_Conn(573):KlConn::InstallSilencer "),
                   0u);
     }
-    EXPECT_EQ(bench::CallLog().size(), 5u) << "the five lines";
+    EXPECT_EQ(bench::CallLog().size(), 5u) << "only five lines are printed";
 }
 
 TEST_F(Session, RejectsKeysAndCodesThatBreakTheCommand) {
@@ -257,7 +257,7 @@ TEST_F(Session, RejectsKeysAndCodesThatBreakTheCommand) {
     const std::string longest(1002, 'k');
     const struct {
         std::string key, code;
-        bool taken;
+        bool accepted;
     } cases[] = {{longest, "0123456789", true},  // 1023 characters
                  {longest + "k", "0123456789", false},
                  {"K&#10;X", "S", false},
@@ -274,50 +274,50 @@ TEST_F(Session, RejectsKeysAndCodesThatBreakTheCommand) {
     for (const auto& c : cases) {
         bench::ClearCallLog();
         bench::ClearFaults();
-        bench::FailCall("IKlimora200805::manageProductData", 1, 3);  // a product that Klimora does not know may pass
+        bench::FailCall("IKlimora200805::manageProductData", 1, 3);  // a positive code is not a failure
         Printed();
         ASSERT_EQ(Take(session, "<?xml version='1.0'?><r><device KPDClassName='dSilencerType' ProductFamilyKey=\"" +
                                     c.key + "\" UserCode=\"" + c.code + "\"/></r>"),
                   0);
-        EXPECT_EQ(session.InstallSilencer(), c.taken ? 0 : -1) << c.key;
-        const size_t times = c.taken ? 1 : 0;
+        EXPECT_EQ(session.InstallSilencer(), c.accepted ? 0 : -1) << c.key;
+        const size_t times = c.accepted ? 1 : 0;
         EXPECT_EQ(Calls("IKlimora200805::manageProductData ").size(), times);
         const std::vector<std::string> queued = Calls("AcApDocManager::sendStringToExecute ");
         EXPECT_EQ(queued.size(), times);
         if (c.code == "\xC4K1") {
             EXPECT_EQ(queued.at(0).find("KLIMSILX\\nK\\n\xC4K1\\n"), 0u)
-                << queued.at(0) << " in the code page of Windows";
+                << queued.at(0) << " is not in the code page of Windows";
         }
         EXPECT_EQ(Calls("KlimoraPluginsStatisticsWrapper::AddInsertStatistics ").size(), times);
         EXPECT_EQ(
             Printed().find(Line("Product not added: its key and user code do not make one command of Klimora's.")),
-            c.taken ? std::string::npos : 0u);
+            c.accepted ? std::string::npos : 0u);
     }
 }
 
 TEST_F(Session, ReportsAFailedInsertionAndSucceedsWithoutStatistics) {
     const std::string head = "\nSorvik Klimora Cloud Plugin: ",
-                      half = head +
-                             "Product K is in the project, but was not inserted. Type KLIMSILX, the product and "
-                             "its user code S, or run SorvSIL again and replace it.\n",
+                      notInserted = head +
+                                    "Product K is in the project, but was not inserted. Type KLIMSILX, the product and "
+                                    "its user code S, or run SorvSIL again and replace it.\n",
                       place = head + "InstallSilencer PlugIn/KL_Conn(573):KlConn::InstallSilencer ";
     {
         KlConn session;
         ASSERT_EQ(session.Initialize(), 0);
-        const auto install = [&](const char* refusing) {
+        const auto install = [&](const char* failing) {
             bench::ClearFaults();
             bench::FailCall("IKlimora200805::manageProductData", 1, 3);
-            if (refusing) bench::FailCall(refusing, 1);
+            if (failing) bench::FailCall(failing, 1);
             EXPECT_EQ(Take(session, "<r><device KPDClassName='dSilencerType' ProductFamilyKey='K' UserCode='S'/></r>"),
                       0);
             Printed();
             bench::ClearStatisticsEvents();
             return session.InstallSilencer();
         };
-        for (const char* refusing : {"AcApDocManager::curDocument", "AcApDocManager::sendStringToExecute"}) {
-            EXPECT_EQ(install(refusing), -1);
-            EXPECT_EQ(bench::SystemVariable("CMDECHO"), "1") << refusing;
-            EXPECT_NE(Printed().find(half), std::string::npos) << refusing;
+        for (const char* failing : {"AcApDocManager::curDocument", "AcApDocManager::sendStringToExecute"}) {
+            EXPECT_EQ(install(failing), -1);
+            EXPECT_EQ(bench::SystemVariable("CMDECHO"), "1") << failing;
+            EXPECT_NE(Printed().find(notInserted), std::string::npos) << failing;
             ASSERT_EQ(bench::StatisticsEvents().size(), 1u);
             EXPECT_TRUE(bench::StatisticsEvents()[0].sent);
         }
@@ -325,8 +325,8 @@ TEST_F(Session, ReportsAFailedInsertionAndSucceedsWithoutStatistics) {
             const ImportPatch patch(
                 "acDocManagerPtr", +[]() -> void* { throw std::runtime_error("no documents"); });
             EXPECT_EQ(install(nullptr), -1);
-            const std::string told = Printed();
-            EXPECT_NE(told.find(place + "no documents\n" + half), std::string::npos) << told;
+            const std::string printedText = Printed();
+            EXPECT_NE(printedText.find(place + "no documents\n" + notInserted), std::string::npos) << printedText;
         }
         {
             const auto convert = MultiByteToWideChar;
@@ -339,8 +339,8 @@ TEST_F(Session, ReportsAFailedInsertionAndSucceedsWithoutStatistics) {
                              throw std::runtime_error("no queue");
                          });
             EXPECT_EQ(install(nullptr), -1);
-            EXPECT_EQ(bench::SystemVariable("CMDECHO"), "1") << "also after an exception";
-            EXPECT_NE(Printed().find(place + "no queue\n" + half), std::string::npos);
+            EXPECT_EQ(bench::SystemVariable("CMDECHO"), "1") << "restored after an exception";
+            EXPECT_NE(Printed().find(place + "no queue\n" + notInserted), std::string::npos);
         }
         const ImportPatch patch(
             "AddInsertStatistics", +[](KlimoraPluginsStatisticsWrapper*, const wchar_t*, PluginStat*) {
@@ -353,7 +353,7 @@ TEST_F(Session, ReportsAFailedInsertionAndSucceedsWithoutStatistics) {
         session.Shutdown();
         EXPECT_EQ(Printed(), head + "Failed to close the statistics. PlugIn/KL_Conn(204):KlConn::Shutdown no end\n");
     }
-    bench::ClearViolations();  // the object ends without the close that it did not see
+    bench::ClearViolations();  // the patched CloseStatistics did not reach the object
 }
 
 TEST_F(Session, ReportsUnexpectedFailuresWithTheirPlace) {
@@ -371,7 +371,7 @@ TEST_F(Session, ReportsUnexpectedFailuresWithTheirPlace) {
     printed.clear();
     linesPrinted = 0;
     {
-        // The first line, that there is no device, cannot be printed.
+        // Printing the first line, that there is no device, fails.
         const ImportPatch patch("acutPrintf", ThrowAtFirst);
         EXPECT_EQ(Take(session, "<r/>"), -1);
     }

@@ -1,5 +1,5 @@
-// Fixture for the session's steps apart from a whole run: Klimora with the sample project, and what the user and the
-// configurator would have done before.
+// Fixture for the session's steps apart from a whole run: Klimora with the sample project, and the results of earlier
+// steps.
 #pragma once
 
 #include <fstream>
@@ -20,7 +20,7 @@ class SessionBench : public KlimoraBench {
         bench::ClearStatisticsEvents();
     }
 
-    // The sample project with the first `found` in its text replaced.
+    // Opens the sample project with the first `found` in its text replaced.
     static void OpenSampleWith(const std::string& found, const std::string& replacement) {
         std::string project = ReadWholeFile(SAMPLE_FOLDER "/office.xml"), error;
         const size_t at = project.find(found);
@@ -29,7 +29,7 @@ class SessionBench : public KlimoraBench {
         ASSERT_TRUE(bench::OpenProjectText(project.replace(at, found.size(), replacement), error)) << error;
     }
 
-    // Gives the session a result as the configurator would have left it.
+    // Passes the session a result, as the configurator would leave it.
     static int Take(KlConn& session, const std::string& xml) {
         WriteWholeFile(session.WorkingFolder() + "/output.xml", xml);
         return session.GetResultsFromConfigurator(nullptr);

@@ -1,4 +1,4 @@
-// The lock that crosses the border to the statistics library; the record does so in every run that commits.
+// The lock that is part of the statistics library's interface. Whole runs check the record.
 #include "PluginStat.h"
 
 #include <windows.h>
@@ -15,7 +15,7 @@ TEST(PMutex, KeepsAnotherThreadOutUntilReleased) {
     PMutex mutex, other;
     mutex.Acquire();
     mutex.Acquire();
-    other = mutex;  // leaves both as they are
+    other = mutex;  // changes neither
     const HANDLE done = CreateEventA(nullptr, TRUE, FALSE, nullptr);
     std::thread thread([&] {
         other.Acquire();
@@ -25,7 +25,7 @@ TEST(PMutex, KeepsAnotherThreadOutUntilReleased) {
         mutex.Release();
     });
     mutex.Release();
-    EXPECT_EQ(WaitForSingleObject(done, 50), static_cast<DWORD>(WAIT_TIMEOUT)) << "held twice, released once";
+    EXPECT_EQ(WaitForSingleObject(done, 50), static_cast<DWORD>(WAIT_TIMEOUT)) << "acquired twice, released once";
     mutex.Release();
     EXPECT_EQ(WaitForSingleObject(done, 10000), static_cast<DWORD>(WAIT_OBJECT_0));
     thread.join();

@@ -1,4 +1,4 @@
-// Files of the unit tests: whole contents in and out, and a folder of their own that goes away with the scope.
+// Files of the unit tests: reading and writing whole files, and a temporary folder that the destructor deletes.
 #pragma once
 
 #include <windows.h>
@@ -26,7 +26,7 @@ class TestFolder {
     TestFolder() {
         char base[MAX_PATH] = "";
         GetTempPathA(MAX_PATH, base);
-        // Process ids come again under Wine, so a folder that an earlier run has left is passed by.
+        // Skips folders that an earlier run has left.
         int number = 0;
         do
             path_ = std::string(base) + "sorvik-unit-" + std::to_string(++number);

@@ -26,7 +26,7 @@ TEST(TextConverter, ConvertsBothWaysInSeveralCodePages) {
     }
 }
 
-// Windows refuses precomposition with UTF-8, Wine lets it pass.
+// Windows rejects MB_PRECOMPOSED with UTF-8; Wine accepts it.
 TEST(TextConverter, RequestsPrecomposedCharactersExceptInUtf8) {
     TextConverter converter;
     RecordedCalls calls;
@@ -43,7 +43,7 @@ TEST(TextConverter, DefaultsToUtf8) {
     EXPECT_EQ(converter.ToWide("\xC3\xA4"), L"\u00E4");
     EXPECT_STREQ(converter.ToNarrow(), "\xC3\xA4");
     EXPECT_STREQ(converter.ToNarrow(1252), "\xE4");
-    EXPECT_STREQ(converter.ToNarrow(), "\xC3\xA4") << "of every call anew";
+    EXPECT_STREQ(converter.ToNarrow(), "\xC3\xA4") << "the code page applies to one call";
     EXPECT_EQ(converter.ToWide("\xE4", 1252), L"\u00E4");
     EXPECT_EQ(converter.ToWide("\xC3\xA4"), L"\u00E4");
 }

@@ -1,4 +1,4 @@
-// The user-code dialog: how it opens, what it refuses, and which code the device gets.
+// The user-code dialog: how it opens, what it rejects, and which code the device gets.
 #include "ConfiguratorDialog.h"
 #include "RecordedCalls.h"
 #include "SessionBench.h"
@@ -73,14 +73,13 @@ TEST_F(UserCodeDialog, RejectsEmptyCodesAndQuestionsUsedOnes) {
     Meets(used, BoxIcon::kWarning, {"Yes", "No"}, "No");
     robot_.Expect(bench::Dialog("Configurator").Shows(1102, "SORV1").Close());
     EXPECT_EQ(Show(), -1);
-    EXPECT_EQ(Device(), "<device><UserCode>SORV1</UserCode></device>")
-        << "the element has the code before the question";
+    EXPECT_EQ(Device(), "<device><UserCode>SORV1</UserCode></device>") << "the code is set before the question";
     {
         RecordedCalls calls;
-        calls.Give("MessageBoxA", MessageBoxA, 0);
+        calls.Return("MessageBoxA", MessageBoxA, 0);
         Types("SORV1");
         robot_.Expect(bench::Dialog("Configurator").Shows(1102, "SORV1").Close());
-        EXPECT_EQ(Show(), -1) << "a question that cannot be put is no yes";
+        EXPECT_EQ(Show(), -1) << "a failed message box does not mean yes";
     }
     Types("ABCDEFGHIJK");
     EXPECT_EQ(Show(), 0);
@@ -95,7 +94,7 @@ TEST_F(UserCodeDialog, RejectsEmptyCodesAndQuestionsUsedOnes) {
 TEST_F(UserCodeDialog, ReportsItsFailures) {
     const std::string place = "Failed to take the user code. PlugIn/ConfiguratorDialog(93):ShowUserCodeDialog ";
     RecordedCalls calls;
-    calls.Give("GetWindowTextA", GetWindowTextA, 0, 0, 1);
+    calls.Return("GetWindowTextA", GetWindowTextA, 0, 0, 1);
     robot_.Expect(bench::Dialog("Configurator").Press(IDOK));
     EXPECT_EQ(Show(), -1);
     EXPECT_EQ(Printed(), Line(place + "Can not read the user code."));
@@ -138,7 +137,7 @@ TEST_F(UserCodeDialog, ReadsCodesUpToTheOneInUse) {
     const struct {
         const char* code;
         bool inUse;
-        int failing;  // the call of the server that fails, 0 for none
+        int failing;  // ordinal of the server call that fails, 0 for none
         size_t reads;
     } cases[] = {{"SORV1", true, 0, 2}, {"SORV2", true, 0, 4}, {"sorv1", false, 0, 4}, {"free", true, 1, 1},
                  {"free", true, 3, 3},  {"SORV1", true, 3, 2}, {"SORV2", true, 2, 2}};
@@ -149,7 +148,7 @@ TEST_F(UserCodeDialog, ReadsCodesUpToTheOneInUse) {
         EXPECT_EQ(session_.IsUserCodeInUse("dSilencerType", c.code), c.inUse) << c.code << c.failing;
         EXPECT_EQ(Calls("IKlimora200805::getPartAtt").size(), c.reads) << c.code << c.failing;
     }
-    EXPECT_EQ(session_.ProposeUserCode("dSilencerType", ""), "SORV3") << "all codes, past the empty one";
+    EXPECT_EQ(session_.ProposeUserCode("dSilencerType", ""), "SORV3") << "an empty code does not end the list";
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ class XDataTest : public DrawingTest {
 
     AcDbObject* object() { return open_.get(); }
 
-    // Items of an application's chain, "code:text" each; of all applications for an empty name.
+    // Items of an application's chain, "code:text" each; all applications' for an empty name.
     std::vector<std::string> Items(const std::string& application) {
         std::vector<std::string> items;
         const std::wstring name = Widen(application);
@@ -30,7 +30,7 @@ class XDataTest : public DrawingTest {
         return items;
     }
     std::string Get(const char* key) {
-        char buffer[64] = "poison";
+        char buffer[64] = "sentinel";
         const int length = GetXDataString(object(), "SORV", key, buffer, sizeof buffer);
         return length < 0 ? std::to_string(length) : std::string(buffer);
     }
@@ -58,7 +58,7 @@ TEST_F(XDataTest, WritesOuterBlanksOfAKeyAndIgnoresThem) {
     EXPECT_EQ(Items("SORV"), (Texts{"1001:SORV", "1000: \tKey =1"}));
     EXPECT_EQ(Get("key"), "1");
     EXPECT_EQ(Get("  KEY "), "1");
-    EXPECT_EQ(Get("key  "), "-2") << "one blank at the end is ignored, not two";
+    EXPECT_EQ(Get("key  "), "-2") << "only one blank at the end is ignored";
     EXPECT_EQ(SetXDataString(object(), "SORV", "KEY", "2"), 0);
     EXPECT_EQ(Items("SORV"), (Texts{"1001:SORV", "1000:KEY=2"}));
 }
@@ -124,7 +124,7 @@ TEST_F(XDataTest, RejectsBadArguments) {
     EXPECT_EQ(SetXDataString(object(), "SORV", nullptr, "v"), -1);
     EXPECT_EQ(SetXDataString(object(), "SORV", "K", nullptr), -1);
     EXPECT_EQ(SetXDataString(object(), "SORV", "K", ""), -2);
-    // Keys that would never be found again.
+    // Keys that could not be read back.
     for (const std::string& key :
          {std::string(40, 'k'), std::string("a=b"), std::string("a="), std::string(""), std::string(" ")}) {
         EXPECT_EQ(SetXDataString(object(), "SORV", key.c_str(), "v"), -1) << key;
@@ -170,7 +170,7 @@ TEST(XDataParse, ReadsKeyValuePairs) {
     } cases[] = {
         {"key=value", 5, "KEY", "value"},
         {"  \t key =v", 1, "KEY", "v"},
-        {"key  =v", 1, "KEY ", "v"},           // one trailing blank goes, the other stays
+        {"key  =v", 1, "KEY ", "v"},           // removes only one trailing blank
         {"\xE5k\xE4=v", 1, "\xE5K\xE4", "v"},  // letters, not blanks
         {"a=b=c", 3, "A", "b=c"},
         {"key=", 0, "KEY", ""},

@@ -1,4 +1,4 @@
-// XML texts, and whose the elements of the XML wrapper are.
+// XML texts, and changing elements through the XML wrapper.
 #include <gtest/gtest.h>
 #include <string>
 
