@@ -1,4 +1,4 @@
-// The command line: queued commands, prompts and selection, what is refused there, and what a module may leave there.
+// The fake command line: queued commands, prompts and selection, rejected requests, and what a module leaves behind.
 #include "AutoCADFixture.h"
 
 #include "accmd.h"
@@ -113,7 +113,7 @@ TEST_F(AutoCADCommands, ReportsADisabledMainWindow) {
     bench::StartAutoCAD();
 }
 
-// The module behind AutoCADProbe.cpp.
+// The module is built from AutoCADProbe.cpp.
 TEST_F(AutoCADCommands, ReportsLeftoversOfAModule) {
     ASSERT_EQ(acedArxLoad(L"bench_probe.arx"), RTNORM);
     EXPECT_EQ(acedArxUnload(L"bench_probe.arx"), RTNORM);

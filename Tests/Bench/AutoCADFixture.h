@@ -4,7 +4,7 @@
 #include <windows.h>
 
 #include "BenchAutoCAD.h"
-#include "StandInFixture.h"
+#include "FakeFixture.h"
 #include "acedads.h"
 #include "acutads.h"
 #include "acutmem.h"
@@ -13,7 +13,7 @@
 #include "dbents.h"
 #include "dbsymtb.h"
 
-class AutoCADTest : public StandInTest {
+class AutoCADTest : public FakeTest {
  protected:
     AutoCADTest() {
         bench::StartAutoCAD();

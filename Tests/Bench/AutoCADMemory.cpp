@@ -1,4 +1,4 @@
-// Who owns which text and which chain.
+// Ownership of strings and result buffer chains.
 #include "AutoCADFixture.h"
 
 using testing::ElementsAre;
@@ -25,7 +25,7 @@ TEST_F(AutoCADMemory, ReportsWrongReleases) {
     EXPECT_EQ(acutRelRb(nullptr), RTERROR);
     EXPECT_EQ(acutRelRb(&own), RTERROR);
     resbuf* chain = acutNewRb(RTSHORT);
-    chain->rbnext = nullptr;  // promised is the type alone
+    chain->rbnext = nullptr;  // acutNewRb only sets the type
     EXPECT_EQ(acutRelRb(chain), RTNORM);
     EXPECT_EQ(acutRelRb(chain), RTERROR);
     EXPECT_EQ(acedGetVar(L"CMDECHO", chain), RTERROR);

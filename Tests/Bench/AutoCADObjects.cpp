@@ -1,4 +1,4 @@
-// Opening and closing of objects, transactions, and what happens to those who do not keep the rules.
+// Opening and closing objects, transactions, and the violations that misuse reports.
 #include "AutoCADFixture.h"
 
 #include <thread>
@@ -122,7 +122,7 @@ TEST_F(AutoCADObjects, RestoresTheDrawingOnAbortOrFailedEnd) {
     EXPECT_EQ(bench::DrawingState(), before);
 
     ASSERT_NE(manager->startTransaction(), nullptr);
-    EXPECT_NE(AddDuct(), added) << "a handle is not given again";
+    EXPECT_NE(AddDuct(), added) << "a handle is not reused";
     bench::FailCall("AcTransactionManager::endTransaction", 2);
     EXPECT_EQ(manager->endTransaction(), Acad::eLockViolation);
     EXPECT_EQ(bench::DrawingState(), before);

@@ -1,4 +1,4 @@
-// A module for the loader's test: it goes without taking back its command and its service.
+// A module for the loader's test: it unloads without removing its command and its service.
 #include <windows.h>
 
 #include "accmd.h"

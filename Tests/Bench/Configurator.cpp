@@ -1,5 +1,4 @@
-// The configurator program as the module starts it: the command lines that it refuses, what it records and ends with,
-// and its window.
+// The fake configurator as the module starts it: rejected command lines, its record and exit code, and its window.
 #include <windows.h>
 #include <commctrl.h>
 
@@ -13,7 +12,7 @@ using testing::Contains;
 
 namespace {
 
-constexpr DWORD kPatience = 60000;  // ms
+constexpr DWORD kTimeout = 60000;  // ms
 const char kRecordFile[] = "configurator_record.txt";
 const char kAddress[] =
     "http://klimora.sorvik.example/klimora?action=ljudprog&klsid=0F1E2D3C4B5A69788796A5B4C3D2E1F0&diameter=200";
@@ -35,7 +34,7 @@ class Configurator : public testing::Test {
         bench::ResetBench();
     }
 
-    // Program and line apart, as the module gives them.
+    // Passes program and command line separately, as the module does.
     void Start(const char* script, std::string line) {
         DeleteFileA(kRecordFile);
         SetEnvironmentVariableA("SORVIK_BENCH_CONFIGURATOR", script);
@@ -45,8 +44,8 @@ class Configurator : public testing::Test {
                                    nullptr, &startup, &process_));
     }
     DWORD Finish() {
-        if (WaitForSingleObject(process_.hProcess, kPatience) != WAIT_OBJECT_0) TerminateProcess(process_.hProcess, 99);
-        WaitForSingleObject(process_.hProcess, kPatience);
+        if (WaitForSingleObject(process_.hProcess, kTimeout) != WAIT_OBJECT_0) TerminateProcess(process_.hProcess, 99);
+        WaitForSingleObject(process_.hProcess, kTimeout);
         DWORD code = 98;
         GetExitCodeProcess(process_.hProcess, &code);
         CloseHandle(process_.hThread);
@@ -100,7 +99,7 @@ TEST_F(Configurator, RecordsWhyItEnded) {
 TEST_F(Configurator, ShowsTheTitleAndHandlesKeys) {
     Start("ask", Line(std::string(kAddress) + "&airflow=120"));
     HWND dialog = nullptr;
-    for (DWORD waited = 0; !dialog && waited < kPatience; waited += 10) {
+    for (DWORD waited = 0; !dialog && waited < kTimeout; waited += 10) {
         if (WaitForSingleObject(process_.hProcess, 10) == WAIT_OBJECT_0) break;
         dialog = FindWindowA("#32770", "Sorvik 1.4");
     }

@@ -1,38 +1,39 @@
-// What all stand-ins share: the plan of failures and the balance.
-#include "StandInFixture.h"
+// What all fakes share: fault injection, the call log and resource tracking.
+#include "FakeFixture.h"
 
 namespace {
 
-// Makes the calls in order; one letter a call: F failed, P failed with poisoned outputs, - did not.
-std::string Outcomes(const bench::InjectedFault& failure, const std::vector<const char*>& names) {
+// Makes the calls in order. Returns one letter for each: 'F' failed, 'C' failed with corrupt outputs, '-' succeeded.
+std::string Outcomes(const bench::InjectedFault& fault, const std::vector<const char*>& names) {
     bench::ResetBench();
-    bench::InjectFault(failure);
+    bench::InjectFault(fault);
     std::string outcomes;
     for (const char* name : names) {
         const bench::Call call(name, "");
-        outcomes += !call.fails() ? '-' : call.corruptsOutputs() ? 'P' : 'F';
+        outcomes += !call.fails() ? '-' : call.corruptsOutputs() ? 'C' : 'F';
         if (call.fails()) {
-            EXPECT_EQ(call.failureCode(-1), failure.code.value_or(-1)) << name;
+            EXPECT_EQ(call.failureCode(-1), fault.code.value_or(-1)) << name;
         }
     }
     bench::ResetBench();
     return outcomes;
 }
 
-TEST(FailurePlan, FailsOneCallOrEveryCallFromItOn) {
+TEST(FaultInjection, FailsOneCallOrEveryCallFromItOn) {
     const std::vector<const char*> names = {"kba", "acx", "kbb", "kba", "acx", "kba"};
+    // Names, ordinal, code, from there on, corrupt outputs.
     EXPECT_EQ(Outcomes({"", 2, {}, false, false}, names), "-F----");
-    EXPECT_EQ(Outcomes({"", 5, 9, true, true}, names), "----PP");
+    EXPECT_EQ(Outcomes({"", 5, 9, true, true}, names), "----CC");
     EXPECT_EQ(Outcomes({"kba", 2, -7, false, false}, names), "---F--");
-    EXPECT_EQ(Outcomes({"kb*", 2, 1, false, true}, names), "--P---");
+    EXPECT_EQ(Outcomes({"kb*", 2, 1, false, true}, names), "--C---");
     EXPECT_EQ(Outcomes({"kb*", 2, {}, true, false}, names), "--FF-F");
     EXPECT_EQ(Outcomes({"kbb|ac*", 2, {}, true, false}, names), "--F-F-");
 }
 
-using Balance = StandInTest;
-using Journal = StandInTest;
+using CallLogging = FakeTest;
+using ResourceTracking = FakeTest;
 
-TEST_F(Journal, IgnoresAResultThatArrivesAfterClearing) {
+TEST_F(CallLogging, IgnoresAResultThatArrivesAfterClearing) {
     bench::Call late("GET", "");
     bench::ClearCallLog();
     const bench::Call other("kba", "");
@@ -40,7 +41,7 @@ TEST_F(Journal, IgnoresAResultThatArrivesAfterClearing) {
     EXPECT_EQ(bench::CallLog(), std::vector<std::string>{"kba"});
 }
 
-TEST_F(Balance, ReportsAReleaseWithoutAnAcquire) {
+TEST_F(ResourceTracking, ReportsAReleaseWithoutAnAcquire) {
     bench::TrackAcquire("record", "A");
     EXPECT_TRUE(bench::TrackRelease("record", "A"));
     EXPECT_FALSE(bench::TrackRelease("record", "A"));

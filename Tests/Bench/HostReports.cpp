@@ -1,4 +1,4 @@
-// What the bench host makes without any stand-in: its scripts and the verdict.
+// The parts of the bench host that need no fake: its scripts and the report of a run.
 #include <windows.h>
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// The record database library: a record on its way into the file, and what the library says about broken contracts.
+// The fake record database: saving a record to the file, and the contract violations that it reports.
 #include <windows.h>
 
 #include <fstream>
@@ -7,7 +7,7 @@
 
 #include "KbaseDictionary.h"
 #include "KbaseFile.h"
-#include "StandInFixture.h"
+#include "FakeFixture.h"
 #include "kbase.h"
 
 using testing::ElementsAre;
@@ -22,8 +22,8 @@ std::string FileText(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-// The sample's files, open, with an unsaved record "A".
-class KbaseLibrary : public StandInTest {
+// Opens copies of the sample's files, with an unsaved record "A".
+class KbaseLibrary : public FakeTest {
  protected:
     KbaseLibrary() {
         CopyFileA(SORVIK_SAMPLE_FOLDER "/sorvik.ddk", kDictionary, FALSE);
@@ -88,7 +88,7 @@ TEST_F(KbaseLibrary, WritesTheBytesOfASavedRecordAndTheirMeaning) {
 TEST_F(KbaseLibrary, KeepsTheRestOfTheFileWhenReplacingAndDeleting) {
     const std::string before = FileText(kDatabase);
     EXPECT_EQ(kbsaverec(database_, record_), 0);
-    EXPECT_FALSE(Create("A")) << "a key was used twice";
+    EXPECT_FALSE(Create("A")) << "a key that exists";
     EXPECT_EQ(Insert(record_, 1503, "Sorvik", 6), 0);
     EXPECT_EQ(kbsaverec(database_, record_), 0);
     EXPECT_EQ(Saved().Find("dSilencerType", "A")->BytesOf(1503), "Sorvik");
@@ -96,7 +96,7 @@ TEST_F(KbaseLibrary, KeepsTheRestOfTheFileWhenReplacingAndDeleting) {
     EXPECT_EQ(kbdeleterec(database_, &silencers_, "A"), -1);
     EXPECT_EQ(FileText(kDatabase), before);
     const HANDLE owner = CreateFileA(kDatabase, GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-    EXPECT_EQ(kbsaverec(database_, record_), -2) << "a file that cannot be written";
+    EXPECT_EQ(kbsaverec(database_, record_), -2) << "a locked file";
     CloseHandle(owner);
 }
 

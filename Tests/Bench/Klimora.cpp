@@ -1,11 +1,11 @@
-// The Klimora server: one way through its command, what it refuses, and what it says about broken clients.
+// The fake Klimora server: its insert command, rejected commands, and the contract violations that it reports.
 #include <windows.h>
 #include <oleauto.h>
 
 #include "BenchAutoCAD.h"
 #include "BenchKlimora.h"
 #include "KLIMCOMSRVLib.h"
-#include "StandInFixture.h"
+#include "FakeFixture.h"
 
 using KLIMCOMSRVLib::IKlimora200805;
 using testing::ElementsAre;
@@ -15,8 +15,8 @@ namespace {
 
 using bench::Answer;
 
-// AutoCAD with a drawing, a server with the sample project and one client.
-class Klimora : public StandInTest {
+// A fake AutoCAD with a drawing, a server with the sample project and one client.
+class Klimora : public FakeTest {
  protected:
     static void SetUpTestSuite() { bench::StartAutoCAD(); }
     static void TearDownTestSuite() { bench::StopAutoCAD(); }
@@ -43,7 +43,7 @@ class Klimora : public StandInTest {
     static BSTR Text(const std::string& text) {  // never freed
         return SysAllocString(std::wstring(text.begin(), text.end()).c_str());
     }
-    // Result of a command, -8 poisoned.
+    // Returns the result of a command, or the sentinel -8.
     long Sends(HRESULT (STDMETHODCALLTYPE IKlimora200805::*method)(BSTR, long*), const std::string& command) {
         long result = -8;
         EXPECT_EQ((client_->*method)(Text(command), &result), S_OK);
@@ -174,7 +174,7 @@ TEST_F(Klimora, SplitsOnlyADuctForTheSilencer) {
     EXPECT_THAT(Inserts("SRC-400-1200", "SORV1", {{Answer::kMiss, ""}, {Answer::kPick, "2B3"}}),
                 HasSubstr("3650 mm from the start of the duct."));
     std::string error;
-    EXPECT_TRUE(bench::OpenProjectText(bench::ProjectXml(), error)) << error << " (connections lead both ways)";
+    EXPECT_TRUE(bench::OpenProjectText(bench::ProjectXml(), error)) << error << " (connections must be mutual)";
     const std::string silencer = bench::PartAttribute("2B3", "/Part/Connection[1]/ConnectedTo");
     const std::string second = bench::PartAttribute(silencer, "/Part/Connection[1]/ConnectedTo");
     EXPECT_EQ(bench::PartAttribute(silencer, "/Part/Position/WCS"), "17150 6000 2800");

@@ -1,4 +1,4 @@
-// Tests of the stand-ins themselves. Each suite starts and stops what it needs; the process brings COM for all of them.
+// Tests of the fakes. Each suite starts and stops what it needs; main initialises COM for all of them.
 #include <windows.h>
 #include <ole2.h>
 

@@ -1,5 +1,4 @@
-// The robot against real message boxes: how it answers, and that it complains about everything that the script did not
-// foresee.
+// The robot with real message boxes: how it answers, and that it reports everything that the script did not expect.
 #include "Robot.h"
 
 #include <windows.h>

@@ -1,27 +1,27 @@
-// The statistics library: the order of calls that it insists on.
+// The fake statistics library: the required order of calls.
 #include "BenchStatistics.h"
 #include "KlimoraPluginsStatisticsWrapper.h"
 #include "PluginStat.h"
-#include "StandInFixture.h"
+#include "FakeFixture.h"
 
 namespace {
 
 using Wrapper = KlimoraPluginsStatisticsWrapper;
 
-// A record as it lies in memory: fourteen narrow strings and nothing else.
+// The memory layout of a record: fourteen narrow strings.
 struct Record {
     std::string fields[14] = {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "11", "12", "", "14"};
     PluginStat* Get() { return reinterpret_cast<PluginStat*>(this); }
 };
 static_assert(sizeof(Record) == sizeof(PluginStat));
 
-using StatisticsLibrary = StandInTest;
+using StatisticsLibrary = FakeTest;
 
 TEST_F(StatisticsLibrary, ReportsCallsInTheWrongOrder) {
     Record record;
     const struct {
         void (*work)(Wrapper&, PluginStat*);
-        std::vector<std::string> accusations;
+        std::vector<std::string> violations;
     } cases[] = {
         {[](Wrapper& w, PluginStat* r) { w.AddInsertStatistics(L"E", r), w.FlushStatistics(), w.CloseStatistics(); },
          {}},
@@ -51,7 +51,7 @@ TEST_F(StatisticsLibrary, ReportsCallsInTheWrongOrder) {
             c.work(wrapper, record.Get());
             EXPECT_EQ(bench::OutstandingResources(), std::vector<std::string>{"statistics object client"});
         }
-        EXPECT_EQ(TakeViolations(), c.accusations);
+        EXPECT_EQ(TakeViolations(), c.violations);
     }
 }
 

@@ -1,4 +1,4 @@
-// Type libraries made here, read by typelib_slots and compared with a listing.
+// Type libraries created here, read by typelib_slots and compared with a listing.
 #include "TypeLibrary.h"
 
 #include <windows.h>
@@ -57,8 +57,8 @@ class TypeLibraryTest : public testing::Test {
         std::remove(kListingFile);
     }
 
-    // Each interface extends the one before it, the first one IDispatch. Only the last one is dual: Wine 8 lays out an
-    // interface that extends a dual one of its library as if that had no methods of its own.
+    // Each interface extends the previous one, the first one IDispatch. Only the last one is dual: Wine 8 ignores the
+    // own methods of a dual interface when another one of its library extends it.
     void Make(const std::vector<Interface>& interfaces) {
         ICreateTypeLib2* library = nullptr;
         ITypeLib* standard = nullptr;

@@ -1,5 +1,4 @@
-// The web server as a WinINet client meets it: one plain way from the products to the result, and every trouble that
-// can be put on a connection.
+// The fake web server and a WinINet client: the way from the products to the result, and every fault of a connection.
 #include "WebServer.h"
 
 #include <windows.h>
@@ -20,7 +19,7 @@ constexpr size_t kSize = 10000;
 
 struct Fetched {
     bool opened = false;
-    bool cleanEnd = false;  // the last InternetReadFile said TRUE and no bytes
+    bool cleanEnd = false;  // the last InternetReadFile returned TRUE and no bytes
     DWORD status = 0;
     std::string body;
 };
@@ -41,7 +40,7 @@ Fetched ReadAnswer(HINTERNET request) {
     return fetched;
 }
 
-// A GET makes the same calls as a download of the module: how a reset is met depends on them.
+// A GET makes the same calls as the module's download, because the effect of a reset depends on them.
 Fetched Fetch(const char* method, const std::string& path) {
     const DWORD flags = INTERNET_FLAG_RELOAD | INTERNET_FLAG_NO_CACHE_WRITE | INTERNET_FLAG_NO_UI;
     const char host[] = "klimora.sorvik.example";
@@ -96,11 +95,11 @@ TEST_F(WebServer, OffersWhatFitsAndPublishesWhatWasChosen) {
 
 TEST_F(WebServer, ProducesEachFault) {
     const struct {
-        ServerFault trouble;
+        ServerFault fault;
         bool opens;
         bool endsCleanly;
         DWORD status;
-        size_t least, most;  // bytes
+        size_t minimum, maximum;  // bytes
     } cases[] = {{ServerFault::kNone, true, true, 200, kSize, kSize},
                  {ServerFault::kNotFound, true, true, 404, 40, 400},
                  {ServerFault::kTruncated, true, true, 200, kSize / 2, kSize / 2},
@@ -108,15 +107,15 @@ TEST_F(WebServer, ProducesEachFault) {
                  {ServerFault::kRefused, false, false, 0, 0, 0},
                  {ServerFault::kStalled, true, true, 200, kSize, kSize}};
     for (const auto& one : cases) {
-        SCOPED_TRACE(static_cast<int>(one.trouble));
+        SCOPED_TRACE(static_cast<int>(one.fault));
         server_.SetFault("/f", ServerFault::kNotFound);
-        server_.SetFault("/fi", one.trouble);  // the longer path counts
+        server_.SetFault("/fi", one.fault);  // the longer path counts
         const Fetched fetched = Fetch("GET", "/file");
         EXPECT_EQ(fetched.opened, one.opens);
         EXPECT_EQ(fetched.cleanEnd, one.endsCleanly);
         EXPECT_EQ(fetched.status, one.status);
-        EXPECT_GE(fetched.body.size(), one.least);
-        EXPECT_LE(fetched.body.size(), one.most);
+        EXPECT_GE(fetched.body.size(), one.minimum);
+        EXPECT_LE(fetched.body.size(), one.maximum);
         const size_t ofFile = one.status == 200 ? std::min(kSize, fetched.body.size()) : 0;
         EXPECT_EQ(fetched.body.substr(0, ofFile), std::string(ofFile, 'x'));
     }

@@ -1,4 +1,5 @@
-// A case of a stand-in ends with an empty balance and without accusations but for those that it took.
+// Fixture for the tests of a fake. An outstanding resource fails the case, as does a contract violation that it did not
+// take.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -8,18 +9,18 @@
 
 #include "BenchControl.h"
 
-class StandInTest : public testing::Test {
+class FakeTest : public testing::Test {
  protected:
-    StandInTest() { bench::ResetBench(); }
-    ~StandInTest() override {
+    FakeTest() { bench::ResetBench(); }
+    ~FakeTest() override {
         EXPECT_THAT(bench::OutstandingResources(), testing::IsEmpty());
         EXPECT_THAT(TakeViolations(), testing::IsEmpty());
         bench::ResetBench();
     }
 
     static std::vector<std::string> TakeViolations() {
-        std::vector<std::string> accusations = bench::Violations();
+        std::vector<std::string> violations = bench::Violations();
         bench::ClearViolations();
-        return accusations;
+        return violations;
     }
 };
