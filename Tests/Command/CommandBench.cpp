@@ -7,8 +7,8 @@
 
 namespace {
 
-constexpr char kOwedCommand[] = "command group SORV_CMDS";
-constexpr char kOwedService[] = "service SORV";
+constexpr char kOwnCommands[] = "command group SORV_CMDS";
+constexpr char kOwnService[] = "service SORV";
 constexpr char kRecordFile[] = "configurator-record.txt";
 
 std::string FolderList(const std::string& pattern) {
@@ -28,7 +28,7 @@ void ReplaceAll(std::string& text, const std::string& what, const std::string& w
         text.replace(at, what.size(), with);
 }
 
-// The switch of the server's file access check belongs to the configurator's end, not to the project's contents.
+// Removes the switch of the server's file access check, which is not part of the project's contents.
 std::string WithoutAccessFlag(std::string project) {
     const std::string start = "<noPrjFileAccessCheck>", end = "</noPrjFileAccessCheck>";
     const size_t from = project.find(start), to = project.find(end);
@@ -48,7 +48,7 @@ CommandBench::CommandBench() : robot_(bench::MainWindow()) {
     UseServer({});
     bench::ResetBench();
     {
-        bench::UnrecordedScope quiet;
+        bench::UnrecordedScope unrecorded;
         EXPECT_EQ(TheStage().LoadModule("Sorvik_R24_x64.arx"), "") << bench::Transcript();
     }
     bench::ClearTranscript();
@@ -59,14 +59,14 @@ CommandBench::~CommandBench() {
         ADD_FAILURE() << complaint;
     EXPECT_EQ(bench::AnswersLeft(), 0u) << "answers that no prompt asked for";
     {
-        bench::UnrecordedScope quiet;
+        bench::UnrecordedScope unrecorded;
         EXPECT_EQ(TheStage().UnloadModule(), "");
     }
     bench::StopKlimora();
     for (const std::string& sentence : bench::Violations())
-        ADD_FAILURE() << "accusation: " << sentence;
-    for (const std::string& owed : bench::OutstandingResources())
-        ADD_FAILURE() << "still owed: " << owed;
+        ADD_FAILURE() << "contract violation: " << sentence;
+    for (const std::string& resource : bench::OutstandingResources())
+        ADD_FAILURE() << "outstanding: " << resource;
     DeleteFileA(kRecordFile);
 }
 
@@ -115,11 +115,11 @@ void CommandBench::StartOver() {
 }
 
 std::vector<std::string> CommandBench::Outstanding() {
-    std::vector<std::string> owed;
-    for (const std::string& debt : bench::OutstandingResources()) {
-        if (debt != kOwedCommand && debt != kOwedService) owed.push_back(debt);
+    std::vector<std::string> outstanding;
+    for (const std::string& resource : bench::OutstandingResources()) {
+        if (resource != kOwnCommands && resource != kOwnService) outstanding.push_back(resource);
     }
-    return owed;
+    return outstanding;
 }
 
 void CommandBench::ForgetOutstanding() {
@@ -169,16 +169,16 @@ std::string CommandBench::MaskedCallLog() const {
     std::string folder;
     for (const std::string& call : Calls("ddk_opendatabase '"))
         folder = call.substr(0, call.find("/output.ddk"));
-    std::string journal;
+    std::string log;
     for (std::string line : bench::CallLog()) {
         ReplaceAll(line, session, "{session}");
         ReplaceAll(line, folder, "{folder}");
         for (const std::string call : {"acedSSName ", "acedSSFree "})
             if (line.compare(0, call.size(), call) == 0)
                 line.replace(call.size(), line.find(' ', call.size()) - call.size(), "{set}");
-        journal += line + "\n";
+        log += line + "\n";
     }
-    return journal;
+    return log;
 }
 
 std::string CommandBench::TemporaryFolders() {

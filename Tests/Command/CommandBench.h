@@ -1,7 +1,7 @@
-// Vocabulary of the whole-command tests: the real module in the AutoCAD stand-in, an office project open in Klimora,
-// the maker's web server on the loopback. A case says what the user does, runs the command, and looks at what the
-// neighbours saw. At its end nothing may be owed, no stand-in may accuse, the robot may have no complaint, and the
-// module unloads.
+// Fixture of the whole-command tests: the real module in the fake AutoCAD, an office project open in Klimora, and the
+// manufacturer's web server on the loopback. A case says what the user does, runs the command, and checks what the
+// fakes received. The destructor unloads the module. An outstanding resource, a contract violation or a complaint of
+// the robot fails the case.
 #pragma once
 
 #include <windows.h>
@@ -27,13 +27,13 @@ inline bench::WebServer& TheWebServer() {
 
 class CommandBench : public testing::Test {
  public:
-    static std::string TemporaryFolders();  // working folders that lie in the temporary folder, a line each
+    static std::string TemporaryFolders();  // working folders in the temporary folder, one line each
 
  protected:
     CommandBench();
     ~CommandBench() override;
 
-    // ---- Neighbours other than usual, before the command ----------------------------------------------------------
+    // ---- Components, before the command ----------------------------------------------------------------------------
     void UseServer(const bench::KlimoraServer& server);
 
     // ---- The user -------------------------------------------------------------------------------------------------
@@ -41,43 +41,44 @@ class CommandBench : public testing::Test {
     void PressesEscape();
     // What the configurator does: "choose first", "choose SRC-250-900", "cancel".
     void InTheConfigurator(const std::string& script);
-    // A message box of the plug-in comes and is answered.
+    // Expects a message box of the plug-in and answers it.
     void MeetsBox(const std::string& text, bench::BoxIcon icon, const std::vector<std::string>& buttons,
                   const std::string& answer);
     // The usual way to a product: picks the duct 2A3, chooses SRC-250-900, confirms SORV2.
     void ChoosesASilencer();
     void ConfirmsInsertion();  // answers Klimora's own prompt with the duct picked last
 
-    // Runs the command and whatever it queued.
+    // Runs the command and the commands that it queued.
     void Run();
-    // Before another run in one case: journal, failure plan, command line and statistics as at the start, nothing
-    // accused.
+    // Call before another run in one case: clears the call log, the injected faults, the command line and the
+    // statistics, and checks that there was no contract violation.
     void StartOver();
 
-    // ---- What came of it -------------------------------------------------------------------------------------------
+    // ---- Results ---------------------------------------------------------------------------------------------------
     // What the command printed, without AutoCAD's own lines ("Command: …").
     std::string Printed() const;
-    std::vector<std::string> Calls(
-        const std::string& start) const;  // journal lines that begin so, without the beginning
+    // Lines of the call log that begin with `start`, without it.
+    std::vector<std::string> Calls(const std::string& start) const;
     size_t CountOf(const std::string& start) const { return Calls(start).size(); }
     std::string ConfiguratorRecord() const;
-    static std::string SessionId();  // from the configurator's request, empty when there was none
+    static std::string SessionId();  // from the configurator's request; empty without one
 
-    // The balance without what the loaded module rightly owes until it is unloaded.
+    // The outstanding resources without those that the module releases when it is unloaded.
     static std::vector<std::string> Outstanding();
     static void ForgetOutstanding();
 
     void ExpectCommitted();
-    // Transaction aborted; drawing, project and data folder as before, nothing left in the temporary folder, no
-    // statistics, main window enabled, CMDECHO as before.
+    // Checks that the transaction was aborted, no statistics were sent, and the surroundings are as before.
     void ExpectNothingChanged();
     void ExpectNoProductExported() { MeetsBox("No product exported.\n", bench::BoxIcon::kError, {"OK"}, "OK"); }
 
     bench::Robot& robot() { return robot_; }
 
-    std::string Surroundings() const;  // everything that a failed command must leave as it was
-    // The journal as lines, with what differs from run to run (session identifier, working folder, number of the
-    // selection set) under a name of its own.
+    // Everything that a failed command must not change: drawing, project, CMDECHO, temporary folder, data folder, and
+    // whether the main window is enabled.
+    std::string Surroundings() const;
+    // The call log as lines. Placeholders replace what differs between runs: session identifier, working folder, number
+    // of the selection set.
     std::string MaskedCallLog() const;
 
  private:

@@ -1,5 +1,5 @@
-// The whole command once for every call that it makes to a neighbour, with that call failing: whatever fails, the
-// command ends by itself, says so, leaves nothing behind, and the next one is as if nothing had been.
+// Runs the whole command once for every call that it makes to another component, with that call failing. In each case
+// the command must end, report the failure and leave nothing behind, and the next run must equal a healthy one.
 #include <functional>
 
 #include "SweepBench.h"
@@ -15,7 +15,7 @@ class FaultSweep : public SweepBench {
 };
 
 TEST_F(FaultSweep, SurvivesAnyFailedCall) {
-    EXPECT_EQ(LearnHealthyRun(), "") << "the configurator's program does more than its stand-in";
+    EXPECT_EQ(LearnHealthyRun(), "") << "the configurator program does more than its replacement";
     const std::vector<bench::InjectedFault> calls = EveryCall();
     ASSERT_GT(calls.size(), 80u);
     for (size_t i = 0; i < calls.size(); ++i) {
@@ -26,25 +26,25 @@ TEST_F(FaultSweep, SurvivesAnyFailedCall) {
     }
 }
 
-// The sweep's own eyes: what a worse module would leave behind or keep from the user.
+// Checks the sweep itself with faults that a defective module could have.
 TEST_F(FaultSweep, DetectsWhatARunLeavesBehind) {
     const bench::InjectedFault failure = {"kbsaverec", 1, {}};
     EXPECT_EQ(ProblemsWith(failure), std::vector<std::string>{});
     const struct {
-        std::function<void()> left;
-        const char* noticed;
+        std::function<void()> leave;
+        const char* problem;
     } cases[] = {
         {[] { bench::SetSystemVariable("CMDECHO", "0"); }, "left something: expected '-- CMDECHO 1'"},
         {[] { EnableWindow(bench::MainWindow(), FALSE); }, "left something: expected '-- main window enabled'"},
         {[] { bench::EraseEntity("2A4"); }, "left something"},
         {[] { bench::CloseProject(); }, "left something"},
-        {[] { bench::TrackAcquire("open object", "2A3"); }, "Still owed: open object 2A3."},
-        {[] { bench::ReportViolation("It was closed twice."); }, "Accusation: It was closed twice."},
+        {[] { bench::TrackAcquire("open object", "2A3"); }, "Outstanding: open object 2A3."},
+        {[] { bench::ReportViolation("It was closed twice."); }, "Contract violation: It was closed twice."},
         {[] { bench::SetProduct("AutoCAD LT", 24, 1); }, "not like a healthy one: expected 'KlimoraPluginsStatistics"}};
     for (const auto& c : cases) {
-        afterRun_ = c.left;
-        const std::string wrong = testing::PrintToString(ProblemsWith(failure));
-        EXPECT_NE(wrong.find(c.noticed), std::string::npos) << c.noticed << "\n" << wrong;
+        afterRun_ = c.leave;
+        const std::string problems = testing::PrintToString(ProblemsWith(failure));
+        EXPECT_NE(problems.find(c.problem), std::string::npos) << c.problem << "\n" << problems;
         bench::SetSystemVariable("CMDECHO", "1");
         EnableWindow(bench::MainWindow(), TRUE);
         bench::SetProduct("AutoCAD", 24, 1);
@@ -53,7 +53,7 @@ TEST_F(FaultSweep, DetectsWhatARunLeavesBehind) {
 
 TEST_F(FaultSweep, DetectsSilence) {
     afterRun_ = bench::ClearTranscript;
-    EXPECT_EQ(ProblemsWith({"kbsaverec", 1, {}}), std::vector<std::string>{"It said nothing to the user."});
+    EXPECT_EQ(ProblemsWith({"kbsaverec", 1, {}}), std::vector<std::string>{"It reported nothing to the user."});
 }
 
 }  // namespace

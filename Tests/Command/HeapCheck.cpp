@@ -22,10 +22,10 @@ unsigned char* Bytes(void* block) {
 
 void CheckGuard(void* block, const Block& known) {
     if (std::memcmp(Bytes(block) + known.size, kGuard, sizeof kGuard) != 0)
-        errors.push_back("A block of " + std::to_string(known.size) + " bytes was written behind its end.");
+        errors.push_back("A block of " + std::to_string(known.size) + " bytes was written beyond its end.");
 }
 
-// Blocks from before the check began go straight to the runtime.
+// The runtime frees blocks that were allocated before the check began.
 void Free(void* block) {
     const auto found = blocks.find(block);
     if (!block || found == blocks.end()) return std::free(block);

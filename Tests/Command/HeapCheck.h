@@ -1,6 +1,6 @@
-// Checks a module's use of the C runtime's heap while it lives: a release of a block that is not allocated and a write
-// behind a block's end become a sentence in TakeErrors. Released blocks stay filled and unused until the next
-// TakeErrors, so that a second release is seen. One at a time.
+// Checks a module's use of the C runtime's heap for the length of a scope. TakeErrors returns a sentence for each block
+// that was released twice or written beyond its end. Released blocks are filled with 0xDD and not reused until the next
+// TakeErrors, so that a second release is detected. One at a time.
 #pragma once
 
 #include <windows.h>
@@ -19,7 +19,7 @@ class HeapCheck {
 
     std::vector<std::string> TakeErrors();
 
-    // What the module's malloc does, for suites that put their own in its place.
+    // The checked malloc, for suites that patch malloc themselves.
     static void* Allocate(size_t size);
 
  private:

@@ -1,4 +1,4 @@
-// The last step in a whole run: Klimora refuses the product or replaces one, or AutoCAD refuses the command.
+// The last step in a whole run: Klimora rejects the product or replaces one, or there is no record to add.
 #include "CommandBench.h"
 
 namespace {
@@ -47,7 +47,7 @@ TEST_F(Installation, ReplacesTheProductAndItsDrawnSilencersOnYes) {
         EXPECT_EQ(bench::PartAttribute(silencer, "/Part/UserCode"), "SORV1") << silencer;
         EXPECT_EQ(bench::PartAttribute(silencer, "/Part/ProductFamilyKey"), "SRC-250-900") << silencer;
     }
-    EXPECT_EQ(bench::PartAttribute("2AE", "/Part/Length"), "1200") << "as it was drawn";
+    EXPECT_EQ(bench::PartAttribute("2AE", "/Part/Length"), "1200") << "the drawn length does not change";
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// What loading and unloading the real module does to AutoCAD.
+// Loading and unloading the real module.
 #include "CommandBench.h"
 #include "acedads.h"
 
@@ -15,12 +15,12 @@ class Load : public testing::Test {
     }
     ~Load() override {
         for (const std::string& sentence : bench::Violations())
-            ADD_FAILURE() << "accusation: " << sentence;
-        for (const std::string& owed : bench::OutstandingResources())
-            ADD_FAILURE() << "still owed: " << owed;
+            ADD_FAILURE() << "contract violation: " << sentence;
+        for (const std::string& resource : bench::OutstandingResources())
+            ADD_FAILURE() << "outstanding: " << resource;
     }
 
-    // The calls in order, a line each, without results.
+    // The calls in order, one line each, without results.
     static std::string Calls() {
         std::string calls;
         for (const std::string& line : bench::CallLog())
@@ -49,7 +49,7 @@ AcRxDictionary::remove SORV
 )");
     EXPECT_FALSE(bench::CommandExists("SORV_CMDS", "SorvSIL"));
     EXPECT_FALSE(bench::ServiceExists("SORV"));
-    EXPECT_EQ(GetModuleHandleW(kModule), nullptr) << "the library is gone";
+    EXPECT_EQ(GetModuleHandleW(kModule), nullptr) << "the library is unloaded";
 }
 
 TEST_F(Load, IgnoresUnknownMessages) {

@@ -1,4 +1,4 @@
-// The stage for all cases of the program.
+// Test program of whole runs. All cases share one stage.
 #include <windows.h>
 
 #include <cstdio>

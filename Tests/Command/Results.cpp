@@ -1,4 +1,4 @@
-// What a run does with the outcome of fetching the result; the outcomes themselves are the session's.
+// Whole runs after the result was downloaded or failed to be. The tests of the session check each outcome in detail.
 #include "CommandBench.h"
 #include "RequestTarget.h"
 
@@ -19,18 +19,18 @@ class Results : public CommandBench {
 
 TEST_F(Results, ShowsNoProductExportedOnAnyFailure) {
     const struct {
-        ServerFault trouble;
+        ServerFault fault;
         const char* printed;
     } cases[] = {
         {ServerFault::kRefused, "Sorvik Klimora Cloud Plugin: Error DownloadFile: Can't open file from internet\n"},
-        // Transfers that break off count as complete: the parser finds out.
+        // A transfer that breaks off counts as complete, so the parser reports it.
         {ServerFault::kTruncated, "Sorvik Klimora Cloud Plugin: Can't parse xml data "},
         {ServerFault::kReset, "Sorvik Klimora Cloud Plugin: Can't parse xml data "},
         {ServerFault::kNotFound, "Sorvik Klimora Cloud Plugin: Can't parse xml data "}};
     for (const auto& c : cases) {
         StartOver();
         TheWebServer().Reset();
-        TheWebServer().SetFault(kExport, c.trouble);
+        TheWebServer().SetFault(kExport, c.fault);
         ExpectNoProductExported();
         Run();
         EXPECT_NE(Printed().find(c.printed), std::string::npos) << Printed();
@@ -65,7 +65,7 @@ TEST_F(Results, RequiresAConfirmedOrFreeCodeForAFurtherDevice) {
     const std::string one = answer("GET", "/klimora/export/0123456789ABCDEF0123456789ABCDEF.xml");
     const size_t from = one.find("<device"), end = one.find("</device>") + 9;
     const struct {
-        const char *attribute, *typed, *installed;  // nothing installed: refused
+        const char *attribute, *typed, *installed;  // `installed` is empty when the device is rejected
     } cases[] = {{"", "AB1", "SORV2"},
                  {" UserCode=\"FREE\"", "AB1", "FREE"},
                  {" UserCode=\"ELEVENCHARS\"", "AB1", ""},
@@ -96,7 +96,7 @@ TEST_F(Results, RequiresAConfirmedOrFreeCodeForAFurtherDevice) {
             ExpectNothingChanged();
         }
         EXPECT_EQ(Outstanding(), std::vector<std::string>{"record dSilencerType SRC-250-900"})
-            << "the first one's stays";
+            << "the first device's record is not released";
         ForgetOutstanding();
         Picks("2A3");
     }

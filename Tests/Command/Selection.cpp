@@ -1,4 +1,4 @@
-// Runs that end before there is a result: no transaction, no Klimora, nothing picked, nothing exported.
+// Runs that end before there is a result: no transaction, no usable Klimora, nothing picked, nothing exported.
 #include "CommandBench.h"
 
 namespace {
@@ -41,12 +41,12 @@ TEST_F(Selection, ReportsAMissingOldOrClosedKlimora) {
         if (warning == notOpen) bench::CloseProject();
         if (!warning.empty()) MeetsBox(warning, BoxIcon::kWarning, {"OK"}, "OK");
         Run();
-        const std::string told = warning.empty() ? "" : "\n" + std::string(kName) + ": " + warning + "\n";
-        EXPECT_NE(Printed().find(told + kNotStarted), std::string::npos) << Printed();
+        const std::string expected = warning.empty() ? "" : "\n" + std::string(kName) + ": " + warning + "\n";
+        EXPECT_NE(Printed().find(expected + kNotStarted), std::string::npos) << Printed();
         EXPECT_EQ(CountOf("acedSSGet"), 0u);
         ExpectNothingChanged();
     }
-    // AutoCAD's own use of OLE has survived: the next run gets as far as the project again.
+    // AutoCAD's own use of OLE still works: the next run reaches the project check again.
     MeetsBox(notOpen, BoxIcon::kWarning, {"OK"}, "OK");
     bench::RunCommand("SorvSIL");
 }

@@ -1,4 +1,4 @@
-// The main job.
+// A successful run.
 #include "CommandBench.h"
 #include "Unit/ImportPatch.h"
 #include "Unit/TestFiles.h"
@@ -8,7 +8,7 @@ namespace {
 
 using Success = CommandBench;
 
-// They stand in whole-run.txt.
+// whole-run.txt lists the calls.
 TEST_F(Success, MakesEveryCallInOrder) {
     bench::SetProduct("AutoCAD Mechanical", 24, 2);
     bench::SetSystemVariable("CMDECHO", "7");
@@ -18,7 +18,7 @@ TEST_F(Success, MakesEveryCallInOrder) {
     bench::SetProduct("AutoCAD", 24, 1);
     EXPECT_EQ(MaskedCallLog(), ReadWholeFile(WHOLE_RUN));
     EXPECT_TRUE(bench::StatisticsEvents().at(0).sent);
-    EXPECT_EQ(Printed().find(kName), std::string::npos) << "a good run says nothing of its own";
+    EXPECT_EQ(Printed().find(kName), std::string::npos) << "a successful run prints nothing";
     EXPECT_EQ(bench::PartAttribute("", "/Project/KPDClass[dSilencerType]/Part[1]/Usercode"), "SORV2");
 }
 

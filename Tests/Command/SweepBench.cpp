@@ -14,15 +14,16 @@ namespace {
 constexpr int kHangSeconds = 60;
 constexpr ULONGLONG kLongestRun = 20000;  // ms
 
-// What a failure may do although the rule forbids it, and why.
+// Exceptions from the rules, and their reasons.
 const Tolerance kTolerances[] = {
     {Breach::kSilent, "acedSSGet|acedSSName|acdbGetObjectId", 0, "it counts as a pick that hits nothing"},
-    {Breach::kOther, "kbinsertatt", 0, "its result is not looked at: the record lacks the value"},
+    {Breach::kOther, "kbinsertatt", 0, "its result is ignored: the record lacks the value"},
     {Breach::kOther, "IKlimora200805::manageProductData", 0,
-     "no failure unless negative; the insert command then tells that the product is not there"},
-    {Breach::kOther, "acedSetVar", 2, "AutoCAD refuses to take CMDECHO back"}};
+     "a positive code is not a failure; the insert command then reports that the product is missing"},
+    {Breach::kOther, "acedSetVar", 2, "AutoCAD does not restore CMDECHO"}};
 
-// What the user is told of may be: a product that is in the project alone, and one without a text that found no memory.
+// Differences that are allowed because the user reads of them: a product that was added but not inserted, and one that
+// lacks a text for want of memory.
 constexpr char kNotInserted[] = "is in the project, but was not inserted.";
 constexpr char kLacksText[] = "NN PlugIn/KL_Conn_DevicesData(";
 
@@ -37,7 +38,7 @@ using Launch = BOOL WINAPI(LPCSTR, LPSTR, LPSECURITY_ATTRIBUTES, LPSECURITY_ATTR
                            LPSTARTUPINFOA, LPPROCESS_INFORMATION);
 Launch* launchProgram = nullptr;
 bool startsProgram = true;
-PROCESS_INFORMATION ended = {};  // of a configurator that exported a product
+PROCESS_INFORMATION ended = {};  // a configurator that exported a product
 
 HANDLE Duplicate(HANDLE handle) {
     HANDLE duplicate = nullptr;
@@ -82,7 +83,7 @@ std::string FirstWord(const std::string& line) {
     return line.substr(0, line.find(' '));
 }
 
-// The first line that differs, from either side.
+// The first line that differs, in both texts.
 std::string Difference(const std::string& expected, const std::string& found) {
     std::istringstream one(expected), other(found);
     std::string line, counterpart;
@@ -113,11 +114,11 @@ SweepBench::SweepBench()
     launchProgram = launch_.original<Launch>();
     if (const char* const only = std::getenv("SORVIK_FAIL")) only_ = only;
     InTheConfigurator("choose SRC-250-900");
-    RemoveTemporaryFolders();  // of earlier programs
+    RemoveTemporaryFolders();  // left by earlier programs
 }
 
 SweepBench::~SweepBench() {
-    if (!only_.empty() && planted_ == 0) ADD_FAILURE() << "no failure here is called " << only_;
+    if (!only_.empty() && planted_ == 0) ADD_FAILURE() << "no fault of this case is called " << only_;
     robot().Reset();
 }
 
@@ -137,8 +138,8 @@ std::vector<bench::InjectedFault> SweepBench::EveryCall(const char* pattern) {
 }
 
 bool SweepBench::Met(const bench::InjectedFault& failure) const {
-    const std::vector<std::string> journal = bench::CallLog();
-    return failure.ordinal <= std::count_if(journal.begin(), journal.end(), [&](const std::string& line) {
+    const std::vector<std::string> calls = bench::CallLog();
+    return failure.ordinal <= std::count_if(calls.begin(), calls.end(), [&](const std::string& line) {
                return bench::NameFits(FirstWord(line), failure.name);
            });
 }
@@ -193,10 +194,10 @@ std::string SweepBench::LearnHealthyRun() {
 }
 
 std::string SweepBench::ShownToUser() {
-    std::string told = Printed();
+    std::string shown = Printed();
     for (const bench::SeenDialog& seen : robot().Seen())
-        told += seen.caption + "\n";
-    return told;
+        shown += seen.caption + "\n";
+    return shown;
 }
 
 bool SweepBench::Attempted(const std::string& text) {
@@ -211,8 +212,8 @@ bool SweepBench::ReportedAnything() {
     return Attempted(kName) || Attempted("KlimComSrvImpl::");
 }
 
-// At a second prompt, which he gets when his pick does not suit; or in the configurator, which tells him itself that
-// its requests failed.
+// The user ends the command at a second prompt, which follows an unsuitable pick, or in the configurator, which reports
+// its failed requests itself.
 bool SweepBench::EndedByUser() const {
     const std::vector<std::string> choices = Calls("POST ");
     const bool exported = !choices.empty() && choices[0].find(" -> 200") != std::string::npos;
@@ -230,7 +231,7 @@ std::string SweepBench::PrematureCall() const {
     return {};
 }
 
-// The calls of a healthy run that the failure concerns.
+// The calls of a healthy run that the fault affects.
 std::vector<bench::InjectedFault> SweepBench::Concerned(const bench::InjectedFault& failure) const {
     std::vector<bench::InjectedFault> concerned;
     std::map<std::string, int> times;
@@ -241,7 +242,7 @@ std::vector<bench::InjectedFault> SweepBench::Concerned(const bench::InjectedFau
         concerned.push_back({name, ordinal, {}});
         if (!failure.fromThereOn) break;
     }
-    if (concerned.empty()) concerned.push_back(failure);  // of another kind than calls in the journal
+    if (concerned.empty()) concerned.push_back(failure);  // not a call of the call log
     return concerned;
 }
 
@@ -269,7 +270,7 @@ std::vector<std::string> SweepBench::ProblemsWith(const bench::InjectedFault& fa
     startsProgram = false;
     AfterRun();
     must(GetTickCount64() - start < kLongestRun, "The run took longer than 20 seconds.");
-    must(Met(failure), "The run did not come to the failure.");
+    must(Met(failure), "The run did not reach the fault.");
     const bool committed = CountOf("AcTransactionManager::endTransaction") == 1;
     const std::vector<bench::InjectedFault> concerned = Concerned(failure);
     const auto tolerates = [&](Breach breach) { return [=](const auto& call) { return Tolerated(breach, call); }; };
@@ -279,12 +280,12 @@ std::vector<std::string> SweepBench::ProblemsWith(const bench::InjectedFault& fa
          (committed ? "It committed something else: " : "It left something: ") + unlike);
     must(committed || ReportedAnything() || EndedByUser() ||
              std::all_of(concerned.begin(), concerned.end(), tolerates(Breach::kSilent)),
-         "It said nothing to the user.");
+         "It reported nothing to the user.");
     must(PrematureCall().empty(), "It called " + PrematureCall() + ".");
-    for (const std::string& debt : Outstanding())
-        if (!MayRemain(debt)) wrong.push_back("Still owed: " + debt + ".");
+    for (const std::string& resource : Outstanding())
+        if (!MayRemain(resource)) wrong.push_back("Outstanding: " + resource + ".");
     for (const std::string& sentence : bench::Violations())
-        wrong.push_back("Accusation: " + sentence);
+        wrong.push_back("Contract violation: " + sentence);
     for (const std::string& sentence : heap_.TakeErrors())
         wrong.push_back(sentence);
     ForgetOutstanding();
@@ -306,7 +307,7 @@ bool SweepBench::Plant(const bench::InjectedFault& failure) {
     ++planted_;
     const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
     const std::string suite = test->test_suite_name();
-    SCOPED_TRACE("again with: SORVIK_FAIL='" + NameOf(failure) + "' GTEST_FILTER=" + suite + "." + test->name() +
+    SCOPED_TRACE("repeat with: SORVIK_FAIL='" + NameOf(failure) + "' GTEST_FILTER=" + suite + "." + test->name() +
                  " ./test " + (suite == "FaultSweep" ? "-R command_tests" : "long -R " + suite));
     for (const std::string& sentence : ProblemsWith(failure))
         ADD_FAILURE() << sentence;

@@ -1,8 +1,8 @@
-// A run of the command with one failure planted, and a healthy run right after it. What must hold after the one, and
-// that the other is like any healthy run to the last byte, is asked here; a suite says which failures it plants. The
-// configurator's program is not started for each run, which would take longer than all the rest: a process that ended
-// long ago stands in for it, and its two requests are put to the web server as it puts them. The first healthy run and
-// every run with a failure of a request start the real one.
+// Fixture that runs the command with one injected fault, and then a healthy run. It checks the state after the first
+// run, and that the second one equals the reference run to the last byte. A suite chooses the faults. Starting the
+// configurator program in each run would take longer than all the rest. Handles of a process that has ended replace it,
+// and the fixture sends its two requests to the web server. The first healthy run and every run with a failing request
+// start the real program.
 #pragma once
 
 #include <map>
@@ -15,8 +15,8 @@
 #include "Unit/ImportPatch.h"
 #include "Watchdog.h"
 
-// What a run with a failure must not do: end without a commit and without a word to the user, leave something behind
-// without a commit, commit another product than a healthy run's.
+// What a run with a fault must not do: end without a commit and without a report to the user, leave something behind
+// without a commit, or commit another product than a healthy run.
 enum class Breach { kSilent, kLeft, kOther };
 struct Tolerance {
     Breach breach;
@@ -30,41 +30,42 @@ class SweepBench : public CommandBench {
     SweepBench();
     ~SweepBench() override;
 
-    // "kbsaverec 3, code -1, from there on": the name of a planted failure.
+    // The name of an injected fault, such as "kbsaverec 3, code -1, from there on".
     static std::string NameOf(const bench::InjectedFault& failure);
-    // Every call of a healthy run whose name fits the pattern, each as its usual failure, in the order of the calls.
+    // Faults that fail each call of a healthy run whose name fits the pattern, in the order of the calls.
     std::vector<bench::InjectedFault> EveryCall(const char* pattern = "*");
-    // Runs with the failure and once without. Whatever is wrong fails the case, with the one command that repeats it:
-    // with its name in SORVIK_FAIL, a suite plants this failure alone, and false tells that it was another.
+    // Runs once with the fault and once without. Each problem fails the case and prints the command that repeats it.
+    // When SORVIK_FAIL names another fault, does nothing and returns false.
     bool Plant(const bench::InjectedFault& failure);
-    // The same pair of runs; what is wrong, a sentence each.
+    // Makes the same two runs. Returns a sentence for each problem.
     std::vector<std::string> ProblemsWith(const bench::InjectedFault& failure);
     int planted() const { return planted_; }
     void Tolerate(const Tolerance& tolerance) { tolerances_.push_back(tolerance); }
 
-    // How a failure is planted, and whether the run came to it.
+    // Arm and Disarm start and end the injection of a fault. Met returns whether the run reached it.
     virtual void Arm(const bench::InjectedFault& failure) { bench::InjectFault(failure); }
     virtual void Disarm() { bench::ClearFaults(); }
     virtual bool Met(const bench::InjectedFault& failure) const;
-    // Between the run with the failure and the look at what it left.
+    // Called between the run with the fault and the checks.
     virtual void AfterRun() {}
-    // Whether the run was right to leave this outstanding.
+    // Whether the run may leave this resource outstanding.
     virtual bool MayRemain(const std::string&) const { return false; }
-    // What the user saw of the last run: the command line, and captions of boxes.
+    // What the user saw of the last run: the command line and the captions of boxes.
     virtual std::string ShownToUser();
 
     void RunHealthily();
-    // What came of the last run, to the last byte.
+    // Everything that the last run did, to compare it with another run.
     std::string Outcome() const;
-    // The first line in which the run with the configurator's own program differs; empty when there is none.
+    // Records the reference run. Returns the first line in which a run with the real configurator program differs, or
+    // an empty string.
     std::string LearnHealthyRun();
-    void Reopen();  // the project and the drawing as they were opened first
+    void Reopen();  // opens the original drawing and project again
     HMODULE module() const { return GetModuleHandleA("Sorvik_R24_x64.arx"); }
 
  private:
-    std::string Product() const;  // the record and all that lies around
-    void UsualRun();              // the user does what leads to a product, whatever comes
-    // Told, or tried to tell while the command line failed.
+    std::string Product() const;  // the saved record and the surroundings
+    void UsualRun();              // prepares a run in which the user inserts a product
+    // Whether the text was shown, or printing it failed.
     bool Attempted(const std::string& text);
     bool ReportedAnything();
     bool EndedByUser() const;
@@ -76,7 +77,7 @@ class SweepBench : public CommandBench {
     bench::Watchdog watchdog_;
     ImportPatch launch_;
     HeapCheck heap_;
-    ImportPatch abort_;    // a module that gives up crashes, and a crash tells where
+    ImportPatch abort_;    // crashes instead, because a crash prints the stack
     std::string opened_;   // surroundings before a run
     std::string healthy_;  // outcome of a healthy run
     std::string after_;    // its product

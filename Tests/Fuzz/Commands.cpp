@@ -1,4 +1,4 @@
-// The commands that create parts: whatever the values are, the server reads a well-formed text with the given values.
+// The commands that create parts: for any values, a command is well-formed XML that contains them.
 #include <cmath>
 
 #include "Fuzz.h"
@@ -12,12 +12,12 @@ std::string TextAt(const TiXmlDocument& document, std::initializer_list<const ch
     const TiXmlElement* element = document.RootElement();
     for (const char* name : path) {
         element = element->FirstChildElement(name);
-        Require(element != nullptr, "every element is there");
+        Require(element != nullptr, "every element exists");
     }
     return element->GetText() ? element->GetText() : "";
 }
 
-// `value` is what the element of that path was given.
+// Requires that the command is well-formed and that the element at `path` has the value.
 void Check(const std::string& command, std::initializer_list<const char*> path, const std::string& value,
            const PartPlacement* placement = nullptr) {
     TiXmlBase::SetCondenseWhiteSpace(false);
@@ -26,13 +26,13 @@ void Check(const std::string& command, std::initializer_list<const char*> path, 
     Require(!document.Error() && document.RootElement() && !document.RootElement()->NextSibling(), "it is well-formed");
     const bool comesBack =
         value.find_first_not_of(" \t\r\n\v\f") != std::string::npos && value.find("%%") == std::string::npos;
-    Require(!comesBack || TextAt(document, path) == value, "a text is read as it was given");
+    Require(!comesBack || TextAt(document, path) == value, "the command contains the text");
     if (!placement) return;
     double x = 0, y = 0, z = 0;
     Require(std::sscanf(TextAt(document, {"Part", "Position", "WCS"}).c_str(), "%lf %lf %lf", &x, &y, &z) == 3,
-            "three");
+            "a position has three numbers");
     const double off = std::fabs(x - placement->position.x) + std::fabs(z - placement->position.z);
-    Require(!(off > 1.1e-6 + 1e-15 * (std::fabs(x) + std::fabs(z))), "a number is read as it was given");
+    Require(!(off > 1.1e-6 + 1e-15 * (std::fabs(x) + std::fabs(z))), "the command contains the number");
 }
 
 }  // namespace
@@ -46,7 +46,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     };
     const auto vector = [&] { return AcGeVector3d(real(), real(), real()); };
     const std::string name = Text(input, 40), code = Text(input, 40), key = Text(input, 40);
-    const std::string verbatim = std::to_string(whole());  // goes in as it stands
+    const std::string verbatim = std::to_string(whole());  // not escaped
     const PartPlacement placement = {AcGePoint3d(real(), 0, real()), vector(), vector()};
     const PartSystem system = {whole(), whole()};
     const PartProduct product = {name, code, key, key};

@@ -1,4 +1,4 @@
-// What the fuzz targets share. A property that does not hold ends the target, and libFuzzer saves the input.
+// Shared by the fuzz targets. A violated property ends the target, and libFuzzer saves the input.
 #pragma once
 
 #include <fuzzer/FuzzedDataProvider.h>
@@ -9,12 +9,12 @@
 
 inline void Require(bool holds, const char* property) {
     if (holds) return;
-    std::printf("This does not hold: %s\n", property);
+    std::printf("Violated property: %s\n", property);
     std::fflush(stdout);
     std::abort();
 }
-// Without a terminator inside.
-inline std::string Text(FuzzedDataProvider& input, size_t most) {
-    const std::string text = input.ConsumeRandomLengthString(most);
+// A text without a terminator inside.
+inline std::string Text(FuzzedDataProvider& input, size_t maximum) {
+    const std::string text = input.ConsumeRandomLengthString(maximum);
     return text.substr(0, text.find('\0'));
 }

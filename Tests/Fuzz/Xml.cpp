@@ -44,7 +44,7 @@ std::string WithLineFeeds(const std::string& text) {
     return result;
 }
 
-// A lead byte 0xEF without the two bytes that belong to it.
+// Whether a lead byte 0xEF lacks one of its two following bytes.
 bool IsCutOff(const char* text) {
     for (; *text; ++text) {
         if (*text == '\xEF' && (!text[1] || !text[2])) return true;
@@ -52,7 +52,7 @@ bool IsCutOff(const char* text) {
     return false;
 }
 
-// How far the parser went: the deepest element, the deepest that has something in it, the most attributes of one.
+// The size of the parsed tree: the deepest element, the deepest one with children, the most attributes of an element.
 struct Extent {
     int level = 0, filledLevel = 0, attributes = 0;
 
@@ -89,27 +89,26 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     text.append(3, '\0');
     try {
         Require(ReadXmlFile("/proc/self/fd/" + std::to_string(file)) == text,
-                "the file is read whole, with its lines ended by LF");
+                "the whole file is read, and its lines end in LF");
     } catch (const ticpp::Exception& exception) {
         refusal = exception.m_details;
     }
     const bool refusedAsCut = refusal.find(": A character is cut off at the end (line ") != std::string::npos;
-    Require(isCut == refusedAsCut,
-            "a character that the parser would wait for is refused, and nothing else is for that");
+    Require(isCut == refusedAsCut, "exactly the texts with an incomplete character are rejected for it");
     if (isCut) return 0;
-    text.shrink_to_fit();  // so that a byte beyond is noticed
+    text.shrink_to_fit();  // so that AddressSanitizer detects a read beyond it
     TiXmlDocument parsed;
     parsed.Parse(text.c_str());
     Extent extent;
     extent.Measure(parsed, 1);
     if (refusal.find(": More than 200 levels of elements (line ") != std::string::npos)
-        Require(extent.level > 200, "what is refused for its levels has more than 200");
+        Require(extent.level > 200, "a text rejected for its levels has more than 200");
     else if (refusal.find(": More than 200 attributes in an element (line ") != std::string::npos)
         Require(extent.attributes > 200 || (extent.attributes == 200 && parsed.Error()),
-                "what is refused for its attributes has more than 200");
+                "a text rejected for its attributes has more than 200");
     else
         Require(refusal.empty() && extent.filledLevel <= 200 && extent.attributes <= 200,
-                "what passes is in the limits");
+                "an accepted text is within the limits");
     if (!refusal.empty() || parsed.Error()) return 0;
     ticpp::Document document;
     document.Parse(text);

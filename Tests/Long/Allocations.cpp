@@ -1,5 +1,5 @@
-// Memory that runs out: every allocation that the module makes in a run refused, once and from there on. C++'s own
-// last reserve for exceptions stays.
+// Out of memory: fails every allocation that the module makes in a run, once and from there on. The C++ runtime's
+// reserve for exceptions stays.
 #include <climits>
 #include <cstdlib>
 
@@ -7,8 +7,8 @@
 
 namespace {
 
-int made = -1;            // allocations since the plan was armed; -1: none is counted
-int first = 0, last = 0;  // ordinals of those that are refused
+int made = -1;            // allocations since Arm; -1 while they are not counted
+int first = 0, last = 0;  // ordinals of the allocations that fail
 
 void* Allocate(size_t size) {
     if (made >= 0) ++made;
@@ -41,7 +41,8 @@ TEST_F(Allocations, SurvivesAnyFailedAllocation) {
     Reopen();
     const int allocations = reached_;
     ASSERT_GT(allocations, 100);
-    // The reserve's lock is made at the first exception that needs it, and that must still find memory.
+    // The runtime creates the reserve's lock at the first exception that needs the reserve. That allocation must
+    // succeed.
     Arm({"", 1, {}});
     last = 2;
     RunHealthily();

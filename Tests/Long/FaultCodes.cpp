@@ -1,9 +1,9 @@
-// Every call of a run failing in other ways than its usual one, and whole neighbours gone for good.
+// Fails every call of a run in other ways than its usual one, and lets whole components stop working.
 #include "SweepBench.h"
 
 namespace {
 
-constexpr long kDisconnected = static_cast<long>(0x80010108);  // the server is gone
+constexpr long kDisconnected = static_cast<long>(0x80010108);  // RPC_E_DISCONNECTED
 
 class FaultCodes : public SweepBench {};
 
@@ -11,7 +11,7 @@ TEST_F(FaultCodes, SurvivesEveryFailureCode) {
     for (const bench::InjectedFault& usual : EveryCall()) {
         const std::string& name = usual.name;
         Plant({name, usual.ordinal, {}, true});
-        // Of the record library every other code is a success.
+        // For the record library, every other code is a success.
         const bool library = bench::NameFits(name, "kb*|ddk*");
         for (const long code : {-1L, 1L, kDisconnected})
             if (!library || (code == -1 && name != "ddk_classsymboltoID")) Plant({name, usual.ordinal, code});
@@ -21,9 +21,9 @@ TEST_F(FaultCodes, SurvivesEveryFailureCode) {
 }
 
 TEST_F(FaultCodes, SurvivesAComponentThatIsGone) {
-    for (const char* neighbour : {"ac*|Ac*|adsw*", "IKlimora*", "kb*|ddk*", "KlimoraPlugins*", "GET|POST", "*"})
-        for (int call = 1; call <= static_cast<int>(EveryCall(neighbour).size()); ++call)
-            Plant({neighbour, call, {}, true});
+    for (const char* component : {"ac*|Ac*|adsw*", "IKlimora*", "kb*|ddk*", "KlimoraPlugins*", "GET|POST", "*"})
+        for (int call = 1; call <= static_cast<int>(EveryCall(component).size()); ++call)
+            Plant({component, call, {}, true});
     std::printf("%d failures planted\n", planted());
 }
 

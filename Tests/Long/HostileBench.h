@@ -1,6 +1,6 @@
-// Runs of the command against a server that does not mean well: a suite's Arm tells the web server what to answer.
-// Boxes are answered as soon as they are asked for. One run in fifty, the first among them, meets the real dialog; in
-// the others it ends with OK before it opens.
+// Fixture of runs against a faulty web server: a suite's Arm sets the server's response. Patches answer message boxes
+// at once. One run in fifty, starting with the first, opens the real dialog; in the others the dialog returns OK at
+// once.
 #pragma once
 
 #include "RequestTarget.h"
@@ -21,17 +21,17 @@ class HostileBench : public SweepBench {
     bool Met(const bench::InjectedFault&) const override { return CountOf("GET /klimora/export/") > 0; }
     void AfterRun() override {
         committed_ = CountOf("AcTransactionManager::endTransaction") > 0;
-        for (const std::string& told : expected_)
-            EXPECT_NE(ShownToUser().find(told), std::string::npos) << ShownToUser();
-        // What does not fit into a record is the record database's to refuse.
-        const std::vector<std::string> accusations = bench::Violations();
+        for (const std::string& text : expected_)
+            EXPECT_NE(ShownToUser().find(text), std::string::npos) << ShownToUser();
+        // The record database, not the module, rejects values that do not fit into a record.
+        const std::vector<std::string> violations = bench::Violations();
         bench::ClearViolations();
-        for (const std::string& sentence : accusations)
+        for (const std::string& sentence : violations)
             if (sentence.find("kbinsertatt was called for the attribute ") != 0) bench::ReportViolation(sentence);
     }
     std::string ShownToUser() override { return Printed() + boxes_; }
 
-    // After a run with the usual answers.
+    // The result of a healthy run.
     std::string GoodResult() {
         LearnHealthyRun();
         const std::string path = Calls("GET /klimora/export/").at(0);
@@ -41,8 +41,8 @@ class HostileBench : public SweepBench {
         return TheWebServer().Answer("GET", bench::ParseRequestTarget(path), bench::ServerFault::kNone).body;
     }
 
-    std::vector<std::string> expected_;  // what the user must be told of the next answer
-    bool committed_ = false;             // after the last one
+    std::vector<std::string> expected_;  // texts that the user must read in the next run
+    bool committed_ = false;             // whether the last run committed
 
  private:
     static int WINAPI AnswerBox(HWND, LPCSTR text, LPCSTR caption, UINT type) {

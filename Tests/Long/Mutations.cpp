@@ -16,7 +16,7 @@ namespace {
 constexpr unsigned kSeed = 20100801;
 constexpr int kMutations = 2000;
 
-// The good result with its device a second time, under a user code that is in use.
+// The result with its device a second time, with a user code that is in use.
 std::string WithSecondDevice(std::string result) {
     const size_t from = result.find("<device"), end = result.find("</device>") + 9;
     std::string device = result.substr(from, end - from);
@@ -32,7 +32,7 @@ class Mutations : public HostileBench {
         HostileBench::Arm(failure);
         TheWebServer().PublishInstead(result_);
     }
-    // What is queued is the three lines of Klimora's command and nothing else.
+    // Only the three lines of Klimora's command may be queued.
     void AfterRun() override {
         HostileBench::AfterRun();
         if (!committed_) return;
@@ -43,12 +43,12 @@ class Mutations : public HostileBench {
         CheckRecord(queued);
     }
 
-    // Of several devices only the last one's record is released.
-    bool MayRemain(const std::string& debt) const override {
-        return debt.find("record ") == 0 && result_.find("<device") != result_.rfind("<device");
+    // The module releases only the last device's record.
+    bool MayRemain(const std::string& resource) const override {
+        return resource.find("record ") == 0 && result_.find("<device") != result_.rfind("<device");
     }
 
-    // The saved record and the queued command against the last device of the result.
+    // Compares the saved record and the queued command with the last device of the result.
     void CheckRecord(const std::string& queued) {
         TiXmlDocument document;
         document.Parse(ResultText().c_str());
@@ -110,13 +110,13 @@ std::vector<std::string> Extremes() {
     return extremes;
 }
 
-// The result after one to three changes; the same for the same number.
+// The result after one to three changes, which depend only on the number.
 std::string Mutated(std::string text, unsigned number) {
     static const std::vector<std::string> extremes = Extremes();
     std::mt19937 random(kSeed + number);
     const auto below = [&](size_t bound) { return bound ? random() % bound : 0; };
     for (size_t changes = 1 + below(3); changes > 0; --changes) {
-        // Often at the product's key, which goes furthest.
+        // Often at the product's key, which is used in most places.
         const size_t at = below(8) ? below(text.size()) : std::min(text.find("<ID>"), text.size() - 1);
         const size_t length = 1 + below(below(4) ? 8 : 400), change = below(6);
         const size_t open = text.find('<', at), close = text.find('>', open), next = text.find('<', close);
@@ -135,7 +135,7 @@ std::string Mutated(std::string text, unsigned number) {
 }
 
 TEST_F(Mutations, SurvivesMutatedResults) {
-    std::printf("seed %u; the last mutation that is named before a crash is its cause:", kSeed);
+    std::printf("seed %u; the last mutation before a crash caused it:", kSeed);
     int committed = 0;
     for (int number = 1; number <= kMutations; ++number) {
         std::printf(" %d", number);
@@ -157,16 +157,16 @@ TEST_F(Mutations, AcceptsResultsUpToTheLimits) {
         return std::string(good_).insert(good_.rfind("</"), start + text + (end == "</a>" ? "" : end));
     };
     const struct {
-        size_t most;
-        const char *start, *piece, *end, *told;
+        size_t maximum;
+        const char *start, *piece, *end, *report;
     } cases[] = {{199, "", "<a>", "</a>", "/output.xml: More than 200 levels of elements (line "},
                  {200, "<a", " n", "/>", "/output.xml: More than 200 attributes in an element (line "},
                  {16 * 1024 * 1024 - good_.size(), "", " ", "", "/output.xml: More than 16 MB (line "}};
     int number = 0;
     for (const auto& c : cases) {
         for (const bool fits : {true, false}) {
-            result_ = with(fits ? c.most : c.most + 1, c.start, c.piece, c.end);
-            expected_ = {fits ? "" : "Sorvik Klimora Cloud Plugin: Can't parse xml data ", fits ? "" : c.told};
+            result_ = with(fits ? c.maximum : c.maximum + 1, c.start, c.piece, c.end);
+            expected_ = {fits ? "" : "Sorvik Klimora Cloud Plugin: Can't parse xml data ", fits ? "" : c.report};
             if (Plant({"limit", ++number, {}}) && committed_ != fits) ADD_FAILURE() << "committed: " << committed_;
         }
     }

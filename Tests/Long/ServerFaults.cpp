@@ -1,5 +1,4 @@
-// What a web server can do to a client with the three files of a product: what the user is told of each, and that
-// nothing else comes of it.
+// Faults of the web server with each of a product's three files: the module must report them and change nothing.
 #include "HostileBench.h"
 
 namespace {
@@ -18,23 +17,23 @@ struct Case {
     const char* what;
     const char* path;
     std::string bytes;
-    const char* told;  // null: nothing, the product is in the project
-    bench::ServerFault trouble = bench::ServerFault::kNone;
+    const char* report;  // null when the product is inserted
+    bench::ServerFault fault = bench::ServerFault::kNone;
 };
 
 class ServerFaults : public HostileBench {
  protected:
     void Arm(const bench::InjectedFault& failure) override {
         HostileBench::Arm(failure);
-        TheWebServer().SetFault(case_->path, case_->trouble);
-        if (case_->trouble == bench::ServerFault::kNone) TheWebServer().ServeRaw(case_->path, case_->bytes);
+        TheWebServer().SetFault(case_->path, case_->fault);
+        if (case_->fault == bench::ServerFault::kNone) TheWebServer().ServeRaw(case_->path, case_->bytes);
     }
     void AfterRun() override {
         HostileBench::AfterRun();
         const bool exported =
             ShownToUser().find("[Sorvik Klimora Cloud Plugin: No product exported.\n]") == std::string::npos;
-        EXPECT_EQ(exported, !case_->told || case_->path != kResult);
-        EXPECT_EQ(committed_, !case_->told);
+        EXPECT_EQ(exported, !case_->report || case_->path != kResult);
+        EXPECT_EQ(committed_, !case_->report);
     }
 
     const Case* case_ = nullptr;
@@ -69,7 +68,7 @@ TEST_F(ServerFaults, ReportsEveryFaultOfTheWebServer) {
         {"a length before the end", kResult, Answer(result, Length(result.size() / 2)),
          "/output.xml: Failed to read Element name (line 24, column 10)."},
         {"a negative length", kResult, Answer(result, "Content-Length: -5\r\n"), nullptr},
-        {"a length that is no number", kResult, Answer(result, "Content-Length: many\r\n"), nullptr},
+        {"a length that is not a number", kResult, Answer(result, "Content-Length: many\r\n"), nullptr},
         {"two lengths", kResult, Answer(result, length + Length(7)), nullptr},
         {"an error page", kResult, Answer(page, Length(page.size()), "500 Internal Server Error"), kNoProduct},
         {"an error with the right file", kResult, Answer(result, length, "404 Not Found"), nullptr},
@@ -81,7 +80,7 @@ TEST_F(ServerFaults, ReportsEveryFaultOfTheWebServer) {
         {"a chunk without a size", kResult, Answer("size\r\n" + result, chunked),
          "Can't parse xml data The document has no child element."},
         {"a chunk of any size", kResult, Answer("FFFFFFFFFFFFFFFFFF\r\n" + result, chunked), nullptr},
-        {"packed, but not", kResult, Answer(result, "Content-Encoding: gzip\r\n" + length), nullptr},
+        {"marked as gzip, but plain", kResult, Answer(result, "Content-Encoding: gzip\r\n" + length), nullptr},
         {"a header of a megabyte", kResult, Answer(result, "X: " + std::string(1 << 20, 'x') + "\r\n" + length),
          nullptr},
         {"another answer first", kResult, "HTTP/1.1 100 Continue\r\n\r\n" + Whole(result), nullptr},
@@ -115,7 +114,7 @@ TEST_F(ServerFaults, ReportsEveryFaultOfTheWebServer) {
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.path) + ": " + c.what);
         case_ = &c;
-        expected_ = {c.told ? c.told : ""};
+        expected_ = {c.report ? c.report : ""};
         Plant({"answer", ++number, {}});
     }
 }

@@ -1,4 +1,4 @@
-// Many runs in one process, good ones and bad ones: nothing that a run needs may grow with their number.
+// Many runs in one process, with and without faults: no resource may grow with their number.
 #include <windows.h>
 
 #include <algorithm>
@@ -10,10 +10,10 @@ namespace {
 
 constexpr int kRuns = 3000;
 constexpr int kWarmUp = 300;
-constexpr int kBetweenLooks = 300;
-constexpr long kSpareHandles = 10;  // WinINet's own come and go
+constexpr int kRunsPerCheck = 300;
+constexpr long kSpareHandles = 10;  // WinINet opens and closes its own
 
-long blocks = 0;  // of memory that the module holds
+long blocks = 0;  // of memory that the module has allocated
 
 void* Counted(void* block) {
     if (block) ++blocks;
@@ -33,7 +33,7 @@ void Free(void* block) {
     std::free(block);
 }
 
-// Handles of this process, from the system's list of all: Wine's GetProcessHandleCount always answers 0.
+// Counts this process's handles in the system's list, because Wine's GetProcessHandleCount always returns 0.
 long KernelHandles() {
     struct Handle {
         void* object;
@@ -54,7 +54,7 @@ long KernelHandles() {
     }));
 }
 
-// The highest of many new handles of a kind: they take the places that are free, so it grows with those that are not.
+// Returns the highest of many new handles of a kind. New handles fill the free places, so it grows with leaked ones.
 template <class Handle>
 long Highest(Handle (*make)(), BOOL(WINAPI* destroy)(Handle)) {
     std::vector<Handle> handles(500);
@@ -101,7 +101,7 @@ TEST_F(Soak, KeepsResourceUseConstant) {
         Disarm();
         ForgetOutstanding();
         Reopen();
-        if (run < kWarmUp || run % kBetweenLooks != 0) continue;
+        if (run < kWarmUp || run % kRunsPerCheck != 0) continue;
         const std::string now = Holdings();
         if (holdings.empty()) {
             holdings = now;

@@ -1,5 +1,4 @@
-// Every function of Windows that the module imports and a run calls, failing at each of its calls, once and from there
-// on.
+// Fails each call of the Windows functions that the module imports and a run calls, once and from there on.
 #include <windows.h>
 #include <ole2.h>
 #include <wininet.h>
@@ -13,11 +12,11 @@
 
 namespace {
 
-// Libraries whose functions other sweeps fail, and the C runtime.
+// Libraries that other suites cover, and the C runtime.
 constexpr char kOthers[] = "accore.dll|Kbase640.dll|Klimora.Plugins.Statistics.Sorvik.dll|msvcrt.dll";
 
-// No failure is planted in these: they cannot fail or have no way to tell it, or they are the C++ runtime's own means,
-// without which it ends the process. CreateProcessA is failed in every sweep.
+// Functions without a fault: those that cannot fail or report a failure, and those without which the C++ runtime ends
+// the process. Every sweep fails CreateProcessA.
 constexpr char kExcluded[] =
     "GetLastError|SetLastError|GetCurrent*|GetTickCount*|GetSystemTimeAsFileTime|Sleep|OutputDebugStringA|IsDebugger*|"
     "DebugBreak|IsDBCSLeadByteEx|SysFreeString|SysStringLen|OleUninitialize|PostQuitMessage|GetSystemMetrics|"
@@ -28,7 +27,7 @@ constexpr char kExcluded[] =
     "OpenProcess|RaiseException|ResumeThread|SuspendThread|Rtl*|Tls*|Virtual*|WaitForMultipleObjects|"
     "__C_specific_handler|GetModuleHandleW|GetProcAddress|LoadLibraryW|CreateProcessA";
 
-// These no step of the command calls: their places are emptied, so that a call crashes.
+// Functions that the command never calls. Their imports are set to null, so that a call crashes.
 constexpr char kUncalled[] =
     "Reg*|InitCommonControls|GetOpenFileNameA|CreateSolidBrush|DeleteObject|SetBk*|SetTextColor|FormatMessageA|"
     "FreeLibrary|LoadLibraryA|GlobalAlloc|GlobalFree|GlobalLock|GlobalSize|GlobalUnlock|LocalFree|SetCurrentDirectoryA|"
@@ -37,9 +36,9 @@ constexpr char kUncalled[] =
 
 using Patch = std::unique_ptr<ImportPatch>;
 
-std::set<std::string> failing;  // names of the functions that can be failed
+std::set<std::string> failing;  // names of the functions with a fault
 
-enum class Work { kNotDone, kDone };  // a failing call that gives something back gives it back all the same
+enum class Work { kNotDone, kDone };  // kDone: a failing release still releases
 
 template <class Tag, class Result, class... Arguments>
 Patch Failing(HMODULE module, const char* name, Result(WINAPI*)(Arguments...), std::common_type_t<Result> failure,
@@ -64,7 +63,7 @@ Patch Failing(HMODULE module, const char* name, Result(WINAPI*)(Arguments...), s
     return patch;
 }
 
-// Only the function's name and type are wanted: the program need not import it.
+// Uses only the function's name and type, so the program need not import it.
 #define FAILING(function, ...) \
     Failing<struct function##Tag>(module, #function, static_cast<decltype(&function)>(nullptr), __VA_ARGS__)
 
@@ -105,10 +104,10 @@ constexpr char kConverting[] = "MultiByteToWideChar|WideCharToMultiByte";
 constexpr char kDeleting[] = "DeleteFileA|RemoveDirectoryA|FindFirstFileA|FindNextFileA|FindClose";
 const Tolerance kTolerances[] = {
     {Breach::kSilent, "EndDialog|GetWindowLongPtrA|SetWindowLongPtrA", 0,
-     "the dialog stays until the user ends it by Cancel"},
-    {Breach::kSilent, kConverting, 0, "every text of a run is within the code page"},
-    {Breach::kLeft, kConverting, 0, "every text of a run is within the code page"},
-    {Breach::kOther, kConverting, 0, "every text of a run is within the code page"},
+     "the dialog stays open until the user cancels it"},
+    {Breach::kSilent, kConverting, 0, "the code page has every character of a run"},
+    {Breach::kLeft, kConverting, 0, "the code page has every character of a run"},
+    {Breach::kOther, kConverting, 0, "the code page has every character of a run"},
     {Breach::kLeft, kDeleting, 0, "Windows does not delete something in the temporary folder"},
     {Breach::kOther, kDeleting, 0, "Windows does not delete something in the temporary folder"}};
 
@@ -122,7 +121,7 @@ class WindowsCalls : public SweepBench {
             if (bench::NameFits(name, kUncalled))
                 patches_.push_back(std::make_unique<ImportPatch>(name, static_cast<void (*)()>(nullptr), module()));
             else if (!failing.count(name) && !bench::NameFits(name, kExcluded))
-                ADD_FAILURE() << name << " is neither failed nor excluded";
+                ADD_FAILURE() << name << " has no fault and is not excluded";
         });
     }
 
@@ -133,7 +132,7 @@ TEST_F(WindowsCalls, SurvivesAnyFailedCall) {
     for (const bench::InjectedFault& call : EveryCall()) {
         if (!failing.count(call.name)) continue;
         Plant(call);
-        // A dialog that cannot be ended stays.
+        // When EndDialog always fails, the dialog stays open.
         if (call.name != "EndDialog") Plant({call.name, call.ordinal, {}, true});
     }
     std::printf("%d failures planted\n", planted());
