@@ -1,5 +1,5 @@
-// What the test programs begin with. They read the sample and leave their files in the current folder, which must be
-// the one where they lie.
+// Start of the test programs. They read the sample from the current folder and write their files there. It must be the
+// folder of the program.
 #pragma once
 
 #include <windows.h>
@@ -12,7 +12,7 @@
 
 inline constexpr int kWrongUse = 2;
 
-// A temporary folder for this program alone, so that the programs do not see each other's files.
+// Sets a separate temporary folder, so that the programs do not find each other's files.
 inline void UseOwnTemporaryFolder(const std::string& programName) {
     char folder[MAX_PATH] = "";
     GetTempPathA(MAX_PATH, folder);
@@ -22,7 +22,7 @@ inline void UseOwnTemporaryFolder(const std::string& programName) {
     SetEnvironmentVariableA("TEMP", own.c_str());
 }
 
-// False, after a sentence for the user, when the program was started elsewhere than in its folder.
+// Returns false, after printing a message, when the program was not started in its folder.
 inline bool BeginTests() {
     bench::ReportCrashes();
     char path[MAX_PATH] = "";
@@ -37,10 +37,10 @@ inline bool BeginTests() {
     return false;
 }
 
-// As RUN_ALL_TESTS; a filter that fits no case is a wrong use, not a success.
+// Like RUN_ALL_TESTS, but returns kWrongUse when the filter matches no case.
 inline int RunTests() {
     const int failed = RUN_ALL_TESTS();
     if (testing::UnitTest::GetInstance()->test_to_run_count() > 0) return failed;
-    std::printf("no case fits --gtest_filter=%s\n", testing::GTEST_FLAG(filter).c_str());
+    std::printf("no case matches --gtest_filter=%s\n", testing::GTEST_FLAG(filter).c_str());
     return kWrongUse;
 }

@@ -1,5 +1,5 @@
-// Uses that AutoCAD's own headers refuse or bind in one particular way: each right use compiles, and each wrong one is
-// an error in its line, which clang holds against the comment.
+// Uses that AutoCAD's own headers reject or bind in one particular way. Each correct use compiles. Each wrong one is an
+// error in its line, which clang compares with the comment.
 #define _WINDEF_
 struct HWND__;
 typedef HWND__* HWND;

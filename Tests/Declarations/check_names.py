@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""The names that the module imports of AutoCAD, as clang decorates them for Visual C++'s ABI, against a list, and
-tools/check-sdk against SDK folders whose libraries export that list: complete, and with one name missing."""
+"""Compares the names that the module imports from AutoCAD, as clang decorates them for Visual C++'s ABI, with a list.
+Runs tools/check-sdk with SDK folders whose libraries export that list: complete, and with one name missing."""
 import importlib.machinery
 import importlib.util
 import os
@@ -24,7 +24,7 @@ def load(path):
 
 
 def owner(name):
-    """The library of AutoCAD that exports a name: the class says it, or the function's prefix."""
+    """The library of AutoCAD that exports a name, by its class or the function's prefix."""
     scope = name.split("@@")[0] if name.startswith("?") else name
     return next((library for library, part in LIBRARY if part in scope), "acdb24")
 

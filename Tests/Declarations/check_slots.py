@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""The slots of virtual functions, as clang lays them out for Visual C++'s ABI, and the interface identifiers of
-KLIMCOMSRVLib.h, against virtual-slots.txt. Prints what differs."""
+"""Compares the slots of virtual functions, as clang lays them out for Visual C++'s ABI, and the interface identifiers
+of KLIMCOMSRVLib.h with virtual-slots.txt. Prints the differences."""
 import difflib
 import re
 import subprocess
@@ -23,8 +23,8 @@ def identifiers(header):
 
 
 def table(dump, name):
-    """Lines "slot function" of a class. The first entry of a table is the type's description and has no slot; what an
-    interface takes from IDispatch is left out."""
+    """Lines "slot function" of a class. Omits the first entry of a table, the type's description, which has no slot, and
+    the functions of IDispatch."""
     block = re.search(rf"VFTable for (?:'[\w:]+' in )*'(?:\w+::)?{name}' \(.*?\n\n", dump, re.DOTALL)
     lines = []
     for slot, function in re.findall(r"^ *(\d+) \| (.*)$", block.group() if block else "", re.MULTILINE)[1:]:

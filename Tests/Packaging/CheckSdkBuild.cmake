@@ -1,7 +1,6 @@
-# The build for AutoCAD (SORVIK_BENCH=OFF) as far as it goes without Windows: from a copy of the repository that lacks
-# Bench, Tests and our own declarations of ObjectARX and Klimora, against a folder that is laid out like the SDK and filled
-# with those declarations and the stand-ins' import libraries, and a folder of headers in place of Klimora's. Then what it
-# must refuse.
+# Checks the build for AutoCAD (SORVIK_BENCH=OFF) as far as possible without Windows, and the settings that it must reject.
+# It builds a copy of the repository without Bench, Tests and our own declarations of ObjectARX and Klimora. A folder with
+# the SDK's layout contains those declarations and the fakes' import libraries; another one replaces Klimora's headers.
 # In: SOURCE, SCRATCH, TOOLCHAIN, LIBRARIES (folder of the bench's libraries), PREFIX (where TinyXML is installed as vcpkg
 # does it), PYTHON, VERSION, PART (refusals, visualc or build).
 cmake_minimum_required(VERSION 3.22)
@@ -17,16 +16,16 @@ file(COPY ${headers} DESTINATION ${sdk}/inc)
 file(MAKE_DIRECTORY ${sdk}/inc-x64 ${sdk}/lib-x64)
 configure_file(${LIBRARIES}/libaccore.dll.a ${sdk}/lib-x64/accore.lib COPYONLY)
 configure_file(${LIBRARIES}/librxapi.a ${sdk}/lib-x64/rxapi.lib COPYONLY)
-# Sets the release that the SDK says to be.
+# Sets the SDK's release.
 function(write_release major minor)
   file(WRITE ${sdk}/inc/id.h "#pragma once\n#define ACADV_RELMAJOR ${major}\n# define\tACADV_RELMINOR\t( ${minor} )\n")
 endfunction()
 write_release(24 0)  # AutoCAD 2021
-foreach(name ac1st24 acdb24 acge24)  # the stand-in has all of them in accore.dll
+foreach(name ac1st24 acdb24 acge24)  # the fake has all of them in accore.dll
   file(WRITE ${sdk}/lib-x64/${name}.lib "!<arch>\n")
 endforeach()
 
-# Klimora's headers: ours with other identifiers, and without the mark that the build refuses.
+# Klimora's headers: ours with other identifiers, and without the mark that the build rejects.
 set(klimora ${SCRATCH}/klimora)
 configure_file(${SOURCE}/Platform/kbase/kbase.h ${klimora}/kbase.h COPYONLY)
 configure_file(${SOURCE}/Platform/statistics/KlimoraPluginsStatisticsWrapper.h ${klimora}/KlimoraPluginsStatisticsWrapper.h COPYONLY)
@@ -49,20 +48,20 @@ set(common -G Ninja -S ${copy} -DSORVIK_BENCH=OFF -DCMAKE_PREFIX_PATH=${PREFIX} 
   "-DSORVIK_BUNDLE_FILES=${shipped}")
 set(configure ${CMAKE_COMMAND} --toolchain ${TOOLCHAIN})
 
-# A wrong setting ends the configuration with one error, whose text is given.
+# Checks that a wrong setting ends the configuration with one error of the given text.
 function(refuses case settings text)
   execute_process(COMMAND ${configure} ${common} ${settings} -B ${SCRATCH}/${case}
     RESULT_VARIABLE result OUTPUT_QUIET ERROR_VARIABLE messages)
   string(REGEX REPLACE "[ \n]+" " " messages "${messages}")
   string(REGEX MATCHALL "CMake Error" errors "${messages}")
   if(result EQUAL 0)
-    message(SEND_ERROR "${case} is not refused.")
+    message(SEND_ERROR "${case} is not rejected.")
   elseif(NOT messages MATCHES "${text}" OR NOT errors STREQUAL "CMake Error")
-    message(SEND_ERROR "${case} is refused otherwise: ${messages}")
+    message(SEND_ERROR "${case} is rejected with another message: ${messages}")
   endif()
 endfunction()
 
-# With a setting the configuration succeeds, but a target fails with a text and no zip is made.
+# Checks that the configuration succeeds with a setting, but a target fails with the given text and no zip is made.
 function(refuses_target case target setting text)
   execute_process(COMMAND ${configure} ${common} ${setting} -B ${SCRATCH}/${case}
     RESULT_VARIABLE result OUTPUT_QUIET ERROR_VARIABLE messages)
@@ -74,9 +73,9 @@ function(refuses_target case target setting text)
     RESULT_VARIABLE result OUTPUT_VARIABLE messages ERROR_VARIABLE messages)
   file(GLOB made ${SCRATCH}/${case}/Sorvik*.zip)
   if(result EQUAL 0)
-    message(SEND_ERROR "${case} is not refused.")
+    message(SEND_ERROR "${case} is not rejected.")
   elseif(NOT messages MATCHES "${text}" OR made)
-    message(SEND_ERROR "${case} is refused otherwise: ${made} ${messages}")
+    message(SEND_ERROR "${case} is rejected with another message: ${made} ${messages}")
   endif()
 endfunction()
 
@@ -115,7 +114,7 @@ if(PART STREQUAL "refusals")
   return()
 endif()
 
-# Clang, called as Visual C++ is, takes CMake through all that is written for that compiler. Nothing is compiled.
+# Clang under Visual C++'s name runs the CMake code for that compiler. Nothing is compiled.
 if(PART STREQUAL "visualc")
   find_program(clang clang++ REQUIRED)
   file(CREATE_LINK ${clang} ${SCRATCH}/clang-cl SYMBOLIC)
@@ -133,7 +132,7 @@ if(PART STREQUAL "visualc")
   return()
 endif()
 
-# An SDK of AutoCAD 2022, which the bundle follows, and a signer that marks the files.
+# An SDK of AutoCAD 2022, whose release the bundle adopts, and a signer that marks the files.
 write_release(24 1)
 file(WRITE ${SCRATCH}/sign "test \"$1\" = /q && printf SIGNED >>\"$2\"\n")
 execute_process(COMMAND ${configure} ${common} -DSORVIK_SDK_RELEASE=24.1 "-DSORVIK_SIGN=sh;${SCRATCH}/sign;/q" -B ${SCRATCH}/build

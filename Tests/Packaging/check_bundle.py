@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""Holds a bundle to what AutoCAD's autoloader and the module expect of it.
+"""Checks that a bundle has what AutoCAD's autoloader and the module expect.
 
     check_bundle.py FOLDER ARCHIVE VERSION SERIES SIGNATURE NAMES [FILE...]
 
-FOLDER is the bundle, ARCHIVE the path of its zip without the ending, SERIES the oldest release of AutoCAD that it serves
-("R24.0"), SIGNATURE how each signed file ends, or empty, NAMES the header with the names that the module registers, FILE
-what ships beside the module. Every fault is a line; exit code 1 when there is one."""
+FOLDER is the bundle, ARCHIVE the path of its zip without the extension, SERIES the oldest release of AutoCAD that it
+supports ("R24.0"), SIGNATURE the last bytes of each signed file, or empty, NAMES the header with the names that the
+module registers, FILE a file that ships beside the module. Prints each fault on a line; exit code 1 when there is one."""
 import os
 import re
 import struct

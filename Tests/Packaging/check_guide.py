@@ -1,16 +1,16 @@
 #!/usr/bin/env python3
-"""Holds the user guide to the texts that the module can show: each has its place in the tables under "Messages".
+"""Checks that the tables under "Messages" in the user guide contain every text that the module can show.
 
     check_guide.py SOURCES GUIDE
 
-Texts are taken out of the sources by their calls (printed, in a box, reported, thrown), and whatever else reads like a
-sentence, since texts are also handed on by name. A table's first cell holds one or more texts, separated by " / "; "…"
-stands for anything. A text that no row fits, a row that fits no text and an exception that nobody needs are faults."""
+Finds texts in the sources by their calls (printed, in a box, reported, thrown), and every other literal that reads like
+a sentence, because texts are also passed on by name. A table's first cell holds one or more texts, separated by " / ";
+"…" matches any text. Faults are a text without a row, a row without a text, and an unused exception."""
 import os
 import re
 import sys
 
-# What is no message or reaches no user: file and text, both searched as regular expressions, and the reason.
+# Texts that are not messages or reach no user: file and text, both regular expressions to search for, and the reason.
 EXCEPTIONS = [
     ("Lib/(Registry|DebugLog|Diagnostics|ErrorText)|Util/(ExportedMemory|PDialog|ComboListData)", "", "internal faults go to pdbg_log.txt"),
     ("Lib/(Base64|Md5Driver)", "", "standard output of diagnostic drivers; nothing in AutoCAD shows it"),
@@ -23,7 +23,7 @@ EXCEPTIONS = [
     ("Util/KLComUtils_Project", "(kpd|KPD) class|binary variable", "valves and products from memory, which the command does not use"),
     ("Util/KLComUtils\\.cpp", "file |bin variable|value to text|::SetPartAtt", "writing attributes and binary variables, which the command does not do"),
     ("Util/KLComUtils\\.cpp", "in a parent path", "the command's own path has its slashes"),
-    ("Util/Download", "OpenWebBrowser|(Url|SaveFileName) == NULL|^http generic$", "calls that the command does not make; the name told to the server"),
+    ("Util/Download", "OpenWebBrowser|(Url|SaveFileName) == NULL|^http generic$", "calls that the command does not make; the name sent to the server"),
 ]
 
 LITERAL = re.compile(r'L?"((?:[^"\\\n]|\\.)*)"')
@@ -42,14 +42,14 @@ def statements(source):
 
 
 def literals(statement):
-    """Texts of a statement with their places; literals that follow each other are one text."""
+    """Texts of a statement with their positions; adjacent literals are one text."""
     for group in re.finditer(rf"(?:{LITERAL.pattern}\s*)+", statement):
         text = "".join(literal.group(1) for literal in LITERAL.finditer(group.group()))
         yield group.start(), text.replace("\\n", "\n").replace('\\"', '"').replace("\\\\", "\\")
 
 
 def texts_of(statement):
-    """Those that are shown, or may be."""
+    """Texts of a statement that may be shown."""
     shown = SHOWN.search(statement)
     if "static_assert" in statement:
         return
@@ -58,7 +58,7 @@ def texts_of(statement):
         yield from (text for _, text in literals(site.group(1)))
         return
     if shown and shown.group(1) == "ReportException":
-        # The first argument is the message; what follows is the place. A message that is handed on reads like a sentence.
+        # The first argument is the message, the rest is the place. A message that is passed on reads like a sentence.
         reported = [text for place, text in literals(statement) if re.match(r"\(\s*$", statement[shown.end():place])]
         yield from reported
         return
@@ -81,7 +81,7 @@ def collect(folder):
 
 
 def fixed_pieces(text):
-    """What stands in every showing of a text: without the name in front, conversions, "…" and ends of sentences."""
+    """The constant pieces of a text: without the name in front, conversions, "…" and ends of sentences."""
     text = CONVERSION.sub("…", re.sub(r"^\n?%s: ", "", text))
     pieces = [re.sub(r"\s+", " ", piece).strip().rstrip(".") for piece in re.split("…|: ", text)]
     return [piece for piece in pieces if re.search("[A-Za-z]", piece)]
@@ -95,7 +95,7 @@ def rows(guide):
 
 
 def fits(row, text):
-    """Whether a row names a text: its pieces stand in the row, or the row's "…" stands for a part of it."""
+    """Whether a row names a text: the row contains its pieces, or the row's "…" replaces a part of it."""
     row = re.sub(r" \((without|after) the name\)", "", row)
     pieces, whole = fixed_pieces(text), fixed_pieces(row)
     if any(whole[at:at + len(pieces)] == pieces for at in range(len(whole))):
@@ -122,7 +122,7 @@ def main():
     for fault in faults:
         print(fault)
     if not faults:
-        print(f"{len(texts)} texts, each has its row or is excepted.")
+        print(f"{len(texts)} texts, each has a row or an exception.")
     return 1 if faults else 0
 
 

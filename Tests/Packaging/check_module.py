@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""Holds the module's file to what others find in it: exports, libraries that it needs, dialogs and icons.
+"""Checks the module's file: exports, required libraries, dialogs and icons.
 
     check_module.py MODULE OBJDUMP WINDRES
 
-The tools are those that read the module's format. Prints what differs; exit code 1 when something does."""
+The tools must read the module's format. Prints the differences; exit code 1 when there is one."""
 import difflib
 import re
 import subprocess

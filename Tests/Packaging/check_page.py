@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Opens the bundle's user guide in headless Chromium and checks it as a reader sees it.
+"""Checks the bundle's user guide as headless Chromium shows it.
 
     check_page.py PAGE
 
-Every picture is shown, every link leads to a place in the page, nothing is loaded from outside the page, and nothing
-sticks out of the window. Every fault is a line; exit code 1 when there is one."""
+Every picture must be shown, every link must lead to a place in the page, nothing may be loaded from outside the page,
+and the page must not be wider than the window. Prints each fault on a line; exit code 1 when there is one."""
 import html
 import json
 import os

@@ -39,7 +39,8 @@ class FakeNetwork : public RecordedCalls {
             EXPECT_EQ(*static_cast<DWORD*>(value), 30000u);
             return FALSE;
         });
-        Return("InternetOpenUrlA", InternetOpenUrlA, failing == "address" ? nullptr : reinterpret_cast<HINTERNET>(0x52));
+        Return("InternetOpenUrlA", InternetOpenUrlA,
+               failing == "address" ? nullptr : reinterpret_cast<HINTERNET>(0x52));
         Record("InternetReadFile", InternetReadFile, [this, failing](HINTERNET, void* buffer, DWORD, DWORD* read) {
             if (failing == "throw") throw std::runtime_error("unexpected");
             *read = --readsLeft_ > 0 ? 1024 : readsLeft_ == 0 ? 10 : 0;
