@@ -1,4 +1,4 @@
-// Whole runs after the result was downloaded or failed to be. The tests of the session check each outcome in detail.
+// Whole runs that end after a successful or failed download of the result. The tests of the session check each outcome.
 #include "CommandBench.h"
 #include "RequestTarget.h"
 

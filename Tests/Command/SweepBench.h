@@ -65,7 +65,7 @@ class SweepBench : public CommandBench {
  private:
     std::string Product() const;  // the saved record and the surroundings
     void UsualRun();              // prepares a run in which the user inserts a product
-    // Whether the text was shown, or printing it failed.
+    // Whether the text was shown, or the module tried to print it.
     bool Attempted(const std::string& text);
     bool ReportedAnything();
     bool EndedByUser() const;

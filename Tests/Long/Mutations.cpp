@@ -37,7 +37,7 @@ class Mutations : public HostileBench {
         HostileBench::AfterRun();
         if (!committed_) return;
         const std::string queued = Calls("AcApDocManager::sendStringToExecute ").at(0);
-        EXPECT_EQ(std::count(queued.begin(), queued.end(), '\\'), 3) << queued;  // each stands for a line's end
+        EXPECT_EQ(std::count(queued.begin(), queued.end(), '\\'), 3) << queued;  // one for each line's end
         for (const char c : queued)
             EXPECT_TRUE((c >= ' ' && c != 0x7F) || c < 0) << queued;
         CheckRecord(queued);

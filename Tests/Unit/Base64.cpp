@@ -45,7 +45,7 @@ TEST(Base64, ConvertsTheWholeAlphabet) {
 TEST(Base64, DecodesMalformedInput) {
     const std::pair<const char*, std::string> cases[] = {
         {"=WE=TWE=", "Ma"},   // a group that begins with a pad has no bytes
-        {"T W=TWE=", "Ma"},   // first byte needs both characters
+        {"T W=TWE=", "Ma"},   // a byte needs two valid characters
         {"TW-=TWE=", "MMa"},  // bytes before the invalid character stay
         {"TWE-Zm9v", "Mafoo"},
         {"TQ==Zm9v", "Mfoo"},             // a pad does not end the text

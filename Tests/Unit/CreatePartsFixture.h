@@ -27,7 +27,7 @@ class CreatePartsTest : public ConnectedBench {
         std::ostringstream lines;
         for (const std::string& call : bench::CallLog())
             if (bench::NameFits(call, names) && call.find("::getVersion ") == std::string::npos) lines << call << "\n";
-        lines << "gives [" << result << "]\n";
+        lines << "returns [" << result << "]\n";
         log_ += lines.str();
         bench::ClearCallLog();
         bench::ClearFaults();
