@@ -10,15 +10,15 @@ namespace {
 
 struct State {
     std::mutex mutex;
-    std::vector<std::string> journal;
-    size_t cleared = 0;  // lines that the journal had before
-    std::vector<InjectedFault> failures;
+    std::vector<std::string> log;
+    size_t cleared = 0;  // number of lines cleared so far
+    std::vector<InjectedFault> faults;
     std::map<std::string, int> callsByName;
-    std::map<std::pair<std::string, std::string>, int> owed;
-    std::vector<std::string> accusations;
+    std::map<std::pair<std::string, std::string>, int> outstanding;
+    std::vector<std::string> violations;
 };
 
-// The state for as long as one of these lives.
+// Locked access to the state.
 class Locked {
  public:
     Locked() : lock_(Instance().mutex) {}
@@ -32,7 +32,7 @@ class Locked {
     std::lock_guard<std::mutex> lock_;
 };
 
-thread_local int quietDepth = 0;
+thread_local int unrecordedDepth = 0;
 
 std::string OneLine(const std::string& text) {
     std::string line;
@@ -49,22 +49,22 @@ std::string OneLine(const std::string& text) {
 
 }  // namespace
 
-Call::Call(const char* name, const std::string& arguments) : quiet_(quietDepth > 0) {
-    if (quiet_) return;
+Call::Call(const char* name, const std::string& arguments) : unrecorded_(unrecordedDepth > 0) {
+    if (unrecorded_) return;
     const Locked state;
     ++state->callsByName[name];
-    for (const InjectedFault& failure : state->failures) {
+    for (const InjectedFault& fault : state->faults) {
         int ordinal = 0;
         for (const auto& [called, times] : state->callsByName)
-            if (NameFits(called, failure.name)) ordinal += times;
-        const bool reached = failure.fromThereOn ? ordinal >= failure.ordinal : ordinal == failure.ordinal;
-        if (!reached || !NameFits(name, failure.name)) continue;
+            if (NameFits(called, fault.name)) ordinal += times;
+        const bool reached = fault.fromThereOn ? ordinal >= fault.ordinal : ordinal == fault.ordinal;
+        if (!reached || !NameFits(name, fault.name)) continue;
         fails_ = true;
-        code_ = failure.code;
-        poisons_ = failure.corruptsOutputs;
+        code_ = fault.code;
+        corruptsOutputs_ = fault.corruptsOutputs;
     }
-    line_ = state->cleared + state->journal.size();
-    state->journal.push_back(arguments.empty() ? std::string(name) : name + (" " + OneLine(arguments)));
+    line_ = state->cleared + state->log.size();
+    state->log.push_back(arguments.empty() ? std::string(name) : name + (" " + OneLine(arguments)));
 }
 
 Call::~Call() = default;
@@ -78,14 +78,14 @@ long Call::failureCode(long usual) const {
 }
 
 bool Call::corruptsOutputs() const {
-    return poisons_;
+    return corruptsOutputs_;
 }
 
 void Call::result(const std::string& text) {
-    if (quiet_) return;
+    if (unrecorded_) return;
     const Locked state;
-    // A server's thread may come to its result after the journal was cleared.
-    if (line_ >= state->cleared) state->journal[line_ - state->cleared] += " -> " + OneLine(text);
+    // A server thread may set its result after the log was cleared.
+    if (line_ >= state->cleared) state->log[line_ - state->cleared] += " -> " + OneLine(text);
 }
 
 void Call::result(long code) {
@@ -93,25 +93,25 @@ void Call::result(long code) {
 }
 
 UnrecordedScope::UnrecordedScope() {
-    ++quietDepth;
+    ++unrecordedDepth;
 }
 
 UnrecordedScope::~UnrecordedScope() {
-    --quietDepth;
+    --unrecordedDepth;
 }
 
 std::vector<std::string> CallLog() {
-    return Locked()->journal;
+    return Locked()->log;
 }
 
 void ClearCallLog() {
     const Locked state;
-    state->cleared += state->journal.size();
-    state->journal.clear();
+    state->cleared += state->log.size();
+    state->log.clear();
 }
 
 void LogMarker(const std::string& text) {
-    Locked()->journal.push_back(OneLine(text));
+    Locked()->log.push_back(OneLine(text));
 }
 
 bool NameFits(const std::string& name, const std::string& pattern) {
@@ -123,8 +123,8 @@ bool NameFits(const std::string& name, const std::string& pattern) {
     return pattern.empty();
 }
 
-void InjectFault(const InjectedFault& failure) {
-    Locked()->failures.push_back(failure);
+void InjectFault(const InjectedFault& fault) {
+    Locked()->faults.push_back(fault);
 }
 
 void FailCall(const char* name, int ordinal) {
@@ -137,52 +137,52 @@ void FailCall(const char* name, int ordinal, long code) {
 
 void ClearFaults() {
     const Locked state;
-    state->failures.clear();
+    state->faults.clear();
     state->callsByName.clear();
 }
 
 void TrackAcquire(const std::string& kind, const std::string& name) {
     const Locked state;
-    ++state->owed[{kind, name}];
+    ++state->outstanding[{kind, name}];
 }
 
 bool TrackRelease(const std::string& kind, const std::string& name) {
     {
         const Locked state;
-        const auto found = state->owed.find({kind, name});
-        if (found != state->owed.end()) {
-            if (--found->second == 0) state->owed.erase(found);
+        const auto found = state->outstanding.find({kind, name});
+        if (found != state->outstanding.end()) {
+            if (--found->second == 0) state->outstanding.erase(found);
             return true;
         }
     }
-    ReportViolation("A " + kind + " was given back that was not owed: " + name + ".");
+    ReportViolation("A " + kind + " was released that was not outstanding: " + name + ".");
     return false;
 }
 
 std::vector<std::string> OutstandingResources() {
     const Locked state;
-    std::vector<std::string> balance;
-    for (const auto& [what, count] : state->owed) {
+    std::vector<std::string> resources;
+    for (const auto& [what, count] : state->outstanding) {
         const std::string text = what.first + " " + what.second;
-        balance.push_back(count == 1 ? text : text + " (" + std::to_string(count) + " times)");
+        resources.push_back(count == 1 ? text : text + " (" + std::to_string(count) + " times)");
     }
-    return balance;
+    return resources;
 }
 
 void ClearOutstandingResources() {
-    Locked()->owed.clear();
+    Locked()->outstanding.clear();
 }
 
 void ReportViolation(const std::string& sentence) {
-    Locked()->accusations.push_back(sentence);
+    Locked()->violations.push_back(sentence);
 }
 
 std::vector<std::string> Violations() {
-    return Locked()->accusations;
+    return Locked()->violations;
 }
 
 void ClearViolations() {
-    Locked()->accusations.clear();
+    Locked()->violations.clear();
 }
 
 void ResetBench() {

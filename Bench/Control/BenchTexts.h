@@ -1,6 +1,5 @@
-// How the bench spells texts and numbers: narrow and wide, bytes in hexadecimal, quotes, names without regard to letter
-// case, decimal numbers. Pure functions, linked into whoever needs them; readers answer false and leave their output
-// alone.
+// String and number conversions of the bench: narrow and wide strings, hexadecimal bytes, quoting, case-insensitive
+// comparison, decimal numbers. Pure functions. Parsers return false on failure and leave their output unchanged.
 #pragma once
 
 #include <string>
@@ -8,29 +7,29 @@
 
 namespace bench {
 
-// A text that does not fit the system's code page loses what does not fit.
+// Characters missing in the system's code page are lost.
 std::string Utf8(std::wstring_view text);
 std::wstring FromUtf8(std::string_view text);
 std::string Ansi(std::wstring_view text);
 std::wstring FromAnsi(std::string_view text);
 
-// "0A00FF": two upper-case digits a byte, no separators. Read back in either case.
+// Two upper-case digits per byte without separators, "0A00FF". FromHex accepts both cases.
 std::string Hex(std::string_view bytes);
 bool FromHex(std::string_view digits, std::string& bytes);
 
-// 'text', as journal lines and sentences quote.
+// Returns 'text', as the call log and sentences quote it.
 std::string Quoted(std::string_view text);
-// "text" in which every byte can be written: \" and \\, \n and \r, other control characters as \xNN. Bytes above 7F
-// stay, so that UTF-8 stays legible.
+// Returns "text" with \", \\, \n and \r escaped and other control characters as \xNN. Bytes above 7F stay, so UTF-8
+// stays readable.
 std::string Escaped(std::string_view text);
 
-// Letter case is ignored; in narrow texts that of ASCII letters.
+// Compare without regard to letter case; only ASCII letters in narrow strings.
 bool SameName(std::string_view one, std::string_view other);
 bool SameName(std::wstring_view one, std::wstring_view other);
 
-// At most `decimals` decimals, no trailing zeros, no negative zero: "0", "12.5", "-3".
+// Formats with at most `decimals` decimals, no trailing zeros and no negative zero: "0", "12.5", "-3".
 std::string NumberText(double value, int decimals = 6);
-// A decimal number and nothing else.
+// Parse a string that is entirely a decimal number.
 bool ReadNumber(const std::string& text, long& value);
 bool ReadNumber(const std::string& text, double& value);
 

@@ -11,7 +11,7 @@ namespace bench {
 namespace {
 
 constexpr UINT kCrashed = 4;
-constexpr int kDeepest = 48;
+constexpr int kMaxFrames = 48;
 
 void PrintPlace(DWORD64 address) {
     HMODULE module = nullptr;
@@ -27,19 +27,19 @@ void PrintPlace(DWORD64 address) {
 }
 
 LONG WINAPI Report(EXCEPTION_POINTERS* exception) {
-    std::fflush(nullptr);  // what the program had printed is wanted too
+    std::fflush(nullptr);  // keep earlier output
     std::string step;
     for (const std::string& line : CallLog())
         if (line.compare(0, 3, "-- ") == 0) step = line.substr(2);
     std::printf("\nbench: crashed%s with exception %08lx at\n", step.c_str(),
                 exception->ExceptionRecord->ExceptionCode);
     CONTEXT context = *exception->ContextRecord;
-    for (int depth = 0; depth < kDeepest && (context.Rip || depth == 0); ++depth) {
+    for (int depth = 0; depth < kMaxFrames && (context.Rip || depth == 0); ++depth) {
         PrintPlace(context.Rip);
         DWORD64 base = 0;
         PRUNTIME_FUNCTION function = RtlLookupFunctionEntry(context.Rip, &base, nullptr);
         if (!function) {
-            // A function without unwind data, or a call of none, only pushed its return address.
+            // A leaf function, or a call to an invalid address, has pushed only its return address.
             context.Rip = *reinterpret_cast<DWORD64*>(context.Rsp);
             context.Rsp += sizeof(DWORD64);
             continue;

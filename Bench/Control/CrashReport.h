@@ -1,5 +1,5 @@
-// On a crash of the process: one line with the exception, a stack of addresses with module names, and exit code 4.
-// Every program of the bench and of the tests asks for it first.
+// Prints the exception and a stack of addresses with module names when the process crashes, and exits with code 4.
+// Every program of the bench and the tests calls ReportCrashes first.
 #pragma once
 
 #include "BenchControl.h"

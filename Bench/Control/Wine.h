@@ -1,4 +1,4 @@
-// Whether the bench runs under Wine. Everything that has to be done or expected differently there asks this function.
+// Whether the bench runs under Wine. All Wine-specific code checks this function.
 #pragma once
 
 #include <windows.h>

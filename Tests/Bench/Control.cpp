@@ -45,7 +45,7 @@ TEST_F(ResourceTracking, ReportsAReleaseWithoutAnAcquire) {
     bench::TrackAcquire("record", "A");
     EXPECT_TRUE(bench::TrackRelease("record", "A"));
     EXPECT_FALSE(bench::TrackRelease("record", "A"));
-    EXPECT_THAT(TakeViolations(), testing::ElementsAre("A record was given back that was not owed: A."));
+    EXPECT_THAT(TakeViolations(), testing::ElementsAre("A record was released that was not outstanding: A."));
 }
 
 }  // namespace
