@@ -20,33 +20,33 @@ AcDbBlockReference::AcDbBlockReference(const AcGePoint3d& position, AcDbObjectId
 }
 
 AcDbObjectId AcDbBlockReference::blockTableRecord() const {
-    return Answered(this, "AcDbBlockReference::blockTableRecord", AcDbObjectId(), [this](const Record& record) {
+    return ReadValue(this, "AcDbBlockReference::blockTableRecord", AcDbObjectId(), [this](const Record& record) {
         return bench::IdOf(AcDbObjectOpening::of(this).database, record.block);
     });
 }
 
 AcGePoint3d AcDbBlockReference::position() const {
-    return Answered(this, "AcDbBlockReference::position", AcGePoint3d(),
-                    [](const Record& record) { return record.placement * AcGePoint3d(); });
+    return ReadValue(this, "AcDbBlockReference::position", AcGePoint3d(),
+                     [](const Record& record) { return record.placement * AcGePoint3d(); });
 }
 
 double AcDbBlockReference::rotation() const {
-    return Answered(this, "AcDbBlockReference::rotation", 0.0,
-                    [](const Record& record) { return bench::RotationOf(record.placement); });
+    return ReadValue(this, "AcDbBlockReference::rotation", 0.0,
+                     [](const Record& record) { return bench::RotationOf(record.placement); });
 }
 
 AcGeVector3d AcDbBlockReference::normal() const {
-    return Answered(this, "AcDbBlockReference::normal", AcGeVector3d(),
-                    [](const Record& record) { return bench::NormalOf(record.placement); });
+    return ReadValue(this, "AcDbBlockReference::normal", AcGeVector3d(),
+                     [](const Record& record) { return bench::NormalOf(record.placement); });
 }
 
 AcGeMatrix3d AcDbBlockReference::blockTransform() const {
-    return Answered(this, "AcDbBlockReference::blockTransform", AcGeMatrix3d(),
-                    [](const Record& record) { return record.placement; });
+    return ReadValue(this, "AcDbBlockReference::blockTransform", AcGeMatrix3d(),
+                     [](const Record& record) { return record.placement; });
 }
 
 AcDbObjectIterator* AcDbBlockReference::attributeIterator() const {
-    return Answered<AcDbObjectIterator*>(
+    return ReadValue<AcDbObjectIterator*>(
         this, "AcDbBlockReference::attributeIterator", nullptr, [this](const Record& record) {
             return new bench::AttributeIterator(AcDbObjectOpening::of(this).database, record);
         });

@@ -1,4 +1,4 @@
-// The database of a drawing: its records, and who has which of its objects open. Kept when the drawing is closed.
+// The database of a drawing: its records, and which objects are open for reading or writing. It outlives the drawing.
 #pragma once
 
 #include <map>

@@ -11,7 +11,7 @@ AcDbEntity::AcDbEntity() = default;
 AcDbEntity::~AcDbEntity() = default;
 
 ACHAR* AcDbEntity::layer() const {
-    return Answered<ACHAR*>(this, "AcDbEntity::layer", nullptr, [this](const Record& record) {
+    return ReadValue<ACHAR*>(this, "AcDbEntity::layer", nullptr, [this](const Record& record) {
         return bench::AllocateForCaller(record.layer, "layer of " + AcDbObjectOpening::Name(this));
     });
 }
@@ -29,7 +29,7 @@ Acad::ErrorStatus AcDbEntity::transformBy(const AcGeMatrix3d& xform) {
     return call.done(status);
 }
 
-// It has no result, so a call on an object that is open for reading only can do no other than go unnoticed: accused.
+// It returns nothing, so a call on an object open for reading would go unnoticed; it is reported as a violation.
 void AcDbEntity::recordGraphicsModified(Adesk::Boolean setModified) {
     ArxCall call("AcDbEntity::recordGraphicsModified", AcDbObjectOpening::Name(this) + (setModified ? " 1" : " 0"));
     Acad::ErrorStatus status;

@@ -1,14 +1,14 @@
-// None of it ever fails in AutoCAD, so the failure plan has no effect here; only the working database is null when no
+// None of these calls fails in AutoCAD, so fault injection has no effect here. The working database is null when no
 // drawing is open.
 #include "Application.h"
 
 #include "AcRxClass.h"
 #include "AcTransactionManager.h"
 #include "ArxCall.h"
-#include "Session.h"
+#include "ProcessState.h"
 
 using bench::ArxCall;
-using bench::TheSession;
+using bench::TheProcess;
 
 ACRX_DEFINE_MEMBERS(AcDbHostApplicationServices, AcRxObject)
 AcDbHostApplicationServices::AcDbHostApplicationServices() : mpWorkingDatabase(nullptr) {}
@@ -16,22 +16,22 @@ AcDbHostApplicationServices::~AcDbHostApplicationServices() = default;
 
 const ACHAR* AcDbHostApplicationServices::product() {
     ArxCall call("AcDbHostApplicationServices::product", "");
-    return TheSession().product.c_str();
+    return TheProcess().product.c_str();
 }
 
 int AcDbHostApplicationServices::releaseMajorVersion() {
     ArxCall call("AcDbHostApplicationServices::releaseMajorVersion", "");
-    return call.done(TheSession().releaseMajor);
+    return call.done(TheProcess().releaseMajor);
 }
 
 int AcDbHostApplicationServices::releaseMinorVersion() {
     ArxCall call("AcDbHostApplicationServices::releaseMinorVersion", "");
-    return call.done(TheSession().releaseMinor);
+    return call.done(TheProcess().releaseMinor);
 }
 
 AcDbTransactionManager* AcDbHostApplicationServices::workingTransactionManager() {
     ArxCall call("AcDbHostApplicationServices::workingTransactionManager", "");
-    return call.fails() || TheSession().current == nullptr ? nullptr : bench::TheTransactionManager();
+    return call.fails() || TheProcess().current == nullptr ? nullptr : bench::TheTransactionManager();
 }
 
 namespace bench {

@@ -6,7 +6,7 @@
 
 #include "AcDbObjectId.h"
 #include "ArxCall.h"
-#include "Session.h"
+#include "ProcessState.h"
 #include "Texts.h"
 #include "Xdata.h"
 
@@ -16,7 +16,7 @@ using bench::Record;
 namespace {
 
 AcDbObjectOpening::Factory makeObject = nullptr;
-// Everything that belongs to the drawing and not to its user.
+// Objects that belong to the drawing rather than to their user; kept until AutoCAD stops.
 std::vector<AcDbObject*> kept;
 
 std::string UnownedName(const AcDbObjectOpening& opening) {
@@ -37,7 +37,7 @@ Acad::ErrorStatus AcDbObjectOpening::Open(AcDbObject*& object, AcDbObjectId id, 
     if (id.isNull()) return Acad::eNullObjectId;
     const AcDbStub* stub = bench::StubOf(id);
     if (stub == nullptr) {
-        bench::ReportViolation("An object was to be opened by an id that is no id of this session.");
+        bench::ReportViolation("acdbOpenObject was called with an invalid object id.");
         return Acad::eInvalidInput;
     }
     bench::DrawingDatabase* database = stub->database;
@@ -69,7 +69,7 @@ Acad::ErrorStatus AcDbObjectOpening::Open(AcDbObject*& object, AcDbObjectId id, 
 Acad::ErrorStatus AcDbObjectOpening::Close(AcDbObject* object) {
     AcDbObjectOpening& opening = of(object);
     if (opening.state == State::kNew) {
-        bench::ReportViolation("An object that is in no drawing was closed; it is to be deleted.");
+        bench::ReportViolation("An object that is not in a drawing was closed; it must be deleted.");
         return Acad::eNotInDatabase;
     }
     if (opening.state == State::kClosed) {
@@ -180,7 +180,7 @@ Acad::ErrorStatus AcDbObject::close() {
 }
 
 resbuf* AcDbObject::xData(const ACHAR* regappName) const {
-    const std::string asked = regappName == nullptr ? "" : " " + bench::Shown(regappName);
+    const std::string asked = regappName == nullptr ? "" : " " + bench::LogText(regappName);
     ArxCall call("AcDbObject::xData", AcDbObjectOpening::Name(this) + asked);
     const Record* record = call.fails() ? nullptr : AcDbObjectOpening::Read(this, "xData");
     if (record == nullptr) return nullptr;

@@ -1,7 +1,7 @@
-// One opening of a database object, from acdbOpenObject to close(): the rules for who may have an object open how.
-// Every opening has an AcDbObject of its own, so that it is known which one was closed; none is freed before AutoCAD
-// stops, and its use after close is accused. The data of an object in the drawing are always read from the drawing
-// itself; only an object that is in no drawing yet carries its own record.
+// One opening of a database object, from acdbOpenObject to close(), and the rules for concurrent openings. Every
+// opening has its own AcDbObject, so a close identifies the opening. No AcDbObject is freed before AutoCAD stops, and
+// its use after close is reported as a violation. An object's data is always read from the drawing; only an object that
+// is not yet in a drawing carries its own record.
 #pragma once
 
 #include <string>
@@ -14,27 +14,27 @@ class AcDbObjectOpening {
  public:
     enum class State { kNew, kOpen, kClosed };
 
-    // Makes an object of the class that stands for the record; given by what knows all classes.
+    // Creates an object of the record's class. ObjectClasses.cpp provides it, because it knows all classes.
     using Factory = AcDbObject* (*)(const bench::Record& record);
     static void SetFactory(Factory factory);
 
-    // `wanted` null: any class. Owes "open object HANDLE" on success.
+    // Accepts any class when `wanted` is null. Tracks "open object HANDLE" on success.
     static Acad::ErrorStatus Open(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErased,
                                   const AcRxClass* wanted);
     static Acad::ErrorStatus Close(AcDbObject* object);
-    // For the constructor that a module calls: the object has this record, and the balance owes it.
+    // Called by the constructor that the module uses: attaches the record and tracks the new object.
     static void Begin(AcDbObject* object, const bench::Record& record);
-    // The new object's record goes into the drawing under `owner`, still open for writing.
+    // Adds the new object's record to the drawing under `owner` and leaves it open for writing.
     static Acad::ErrorStatus Adopt(AcDbObject* object, bench::Handle owner, bench::DrawingDatabase* database);
-    static void End(AcDbObject* object);  // its destructor
+    static void End(AcDbObject* object);  // called by the destructor
     static void FreeAll();
 
     static AcDbObjectOpening& of(const AcDbObject* object) { return *object->mpOpening; }
-    // The object's data; null, with an accusation of the caller, when the opening is over.
+    // Returns the object's data. Returns null and reports a violation when the opening has ended.
     static const bench::Record* Read(const AcDbObject* object, const char* what);
-    // Null also where the object is not open for writing.
+    // Also returns null when the object is not open for writing.
     static bench::Record* Write(AcDbObject* object, const char* what, Acad::ErrorStatus& status);
-    // For the journal: the handle, or "(new)".
+    // Returns the handle, or "(new)", for the call log.
     static std::string Name(const AcDbObject* object);
 
     State state = State::kNew;
@@ -44,16 +44,16 @@ class AcDbObjectOpening {
     bench::Record fresh;  // while new
 };
 
-// A member that answers with something of the object's record: `value`'s answer, or `none` where the call fails or the
-// opening is over.
+// Implements a member function that reads the record: returns `value(record)`, or `none` when the call fails or the
+// opening has ended.
 template <class T, class Value>
-T Answered(const AcDbObject* object, const char* name, T none, Value value) {
+T ReadValue(const AcDbObject* object, const char* name, T none, Value value) {
     bench::ArxCall call(name, AcDbObjectOpening::Name(object));
     const bench::Record* record = call.fails() ? nullptr : AcDbObjectOpening::Read(object, name);
     return record == nullptr ? none : value(*record);
 }
 
-// The members that ACDB_DECLARE_MEMBERS declares. The class of an object that was closed is asked for by mistake.
+// Defines the members that ACDB_DECLARE_MEMBERS declares. isA() on a closed object is a violation.
 #define ACDB_DEFINE_MEMBERS(CLASS_NAME, PARENT_CLASS)                       \
     AcRxClass* CLASS_NAME::desc() {                                         \
         return bench::DescribeClass(L"" #CLASS_NAME, PARENT_CLASS::desc()); \

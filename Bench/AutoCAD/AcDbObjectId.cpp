@@ -1,4 +1,4 @@
-// Ids, handles and entity names: what leads to an object.
+// Ids, handles, entity names and the conversions between them.
 #include "AcDbObjectId.h"
 
 #include <map>

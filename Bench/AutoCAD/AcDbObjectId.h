@@ -1,5 +1,5 @@
-// Ids of database objects: one for every handle that was asked for, kept for the life of the process, so that an id of
-// a closed drawing and a pointer that is no id are told apart.
+// Ids of database objects. There is one for every requested handle, and it lives as long as the process, so that the id
+// of a closed drawing can be told from an invalid pointer.
 #pragma once
 
 #include <string>
@@ -12,7 +12,7 @@ namespace bench {
 class DrawingDatabase;
 }
 
-// What an id points at.
+// The target of an id's pointer.
 class AcDbStub {
  public:
     bench::Handle handle;
@@ -22,11 +22,11 @@ class AcDbStub {
 namespace bench {
 
 AcDbObjectId IdOf(DrawingDatabase* database, Handle handle);
-// Null when the id is none of ours.
+// Returns null for an id that this library did not create.
 const AcDbStub* StubOf(AcDbObjectId id);
-// The id as an entity's name.
+// Converts the id into an entity name.
 void NameEntity(AcDbObjectId id, ads_name name);
-// For the journal: the handle, or "(null)".
+// Returns the handle, or "(null)", for the call log.
 std::string IdText(AcDbObjectId id);
 
 }  // namespace bench

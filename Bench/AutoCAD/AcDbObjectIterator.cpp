@@ -41,6 +41,6 @@ AcDbObjectId AcDbObjectIterator::objectId() {
     auto& walk = static_cast<AttributeIterator&>(*this);
     ArxCall call("AcDbObjectIterator::objectId", bench::HandleText(walk.owner));
     const bool ended = walk.place >= walk.handles.size();
-    if (ended) bench::ReportViolation("An attribute iterator was asked for an object although it had reached its end.");
+    if (ended) bench::ReportViolation("An attribute iterator was asked for an object after its end.");
     return ended || call.fails() ? AcDbObjectId() : bench::IdOf(walk.database, walk.handles[walk.place]);
 }

@@ -1,4 +1,4 @@
-// The walk over the attributes of a block reference; owed until it is deleted.
+// Iterates over the attributes of a block reference; tracked until it is deleted.
 #pragma once
 
 #include <vector>

@@ -22,7 +22,7 @@ AcDbBlockTableRecord::AcDbBlockTableRecord() = default;
 AcDbBlockTableRecord::~AcDbBlockTableRecord() = default;
 
 Acad::ErrorStatus AcDbSymbolTable::getIdAt(const ACHAR* entryName, AcDbObjectId& recordId, bool) const {
-    ArxCall call("AcDbSymbolTable::getIdAt", AcDbObjectOpening::Name(this) + " " + bench::Shown(entryName));
+    ArxCall call("AcDbSymbolTable::getIdAt", AcDbObjectOpening::Name(this) + " " + bench::LogText(entryName));
     recordId.setNull();
     if (call.fails()) return call.failed(Acad::eKeyNotFound);
     const Record* table = AcDbObjectOpening::Read(this, "getIdAt");

@@ -11,12 +11,12 @@ AcDbText::AcDbText() = default;
 AcDbText::~AcDbText() = default;
 
 const ACHAR* AcDbText::textStringConst() const {
-    return Answered<const ACHAR*>(this, "AcDbText::textStringConst", nullptr,
-                                  [](const Record& record) { return record.text.c_str(); });
+    return ReadValue<const ACHAR*>(this, "AcDbText::textStringConst", nullptr,
+                                   [](const Record& record) { return record.text.c_str(); });
 }
 
 Acad::ErrorStatus AcDbText::setTextString(const ACHAR* newVal) {
-    ArxCall call("AcDbText::setTextString", AcDbObjectOpening::Name(this) + " " + bench::Shown(newVal));
+    ArxCall call("AcDbText::setTextString", AcDbObjectOpening::Name(this) + " " + bench::LogText(newVal));
     if (call.fails()) return call.failed(Acad::eNotOpenForWrite);
     Acad::ErrorStatus status;
     Record* record = AcDbObjectOpening::Write(this, "setTextString", status);
@@ -31,6 +31,6 @@ AcDbAttribute::AcDbAttribute() = default;
 AcDbAttribute::~AcDbAttribute() = default;
 
 const ACHAR* AcDbAttribute::tagConst() const {
-    return Answered<const ACHAR*>(this, "AcDbAttribute::tagConst", nullptr,
-                                  [](const Record& record) { return record.tag.c_str(); });
+    return ReadValue<const ACHAR*>(this, "AcDbAttribute::tagConst", nullptr,
+                                   [](const Record& record) { return record.tag.c_str(); });
 }

@@ -1,4 +1,4 @@
-// Transformation matrices. Pure arithmetic: nothing here is journaled.
+// Transformation matrices. Pure arithmetic, not logged.
 #include <cmath>
 
 #include "gemat3d.h"

@@ -1,9 +1,9 @@
-// Points, vectors and the tolerance. Pure arithmetic: nothing here is journaled.
+// Points, vectors and the tolerance. Pure arithmetic, not logged.
 #include <cmath>
 
 #include "gepnt3d.h"
 
-// The host library is the one place where the static data of the geometry classes is defined.
+// Only this library defines the static data of the geometry classes.
 AcGeTol AcGeContext::gTol;
 const AcGeVector3d AcGeVector3d::kXAxis(1, 0, 0);
 const AcGePoint3d AcGePoint3d::kOrigin(0, 0, 0);

@@ -1,5 +1,4 @@
-// Run-time classes: what isKindOf, cast and acdbOpenObject compare. Asking for a class is no call that could fail, so
-// none is journaled.
+// Run-time classes, which isKindOf, cast and acdbOpenObject compare. Requesting a class cannot fail and is not logged.
 #pragma once
 
 #include <string>
@@ -8,13 +7,13 @@
 
 namespace bench {
 
-// The description of a class, made at its first use.
+// Returns the description of a class, creating it on first use.
 AcRxClass* DescribeClass(const std::wstring& name, AcRxClass* parent);
 const std::wstring& ClassName(const AcRxClass* description);
 
 }  // namespace bench
 
-// The members that ACRX_DECLARE_MEMBERS declares.
+// Defines the members that ACRX_DECLARE_MEMBERS declares.
 #define ACRX_DEFINE_MEMBERS(CLASS_NAME, PARENT_CLASS)                       \
     AcRxClass* CLASS_NAME::desc() {                                         \
         return bench::DescribeClass(L"" #CLASS_NAME, PARENT_CLASS::desc()); \

@@ -1,5 +1,5 @@
-// Transactions: each keeps a copy of the drawing from its start; an abort puts it back, whoever changed it. A planned
-// failure of endTransaction ends the transaction with an abort.
+// Transactions. Each keeps a copy of the drawing from its start; abort restores it, including changes made outside the
+// transaction. endTransaction with an injected fault aborts the transaction.
 #include "AcTransactionManager.h"
 
 #include <memory>
@@ -7,7 +7,7 @@
 
 #include "AcRxClass.h"
 #include "ArxCall.h"
-#include "Session.h"
+#include "ProcessState.h"
 #include "Texts.h"
 
 ACRX_DEFINE_MEMBERS(AcTransaction, AcRxObject)
@@ -30,7 +30,7 @@ class TransactionManager : public AcTransactionManager {
         const Drawing* drawing = CurrentDrawing();
         if (call.fails() || drawing == nullptr) return nullptr;
         active.push_back(std::make_unique<Transaction>(*drawing));
-        TrackAcquire("transaction", "of " + Ansi(TheSession().fileName));
+        TrackAcquire("transaction", "of " + Ansi(TheProcess().fileName));
         return active.back().get();
     }
 
@@ -54,7 +54,7 @@ class TransactionManager : public AcTransactionManager {
         }
         if (abort) CurrentDrawing()->restore(active.back()->start);
         active.pop_back();
-        TrackRelease("transaction", "of " + Ansi(TheSession().fileName));
+        TrackRelease("transaction", "of " + Ansi(TheProcess().fileName));
         return call.fails() ? call.failed(Acad::eLockViolation) : call.done(Acad::eOk);
     }
 };

@@ -1,4 +1,4 @@
-// Start and end of AutoCAD and of its drawing.
+// Starts and stops AutoCAD; opens and closes its drawing.
 #include "Application.h"
 
 #include <ole2.h>
@@ -8,14 +8,14 @@
 #include "AcTransactionManager.h"
 #include "BenchAutoCAD.h"
 #include "Memory.h"
-#include "Session.h"
+#include "ProcessState.h"
 #include "SystemRegistry.h"
 #include "Texts.h"
 
 namespace bench {
 
 void StartAutoCAD() {
-    TheSession().mainThread = GetCurrentThreadId();
+    TheProcess().mainThread = GetCurrentThreadId();
     OleInitialize(nullptr);
     AcDbObjectOpening::SetFactory(MakeObject);
     ResetSystemVariables();
@@ -30,38 +30,38 @@ void StopAutoCAD() {
     AcDbObjectOpening::FreeAll();
     FreeMemory();
     OleUninitialize();
-    TheSession() = Session();
+    TheProcess() = ProcessState();
 }
 
 void SetProduct(const std::string& product, int releaseMajor, int releaseMinor) {
-    TheSession().product = FromAnsi(product);
-    TheSession().releaseMajor = releaseMajor;
-    TheSession().releaseMinor = releaseMinor;
+    TheProcess().product = FromAnsi(product);
+    TheProcess().releaseMajor = releaseMajor;
+    TheProcess().releaseMinor = releaseMinor;
     ShowFileName();
 }
 
 void NewDrawing(const std::string& fileName) {
     CloseDrawing();
-    TheSession().fileName = FromAnsi(fileName);
+    TheProcess().fileName = FromAnsi(fileName);
     ResetSystemVariables();
-    TheSession().current = new DrawingDatabase;
-    SetWorkingDatabase(TheSession().current);
+    TheProcess().current = new DrawingDatabase;
+    SetWorkingDatabase(TheProcess().current);
     ShowFileName();
     SendToModules(AcRx::kLoadDwgMsg);
 }
 
 void CloseDrawing() {
-    Session& session = TheSession();
-    if (session.current == nullptr) return;
+    ProcessState& process = TheProcess();
+    if (process.current == nullptr) return;
     SendToModules(AcRx::kUnloadDwgMsg);
     SetWorkingDatabase(nullptr);
-    // Kept: ids and pointers into the closed drawing must stay recognisable.
-    session.current->open = false;
-    session.current = nullptr;
+    // The database is kept so that ids and pointers into the closed drawing stay recognisable.
+    process.current->open = false;
+    process.current = nullptr;
     ForgetTransactions();
-    session.lastPick = 0;
-    session.queue.clear();
-    session.input.clear();
+    process.lastPick = 0;
+    process.queue.clear();
+    process.input.clear();
     ShowFileName();
 }
 

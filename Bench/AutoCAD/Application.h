@@ -1,4 +1,4 @@
-// What the start and the end of AutoCAD and a change of its drawing ask of the other parts.
+// What starting and stopping AutoCAD and changing its drawing need from the other units.
 #pragma once
 
 #include <windows.h>
@@ -10,15 +10,15 @@
 
 namespace bench {
 
-// The main window: visible and captioned with product and drawing. It has no timer: a module that waits for messages on
-// this thread has to see to them itself.
+// The main window is visible; its caption names product and drawing. It has no timer: a module that waits for messages
+// on this thread must wake itself.
 void OpenMainWindow();
 void CloseMainWindow();
 void ShowFileName();
 
 void SetWorkingDatabase(AcDbDatabase* database);  // null: no drawing is open
 void ResetSystemVariables();
-// A new object of the class that stands for the record, in no drawing yet.
+// Creates an object of the record's class that is not in a drawing yet.
 AcDbObject* MakeObject(const Record& record);
 
 void SendToModules(AcRx::AppMsgCode message);

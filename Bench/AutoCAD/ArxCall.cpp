@@ -2,12 +2,12 @@
 
 #include <windows.h>
 
-#include "Session.h"
+#include "ProcessState.h"
 
 namespace bench {
 
 ArxCall::ArxCall(const char* name, const std::string& arguments) : Call(name, arguments) {
-    const DWORD mainThread = TheSession().mainThread;
+    const DWORD mainThread = TheProcess().mainThread;
     if (mainThread != 0 && mainThread != GetCurrentThreadId())
         ReportViolation(std::string(name) + " was called on a thread that is not AutoCAD's own.");
 }

@@ -1,8 +1,7 @@
-// One call of a module to AutoCAD: journal line and failure plan as bench::Call has them, plus the rule that AutoCAD is
-// called on its own thread. `failed` and `done` write the result into the journal and hand it through, so that a
-// function reads "if (call.fails()) return call.failed(usual); ... return call.done(result);". A call that gives
-// something back (close, release, remove, abort) and is planned to fail gives it back all the same and only reports the
-// failure: the caller could do nothing else about it.
+// One call from a module to AutoCAD: call log and fault injection as in bench::Call, plus a check that AutoCAD is
+// called on its own thread. `failed` and `done` log the result and return it, so a function reads "if (call.fails())
+// return call.failed(usual); ... return call.done(result);". A releasing call (close, release, remove, abort) with an
+// injected fault still releases and only returns the failure, because its caller cannot do anything else about it.
 #pragma once
 
 #include <string>

@@ -5,7 +5,7 @@
 namespace bench {
 namespace {
 
-// The arbitrary axis rule: near the world's z the x axis lies along world y × normal, elsewhere along world z × normal.
+// The arbitrary axis algorithm: the x axis is world y × normal near the world's z, otherwise world z × normal.
 AcGeMatrix3d PlaneToWorld(const AcGeVector3d& normal) {
     const AcGeVector3d z = normal.normal();
     const bool nearZ = std::fabs(z.x) < 1.0 / 64 && std::fabs(z.y) < 1.0 / 64;

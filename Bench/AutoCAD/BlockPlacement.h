@@ -1,5 +1,5 @@
-// Where a block reference stands: a position, a rotation about its normal, and the matrix from block to world that
-// follows from them.
+// The placement of a block reference: position, rotation about its normal, and the resulting matrix from block to
+// world.
 #pragma once
 
 #include "gemat3d.h"

@@ -5,7 +5,7 @@
 #include <cwchar>
 
 #include "ArxCall.h"
-#include "Session.h"
+#include "ProcessState.h"
 #include "Texts.h"
 #include "acutads.h"
 #include "adscodes.h"
@@ -13,12 +13,12 @@
 namespace bench {
 
 void Print(const std::string& text) {
-    TheSession().transcript += text;
-    if (TheSession().echo) TheSession().echo(text);
+    TheProcess().transcript += text;
+    if (TheProcess().echo) TheProcess().echo(text);
 }
 
 bool TakeInput(bool blankEnds, std::wstring& line) {
-    std::wstring& input = TheSession().input;
+    std::wstring& input = TheProcess().input;
     const size_t end = input.find_first_of(blankEnds ? L" \n" : L"\n");
     if (end == std::wstring::npos) return false;
     line = input.substr(0, end);
@@ -27,13 +27,13 @@ bool TakeInput(bool blankEnds, std::wstring& line) {
 }
 
 std::string Transcript() {
-    return TheSession().transcript;
+    return TheProcess().transcript;
 }
 void ClearTranscript() {
-    TheSession().transcript.clear();
+    TheProcess().transcript.clear();
 }
 void SetEcho(std::function<void(const std::string&)> echo) {
-    TheSession().echo = std::move(echo);
+    TheProcess().echo = std::move(echo);
 }
 void PrintText(const std::string& text) {
     Print(text);
@@ -46,7 +46,7 @@ int acutPrintf(const ACHAR* format, ...) {
     va_start(arguments, format);
     va_list counted;
     va_copy(counted, arguments);
-    // The C runtime's own wide family: %s is a wide text, as AutoCAD takes it.
+    // Uses the C runtime's wide functions: %s is a wide string, as in AutoCAD.
     const int length = _vscwprintf(format, counted);
     va_end(counted);
     std::wstring wide(static_cast<size_t>(std::max(length, 0)) + 1, L'\0');

@@ -1,4 +1,4 @@
-// The command line: what it shows, the queued text that it works off, and its prompts.
+// The command line: its output, its queued input and its prompts.
 #pragma once
 
 #include <string>
@@ -8,9 +8,9 @@
 namespace bench {
 
 void Print(const std::string& text);
-// One line (or, with blanks ending it too, one word) of the queued text; false when there is none.
+// Takes one line of queued input, or one word if blanks also end it. Returns false when there is none.
 bool TakeInput(bool blankEnds, std::wstring& line);
-// Prints the prompt, takes the next answer and shows it. Accuses and escapes when nobody answers.
+// Prints the prompt, takes the next answer and prints it. Without an answer, reports a violation and returns Escape.
 Answer Ask(const std::string& prompt, bool blankEnds = false);
 
 }  // namespace bench

@@ -1,21 +1,21 @@
-// How typed and queued commands run. A text that is sent for execution waits until the running command has returned;
-// its first word is a command, its further lines are what that command's prompts read.
+// Runs typed and queued commands. A string sent for execution waits until the running command has returned; its first
+// word is a command, and the command's prompts read its further lines.
 #include <cstdio>
 
 #include "AcTransactionManager.h"
 #include "BenchControl.h"
 #include "CommandLine.h"
-#include "Session.h"
+#include "ProcessState.h"
 #include "Texts.h"
 
 namespace bench {
 namespace {
 
-// Copied: a command may unload the module that it belongs to.
+// Takes a copy, because a command may unload its own module.
 bool FindCommand(std::wstring name, Command& found) {
     while (!name.empty() && (name[0] == L'_' || name[0] == L'.'))
         name.erase(0, 1);
-    for (const Command& command : TheSession().commands)
+    for (const Command& command : TheProcess().commands)
         if (SameName(command.globalName, name) || SameName(command.localName, name)) {
             found = command;
             return true;
@@ -23,7 +23,7 @@ bool FindCommand(std::wstring name, Command& found) {
     return false;
 }
 
-// An exception that leaves a command ends AutoCAD; the stand-in says whose it was and ends as well.
+// An exception that escapes from a command ends AutoCAD; the fake names the command and ends too.
 void Call(const Command& command) {
     try {
         if (command.foreign)
@@ -38,7 +38,7 @@ void Call(const Command& command) {
 }
 
 bool RunOne(const std::wstring& name) {
-    Session& session = TheSession();
+    ProcessState& process = TheProcess();
     const std::string shown = Ansi(UpperCase(name));
     Print("\nCommand: " + shown + "\n");
     Command command;
@@ -46,30 +46,30 @@ bool RunOne(const std::wstring& name) {
         Print("Unknown command \"" + shown + "\".  Press F1 for help.\n");
         return false;
     }
-    session.runningCommand = Ansi(command.globalName);
-    session.lastCommand = session.runningCommand;
+    process.runningCommand = Ansi(command.globalName);
+    process.lastCommand = process.runningCommand;
     const size_t transactions = ActiveTransactions();
     Call(command);
     if (ActiveTransactions() > transactions)
-        ReportViolation("The command " + session.runningCommand + " returned without ending its transaction.");
-    session.runningCommand.clear();
+        ReportViolation("The command " + process.runningCommand + " returned without ending its transaction.");
+    process.runningCommand.clear();
     return true;
 }
 
 void RunQueue() {
-    Session& session = TheSession();
-    while (!session.queue.empty() || !session.input.empty()) {
-        if (session.input.empty()) {
-            session.input = session.queue.front();
-            session.queue.pop_front();
+    ProcessState& process = TheProcess();
+    while (!process.queue.empty() || !process.input.empty()) {
+        if (process.input.empty()) {
+            process.input = process.queue.front();
+            process.queue.pop_front();
         }
         std::wstring word;
         if (!TakeInput(true, word)) {
-            session.input.clear();
+            process.input.clear();
         } else if (!word.empty()) {
             RunOne(word);
-        } else if (!session.lastCommand.empty()) {
-            RunOne(FromAnsi(session.lastCommand));  // an empty line repeats the last command
+        } else if (!process.lastCommand.empty()) {
+            RunOne(FromAnsi(process.lastCommand));  // an empty line repeats the last command
         }
     }
 }
@@ -77,8 +77,8 @@ void RunQueue() {
 }  // namespace
 
 bool RunCommand(const std::string& command) {
-    if (!TheSession().runningCommand.empty()) {
-        ReportViolation("The command " + command + " was typed while " + TheSession().runningCommand + " was running.");
+    if (!TheProcess().runningCommand.empty()) {
+        ReportViolation("The command " + command + " was typed while " + TheProcess().runningCommand + " was running.");
         return false;
     }
     const bool known = RunOne(FromAnsi(command));

@@ -1,13 +1,14 @@
-// acedTrans: points and displacements between the world's and the user's coordinates.
+// acedTrans: converts points and displacements between world and user coordinates.
 #include "ArxCall.h"
-#include "Session.h"
+#include "ProcessState.h"
 #include "Texts.h"
 #include "acedads.h"
 #include "adscodes.h"
 
 namespace {
 
-// Matrix to the world from the system that a result buffer names; false for one that is not understood.
+// Finds the matrix to world coordinates from the system that a result buffer names. Returns false for an unsupported
+// one.
 bool ToWorld(const resbuf* system, AcGeMatrix3d& matrix) {
     if (system == nullptr || system->restype != RTSHORT) return false;
     if (system->resval.rint == 1) matrix = bench::CurrentDrawing()->ucs.toWorld();

@@ -94,7 +94,7 @@ void Drawing::restore(const Drawing& earlier) {
     nextHandle_ = next;
 }
 
-// ---- The drawing as a text ----
+// ---- The drawing as text ----
 
 namespace {
 

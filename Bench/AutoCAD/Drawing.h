@@ -1,5 +1,5 @@
-// The drawing as a value: every object a record found by its handle, references between records as handles. Copying a
-// Drawing is what a transaction keeps of it, assigning the copy back is its abort.
+// The drawing as a value: records by handle, with references between them as handles. A transaction keeps a copy of the
+// Drawing; abort assigns the copy back.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +13,7 @@ namespace bench {
 
 using Handle = std::uint64_t;
 
-// Which class of declarations stands for a record when it is opened.
+// The declared class that represents a record when it is opened.
 enum class RecordKind { kBlockTable, kBlockRecord, kLayerTable, kLayerRecord, kEntity, kReference, kAttribute };
 
 struct XdataItem {
@@ -39,7 +39,7 @@ struct Record {
     bool locked = false;           // layers
     std::vector<Handle> children;  // records of a table, entities of a block, attributes of a reference
     std::wstring layer = L"0";     // entities
-    AcGeMatrix3d placement;        // entities: what transformBy made of them; references: block to world
+    AcGeMatrix3d placement;        // entities: accumulated by transformBy; references: block to world
     Handle block = 0;              // references
     std::wstring text;             // attributes
     std::wstring tag;
@@ -56,7 +56,7 @@ struct Ucs {
 
 class Drawing {
  public:
-    // Handles of what every drawing has.
+    // Handles of the objects in every drawing.
     static constexpr Handle kBlockTable = 0x1;
     static constexpr Handle kLayerTable = 0x2;
     static constexpr Handle kLayerZero = 0x10;
@@ -67,16 +67,16 @@ class Drawing {
 
     Record* find(Handle handle);
     const Record* find(Handle handle) const;
-    // Gives the record the next free handle when it has none, and puts it under its owner. Null: the handle is taken.
+    // Adds the record under its owner, with the next free handle if it has none. Returns null when the handle is taken.
     Record* add(Record record);
     Record* findNamed(Handle table, const std::wstring& name);
-    Record& block(const std::wstring& name);  // made when missing
-    Record& layer(const std::wstring& name);  // made when missing
+    Record& block(const std::wstring& name);  // added if missing
+    Record& layer(const std::wstring& name);  // added if missing
     bool onLockedLayer(const Record& record) const;
     bool isRegistered(const std::wstring& application) const;
-    // As it was in `earlier`; handles given out since are not given out again.
+    // Restores the state of `earlier`, but does not reuse handles assigned since.
     void restore(const Drawing& earlier);
-    // Readable, in a fixed order.
+    // Returns readable text in a fixed order.
     std::string description() const;
 
     std::map<Handle, Record> records;

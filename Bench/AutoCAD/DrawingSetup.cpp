@@ -1,6 +1,6 @@
-// What the bench puts into the drawing and reads out of it, without going through a module.
+// Bench functions that change and read the drawing without a module.
 #include "BlockPlacement.h"
-#include "Session.h"
+#include "ProcessState.h"
 #include "Texts.h"
 
 namespace bench {

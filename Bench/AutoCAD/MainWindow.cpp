@@ -1,7 +1,7 @@
 #include "Application.h"
 
 #include "ArxCall.h"
-#include "Session.h"
+#include "ProcessState.h"
 #include "acedads.h"
 
 namespace bench {
@@ -10,7 +10,7 @@ namespace {
 constexpr const wchar_t* kClassName = L"AutoCADFrame";
 
 LRESULT CALLBACK MainWindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    // The user can not close AutoCAD under a running bench.
+    // The user cannot close AutoCAD while the bench runs.
     if (message == WM_CLOSE) return 0;
     return DefWindowProcW(window, message, wParam, lParam);
 }
@@ -34,28 +34,28 @@ HWND CreateFrame() {
 }  // namespace
 
 void ShowFileName() {
-    const Session& session = TheSession();
-    std::wstring caption = session.product;
-    if (session.current != nullptr) caption += L" - [" + session.fileName + L"]";
-    if (session.mainWindow != nullptr) SetWindowTextW(session.mainWindow, caption.c_str());
+    const ProcessState& process = TheProcess();
+    std::wstring caption = process.product;
+    if (process.current != nullptr) caption += L" - [" + process.fileName + L"]";
+    if (process.mainWindow != nullptr) SetWindowTextW(process.mainWindow, caption.c_str());
 }
 
 void OpenMainWindow() {
     if (frame == nullptr || GetWindowThreadProcessId(frame, nullptr) != GetCurrentThreadId()) frame = CreateFrame();
-    TheSession().mainWindow = frame;
+    TheProcess().mainWindow = frame;
     ShowFileName();
 }
 
 void CloseMainWindow() {
-    if (TheSession().mainWindow == nullptr) return;
+    if (TheProcess().mainWindow == nullptr) return;
     if (!IsWindowEnabled(frame)) ReportViolation("AutoCAD's main window was still disabled when AutoCAD ended.");
     EnableWindow(frame, TRUE);
     SetWindowTextW(frame, L"AutoCAD has ended");
-    TheSession().mainWindow = nullptr;
+    TheProcess().mainWindow = nullptr;
 }
 
 HWND MainWindow() {
-    return TheSession().mainWindow;
+    return TheProcess().mainWindow;
 }
 
 }  // namespace bench
@@ -64,5 +64,5 @@ using bench::ArxCall;
 
 HWND adsw_acadMainWnd() {
     ArxCall call("adsw_acadMainWnd", "");
-    return call.fails() ? nullptr : bench::TheSession().mainWindow;
+    return call.fails() ? nullptr : bench::TheProcess().mainWindow;
 }

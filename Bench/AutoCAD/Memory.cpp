@@ -12,8 +12,8 @@ namespace bench {
 namespace {
 
 struct Text {
-    std::string name;  // of a text for the module to keep
-    int chain = 0;     // or the chain that it goes with
+    std::string name;  // of a string that the module must release
+    int chain = 0;     // or the chain that it belongs to
     bool released = false;
 };
 
@@ -60,12 +60,12 @@ wchar_t* AllocateInChain(const std::wstring& text, int chain) {
 void ReleaseString(void* text, const char* by) {
     const auto found = texts.find(text);
     if (found == texts.end()) {
-        ReportViolation(std::string(by) + " was called on a text that AutoCAD did not hand out.");
+        ReportViolation(std::string(by) + " was called on a string that AutoCAD did not allocate.");
         return;
     }
     Text& known = found->second;
     if (known.released) {
-        ReportViolation(std::string(by) + " was called on a text that was already released.");
+        ReportViolation(std::string(by) + " was called on a string that was already released.");
         return;
     }
     known.released = true;
@@ -95,7 +95,7 @@ resbuf* AddNode(int chain, resbuf* last, short type) {
     return node;
 }
 
-bool LivingNode(const resbuf* node, const char* by) {
+bool CheckNode(const resbuf* node, const char* by) {
     const auto found = nodes.find(node);
     if (found == nodes.end() || !found->second.released) return true;
     ReportViolation(std::string(by) + " was called on a result buffer that was already released.");
@@ -105,19 +105,19 @@ bool LivingNode(const resbuf* node, const char* by) {
 bool ReleaseNode(resbuf*& node, const char* by) {
     const auto found = nodes.find(node);
     if (found == nodes.end()) {
-        ReportViolation(std::string(by) + " was called on a result buffer that AutoCAD did not make.");
+        ReportViolation(std::string(by) + " was called on a result buffer that AutoCAD did not allocate.");
         return false;
     }
-    if (!LivingNode(node, by)) return false;
-    // The text's pointer stays: it points at the pattern of released memory.
-    if (HoldsText(node->restype) && node->resval.rstring != nullptr) ReleaseString(node->resval.rstring, by);
+    if (!CheckNode(node, by)) return false;
+    // The string pointer stays and refers to released memory.
+    if (IsStringType(node->restype) && node->resval.rstring != nullptr) ReleaseString(node->resval.rstring, by);
     node = node->rbnext;
     found->second.released = true;
     ReleaseChainPart(found->second.chain);
     return true;
 }
 
-bool HoldsText(short type) {
+bool IsStringType(short type) {
     return type == RTSTR || (type >= 1000 && type <= 1003) || type == 1005;
 }
 

@@ -1,5 +1,5 @@
-// Texts and result buffers that AutoCAD hands out. Nothing is really freed before AutoCAD stops: released memory is
-// filled with a pattern and remembered, so that a second release or a foreign pointer is told from a good one.
+// Strings and result buffers that AutoCAD allocates for the module. Released memory is filled with a pattern and kept
+// until AutoCAD stops, so that double releases and foreign pointers are detected.
 #pragma once
 
 #include <string>
@@ -8,31 +8,31 @@
 
 namespace bench {
 
-// Fills what AutoCAD does not promise to set.
+// Fills outputs that AutoCAD does not guarantee to set.
 inline constexpr int kSentinel = 0xDD;
 
-// A text for the module to keep; the balance owes "string NAME" until acutDelString.
+// Allocates a string that the module must release; tracks "string NAME" until acutDelString.
 wchar_t* AllocateForCaller(const std::wstring& text, const std::string& name);
-// A text inside a chain: goes with the chain, and keeps it owed while it lives.
+// Allocates a string that belongs to a chain. The chain stays outstanding until the string is released.
 wchar_t* AllocateInChain(const std::wstring& text, int chain);
-// Accuses when the text is none that AutoCAD handed out, or was released before.
+// Reports a violation when AutoCAD did not allocate the string or it was already released.
 void ReleaseString(void* text, const char* by);
 
-// A new chain for the module; the balance owes "resbuf chain NAME" until its last node and text are released, so that a
-// node left out and a text overwritten are found.
+// Begins a chain for the module. Tracks "resbuf chain NAME" until its last node and string are released, which detects
+// a skipped node and an overwritten string.
 int BeginChain(const std::string& name);
-// The next node is null, the value a sentinel.
+// Appends a node with a null next pointer and a sentinel value.
 resbuf* AddNode(int chain, resbuf* last, short type);
-// Is this node no released one? Accuses otherwise. The caller's own buffer is good where nothing is released.
-bool LivingNode(const resbuf* node, const char* by);
-// The node that follows the released one; false, with an accusation, when AutoCAD did not make it or it was released
-// before.
+// Returns false and reports a violation for a released node. A buffer of the caller's own passes.
+bool CheckNode(const resbuf* node, const char* by);
+// Releases the node and advances to the next. Returns false and reports a violation when AutoCAD did not allocate it or
+// it was already released.
 bool ReleaseNode(resbuf*& node, const char* by);
 
-// Which group codes carry a text.
-bool HoldsText(short type);
+// Whether a group code's value is a string.
+bool IsStringType(short type);
 
-// All of the process's texts and chains, forgotten and freed.
+// Frees all strings and chains of the process.
 void FreeMemory();
 
 }  // namespace bench

@@ -6,7 +6,7 @@
 #include "AcRxClass.h"
 #include "ArxCall.h"
 #include "CommandLine.h"
-#include "Session.h"
+#include "ProcessState.h"
 #include "Texts.h"
 #include "acedads.h"
 #include "adscodes.h"
@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 using EntryPoint = AcRx::AppRetCode (*)(AcRx::AppMsgCode, void*);
 using ApiVersion = int (*)();
 
-// What acrxGetApiVersion of the API library answers for this release.
+// The value that acrxGetApiVersion of the API library returns for this release.
 constexpr int kApiVersion = 24;
 
 template <class Function>
@@ -36,7 +36,7 @@ fs::path ProgramFolder() {
     return fs::path(path).parent_path();
 }
 
-// The support path: the current folder, then the program's own.
+// The support path: the current folder, then the program's folder.
 fs::path FindModule(const std::wstring& name) {
     fs::path file = name;
     if (!file.has_extension()) file += L".arx";
@@ -50,15 +50,15 @@ fs::path FindModule(const std::wstring& name) {
 Module* FindLoaded(const std::wstring& name) {
     std::wstring file = fs::path(name).filename().wstring();
     if (!fs::path(file).has_extension()) file += L".arx";
-    for (const auto& module : TheSession().modules)
+    for (const auto& module : TheProcess().modules)
         if (SameName(fs::path(module->path).filename().wstring(), file)) return module.get();
     return nullptr;
 }
 
 Module* ById(void* appId, const char* by) {
-    for (const auto& module : TheSession().modules)
+    for (const auto& module : TheProcess().modules)
         if (module.get() == appId) return module.get();
-    ReportViolation(std::string(by) + " was called with something that is no application id.");
+    ReportViolation(std::string(by) + " was called with an invalid application id.");
     return nullptr;
 }
 
@@ -69,7 +69,7 @@ void Send(const Module& module, AcRx::AppMsgCode message) {
 
 void AccuseOfLeftovers(const Module& module) {
     const std::string name = fs::path(module.path).filename().string();
-    auto& commands = TheSession().commands;
+    auto& commands = TheProcess().commands;
     for (size_t i = commands.size(); i-- > 0;) {
         if (commands[i].function == nullptr ||
             ModuleOf(reinterpret_cast<const void*>(commands[i].function)) != module.handle)
@@ -86,7 +86,7 @@ void AccuseOfLeftovers(const Module& module) {
 void Discard(Module* module) {
     AccuseOfLeftovers(*module);
     FreeLibrary(module->handle);
-    auto& modules = TheSession().modules;
+    auto& modules = TheProcess().modules;
     for (size_t i = 0; i < modules.size(); ++i)
         if (modules[i].get() == module) {
             modules.erase(modules.begin() + static_cast<std::ptrdiff_t>(i));
@@ -95,7 +95,7 @@ void Discard(Module* module) {
 }
 
 void Unload(Module* module) {
-    if (TheSession().current != nullptr) Send(*module, AcRx::kUnloadDwgMsg);
+    if (TheProcess().current != nullptr) Send(*module, AcRx::kUnloadDwgMsg);
     Send(*module, AcRx::kUnloadAppMsg);
     Discard(module);
 }
@@ -122,7 +122,7 @@ int Load(const std::wstring& name) {
         FreeLibrary(handle);
         return RTERROR;
     }
-    auto& modules = TheSession().modules;
+    auto& modules = TheProcess().modules;
     modules.push_back(std::make_unique<Module>(Module{file.wstring(), handle, true}));
     Module* module = modules.back().get();
     if (Export<EntryPoint>(handle, "acrxEntryPoint")(AcRx::kInitAppMsg, module) == AcRx::kRetError) {
@@ -130,7 +130,7 @@ int Load(const std::wstring& name) {
         Discard(module);
         return RTERROR;
     }
-    if (TheSession().current != nullptr) Send(*module, AcRx::kLoadDwgMsg);
+    if (TheProcess().current != nullptr) Send(*module, AcRx::kLoadDwgMsg);
     return RTNORM;
 }
 
@@ -150,13 +150,13 @@ AcRxDynamicLinker* TheDynamicLinker() {
 }
 
 void SendToModules(AcRx::AppMsgCode message) {
-    for (const auto& module : TheSession().modules)
+    for (const auto& module : TheProcess().modules)
         Send(*module, message);
 }
 
 void UnloadAllModules() {
-    while (!TheSession().modules.empty())
-        Unload(TheSession().modules.back().get());
+    while (!TheProcess().modules.empty())
+        Unload(TheProcess().modules.back().get());
 }
 
 }  // namespace bench
@@ -165,19 +165,19 @@ using bench::ArxCall;
 using bench::Module;
 
 int acedArxLoad(const ACHAR* app) {
-    ArxCall call("acedArxLoad", bench::Shown(app));
+    ArxCall call("acedArxLoad", bench::LogText(app));
     if (call.fails()) return call.failed(RTERROR);
     return call.done(app == nullptr ? RTERROR : bench::Load(app));
 }
 
-// A locked module stays; so does one that is not loaded.
+// Fails for a locked module and for one that is not loaded.
 int acedArxUnload(const ACHAR* app) {
-    ArxCall call("acedArxUnload", bench::Shown(app));
+    ArxCall call("acedArxUnload", bench::LogText(app));
     if (call.fails()) return call.failed(RTERROR);
     Module* module = app == nullptr ? nullptr : bench::FindLoaded(app);
     if (module == nullptr) return call.done(RTERROR);
     if (module->locked) {
-        bench::Print("\n" + bench::Shown(app) + " cannot be unloaded.\n");
+        bench::Print("\n" + bench::LogText(app) + " cannot be unloaded.\n");
         return call.done(RTERROR);
     }
     bench::Unload(module);

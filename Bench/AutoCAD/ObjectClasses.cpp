@@ -7,11 +7,11 @@
 namespace bench {
 namespace {
 
-// The declared classes leave their making to the drawing.
+// The declared classes have no public constructors; the drawing creates their objects.
 template <class Base>
 class Made : public Base {};
 
-// Entities of other applications, layers and their table: the run-time class is found in the record.
+// Entities of other applications, layers and the layer table, whose run-time class is in the record.
 template <class Base>
 class Named : public Base {
  public:

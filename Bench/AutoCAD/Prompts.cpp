@@ -1,7 +1,7 @@
 #include "CommandLine.h"
 
 #include "ArxCall.h"
-#include "Session.h"
+#include "ProcessState.h"
 #include "Texts.h"
 #include "acedads.h"
 #include "adscodes.h"
@@ -17,17 +17,17 @@ std::string Echo(const Answer& answer) {
 }  // namespace
 
 Answer Ask(const std::string& prompt, bool blankEnds) {
-    Session& session = TheSession();
+    ProcessState& process = TheProcess();
     Print(prompt);
     Answer answer{Answer::kEscape, ""};
     std::wstring line;
     if (TakeInput(blankEnds, line)) {
         answer = line.empty() ? Answer{Answer::kEnter, ""} : Answer{Answer::kText, Ansi(line)};
-    } else if (!session.answers.empty()) {
-        answer = session.answers.front();
-        session.answers.pop_front();
-    } else if (session.user) {
-        answer = session.user(prompt);
+    } else if (!process.answers.empty()) {
+        answer = process.answers.front();
+        process.answers.pop_front();
+    } else if (process.user) {
+        answer = process.user(prompt);
     } else {
         ReportViolation("Nobody answered the prompt \"" + prompt + "\".");
     }
@@ -36,26 +36,26 @@ Answer Ask(const std::string& prompt, bool blankEnds) {
 }
 
 void QueueAnswer(const Answer& answer) {
-    TheSession().answers.push_back(answer);
+    TheProcess().answers.push_back(answer);
 }
 size_t AnswersLeft() {
-    return TheSession().answers.size();
+    return TheProcess().answers.size();
 }
 void ClearAnswers() {
-    TheSession().answers.clear();
+    TheProcess().answers.clear();
 }
 void SetUser(std::function<Answer(const std::string&)> user) {
-    TheSession().user = std::move(user);
+    TheProcess().user = std::move(user);
 }
 
 }  // namespace bench
 
 int acedGetString(int cronly, const ACHAR* prompt, ACHAR* result, size_t bufsize) {
-    bench::ArxCall call("acedGetString", bench::Shown(prompt));
+    bench::ArxCall call("acedGetString", bench::LogText(prompt));
     if (call.fails()) return call.failed(RTERROR);
     if (result == nullptr || bufsize == 0) return call.done(RTERROR);
     *result = L'\0';
-    const bench::Answer answer = bench::Ask(prompt == nullptr ? "" : bench::Shown(prompt), cronly == 0);
+    const bench::Answer answer = bench::Ask(prompt == nullptr ? "" : bench::LogText(prompt), cronly == 0);
     if (answer.kind == bench::Answer::kEscape) return call.done(RTCAN);
     if (answer.kind == bench::Answer::kPick || answer.kind == bench::Answer::kMiss) return call.done(RTERROR);
     call.result(answer.value);

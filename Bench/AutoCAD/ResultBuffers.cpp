@@ -12,9 +12,9 @@ using bench::ArxCall;
 
 namespace {
 
-// Takes one value of the type off the arguments; false for a type that does not exist.
+// Takes one value of the type from the arguments. Returns false for an unknown type.
 bool FillNode(resbuf* node, int chain, va_list& arguments) {
-    if (bench::HoldsText(node->restype)) {
+    if (bench::IsStringType(node->restype)) {
         const wchar_t* text = va_arg(arguments, const wchar_t*);
         node->resval.rstring = bench::AllocateInChain(text == nullptr ? L"" : text, chain);
         return true;
@@ -29,7 +29,7 @@ bool FillNode(resbuf* node, int chain, va_list& arguments) {
 struct resbuf* acutNewRb(int v) {
     ArxCall call("acutNewRb", std::to_string(v));
     if (call.fails()) return nullptr;
-    // The type is all that is promised.
+    // AutoCAD guarantees only the type.
     resbuf* const node =
         bench::AddNode(bench::BeginChain("acutNewRb " + std::to_string(v)), nullptr, static_cast<short>(v));
     std::memset(&node->rbnext, bench::kSentinel, sizeof node->rbnext);

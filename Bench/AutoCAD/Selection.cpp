@@ -1,13 +1,12 @@
-// Selection by the user: acedSSGet, the sets that come of it, and acedEntSel. Picks come from the script's answers or
-// the user; nothing is selected for a module that asked in a way that AutoCAD refuses. Only the single pick without a
-// filter is imitated: every other request is refused as one that is not understood.
+// Selection by the user: acedSSGet, selection sets and acedEntSel. Picks come from the script or the user. Only a
+// single pick without a filter is imitated; every other request is rejected as not supported.
 #include <cwchar>
 #include <map>
 
 #include "AcDbObjectId.h"
 #include "ArxCall.h"
 #include "CommandLine.h"
-#include "Session.h"
+#include "ProcessState.h"
 #include "Texts.h"
 #include "acedads.h"
 #include "adscodes.h"
@@ -21,7 +20,7 @@ struct Request {
     bool understood = true;
 };
 
-// "_:S", ":S:$": letters after colons.
+// Letters after colons, such as "_:S" or ":S:$".
 Request Understand(const ACHAR* options) {
     Request request;
     std::wstring text = options == nullptr ? L"" : UpperCase(options);
@@ -36,12 +35,12 @@ Request Understand(const ACHAR* options) {
 }
 
 std::string RequestText(const ACHAR* options, const void* pt1) {
-    std::string text = Shown(options);
-    if (pt1 != nullptr && Understand(options).ownPrompts) text += " " + Shown(*static_cast<const ACHAR* const*>(pt1));
+    std::string text = LogText(options);
+    if (pt1 != nullptr && Understand(options).ownPrompts) text += " " + LogText(*static_cast<const ACHAR* const*>(pt1));
     return text;
 }
 
-// The entity that was picked, 0 for a pick that missed. RTERROR also after Enter, RTCAN after Escape.
+// Returns the picked entity, or 0 for a pick that missed. Returns RTERROR also after Enter, RTCAN after Escape.
 int Pick(const Answer& answer, Handle& picked) {
     picked = 0;
     if (answer.kind == Answer::kEscape) return RTCAN;
@@ -49,10 +48,10 @@ int Pick(const Answer& answer, Handle& picked) {
     const Handle handle = HandleFromText(FromAnsi(answer.value).c_str());
     const Record* record = CurrentDrawing()->find(handle);
     if (record == nullptr || !record->isEntity() || record->erased) {
-        ReportViolation("The script picked " + answer.value + ", which is no entity of the drawing.");
+        ReportViolation("The script picked " + answer.value + ", which is not an entity of the drawing.");
         return RTERROR;
     }
-    picked = TheSession().lastPick = handle;
+    picked = TheProcess().lastPick = handle;
     return RTNORM;
 }
 
@@ -60,11 +59,11 @@ int Select(const ACHAR* options, const void* pt1, const resbuf* filter, Handle& 
     const Request request = Understand(options);
     if (!request.understood || !request.single || filter != nullptr || CurrentDrawing() == nullptr) return RTREJ;
     if (request.ownPrompts && pt1 == nullptr) {
-        ReportViolation("acedSSGet was to use its caller's own prompts and got none.");
+        ReportViolation("acedSSGet was called with :$ but without prompts.");
         return RTREJ;
     }
     const std::string prompt =
-        request.ownPrompts ? Shown(*static_cast<const ACHAR* const*>(pt1)) : "\nSelect objects: ";
+        request.ownPrompts ? LogText(*static_cast<const ACHAR* const*>(pt1)) : "\nSelect objects: ";
     for (;;) {
         const Answer answer = Ask(prompt);
         if (answer.kind != Answer::kText) return Pick(answer, picked);
@@ -80,7 +79,7 @@ struct SelectionSet {
 };
 
 constexpr size_t kMaxOpen = 128;
-// Names of sets start where no address of an object can be.
+// Set names start where no object address can be.
 constexpr int64_t kFirstName = 0x5E1EC70000000000;
 
 std::map<int64_t, SelectionSet> sets;
@@ -89,7 +88,7 @@ std::string SetText(const ads_name name) {
     return sets.count(name[0]) == 0 ? "(none)" : std::to_string(name[0] - kFirstName);
 }
 
-// False when as many sets are open as AutoCAD has. The balance owes the set until acedSSFree.
+// Returns false when the maximum number of sets is open. The set is tracked until acedSSFree.
 bool HandOutSet(Handle entity, ads_name set) {
     size_t open = 0;
     for (const auto& [name, known] : sets)
@@ -102,11 +101,11 @@ bool HandOutSet(Handle entity, ads_name set) {
     return true;
 }
 
-// Null, with an accusation, for a name that is no set's or a set's that was given back.
+// Returns null and reports a violation for an unknown name or a released set.
 SelectionSet* FindSet(const ads_name name, const char* by) {
     const auto found = sets.find(name[0]);
     if (found == sets.end()) {
-        ReportViolation(std::string(by) + " was called with a name that is no selection set.");
+        ReportViolation(std::string(by) + " was called with a name that is not a selection set.");
         return nullptr;
     }
     if (!found->second.freed) return &found->second;
@@ -118,7 +117,7 @@ SelectionSet* FindSet(const ads_name name, const char* by) {
 }  // namespace
 
 std::string LastPick() {
-    return TheSession().lastPick == 0 ? "" : HandleText(TheSession().lastPick);
+    return TheProcess().lastPick == 0 ? "" : HandleText(TheProcess().lastPick);
 }
 
 }  // namespace bench
@@ -148,19 +147,19 @@ int acedSSName(const ads_name ss, int i, ads_name entres) {
     if (call.fails()) return call.failed(RTERROR);
     const bench::SelectionSet* set = bench::FindSet(ss, "acedSSName");
     if (set == nullptr || i != 0) return call.done(RTERROR);
-    bench::NameEntity(bench::IdOf(bench::TheSession().current, set->entity), entres);
+    bench::NameEntity(bench::IdOf(bench::TheProcess().current, set->entity), entres);
     return call.done(RTNORM);
 }
 
-// Where the user pointed no script says: ptres stays as it was.
+// A script has no pick point, so ptres stays unchanged.
 int acedEntSel(const ACHAR* str, ads_name entres, ads_point) {
-    ArxCall call("acedEntSel", bench::Shown(str));
+    ArxCall call("acedEntSel", bench::LogText(str));
     if (call.fails()) return call.failed(RTERROR);
     if (bench::CurrentDrawing() == nullptr) return call.done(RTERROR);
-    const bench::Answer answer = bench::Ask(bench::Shown(str));
+    const bench::Answer answer = bench::Ask(bench::LogText(str));
     bench::Handle picked = 0;
     const int code = bench::Pick(answer, picked);
-    if (code == RTNORM) bench::NameEntity(bench::IdOf(bench::TheSession().current, picked), entres);
+    if (code == RTNORM) bench::NameEntity(bench::IdOf(bench::TheProcess().current, picked), entres);
     if (code == RTERROR) bench::SetSystemVariable("ERRNO", answer.kind == bench::Answer::kEnter ? "52" : "7");
     return call.done(code);
 }

@@ -25,14 +25,14 @@ struct Service {
 class Services : public AcRxDictionary {
  public:
     AcRxObject* at(const ACHAR* key) const override {
-        ArxCall call("AcRxDictionary::at", Shown(key));
+        ArxCall call("AcRxDictionary::at", LogText(key));
         const size_t place = call.fails() ? all.size() : find(key);
         return place < all.size() ? all[place].object : nullptr;
     }
 
-    // A planned failure gives no object back; the dictionary has forgotten and freed it all the same.
+    // With an injected fault no object is returned, although the dictionary has removed and freed it.
     AcRxObject* remove(const ACHAR* key) override {
-        ArxCall call("AcRxDictionary::remove", Shown(key));
+        ArxCall call("AcRxDictionary::remove", LogText(key));
         const size_t place = find(key);
         if (place == all.size()) return nullptr;
         AcRxObject* object = all[place].object;
@@ -90,9 +90,9 @@ void ClearServices() {
 
 }  // namespace bench
 
-// A second registration of a name replaces the service.
+// Registering a name again replaces the service.
 void* acrxRegisterService(const ACHAR* serviceName) {
-    bench::ArxCall call("acrxRegisterService", bench::Shown(serviceName));
+    bench::ArxCall call("acrxRegisterService", bench::LogText(serviceName));
     if (call.fails() || serviceName == nullptr) return nullptr;
     bench::Services& services = bench::TheServices();
     const size_t place = services.find(serviceName);
@@ -103,6 +103,6 @@ void* acrxRegisterService(const ACHAR* serviceName) {
         return service;
     }
     services.all.push_back({serviceName, service, bench::ModuleOf(CALLER_ADDRESS())});
-    bench::TrackAcquire("service", bench::Shown(serviceName));
+    bench::TrackAcquire("service", bench::LogText(serviceName));
     return service;
 }

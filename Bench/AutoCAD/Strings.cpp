@@ -7,10 +7,10 @@
 using bench::ArxCall;
 
 Acad::ErrorStatus acutUpdString(const ACHAR* pInput, ACHAR*& pOutput) {
-    ArxCall call("acutUpdString", bench::Shown(pInput));
+    ArxCall call("acutUpdString", bench::LogText(pInput));
     if (call.fails()) return call.failed(Acad::eOutOfMemory);
     ACHAR* const old = pOutput;
-    pOutput = pInput == nullptr ? nullptr : bench::AllocateForCaller(pInput, "acutUpdString " + bench::Shown(pInput));
+    pOutput = pInput == nullptr ? nullptr : bench::AllocateForCaller(pInput, "acutUpdString " + bench::LogText(pInput));
     if (old != nullptr) bench::ReleaseString(old, "acutUpdString");
     return call.done(Acad::eOk);
 }

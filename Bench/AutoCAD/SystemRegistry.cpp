@@ -1,4 +1,4 @@
-// The system registry: where a module finds command stack, services and loader.
+// The system registry, where a module looks up command stack, services and loader.
 #include "SystemRegistry.h"
 
 #include "ArxCall.h"
@@ -12,7 +12,7 @@ using bench::ArxCall;
 class SystemRegistry : public AcRxDictionary {
  public:
     AcRxObject* at(const ACHAR* key) const override {
-        ArxCall call("AcRxDictionary::at", bench::Shown(key));
+        ArxCall call("AcRxDictionary::at", bench::LogText(key));
         if (call.fails() || key == nullptr) return nullptr;
         if (bench::SameName(key, ACRX_COMMAND_DOCK)) return bench::TheCommandStack();
         if (bench::SameName(key, ACRX_SERVICE_DICTIONARY)) return bench::ServiceDictionary();
@@ -20,8 +20,8 @@ class SystemRegistry : public AcRxDictionary {
     }
 
     AcRxObject* remove(const ACHAR* key) override {
-        ArxCall call("AcRxDictionary::remove", bench::Shown(key));
-        bench::ReportViolation("The entry " + bench::Shown(key) + " of the system registry was to be removed.");
+        ArxCall call("AcRxDictionary::remove", bench::LogText(key));
+        bench::ReportViolation("The entry " + bench::LogText(key) + " of the system registry must not be removed.");
         return nullptr;
     }
 };

@@ -14,16 +14,15 @@ namespace bench {
 
 AcEdCommandStack* TheCommandStack();
 
-// Loads and unloads ObjectARX modules. The application id that a module gets is the address of its record in the
-// session.
+// Loads and unloads ObjectARX modules. A module's application id is the address of its Module record.
 AcRxDynamicLinker* TheDynamicLinker();
 
 AcRxDictionary* ServiceDictionary();
-// Names of the services that code of this module registered.
+// Returns the names of the services registered by this module's code.
 std::vector<std::wstring> ServicesOf(HMODULE module);
-// The module that the code belongs to.
+// Returns the module that contains the code.
 HMODULE ModuleOf(const void* code);
-// Services that nobody took away stay in the balance; their objects are freed.
+// Frees the remaining services; they stay outstanding.
 void ClearServices();
 
 }  // namespace bench

@@ -1,5 +1,5 @@
-// System variables: a table of names with their type, as AutoCAD types them. The coordinate system's variables and the
-// drawing's name are answered from the drawing itself.
+// System variables: a table of names and types. The coordinate system's variables and the drawing's name are computed
+// from the drawing.
 #include "Application.h"
 
 #include <cstdlib>
@@ -8,7 +8,7 @@
 
 #include "ArxCall.h"
 #include "Memory.h"
-#include "Session.h"
+#include "ProcessState.h"
 #include "Texts.h"
 #include "acedads.h"
 #include "adscodes.h"
@@ -26,9 +26,9 @@ struct Variable {
 
 std::map<std::wstring, Variable> variables;
 
-// The variables that are a view of something else.
+// The variables computed from other state.
 void Refresh() {
-    variables[L"DWGNAME"].text = TheSession().fileName;
+    variables[L"DWGNAME"].text = TheProcess().fileName;
     const Drawing* drawing = CurrentDrawing();
     const Ucs ucs = drawing == nullptr ? Ucs() : drawing->ucs;
     variables[L"UCSORG"].point = ucs.origin;
@@ -70,7 +70,7 @@ std::string SystemVariable(const std::string& name) {
 void SetSystemVariable(const std::string& name, const std::string& value) {
     Variable* variable = Find(FromAnsi(name));
     if (variable == nullptr || variable->type != RTSHORT) {
-        ReportViolation("The bench set " + name + ", which is no system variable that it can set.");
+        ReportViolation("The bench set " + name + ", which is not a system variable that it can set.");
         return;
     }
     variable->integer = static_cast<short>(std::atoi(value.c_str()));
@@ -81,10 +81,10 @@ void SetSystemVariable(const std::string& name, const std::string& value) {
 using bench::ArxCall;
 
 int acedGetVar(const ACHAR* sym, struct resbuf* result) {
-    ArxCall call("acedGetVar", bench::Shown(sym));
+    ArxCall call("acedGetVar", bench::LogText(sym));
     if (call.fails()) return call.failed(RTERROR);
     const bench::Variable* variable = sym == nullptr ? nullptr : bench::Find(sym);
-    if (variable == nullptr || result == nullptr || !bench::LivingNode(result, "acedGetVar")) return call.done(RTERROR);
+    if (variable == nullptr || result == nullptr || !bench::CheckNode(result, "acedGetVar")) return call.done(RTERROR);
     std::memset(&result->resval, bench::kSentinel, sizeof result->resval);
     result->restype = variable->type;
     if (variable->type == RTSHORT) result->resval.rint = variable->integer;
@@ -99,10 +99,10 @@ int acedGetVar(const ACHAR* sym, struct resbuf* result) {
 }
 
 int acedSetVar(const ACHAR* sym, const struct resbuf* val) {
-    ArxCall call("acedSetVar", bench::Shown(sym) + " " + bench::ValueText(val));
+    ArxCall call("acedSetVar", bench::LogText(sym) + " " + bench::ValueText(val));
     if (call.fails()) return call.failed(RTERROR);
     bench::Variable* variable = sym == nullptr ? nullptr : bench::Find(sym);
-    if (variable == nullptr || val == nullptr || !bench::LivingNode(val, "acedSetVar") || variable->readOnly ||
+    if (variable == nullptr || val == nullptr || !bench::CheckNode(val, "acedSetVar") || variable->readOnly ||
         val->restype != variable->type)
         return call.done(RTERROR);
     variable->integer = val->resval.rint;

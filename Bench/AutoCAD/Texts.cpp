@@ -7,7 +7,7 @@
 
 namespace bench {
 
-std::string Shown(const wchar_t* text) {
+std::string LogText(const wchar_t* text) {
     return text == nullptr ? "(null)" : Ansi(text);
 }
 

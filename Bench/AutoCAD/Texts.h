@@ -1,5 +1,4 @@
-// Texts of AutoCAD: names and handles. In the journal and in the bench's own interface they are narrow, in the system's
-// code page.
+// AutoCAD's names and handles as strings. The call log and the bench interface use the system's code page.
 #pragma once
 
 #include <cstdint>
@@ -9,11 +8,11 @@
 
 namespace bench {
 
-// "(null)" for none.
-std::string Shown(const wchar_t* text);
+// Returns "(null)" for a null pointer.
+std::string LogText(const wchar_t* text);
 
 std::string HandleText(std::uint64_t handle);
-// 0 for a text that is no handle.
+// Returns 0 for text that is not a handle.
 std::uint64_t HandleFromText(const wchar_t* text);
 std::string PointText(const double point[3]);
 std::wstring UpperCase(std::wstring text);

@@ -4,7 +4,7 @@
 
 #include "ArxCall.h"
 #include "Memory.h"
-#include "Session.h"
+#include "ProcessState.h"
 #include "Texts.h"
 #include "acdb.h"
 #include "acedads.h"
@@ -13,10 +13,10 @@
 namespace bench {
 namespace {
 
-// What all applications together may store on one object.
+// The maximum size of the data of all applications on one object.
 constexpr size_t kMaxBytes = 16383;
 
-// Two bytes of code, then a text with two bytes of length, or a number of two bytes.
+// Two bytes of code, then a string with two bytes of length, or a two-byte number.
 size_t StoredSize(const std::vector<XdataOfApplication>& all) {
     size_t size = 0;
     for (const XdataOfApplication& data : all) {
@@ -31,8 +31,8 @@ Acad::ErrorStatus ReadChain(const resbuf* xdata, const Drawing& drawing, std::ve
     if (xdata == nullptr) return Acad::eInvalidResBuf;
     if (xdata->restype != AcDb::kDxfRegAppName) return Acad::eBadDxfSequence;
     for (const resbuf* node = xdata; node != nullptr; node = node->rbnext) {
-        if (!LivingNode(node, "setXData")) return Acad::eInvalidResBuf;
-        const bool isText = node->restype >= 1000 && HoldsText(node->restype);
+        if (!CheckNode(node, "setXData")) return Acad::eInvalidResBuf;
+        const bool isText = node->restype >= 1000 && IsStringType(node->restype);
         if (!isText && node->restype != AcDb::kDxfXdInteger16) return Acad::eInvalidDxfCode;
         if (isText && node->resval.rstring == nullptr) return Acad::eInvalidResBuf;
         const std::wstring text = isText ? node->resval.rstring : L"";
@@ -81,7 +81,7 @@ resbuf* MakeXdata(const std::vector<XdataOfApplication>& all, const wchar_t* app
         last = AppendText(chain, last, AcDb::kDxfRegAppName, data.application);
         if (head == nullptr) head = last;
         for (const XdataItem& item : data.items) {
-            if (HoldsText(item.code)) {
+            if (IsStringType(item.code)) {
                 last = AppendText(chain, last, item.code, item.text);
             } else {
                 last = AddNode(chain, last, item.code);
@@ -106,16 +106,16 @@ std::string XdataText(const resbuf* chain) {
     std::string text;
     for (const resbuf* node = chain; node != nullptr; node = node->rbnext) {
         text += " " + std::to_string(node->restype);
-        if (HoldsText(node->restype)) text += ":" + Shown(node->resval.rstring);
+        if (IsStringType(node->restype)) text += ":" + LogText(node->resval.rstring);
     }
     return text.empty() ? " (null)" : text;
 }
 
 }  // namespace bench
 
-// A name that is registered already is answered with RSERR, which leaves it registered.
+// Returns RSERR for a name that is already registered; it stays registered.
 int acdbRegApp(const ACHAR* appname) {
-    bench::ArxCall call("acdbRegApp", bench::Shown(appname));
+    bench::ArxCall call("acdbRegApp", bench::LogText(appname));
     if (call.fails()) return call.failed(RTERROR);
     bench::Drawing* drawing = bench::CurrentDrawing();
     if (drawing == nullptr || appname == nullptr || *appname == L'\0' || std::wcslen(appname) > 255 ||

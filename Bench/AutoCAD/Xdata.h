@@ -1,4 +1,4 @@
-// Extended data: the rules for a chain that is to be stored, and the chains that are handed out.
+// Extended data: checks chains to be stored and builds chains for the caller.
 #pragma once
 
 #include <string>
@@ -10,12 +10,12 @@
 
 namespace bench {
 
-// A new chain of the application's data, or of all where the name is null; null when there is none.
+// Builds a chain of the application's data, or of all data when `application` is null. Returns null when there is none.
 resbuf* MakeXdata(const std::vector<XdataOfApplication>& all, const wchar_t* application, const std::string& name);
-// Replaces the data of the applications that the chain names; one without an item is removed. A refusal changes
-// nothing.
+// Replaces the data of the applications that the chain names and removes that of an application without items. On an
+// error nothing changes.
 Acad::ErrorStatus StoreXdata(const resbuf* chain, const Drawing& drawing, std::vector<XdataOfApplication>& all);
-// For the journal: codes, and texts.
+// Returns the group codes and strings for the call log.
 std::string XdataText(const resbuf* chain);
 
 }  // namespace bench

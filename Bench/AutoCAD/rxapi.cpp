@@ -1,5 +1,5 @@
-// The part of the API library that is linked into every module: the answer to the host's question for the API release.
-// The module exports it under this name.
+// The part of the API library that is linked into every module. The module exports it under this name so that the host
+// can ask for the API release.
 extern "C" int acrxGetApiVersion() {
     return 24;
 }

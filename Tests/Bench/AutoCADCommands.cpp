@@ -51,7 +51,7 @@ TEST_F(AutoCADCommands, RejectsBadRequests) {
     EXPECT_EQ(acDocManager->sendStringToExecute(nullptr, L"X\n"), Acad::eNoDocument);
     EXPECT_EQ(Send(L""), Acad::eInvalidInput);
     EXPECT_EQ(Send(L"NO END"), Acad::eInvalidInput);
-    EXPECT_THAT(TakeViolations(), ElementsAre(HasSubstr("without a blank or newline at its end")));
+    EXPECT_THAT(TakeViolations(), ElementsAre(HasSubstr("without a final blank or newline")));
     resbuf value = {};
     value.restype = RTSTR;
     EXPECT_EQ(acedSetVar(L"CMDECHO", &value), RTERROR);
@@ -66,7 +66,7 @@ TEST_F(AutoCADCommands, RejectsBadRequests) {
     EXPECT_EQ(stack->removeGroup(L"G"), Acad::eKeyNotFound);
     EXPECT_EQ(acrxSysRegistry()->remove(ACRX_COMMAND_DOCK), nullptr);
     bench::SetSystemVariable("DWGNAME", "1");
-    EXPECT_THAT(TakeViolations(), ElementsAre(HasSubstr("was to be removed"), HasSubstr("The bench set DWGNAME")));
+    EXPECT_THAT(TakeViolations(), ElementsAre(HasSubstr("must not be removed"), HasSubstr("The bench set DWGNAME")));
 }
 
 TEST_F(AutoCADCommands, ReturnsNoSetForARejectedSelection) {
@@ -83,7 +83,7 @@ TEST_F(AutoCADCommands, ReturnsNoSetForARejectedSelection) {
     }
     EXPECT_EQ(SelectOne(), RTCAN);
     EXPECT_THAT(TakeViolations(),
-                ElementsAre(HasSubstr("own prompts"), HasSubstr("picked FFFF"), HasSubstr("picked " + erased),
+                ElementsAre(HasSubstr("without prompts"), HasSubstr("picked FFFF"), HasSubstr("picked " + erased),
                             "Nobody answered the prompt \"\nSelect a duct:\"."));
 }
 
@@ -103,7 +103,7 @@ TEST_F(AutoCADCommands, LimitsOpenSetsAndReportsTheirMisuse) {
     EXPECT_EQ(acedSSName(set_, 0, name), RTERROR);
     EXPECT_EQ(acedSSFree(name), RTERROR);
     EXPECT_THAT(TakeViolations(),
-                ElementsAre(HasSubstr("acedSSFree"), HasSubstr("acedSSName"), HasSubstr("no selection set")));
+                ElementsAre(HasSubstr("acedSSFree"), HasSubstr("acedSSName"), HasSubstr("not a selection set")));
 }
 
 TEST_F(AutoCADCommands, ReportsADisabledMainWindow) {

@@ -43,8 +43,8 @@ TEST_F(AutoCADMemory, ReportsWrongReleases) {
     wchar_t* notOurs = foreign;
     acutDelString(notOurs);
     EXPECT_THAT(TakeViolations(),
-                ElementsAre(HasSubstr("did not make"), HasSubstr("already released"), HasSubstr("acedGetVar"),
-                            HasSubstr("acedSetVar"), HasSubstr("already released"), HasSubstr("did not hand out")));
+                ElementsAre(HasSubstr("did not allocate"), HasSubstr("already released"), HasSubstr("acedGetVar"),
+                            HasSubstr("acedSetVar"), HasSubstr("already released"), HasSubstr("did not allocate")));
 }
 
 TEST_F(AutoCADMemory, RejectsInvalidXdata) {

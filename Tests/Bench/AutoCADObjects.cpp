@@ -36,7 +36,7 @@ TEST_F(AutoCADObjects, OpensOnlyExistingObjectsOfTheRightClass) {
     EXPECT_EQ(acdbOpenObject(entity, Id("1F")), Acad::eNotAnEntity);
     EXPECT_EQ(acdbOpenObject(entity, AcDbObjectId()), Acad::eNullObjectId);
     EXPECT_EQ(acdbOpenObject(entity, AcDbObjectId(reinterpret_cast<AcDbStub*>(this))), Acad::eInvalidInput);
-    EXPECT_THAT(TakeViolations(), ElementsAre(HasSubstr("no id of this session")));
+    EXPECT_THAT(TakeViolations(), ElementsAre(HasSubstr("invalid object id")));
     ASSERT_TRUE(bench::EraseEntity("201"));
     EXPECT_EQ(acdbOpenObject(entity, erased), Acad::eWasErased);
     bench::NewDrawing("other.dwg");
@@ -103,7 +103,7 @@ TEST_F(AutoCADObjects, TracksANewEntityUntilItIsAppended) {
     space->close();
     blocks->close();
     EXPECT_EQ(bench::Entities().size(), 1u);
-    EXPECT_THAT(TakeViolations(), ElementsAre(HasSubstr("to be deleted"), HasSubstr("after it had been closed")));
+    EXPECT_THAT(TakeViolations(), ElementsAre(HasSubstr("must be deleted"), HasSubstr("after it had been closed")));
 }
 
 TEST_F(AutoCADObjects, RestoresTheDrawingOnAbortOrFailedEnd) {

@@ -1,5 +1,5 @@
-// What AutoCAD has once in a process. The document, its objects and every text or chain handed out stay allocated until
-// StopAutoCAD, so that a pointer used too late is recognised and accused instead of crashing.
+// The state that AutoCAD has once per process. Documents, their objects and every allocated string or chain stay alive
+// until StopAutoCAD, so that using a stale pointer is reported as a violation instead of crashing.
 #pragma once
 
 #include <windows.h>
@@ -31,7 +31,7 @@ struct Module {
     bool locked = true;
 };
 
-struct Session {
+struct ProcessState {
     DWORD mainThread = 0;
     HWND mainWindow = nullptr;
 
@@ -48,8 +48,8 @@ struct Session {
     std::vector<std::unique_ptr<Module>> modules;
     std::string runningCommand;  // empty: idle
     std::string lastCommand;
-    std::deque<std::wstring> queue;  // texts sent for execution
-    std::wstring input;              // rest of the queued text that is being worked off
+    std::deque<std::wstring> queue;  // strings sent for execution
+    std::wstring input;              // rest of the queued string being executed
 
     std::deque<Answer> answers;
     std::function<Answer(const std::string&)> user;
@@ -58,7 +58,7 @@ struct Session {
     std::function<void(const std::string&)> echo;
 };
 
-Session& TheSession();
+ProcessState& TheProcess();
 Drawing* CurrentDrawing();  // null when none is open
 
 }  // namespace bench

@@ -1,16 +1,16 @@
-#include "Session.h"
+#include "ProcessState.h"
 
 #include "AcDbDatabase.h"
 
 namespace bench {
 
-Session& TheSession() {
-    static Session session;
-    return session;
+ProcessState& TheProcess() {
+    static ProcessState process;
+    return process;
 }
 
 Drawing* CurrentDrawing() {
-    DrawingDatabase* current = TheSession().current;
+    DrawingDatabase* current = TheProcess().current;
     return current == nullptr ? nullptr : &current->drawing;
 }
 
