@@ -11,7 +11,7 @@ std::string Refusal(const std::vector<std::string>& words) {
     if (words.size() != 4) return "The command line has " + std::to_string(words.size()) + " words, not 4.";
     if (words[0] != "run") return "The verb is not run.";
     if (words[1] != "/SorvSIL") return "The command is not /SorvSIL.";
-    if (words[2].compare(0, 7, "http://") != 0) return "The third word is no web address.";
+    if (words[2].compare(0, 7, "http://") != 0) return "The third word is not a web address.";
     if (words[3].empty()) return "The title is empty.";
     return {};
 }

@@ -1,5 +1,5 @@
-// The command line of the configurator, exactly as its caller made it: run /SorvSIL "address" "title", with the verb as
-// the first word and no program name before it. The program understands this form and no other.
+// Parses the configurator's command line: run /SorvSIL "address" "title", with the verb as the first word and no
+// program name before it. No other form is accepted.
 #pragma once
 
 #include <string>
@@ -10,7 +10,7 @@ struct CommandLine {
     std::vector<std::string> words;
     std::string address;
     std::wstring title;
-    std::string refusal;  // empty when the line was understood
+    std::string refusal;  // empty when the line is valid
 };
 
 CommandLine ReadCommandLine(const wchar_t* raw);

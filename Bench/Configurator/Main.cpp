@@ -1,17 +1,17 @@
-// Stand-in for the maker's configurator program: shows the silencers that fit the duct of the address and publishes the
-// choice under the session identifier. Exit code 1 after an export, 0 when nothing was exported; what a real one does
-// and what is assumed of it stands in docs/contracts/configurator.md.
+// Simulator of the manufacturer's configurator program: shows the silencers that fit the duct in the address and
+// publishes the choice under the session identifier. Exits with 1 after an export, otherwise 0.
+// docs/contracts/configurator.md states what is known and what is assumed about the real program.
 #include <windows.h>
 
 #include <algorithm>
 #include <string>
 #include <vector>
 
+#include "Automation.h"
 #include "CommandLine.h"
-#include "MakerSite.h"
+#include "ManufacturerSite.h"
 #include "ProductWindow.h"
 #include "RequestTarget.h"
-#include "Script.h"
 
 namespace {
 
@@ -46,7 +46,7 @@ int Ask(const CommandLine& line, const std::vector<Product>& products) {
 }
 
 int Run(const CommandLine& line) {
-    const Script script = ReadScript();
+    const Instruction instruction = ReadInstruction();
     std::vector<Product> products;
     std::string error;
     if (!FetchProducts(line.address, products, error)) {
@@ -55,9 +55,9 @@ int Run(const CommandLine& line) {
     }
     for (const Product& product : products)
         Record("fits", product.id);
-    if (script.verb == "ask") return Ask(line, products);
-    if (script.verb != "choose") return kNotExported;
-    if (script.object != "first") return Choose(line, products, script.object);
+    if (instruction.verb == "ask") return Ask(line, products);
+    if (instruction.verb != "choose") return kNotExported;
+    if (instruction.object != "first") return Choose(line, products, instruction.object);
     return Choose(line, products, products.empty() ? std::string() : products.front().id);
 }
 

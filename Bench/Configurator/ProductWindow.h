@@ -1,12 +1,12 @@
-// The configurator's window: the products that fit the duct, one a row with its figures. Export, a double click or
-// Enter publishes the selected product and closes; Cancel, Escape or the close box closes without.
+// The configurator's window: the products that fit the duct, one per row. Export, a double click or Enter publishes the
+// selected product and closes the window; Cancel, Escape or the close box closes it without publishing.
 #pragma once
 
 #include <string>
 #include <vector>
 
 #include "CommandLine.h"
-#include "MakerSite.h"
+#include "ManufacturerSite.h"
 
-// Id of the exported product, empty when the window was cancelled.
+// Returns the id of the exported product; empty when the window was cancelled.
 std::string AskForProduct(const CommandLine& line, const std::vector<Product>& products);

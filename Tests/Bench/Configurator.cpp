@@ -78,13 +78,13 @@ TEST_F(Configurator, RecordsWhyItEnded) {
         {"run /sorvsil \"" + address + "\" \"T\"", "choose first", 0, "refused The command is not /SorvSIL."},
         {"run /SorvSIL \"" + address + "\" T U", "choose first", 0, "refused The command line has 5 words, not 4."},
         {"run /SorvSIL \"klimora.sorvik.example\" \"T\"", "choose first", 0,
-         "refused The third word is no web address."},
+         "refused The third word is not a web address."},
         {"run /SorvSIL \"" + address + "\" \"\"", "choose first", 0, "refused The title is empty."},
         {Line(address), "choose SRC-125-600", 0, "failed No such product fits: SRC-125-600"},
         {Line("http://klimora.sorvik.example/klimora?action=ljudprog&klsid=1&diameter=200"), "choose first", 0,
          "failed The server answered with 400."},
         {Line("http://klimora.sorvik.example/file"), "choose first", 0,
-         "failed The server's answer is no list of products."},
+         "failed The server's answer is not a list of products."},
         {Line(address), nullptr, 0, "fits SRC-200-600"},
         {Line(address), "choose SRC-200-600,SRC-200-900", 1, "chose SRC-200-600,SRC-200-900"}};
     for (const auto& one : cases) {

@@ -1,5 +1,5 @@
-// The maker's web server as the configurator uses it: the products that fit the duct of an address, and the choice that
-// is published under the address's session identifier. Failures are false with a sentence in `error`.
+// Requests to the manufacturer's web server: fetches the products that fit the duct in an address, and publishes the
+// choice under the address's session identifier. The functions return false with a sentence in `error` on failure.
 #pragma once
 
 #include <string>
@@ -14,5 +14,5 @@ struct Product {
 };
 
 bool FetchProducts(const std::string& address, std::vector<Product>& products, std::string& error);
-// `products` are ids, with commas between several.
+// `products` is a comma-separated list of ids.
 bool PublishChoice(const std::string& address, const std::string& products, std::string& error);

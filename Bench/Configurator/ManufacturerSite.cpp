@@ -1,12 +1,12 @@
-#include "MakerSite.h"
+#include "ManufacturerSite.h"
 
 #include <windows.h>
 #include <wininet.h>
 
 #include <memory>
 
+#include "Automation.h"
 #include "RequestTarget.h"
-#include "Script.h"
 #include "tinyxml.h"
 
 namespace {
@@ -49,10 +49,10 @@ bool Exchange(const char* method, const std::string& address, const std::string&
               std::string& error) {
     Host host;
     if (!HostOf(address, host)) {
-        error = "The address names no server.";
+        error = "The address has no server name.";
         return false;
     }
-    // The bench's web server is reached through a proxy that the environment names.
+    // The bench's web server is reached through the proxy in the environment variable.
     const std::string proxy = Environment("http_proxy");
     const Internet session(proxy.empty() ? InternetOpenA(kAgent, INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0)
                                          : InternetOpenA(kAgent, INTERNET_OPEN_TYPE_PROXY, proxy.c_str(), nullptr, 0));
@@ -92,7 +92,7 @@ bool FetchProducts(const std::string& address, std::vector<Product>& products, s
     document.Parse(page.c_str(), nullptr, TIXML_ENCODING_UTF8);
     const TiXmlElement* root = document.RootElement();
     if (document.Error() || !root) {
-        error = "The server's answer is no list of products.";
+        error = "The server's answer is not a list of products.";
         return false;
     }
     for (const TiXmlElement* one = root->FirstChildElement("product"); one; one = one->NextSiblingElement("product"))

@@ -1,10 +1,10 @@
-#include "Script.h"
+#include "Automation.h"
 
 #include <windows.h>
 
 #include <fstream>
 
-Script ReadScript() {
+Instruction ReadInstruction() {
     const std::string text = Environment("SORVIK_BENCH_CONFIGURATOR");
     const size_t blank = text.find(' ');
     return {text.substr(0, blank), blank == std::string::npos ? std::string() : text.substr(blank + 1)};
