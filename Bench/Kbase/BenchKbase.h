@@ -1,4 +1,4 @@
-// The bench's side of the record database stand-in (Kbase640.dll).
+// Bench interface of the record database fake (Kbase640.dll).
 #pragma once
 
 #include "KbaseFile.h"
@@ -6,7 +6,7 @@
 
 namespace bench {
 
-// The record that kbsaverec stored last, without a class when there was none.
+// Returns the record that kbsaverec stored last; it has no class if there was none.
 KBASE_API KbaseRecord LastSavedRecord();
 
 }  // namespace bench

@@ -1,5 +1,5 @@
-// The functions of Kbase640.dll, in the order of kbase.h. They imitate the rows of docs/contracts/kbase.md. A planned
-// failure gives the function's own failure value or the planned code; a release cannot fail.
+// The functions of Kbase640.dll, in the order of kbase.h. They implement the rows of docs/contracts/kbase.md. With an
+// injected fault a function returns the injected code or its own failure value; a release cannot fail.
 #include <utility>
 
 #include "BenchControl.h"
@@ -22,7 +22,7 @@ void CheckModes(const char* function, int mode, int usualMode, int flags) {
 }
 
 KB_HANDLE OpenDictionary(const char* path, int mode, int flags) {
-    if (!TextGiven("ddk_opendatabase", "a dictionary path", path)) return kNoDictionary;
+    if (!RequireText("ddk_opendatabase", "a dictionary path", path)) return kNoDictionary;
     CheckModes("ddk_opendatabase", mode, 1, flags);
     KbaseDictionary dictionary;
     return dictionary.Read(path) ? AddDictionary(dictionary) : kNoDictionary;
@@ -40,8 +40,8 @@ int FindClassId(KB_HANDLE dictionary, const char* symbol, KB_CLASSID* classId) {
 }
 
 KB_HANDLE OpenBoth(const char* dictionaryPath, const char* databasePath, int flags) {
-    if (!TextGiven("kbopendatabase", "a dictionary path", dictionaryPath) ||
-        !TextGiven("kbopendatabase", "a database path", databasePath))
+    if (!RequireText("kbopendatabase", "a dictionary path", dictionaryPath) ||
+        !RequireText("kbopendatabase", "a database path", databasePath))
         return kNoDictionary;
     CheckModes("kbopendatabase", 0, 0, flags);
     OpenDatabase database;
@@ -54,16 +54,16 @@ KB_HANDLE OpenBoth(const char* dictionaryPath, const char* databasePath, int fla
 
 KB_RECORD Create(KB_HANDLE handle, const KB_CLASSID* classId, const char* key) {
     OpenDatabase* database = FindDatabase("kbcreaterec", handle);
-    if (!database || !TextGiven("kbcreaterec", "a key", key)) return nullptr;
+    if (!database || !RequireText("kbcreaterec", "a key", key)) return nullptr;
     const std::string symbol = SymbolOf("kbcreaterec", database->dictionary, classId);
-    // A key names one record of its class: who wants to replace a record deletes it first.
+    // A key identifies one record of its class; a caller that replaces a record must delete it first.
     if (symbol.empty() || database->file.Find(symbol, key)) return nullptr;
     return AddRecord(handle, KbaseRecord{symbol, key, {}});
 }
 
 short Delete(KB_HANDLE handle, const KB_CLASSID* classId, const char* key) {
     OpenDatabase* database = FindDatabase("kbdeleterec", handle);
-    if (!database || !TextGiven("kbdeleterec", "a key", key)) return -1;
+    if (!database || !RequireText("kbdeleterec", "a key", key)) return -1;
     const std::string symbol = SymbolOf("kbdeleterec", database->dictionary, classId);
     if (!database->file.Find(symbol, key)) return -1;
     return database->file.Delete(symbol, key) ? 0 : -2;
@@ -71,18 +71,18 @@ short Delete(KB_HANDLE handle, const KB_CLASSID* classId, const char* key) {
 
 KB_RECORD Find(KB_HANDLE handle, const char* className, const char* key, int flags) {
     OpenDatabase* database = FindDatabase("kbfindrec", handle);
-    if (!database || !TextGiven("kbfindrec", "a class name", className) || !TextGiven("kbfindrec", "a key", key))
+    if (!database || !RequireText("kbfindrec", "a class name", className) || !RequireText("kbfindrec", "a key", key))
         return nullptr;
     CheckModes("kbfindrec", 0, 0, flags);
     if (!database->dictionary.FindClass(className))
-        ReportViolation("kbfindrec was called with the class " + Shown(className) +
+        ReportViolation("kbfindrec was called with the class " + LogText(className) +
                         ", which its dictionary does not know.");
     const KbaseRecord* record = database->file.Find(className, key);
     return record ? AddRecord(handle, *record) : nullptr;
 }
 
-// The form of the value that a caller of kbinsertatt hands over; null, after an accusation, when it cannot be told or
-// the value does not fit it.
+// Returns the form of the value passed to kbinsertatt. Returns null and reports a violation when the attribute is
+// unknown or the value does not match its form.
 const KbaseAttributeForm* FormOfValue(KB_HANDLE handle, short attribute, const void* value, short count) {
     const OpenDatabase* database = FindDatabase("kbinsertatt", handle);
     if (!database) return nullptr;
@@ -94,9 +94,10 @@ const KbaseAttributeForm* FormOfValue(KB_HANDLE handle, short attribute, const v
     }
     const std::string about =
         "kbinsertatt was called for the attribute " + std::to_string(attribute) + ' ' + form->name;
-    if (value && count >= form->fewest && count <= form->most) return form;
+    if (value && count >= form->minCount && count <= form->maxCount) return form;
     ReportViolation(value ? about + " with " + std::to_string(count) + (form->isText() ? " bytes" : " elements") +
-                                ", not with " + std::to_string(form->fewest) + " to " + std::to_string(form->most) + "."
+                                ", not with " + std::to_string(form->minCount) + " to " +
+                                std::to_string(form->maxCount) + "."
                           : about + " without a value.");
     return nullptr;
 }
@@ -134,10 +135,10 @@ short Save(KB_HANDLE handle, KB_RECORD pointer) {
 }
 
 std::string Arguments(KB_HANDLE database, const KB_CLASSID* classId, const char* key) {
-    return std::to_string(database) + ' ' + ShownClass(database, classId) + ' ' + Shown(key);
+    return std::to_string(database) + ' ' + ClassLogText(database, classId) + ' ' + LogText(key);
 }
 
-// The value as planned, or as the work gives it; into the journal.
+// Logs and returns the injected code, or else the result of the work.
 template <class Value, class Work>
 Value Answer(Call& call, Value failure, Work work) {
     const Value value = call.fails() ? static_cast<Value>(call.failureCode(failure)) : work();
@@ -155,12 +156,12 @@ KB_RECORD AnswerRecord(Call& call, Work work) {
 }  // namespace
 
 KB_HANDLE ddk_opendatabase(const char* dictionaryPath, int mode, int flags) {
-    Call call("ddk_opendatabase", Shown(dictionaryPath) + ' ' + std::to_string(mode) + ' ' + std::to_string(flags));
+    Call call("ddk_opendatabase", LogText(dictionaryPath) + ' ' + std::to_string(mode) + ' ' + std::to_string(flags));
     return Answer(call, kNoDictionary, [&] { return OpenDictionary(dictionaryPath, mode, flags); });
 }
 
 int ddk_classsymboltoID(KB_HANDLE dictionary, const char* classSymbol, KB_CLASSID* classId) {
-    Call call("ddk_classsymboltoID", std::to_string(dictionary) + ' ' + Shown(classSymbol));
+    Call call("ddk_classsymboltoID", std::to_string(dictionary) + ' ' + LogText(classSymbol));
     if (call.corruptsOutputs() && classId) *classId = {{0x0BADF00D, 0x0BADF00D}};
     return Answer(call, 0, [&] { return FindClassId(dictionary, classSymbol, classId); });
 }
@@ -171,7 +172,7 @@ void ddk_releasedatabase(KB_HANDLE dictionary) {
 }
 
 KB_HANDLE kbopendatabase(const char* dictionaryPath, const char* databasePath, int flags) {
-    Call call("kbopendatabase", Shown(dictionaryPath) + ' ' + Shown(databasePath) + ' ' + std::to_string(flags));
+    Call call("kbopendatabase", LogText(dictionaryPath) + ' ' + LogText(databasePath) + ' ' + std::to_string(flags));
     return Answer(call, kNoDictionary, [&] { return OpenBoth(dictionaryPath, databasePath, flags); });
 }
 
@@ -192,7 +193,7 @@ short kbdeleterec(KB_HANDLE database, const KB_CLASSID* classId, const char* key
 
 KB_RECORD kbfindrec(KB_HANDLE database, const char* className, const char* key, int flags) {
     Call call("kbfindrec",
-              std::to_string(database) + ' ' + Shown(className) + ' ' + Shown(key) + ' ' + std::to_string(flags));
+              std::to_string(database) + ' ' + LogText(className) + ' ' + LogText(key) + ' ' + std::to_string(flags));
     return AnswerRecord(call, [&] { return Find(database, className, key, flags); });
 }
 
@@ -209,12 +210,12 @@ short kbinsertatt(KB_HANDLE database, KB_RECORD* record, short attribute, const 
 }
 
 short kbsaverec(KB_HANDLE database, KB_RECORD record) {
-    Call call("kbsaverec", std::to_string(database) + ' ' + Shown(record));
+    Call call("kbsaverec", std::to_string(database) + ' ' + LogText(record));
     return Answer(call, short{-1}, [&] { return Save(database, record); });
 }
 
 void kbreleaserec(KB_RECORD record) {
-    Call call("kbreleaserec", Shown(record));
+    Call call("kbreleaserec", LogText(record));
     RemoveRecord(record);
 }
 

@@ -19,7 +19,7 @@ Value Load(const char* bytes) {
     return value;
 }
 
-// The shortest decimal text that reads back as the same number.
+// Returns the shortest decimal string that converts back to the same number.
 std::string FloatText(float value) {
     char text[32] = "";
     for (int precision = 6; precision <= 9; ++precision) {
@@ -95,8 +95,9 @@ bool KbaseDictionary::TakeLine(const std::string& line) {
     }
     int number = 0;
     KbaseAttributeForm attribute;
-    words >> number >> form >> attribute.fewest >> attribute.most >> attribute.name;
-    if (kind != "attribute" || !words || attribute.fewest < 0 || attribute.most < attribute.fewest) return false;
+    words >> number >> form >> attribute.minCount >> attribute.maxCount >> attribute.name;
+    if (kind != "attribute" || !words || attribute.minCount < 0 || attribute.maxCount < attribute.minCount)
+        return false;
     while (words >> field)
         if (!AddField(field, attribute.layout)) return false;
     return form == (attribute.isText() ? "text" : "binary") && attributes_.emplace(number, attribute).second;

@@ -1,11 +1,11 @@
-// Dictionary of the record database: the classes with their ids and the attributes with number, name and form. It is a
-// text file that begins with "Kbase dictionary 1", ends with "end of dictionary" and has between them lines
+// Dictionary of the record database: the classes with their ids, and the attributes with number, name and form. It is a
+// text file that begins with "Kbase dictionary 1", ends with "end of dictionary" and contains the lines
 //   class SYMBOL ID ID
-//   attribute NUMBER text   FEWEST MOST NAME             FEWEST and MOST count bytes
-//   attribute NUMBER binary FEWEST MOST NAME LAYOUT...   FEWEST and MOST count elements
-// and comments after "#". A layout names the fields of one element, "Qv:f32 Dp:f32 Lw63:u8 ...", packed and
-// little-endian; types are u8, i16 and f32. Decoding is driven by it alone, so a person and a test read a record
-// through the dictionary and not through the code that made it.
+//   attribute NUMBER text   MIN MAX NAME             MIN and MAX count bytes
+//   attribute NUMBER binary MIN MAX NAME LAYOUT...   MIN and MAX count elements
+// and comments after "#". A layout lists the fields of one element, "Qv:f32 Dp:f32 Lw63:u8 ...", packed and
+// little-endian; types are u8, i16 and f32. Records are decoded by the dictionary alone, independently of the code that
+// wrote them.
 #pragma once
 
 #include <array>
@@ -25,23 +25,23 @@ struct KbaseField {
 
 struct KbaseAttributeForm {
     std::string name;
-    std::vector<KbaseField> layout;  // none for a text
-    int fewest = 0;
-    int most = 0;
+    std::vector<KbaseField> layout;  // empty for a string
+    int minCount = 0;
+    int maxCount = 0;
 
     bool isText() const { return layout.empty(); }
-    // Bytes of one element; 1 for a text.
+    // Returns the bytes of one element; 1 for a string.
     size_t elementSize() const;
-    // One line for a text; for binary one line an element, "Qv=120 Dp=18.5".
+    // Returns one line for a string, or one line per element for binary data, "Qv=120 Dp=18.5".
     std::vector<std::string> Decode(std::string_view bytes) const;
 };
 
 class KbaseDictionary {
  public:
-    // False, and the dictionary is empty, when the file cannot be read, is something else or is cut off.
+    // Returns false and leaves the dictionary empty when the file cannot be read, has another format or is truncated.
     bool Read(const std::string& path);
 
-    // Null and empty when there is none.
+    // Return null or an empty string when there is none.
     const KbaseClassId* FindClass(const std::string& symbol) const;
     std::string ClassSymbol(const KbaseClassId& id) const;
     const KbaseAttributeForm* FindAttribute(int number) const;

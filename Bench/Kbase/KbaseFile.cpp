@@ -50,7 +50,7 @@ std::string KbaseRecord::BytesOf(int attribute) const {
     return found == attributes.end() ? std::string() : found->second.bytes;
 }
 
-// Texts are bytes here, in whatever encoding.
+// Strings are bytes in any encoding.
 bool KbaseFile::Read(const std::string& path) {
     *this = {};
     path_ = path;

@@ -1,7 +1,7 @@
-// Database file of the record database, XML with an element for each record:
+// Database file of the record database: XML with an element for each record.
 //   <Record class="CLASS" key="KEY">
-//     <Attribute number="1650" name="AirDeviceDimData" hex="0A00...">   the bytes, which alone count
-//       <is>Fnc=10 D1=200</is>                                         what they mean, one an element, for the reader
+//     <Attribute number="1650" name="AirDeviceDimData" hex="0A00...">   the bytes; only they are read
+//       <is>Fnc=10 D1=200</is>                                         decoded, one line per element, for people
 #pragma once
 
 #include <map>
@@ -22,20 +22,20 @@ struct KbaseRecord {
     std::string key;
     std::map<int, KbaseAttribute> attributes;
 
-    // An attribute's bytes, empty when the record has none of that number.
+    // Returns an attribute's bytes; empty when the record does not have it.
     std::string BytesOf(int attribute) const;
 };
 
 class KbaseFile {
  public:
-    // False when the file cannot be read, is something else or is cut off.
+    // Returns false when the file cannot be read, has another format or is truncated.
     bool Read(const std::string& path);
 
     // Ordered by class and key.
     const std::map<std::pair<std::string, std::string>, KbaseRecord>& records() const { return records_; }
     const KbaseRecord* Find(const std::string& className, const std::string& key) const;  // null when there is none
 
-    // Both write the file. False when it cannot be written.
+    // Both write the file and return false when that fails.
     bool Save(const KbaseRecord& record);
     bool Delete(const std::string& className, const std::string& key);
 

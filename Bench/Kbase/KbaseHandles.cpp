@@ -37,8 +37,8 @@ std::string Name(const KbaseRecord& record) {
 }
 
 void AccuseHandle(const char* call, const char* kind, KB_HANDLE handle) {
-    ReportViolation(std::string(call) + " was called with " + std::to_string(handle) + ", which is no open " + kind +
-                    ".");
+    ReportViolation(std::string(call) + " was called with " + std::to_string(handle) + ", which is not an open " +
+                    kind + ".");
 }
 
 }  // namespace
@@ -80,7 +80,7 @@ OpenDatabase* FindDatabase(const char* call, KB_HANDLE handle) {
 OpenRecord* FindRecord(const char* call, KB_RECORD record) {
     const auto found = open().records.find(record);
     if (found == open().records.end()) {
-        ReportViolation(std::string(call) + " was called with a pointer that is no open record.");
+        ReportViolation(std::string(call) + " was called with a pointer that is not an open record.");
         return nullptr;
     }
     if (found->second->database != 0) return found->second.get();
@@ -105,25 +105,25 @@ void RemoveDatabase(KB_HANDLE handle) {
 
 void RemoveRecord(KB_RECORD record) {
     if (!record) return;
-    FindRecord("kbreleaserec", record);  // a late release is accused, and still settles what is owed
+    FindRecord("kbreleaserec", record);  // a late release is a violation, but still counts as a release
     const auto found = open().records.find(record);
     if (found == open().records.end()) return;
     TrackRelease("record", Name(found->second->record));
     open().records.erase(found);
 }
 
-std::string Shown(const char* text) {
+std::string LogText(const char* text) {
     return text ? Quoted(text) : "null";
 }
 
-std::string Shown(KB_RECORD record) {
+std::string LogText(KB_RECORD record) {
     if (!record) return "null";
     const auto found = open().records.find(record);
     if (found == open().records.end()) return "unknown";
-    return found->second->record.className + ' ' + Shown(found->second->record.key.c_str());
+    return found->second->record.className + ' ' + LogText(found->second->record.key.c_str());
 }
 
-std::string ShownClass(KB_HANDLE database, const KB_CLASSID* classId) {
+std::string ClassLogText(KB_HANDLE database, const KB_CLASSID* classId) {
     if (!classId) return "null";
     const auto found = open().databases.find(database);
     const std::string symbol = found == open().databases.end()
@@ -145,7 +145,7 @@ std::string SymbolOf(const char* call, const KbaseDictionary& dictionary, const 
     return symbol;
 }
 
-bool TextGiven(const char* call, const char* what, const char* text) {
+bool RequireText(const char* call, const char* what, const char* text) {
     if (text && *text) return true;
     ReportViolation(std::string(call) + " was called without " + what + ".");
     return false;

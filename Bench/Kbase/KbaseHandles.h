@@ -1,7 +1,7 @@
-// What the caller of Kbase640.dll has open: dictionaries (handles from 101), databases (from 1) and records. Handles
-// are the lowest free numbers, so equal runs give equal journals, and the two kinds never share one, so a mix-up is
-// seen. Every finder accuses in a full sentence, naming the call, when its handle is none. What is open is in the
-// balance.
+// The dictionaries (handles from 101), databases (from 1) and records that a caller of Kbase640.dll has open. A new
+// handle is the lowest free number, so equal runs produce equal call logs. The two ranges are disjoint, which detects
+// mixed-up handles. Every Find function reports a violation that names the call when its handle is invalid. Open
+// handles are tracked.
 #pragma once
 
 #include <string>
@@ -18,37 +18,38 @@ struct OpenDatabase {
 };
 
 struct OpenRecord {
-    KB_HANDLE database;  // 0 once the database was closed
+    KB_HANDLE database;  // 0 after the database was closed
     KbaseRecord record;
 };
 
 KB_HANDLE AddDictionary(KbaseDictionary dictionary);
 KB_HANDLE AddDatabase(OpenDatabase database);
-// The new record is owed back to kbreleaserec.
+// Tracks the new record until kbreleaserec.
 KB_RECORD AddRecord(KB_HANDLE database, KbaseRecord record);
 
-// Null, after an accusation, when the handle is not open.
+// Return null and report a violation when the handle is not open.
 KbaseDictionary* FindDictionary(const char* call, KB_HANDLE handle);
 OpenDatabase* FindDatabase(const char* call, KB_HANDLE handle);
-// Null as well when the record's database is closed.
+// Also returns null when the record's database is closed.
 OpenRecord* FindRecord(const char* call, KB_RECORD record);
 
-// A handle 0 that was never opened may be given back, and nothing happens: callers begin with 0 and treat only negative
-// handles as not open.
+// Closing a handle 0 that was never opened is allowed and does nothing, because callers start with 0 and treat only
+// negative handles as not open.
 void RemoveDictionary(KB_HANDLE handle);
-// Records of the database stay owed.
+// The database's records stay outstanding.
 void RemoveDatabase(KB_HANDLE handle);
 void RemoveRecord(KB_RECORD record);
 
-// Texts for the journal: 'text' or null; the class symbol and key of a record, also of one that is not open.
-std::string Shown(const char* text);
-std::string Shown(KB_RECORD record);
-// A class by its symbol, or by its numbers where the database does not know it.
-std::string ShownClass(KB_HANDLE database, const KB_CLASSID* classId);
+// Strings for the call log: 'text' or null; class symbol and key of a record, even one that is not open.
+std::string LogText(const char* text);
+std::string LogText(KB_RECORD record);
+// Returns the class's symbol, or its numbers when the database does not know it.
+std::string ClassLogText(KB_HANDLE database, const KB_CLASSID* classId);
 
-// A class id's symbol; empty, after an accusation, when the pointer is null or the dictionary knows no such id.
+// Returns a class id's symbol. Returns an empty string and reports a violation when the pointer is null or the
+// dictionary does not contain the id.
 std::string SymbolOf(const char* call, const KbaseDictionary& dictionary, const KB_CLASSID* classId);
-// False, after an accusation, for a null or empty text.
-bool TextGiven(const char* call, const char* what, const char* text);
+// Returns false and reports a violation for a null or empty string.
+bool RequireText(const char* call, const char* what, const char* text);
 
 }  // namespace bench

@@ -25,7 +25,7 @@ PathStep ParseStep(const std::string& word, const std::string& whole) {
     if (inside.find_first_not_of("0123456789") != std::string::npos)
         step.selector = inside;
     else if (!ReadNumber(inside, step.index))
-        RefusePath(whole, "an index is no number");
+        RefusePath(whole, "an index is not a number");
     return step;
 }
 

@@ -1,7 +1,7 @@
 // Attribute paths as clients write them: "/Part/Connection[1]/ConnectedTo", "/Project/KPDClass[dSilencerType]/Part",
-// "Count(/Part/Connection)". Names are compared without regard to letter case; indices count from 0 and stand for the
-// n-th element of that name; a bracket that holds no number picks the element whose child Name has that text.
-// A text that is no path is refused (Refusal). Found elements stay the tree's.
+// "Count(/Part/Connection)". Names are case-insensitive. An index counts from 0 and selects the n-th element of that
+// name; other text in brackets selects the element whose child Name has that value. An invalid path throws Refusal.
+// Returned elements belong to the tree.
 // Contract: rows A2 to A4.
 #pragma once
 
@@ -14,8 +14,8 @@ namespace bench::klimora {
 
 struct PathStep {
     std::string name;
-    long index = -1;       // -1: no index, the first one serves
-    std::string selector;  // class name, empty when there is none
+    long index = -1;       // -1: no index, selects the first element
+    std::string selector;  // class name; empty if none
 };
 
 struct AttributePath {
@@ -25,17 +25,17 @@ struct AttributePath {
 
 AttributePath ParseAttributePath(const std::string& text);
 
-// Child elements of `parent` that the step names.
+// Returns the child elements of `parent` that the step selects.
 std::vector<TiXmlElement*> Matches(const TiXmlElement* parent, const PathStep& step);
-// The one element at the path, made where it is missing; an index may only name an existing element or the next one.
+// Returns the element at the path and creates missing ones; an index must name an existing element or the next one.
 TiXmlElement* FindOrMakeElement(TiXmlElement* from, const AttributePath& path, size_t first);
 
-// First child of that name, letter case ignored; null when there is none.
+// Returns the first child with that name, ignoring letter case; null when there is none.
 TiXmlElement* Child(const TiXmlElement* parent, const std::string& name);
-// Text of a leaf, empty for an element without text.
+// Returns the text of a leaf; empty for an element without text.
 std::string LeafText(const TiXmlElement* element);
 void SetLeafText(TiXmlElement* element, const std::string& text);
-// Value at "A/B/C" below `from`, empty when there is none; and its counterpart, which makes what is missing.
+// ValueAt returns the value at "A/B/C" below `from`, empty when there is none. SetValueAt creates missing elements.
 std::string ValueAt(const TiXmlElement* from, const std::string& path);
 void SetValueAt(TiXmlElement* from, const std::string& path, const std::string& text);
 

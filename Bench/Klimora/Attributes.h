@@ -1,6 +1,6 @@
-// Attribute calls of clients: which attributes they may write, the values that some of them take, and the taking over
-// of binary variables by attributes that name one. What may not be added may only be overwritten where it is, and a
-// part's type never. All refuse (Refusal) what they cannot do. Contract: rows A8, A15, A16 and B6.
+// Attribute calls of clients: checks which attributes may be written and which values they accept, and copies the
+// contents of a binary variable that an attribute names. Attributes that may not be added can only be overwritten; a
+// part's type never changes. Invalid calls throw Refusal. Contract: rows A8, A15, A16 and B6.
 #pragma once
 
 #include <string>
@@ -12,11 +12,11 @@
 namespace bench::klimora {
 
 std::vector<double> GetReals(const Server& server, const std::string& part, const std::string& path, size_t count);
-// A binary variable's contents stay beside its number, in hexadecimal, as the element Data.
+// Stores a binary variable's contents beside its number, in hexadecimal, as the element Data.
 void SetAttribute(Server& server, const std::string& part, const std::string& path, const std::string& value);
 
 bool MayBeAdded(const AttributePath& path);
-// Refuses a path that is read-only and a value that its attribute cannot take.
+// Throws Refusal for a read-only path and for a value that the attribute does not accept.
 void CheckSettable(const AttributePath& path, const std::string& value);
 
 }  // namespace bench::klimora

@@ -24,14 +24,14 @@ constexpr wchar_t kKlimoraProgId[] = L"KlimComSrv.Klimora";
 constexpr CLSID kDrawingClass = {0x6d1f0a11, 0x52c4, 0x4e0b, {0x9a, 0x17, 0x3c, 0x88, 0x5e, 0x21, 0xb0, 0x01}};
 constexpr CLSID kKlimoraClass = {0x6d1f0a12, 0x52c4, 0x4e0b, {0x9a, 0x17, 0x3c, 0x88, 0x5e, 0x21, 0xb0, 0x01}};
 
-// Codes from here up are the server's own; smaller ones are failing HRESULTs.
+// Codes from here up belong to the server; lower ones are failing HRESULTs.
 constexpr long kSmallestOwnCode = -65536;
 
-// References are the running object table's while this is set.
+// Set while references belong to the running object table.
 bool g_publishing = false;
 
-// References to one interface pointer. Those of clients are owed ("interface reference IDrawing") until they are
-// released; those that the running object table takes and gives back are kept apart.
+// Counts the references to one interface pointer. Those of clients are tracked ("interface reference IDrawing"); those
+// of the running object table are counted separately.
 class References {
  public:
     explicit References(std::string name) : name_(std::move(name)) {}
@@ -42,7 +42,7 @@ class References {
         if (!g_publishing) TrackAcquire("interface reference", name_);
         return clients_ + others_;
     }
-    // A client that releases what it does not hold is accused; the count stays then.
+    // A release without a reference is a violation and leaves the count unchanged.
     ULONG Release() {
         if (g_publishing && others_ > 0) {
             --others_;
@@ -50,7 +50,7 @@ class References {
             --clients_;
             TrackRelease("interface reference", name_);
         } else {
-            ReportViolation("Interface " + name_ + " was released more often than it was handed out.");
+            ReportViolation("Interface " + name_ + " was released more often than it was acquired.");
         }
         return clients_ + others_;
     }
@@ -61,17 +61,17 @@ class References {
     ULONG others_ = 0;
 };
 
-// Outputs of a call: empty, garbage, or the value, and how the journal shows it.
+// The outputs of a call: cleared, corrupted, or set, and formatted for the call log.
 void Clear(BSTR* text) {
     *text = ToBstr("");
 }
 void Clear(double* number) {
     *number = 0;
 }
-void Spoil(BSTR* text) {
-    *text = ToBstr("spoilt output");
+void Corrupt(BSTR* text) {
+    *text = ToBstr("corrupt output");
 }
-void Spoil(double* number) {
+void Corrupt(double* number) {
     *number = -1.5e300;
 }
 std::string Put(const std::string& value, BSTR* text) {
@@ -86,8 +86,8 @@ std::string Address(BSTR part, BSTR attribute) {
 using QueryFunction = HRESULT (*)(REFIID, void**);
 using CommandFunction = std::string (*)(Server&, const std::string&);
 
-// One interface of one object: it counts its own references, answers QueryInterface through its object and offers no
-// names to IDispatch (clients call the slots).
+// One interface of one object. It counts its own references, forwards QueryInterface to its object and has no names for
+// IDispatch, because clients call the slots.
 template <class Interface>
 class ObjectInterface : public Interface {
  public:
@@ -106,22 +106,22 @@ class ObjectInterface : public Interface {
  protected:
     std::string CallName(const char* method) const { return references_.Name() + "::" + method; }
 
-    // One call of a client: journal, planned failure, refusal. `work` gives the outputs as the journal shows them; when
-    // it refuses, the code goes into `result` and the sentence where getLastErrorText finds it. A planned code that is
-    // a failing HRESULT is returned as such with the outputs untouched, or spoilt when the plan says so.
+    // Runs one client call: logging, fault injection, refusal. `work` returns the outputs as logged. On a refusal the
+    // code goes into `result`, and getLastErrorText returns the sentence. An injected code that is a failing HRESULT is
+    // returned as such; the outputs stay unchanged or are corrupted, as the fault says.
     template <class Work, class... Outputs>
     HRESULT Answer(const char* method, const std::string& arguments, Work work, long* result, Outputs*... outputs) {
         const std::string name = CallName(method);
         Call call(name.c_str(), arguments);
         const bool given = result && (outputs && ...);
-        const long planned = call.fails() ? call.failureCode(E_FAIL) : 0;
-        if (given && call.corruptsOutputs()) *result = 0x0BADF00D, (Spoil(outputs), ...);
-        if (planned < kSmallestOwnCode) return Failed(call, planned);
+        const long injected = call.fails() ? call.failureCode(E_FAIL) : 0;
+        if (given && call.corruptsOutputs()) *result = 0x0BADF00D, (Corrupt(outputs), ...);
+        if (injected < kSmallestOwnCode) return Failed(call, injected);
         if (!TheServer().started) return HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE);
         if (!given) return WithoutPlace(name);
         if (!call.corruptsOutputs()) (Clear(outputs), ...);
         try {
-            if (call.fails()) throw Refusal(planned, name + " was planned to fail.");
+            if (call.fails()) throw Refusal(injected, name + " failed by injection.");
             const std::string shown = work();
             TheServer().lastError.clear();
             *result = 0;
@@ -134,13 +134,13 @@ class ObjectInterface : public Interface {
         return S_OK;
     }
 
-    // For the methods without a result argument: any planned failure is an HRESULT.
+    // For the methods without a result argument: any injected fault becomes an HRESULT.
     template <class Work>
     HRESULT AnswerPlain(const char* method, bool given, Work work) {
         const std::string name = CallName(method);
         Call call(name.c_str(), "");
-        const long planned = call.failureCode(E_FAIL);
-        if (call.fails()) return Failed(call, FAILED(planned) ? planned : E_FAIL);
+        const long injected = call.failureCode(E_FAIL);
+        if (call.fails()) return Failed(call, FAILED(injected) ? injected : E_FAIL);
         if (!TheServer().started) return HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE);
         if (!given) return WithoutPlace(name);
         call.result(work());
@@ -164,7 +164,7 @@ class ObjectInterface : public Interface {
         return code;
     }
     static HRESULT WithoutPlace(const std::string& name) {
-        ReportViolation(name + " was called without a place for its output.");
+        ReportViolation(name + " was called with a null output pointer.");
         return E_POINTER;
     }
 
@@ -172,7 +172,7 @@ class ObjectInterface : public Interface {
     QueryFunction query_;
 };
 
-// The three interfaces are built on each other as the declarations are, so each method exists once.
+// The three interfaces inherit from each other like their declarations, so each method exists once.
 template <class Interface>
 class Klimora200805 : public ObjectInterface<Interface> {
  public:
@@ -299,7 +299,7 @@ class KlimoraLatest : public Klimora201011<KLIMCOMSRVLib::IKlimoraLatest> {
 HRESULT QueryDrawing(REFIID id, void** object);
 HRESULT QueryKlimora(REFIID id, void** object);
 
-// Never destroyed: clients may hold on to them to the end of the process.
+// Never destroyed: clients may keep references until the process ends.
 struct Objects {
     ObjectInterface<IDispatch> drawingIdentity{"KlimComSrv.Drawing", QueryDrawing};
     ObjectInterface<KLIMCOMSRVLib::IDrawing> drawing{"IDrawing", QueryDrawing};
@@ -307,7 +307,7 @@ struct Objects {
     Klimora200805<KLIMCOMSRVLib::IKlimora200805> first{"IKlimora200805", QueryKlimora};
     Klimora201011<KLIMCOMSRVLib::IKlimora201011> second{"IKlimora201011", QueryKlimora};
     KlimoraLatest latest{"IKlimoraLatest", QueryKlimora};
-    DWORD cookies[2] = {};  // of the running object table, 0 for none
+    DWORD cookies[2] = {};  // of the running object table; 0 for none
 };
 
 Objects& TheObjects() {
@@ -346,14 +346,14 @@ void RegisterProgId(const std::wstring& progId, const CLSID& classId) {
     const DWORD bytes = static_cast<DWORD>((std::wcslen(text) + 1) * sizeof(wchar_t));
     const std::wstring key = progId + L"\\CLSID";
     if (RegSetKeyValueW(HKEY_CLASSES_ROOT, key.c_str(), nullptr, REG_SZ, text, bytes) != ERROR_SUCCESS)
-        ReportViolation("The Klimora stand-in could not register " + Utf8(progId) + ".");
+        ReportViolation("The Klimora fake could not register " + Utf8(progId) + ".");
 }
 
 void EnterTable(IUnknown* object, const CLSID& classId, DWORD& cookie) {
     const HRESULT result = RegisterActiveObject(object, classId, ACTIVEOBJECT_STRONG, &cookie);
     if (FAILED(result))
-        ReportViolation("The Klimora stand-in could not enter the running object table (HRESULT " +
-                        std::to_string(result) + ").");
+        ReportViolation("The Klimora fake could not enter the running object table (HRESULT " + std::to_string(result) +
+                        ").");
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
-// The COM objects of the server, one for each ProgID, as a client meets them in the registry and in the running object
-// table. Each hands out one pointer per interface, so that references are counted by interface; which interfaces it
-// answers is a matter of KlimoraServer. The objects live as long as the process, so that a client that releases too
-// late or too often is told so instead of crashing. What cannot be registered is an accusation.
+// The COM objects of the server, one for each ProgID, registered in the registry and the running object table. Each
+// returns one pointer per interface, so references are counted by interface; KlimoraServer selects the available
+// interfaces. The objects live as long as the process, so that a late or repeated release is reported instead of
+// crashing. A failed registration is reported as a violation.
 // Contract: rows C1 to C10 and K1 to K6.
 #pragma once
 
@@ -9,7 +9,7 @@
 
 namespace bench::klimora {
 
-// ProgIDs and running objects, as far as the server has them; and all of them away again.
+// Registers ProgIDs and running objects as the settings say; WithdrawObjects removes them.
 void PublishObjects(const KlimoraServer& server);
 void WithdrawObjects();
 

@@ -13,7 +13,7 @@ namespace bench {
 namespace klimora {
 namespace {
 
-// Entities of parts that the next project does not have go; those that both have stay.
+// Erases the entities of parts that the next project does not have and keeps the others.
 void EraseLeftEntities(const ProjectTree& next) {
     const UnrecordedScope quiet;
     for (const std::string& handle : TheServer().project.Handles())

@@ -13,16 +13,16 @@ std::string Name(long variable) {
     return "Binary variable " + std::to_string(variable);
 }
 
-[[noreturn]] void RefuseAndAccuse(const std::string& sentence) {
+[[noreturn]] void RefuseAndReport(const std::string& sentence) {
     ReportViolation(sentence);
     throw Refusal(kBinaryVariable, sentence);
 }
 
 std::string Bytes(long variable, const std::string& text) {
     if (text.empty() || text.size() % 2 != 0)
-        RefuseAndAccuse(Name(variable) + " was sent an odd number of hexadecimal digits, or none.");
+        RefuseAndReport(Name(variable) + " was sent an odd number of hexadecimal digits, or none.");
     if (text.find_first_not_of("0123456789ABCDEF") != std::string::npos)
-        RefuseAndAccuse(Name(variable) + " was sent data that are not upper-case hexadecimal digits.");
+        RefuseAndReport(Name(variable) + " was sent data that are not upper-case hexadecimal digits.");
     std::string bytes;
     FromHex(text, bytes);
     return bytes;
@@ -40,11 +40,11 @@ void BinaryVariables::SetSize(long variable, long size) {
 
 void BinaryVariables::SetData(long variable, long offset, const std::string& hexData) {
     const auto found = variables_.find(variable);
-    if (found == variables_.end()) RefuseAndAccuse(Name(variable) + " was sent data before its size was set.");
+    if (found == variables_.end()) RefuseAndReport(Name(variable) + " was sent data before its size was set.");
     const std::string bytes = Bytes(variable, hexData);
     Variable& target = found->second;
     if (offset < 0 || static_cast<size_t>(offset) + bytes.size() > target.bytes.size())
-        RefuseAndAccuse(Name(variable) + " was sent data beyond its size of " + std::to_string(target.bytes.size()) +
+        RefuseAndReport(Name(variable) + " was sent data beyond its size of " + std::to_string(target.bytes.size()) +
                         ".");
     const size_t start = static_cast<size_t>(offset);
     target.bytes.replace(start, bytes.size(), bytes);
@@ -61,7 +61,7 @@ const std::string& BinaryVariables::Take(long variable) const {
     if (found == variables_.end()) throw Refusal(kBinaryVariable, Name(variable) + " was not set.");
     const std::vector<bool>& filled = found->second.filled;
     if (std::find(filled.begin(), filled.end(), false) != filled.end())
-        RefuseAndAccuse(Name(variable) + " was used before all of its bytes were sent.");
+        RefuseAndReport(Name(variable) + " was used before all of its bytes were sent.");
     return found->second.bytes;
 }
 

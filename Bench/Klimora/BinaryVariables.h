@@ -1,7 +1,7 @@
-// The server's numbered buffers. A client sets the size, sends the bytes in hexadecimal chunks, has a command take the
-// contents and frees the variable; until then it owes a "binary variable". What only a broken client does (data without
-// a size, beyond the size, not in upper-case hexadecimal, a taken variable with holes) is accused besides being
-// refused.
+// The server's numbered buffers. A client sets the size, sends the bytes in hexadecimal chunks, has a command read the
+// contents, and frees the variable; until then a "binary variable" is outstanding. Errors that only a faulty client
+// makes (data without a size, beyond the size or not in upper-case hexadecimal, using an incomplete variable) are
+// refused and reported as violations.
 // Contract: rows B1 to B5.
 #pragma once
 
@@ -16,11 +16,11 @@ class BinaryVariables {
     void SetSize(long variable, long size);
     void SetData(long variable, long offset, const std::string& hexData);
     void Free(long variable);
-    // Contents for a command that takes them; refuses a variable that was not set or not filled.
+    // Returns the contents for a command; throws Refusal for a variable that is not set or incomplete.
     const std::string& Take(long variable) const;
-    // Contents as they are, empty when there is none.
+    // Returns the current contents; empty when there are none.
     std::string Contents(long variable) const;
-    // The server ends: the buffers go, what is owed for them stays owed.
+    // Drops the buffers when the server ends; they stay outstanding.
     void Forget() { variables_.clear(); }
 
  private:

@@ -9,7 +9,7 @@ namespace {
 
 constexpr const char* kEntities[] = {"&amp;", "&lt;", "&gt;", "&quot;", "&apos;", "&#"};
 
-// The parser takes a bare ampersand as it stands; the server does not.
+// The parser accepts an unescaped ampersand; the server does not.
 void CheckEscaping(const std::string& text) {
     for (size_t at = text.find('&'); at != std::string::npos; at = text.find('&', at + 1)) {
         bool known = false;
@@ -19,7 +19,7 @@ void CheckEscaping(const std::string& text) {
     }
 }
 
-// Text beside elements is what an unescaped "<" or a forgotten end tag leaves behind.
+// Text beside elements results from an unescaped "<" or a missing end tag.
 void CheckContents(const TiXmlElement* element) {
     const bool hasElements = element->FirstChildElement() != nullptr;
     int others = 0;

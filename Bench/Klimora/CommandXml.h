@@ -1,5 +1,5 @@
-// XML as a strict server reads it: one root element, every special character escaped, values only in leaves. Anything
-// else is refused. Which elements a client sends, and in which order, is not checked here.
+// Strict XML parser for commands: one root element, every special character escaped, values only in leaves; anything
+// else throws Refusal. It does not check which elements a client sends or their order.
 // Contract: rows D2.
 #pragma once
 
@@ -10,9 +10,9 @@
 
 namespace bench::klimora {
 
-// Any well-formed text with one root element.
+// Parses well-formed XML with one root element.
 std::unique_ptr<TiXmlDocument> ParseXml(const std::string& text);
-// A command with that root.
+// Parses a command with the given root.
 std::unique_ptr<TiXmlDocument> ParseCommand(const std::string& text, const std::string& root);
 
 }  // namespace bench::klimora

@@ -18,9 +18,9 @@
 namespace bench::klimora {
 namespace {
 
-constexpr char kEnterPressed[] = "52";  // ERRNO after a pick prompt that was answered with Enter
+constexpr char kEnterPressed[] = "52";  // ERRNO after Enter at a pick prompt
 constexpr double kUsualSilencerLength = 900;
-// What a silencer shares with the duct around it.
+// The attributes that a silencer takes from its duct.
 constexpr const char* kSharedElements[] = {"System", "Shape",         "Diameter",  "Width",
                                            "Height", "qv_sizingflow", "Direction", "Normal"};
 
@@ -44,7 +44,7 @@ TiXmlElement MakeSilencer(const TiXmlElement* duct, const TiXmlElement* product,
     return silencer;
 }
 
-// Both entities are there, or none.
+// Adds both entities or none.
 void AddEntities(ProjectTree& project, TiXmlElement* silencer, TiXmlElement* secondDuct) {
     const std::string handle = AddPartEntity(project, silencer);
     try {
@@ -62,7 +62,7 @@ struct InsertedSilencer {
     double fromStart = 0;  // mm from the start of the duct to the silencer
 };
 
-// Length of the silencer in mm: what its product says, else the usual one.
+// Returns the silencer's length in mm from its product, or else the default.
 double SilencerLength(const TiXmlElement* product) {
     double length = 0;
     return ReadNumber(ValueAt(product, "Length"), length) && length > 0 ? length : kUsualSilencerLength;
@@ -89,12 +89,12 @@ InsertedSilencer InsertIntoDuct(ProjectTree& project, TiXmlElement* duct, const 
     SetRealAt(duct, "Length", piece);
 
     // Connection 0 of a duct is at its start, connection 1 at its end.
-    const std::string endNeighbour = ValueAt(ConnectionsOf(duct)[1], "ConnectedTo");
+    const std::string partAtEnd = ValueAt(ConnectionsOf(duct)[1], "ConnectedTo");
     SetValueAt(ConnectionsOf(duct)[1], "ConnectedTo", result.silencer);
     ConnectTo(&silencer, first);
     ConnectTo(&silencer, result.secondDuct);
     SetValueAt(ConnectionsOf(&second)[0], "ConnectedTo", result.silencer);
-    if (IsConnectedHandle(endNeighbour)) Rewire(project.Part(endNeighbour), first, result.secondDuct);
+    if (IsConnectedHandle(partAtEnd)) Rewire(project.Part(partAtEnd), first, result.secondDuct);
     project.Parts()->InsertAfterChild(duct, second);
     project.Parts()->InsertAfterChild(duct, silencer);
     return result;
@@ -111,7 +111,7 @@ bool ReadLine(const wchar_t* prompt, std::string& line) {
     return true;
 }
 
-// Handle of the duct that the user points at, or of the one picked last on Enter; empty when the user cancelled.
+// Returns the handle of the duct that the user picks, or of the last pick after Enter; empty on cancel.
 std::string AskForDuct(const std::string& userCode) {
     const std::wstring prompt =
         L"\nKlimora: Select the duct for silencer " + FromUtf8(userCode) + L" or press Enter for the duct picked last:";

@@ -10,7 +10,7 @@
 namespace bench::klimora {
 namespace {
 
-void CheckNeighbours(ProjectTree& project, const TiXmlElement* part) {
+void CheckConnectedParts(ProjectTree& project, const TiXmlElement* part) {
     for (const TiXmlElement* connection : ConnectionsOf(part)) {
         const std::string handle = ValueAt(connection, "ConnectedTo");
         if (!handle.empty()) project.Part(handle);
@@ -18,8 +18,8 @@ void CheckNeighbours(ProjectTree& project, const TiXmlElement* part) {
 }
 
 Point EndOfPipe(ProjectTree& project, TiXmlElement* connection) {
-    const std::string neighbour = ValueAt(connection, "ConnectedTo");
-    if (!neighbour.empty()) return PointAt(project.Part(neighbour), "Position/WCS");
+    const std::string other = ValueAt(connection, "ConnectedTo");
+    if (!other.empty()) return PointAt(project.Part(other), "Position/WCS");
     SetValueAt(connection, "ConnectedTo", "0");
     return PointAt(connection, "Position/WCS");
 }
@@ -34,7 +34,7 @@ void PlacePipe(ProjectTree& project, TiXmlElement* pipe) {
     SetRealAt(pipe, "Length", Distance(start, end));
 }
 
-// Puts the finished element into drawing and project and connects its neighbours back to it.
+// Adds the element to drawing and project and connects the other parts to it.
 std::string Insert(ProjectTree& project, const TiXmlElement& made) {
     TiXmlElement* part = project.Parts()->InsertEndChild(made)->ToElement();
     try {
@@ -45,8 +45,8 @@ std::string Insert(ProjectTree& project, const TiXmlElement& made) {
     }
     std::string handle = ProjectTree::Handle(part);
     for (const TiXmlElement* connection : ConnectionsOf(part)) {
-        const std::string neighbour = ValueAt(connection, "ConnectedTo");
-        if (IsConnectedHandle(neighbour)) ConnectTo(project.Part(neighbour), handle);
+        const std::string other = ValueAt(connection, "ConnectedTo");
+        if (IsConnectedHandle(other)) ConnectTo(project.Part(other), handle);
     }
     return handle;
 }
@@ -59,7 +59,7 @@ std::string CreatePart(Server& server, const std::string& command) {
     ProjectTree& project = server.project;
     const TiXmlElement* sent = Child(root, "Part");
     if (!sent) throw Refusal(kBadCommand, "CreatePart: there is no Part.");
-    CheckNeighbours(project, sent);
+    CheckConnectedParts(project, sent);
 
     TiXmlElement part(*sent);
     const std::string define = ValueAt(sent, "Type/Define");
@@ -94,8 +94,8 @@ std::string ErasePart(Server& server, const std::string& command) {
         if (!part) continue;  // named twice
         const std::string own = ProjectTree::Handle(part);
         server.project.Parts()->RemoveChild(part);
-        for (TiXmlElement* neighbour : server.project.AllParts())
-            while (Rewire(neighbour, own, "0")) {
+        for (TiXmlElement* other : server.project.AllParts())
+            while (Rewire(other, own, "0")) {
             }
         EraseEntity(own);
     }

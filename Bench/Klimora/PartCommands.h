@@ -1,5 +1,5 @@
-// Commands that act on parts. What they make is real: an entity in the drawing and a part whose attributes can be read
-// afterwards; what they erase is gone from both. A refused command (Refusal) leaves drawing and project as they were.
+// Commands that create and erase parts, both in the drawing and in the project. A refused command (Refusal) changes
+// neither.
 // Contract: rows D3 to D7.
 #pragma once
 
@@ -9,12 +9,12 @@
 
 namespace bench::klimora {
 
-// Both return the handle of the new part. A pipe is placed between its two ends, each a connected part (whose position
-// counts) or a free position.
+// The Create functions return the new part's handle. A pipe is placed between its two ends; each is a connected part's
+// position or a free position.
 std::string CreatePart(Server& server, const std::string& command);
 std::string CreateConnectionStub(Server& server, const std::string& command);
 std::string ErasePart(Server& server, const std::string& command);
-// Commands whose elements are not settled: well-formed XML is taken and nothing is done.
+// Accepts any well-formed command and does nothing, for commands whose elements are not known.
 std::string TakeCommand(Server& server, const std::string& command);
 
 }  // namespace bench::klimora

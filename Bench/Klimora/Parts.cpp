@@ -30,7 +30,7 @@ long TypeIdOfDefine(const std::string& define) {
     throw Refusal(kBadCommand, "There is no part of type '" + define + "'.");
 }
 
-// Class under which a part stands in the drawing.
+// Returns the entity class of a part.
 std::string EntityClass(const TiXmlElement* part) {
     return ValueAt(part, "Type/ID") == std::to_string(kDuctTypeId) ? "EwaDuct" : "EwaPart";
 }

@@ -1,5 +1,5 @@
-// What a part is: its type, where it lies (mm, world coordinates, texts of three reals), the parts that it is connected
-// to, and its entity in the drawing, whose handle is the part's. Part and entity are made and taken away together.
+// The properties of a part: type, placement (mm, world coordinates, strings of three reals), connections, and its
+// entity in the drawing, which has the part's handle. Part and entity are created and erased together.
 // Contract: rows A9 and A13.
 #pragma once
 
@@ -12,15 +12,15 @@
 
 namespace bench::klimora {
 
-// Types. Only 68 (duct) and the numbers 69 and 82 (parts that stand for the duct they are connected to) are known; the
-// other numbers are this stand-in's own.
+// Types. Only 68 (duct) and the numbers 69 and 82 (parts that stand for their connected duct) are known; the others are
+// this fake's own.
 inline constexpr long kDuctTypeId = 68;
 inline constexpr char kDuctDefine[] = "EWAPART_DUCT";
 inline constexpr char kSilencerDefine[] = "EWAPART_SILENCER";
 inline constexpr char kStubDefine[] = "EWAPART_STUB";
-void SetType(TiXmlElement* part, const std::string& define);  // an unknown type is refused
+void SetType(TiXmlElement* part, const std::string& define);  // refuses an unknown type
 
-// Places.
+// Placement.
 struct Point {
     double x = 0;
     double y = 0;
@@ -28,27 +28,26 @@ struct Point {
 };
 double Distance(const Point& a, const Point& b);
 Point Along(const Point& from, const Point& unitDirection, double length);
-Point Unit(const Point& vector);  // the zero vector is refused
-// Refused where there is no point or number.
+Point Unit(const Point& vector);  // refuses the zero vector
+// Refuse a missing point or number.
 Point PointAt(const TiXmlElement* from, const std::string& path);
 double RealAt(const TiXmlElement* from, const std::string& path);
 void SetPointAt(TiXmlElement* from, const std::string& path, const Point& point);
 void SetRealAt(TiXmlElement* from, const std::string& path, double value);
 
-// Connections are kept on both sides: each part lists the handles of its neighbours, "0" where nothing is connected.
+// Connections are stored on both sides: each part lists the handles of its connected parts, "0" for a free end.
 std::vector<TiXmlElement*> ConnectionsOf(const TiXmlElement* part);
 bool IsConnectedHandle(const std::string& handle);  // neither empty nor "0"
-// The part's connection to `oldHandle` leads to `newHandle` from now on; false when it has none.
+// Changes the part's connection from `oldHandle` to `newHandle`. Returns false when it has none.
 bool Rewire(TiXmlElement* part, const std::string& oldHandle, const std::string& newHandle);
-// Takes the part's first free connection, or a further one, for `handle`.
+// Uses the part's first free connection, or adds one, for `handle`.
 void ConnectTo(TiXmlElement* part, const std::string& handle);
 
-// Puts an entity for the part into the drawing, on the layer of its geometry, else of its system, else "KLIMORA"; under
-// the part's handle or, when it has none, under the next free one, which the part then carries. Refuses when the
-// drawing does not take it.
+// Adds an entity for the part to the drawing and returns its handle. The layer is that of its geometry, else of its
+// system, else "KLIMORA". A part without a handle gets the next free one. Refuses when the drawing does not accept it.
 std::string AddPartEntity(ProjectTree& project, TiXmlElement* part);
-// Sees to an entity for every part: one that stands there as a part under its handle serves, a missing one is added.
-// Refuses, with none added, when a handle is something else's or cannot be had.
+// Ensures that every part has an entity: reuses existing ones and adds missing ones. Refuses and adds none when another
+// object has a part's handle or a handle is invalid.
 void AddMissingEntities(ProjectTree& project);
 
 }  // namespace bench::klimora

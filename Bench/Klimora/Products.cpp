@@ -19,11 +19,11 @@ constexpr size_t kLongestUserCode = 10;
 constexpr const char* kProductClasses[] = {"hZoneValveType", "hStopValveType", "dSupplyType", "dExtractType",
                                            "dOutdoorType",   "dExhaustType",   kSilencerClass};
 
-// Attributes of the dictionary.
+// Attribute numbers of the dictionary.
 constexpr int kModelParameters = 1507;
 constexpr int kProductCode = 1562;
 
-// The record database takes texts in the system's code page.
+// The record database uses the system's code page.
 std::string InCodePage(const std::string& utf8) {
     return Ansi(FromUtf8(utf8));
 }
@@ -34,7 +34,7 @@ std::string DictionaryBeside(const std::string& databaseFile) {
 
 class ProductFile {
  public:
-    // `name` in UTF-8, as the command has it.
+    // `name` is UTF-8, as in the command.
     explicit ProductFile(const std::string& name) : name_(name), path_(InCodePage(name)) {
         handle_ = kbopendatabase(DictionaryBeside(path_).c_str(), path_.c_str(), 0);
         if (handle_ < 0) throw Refusal(kProductFile, "Cannot read the product database " + path_ + ".");
@@ -49,8 +49,8 @@ class ProductFile {
         kbreleaserec(record);
     }
 
-    // The library's calls for reading attributes are not among those that anyone here declares, so this looks into the
-    // file. An empty record where it has none.
+    // The library's declared functions cannot read attributes, so this reads the file. Returns an empty record if the
+    // file does not have it.
     KbaseRecord Record(const std::string& className, const std::string& key) const {
         KbaseFile file;
         const KbaseRecord* record = file.Read(path_) ? file.Find(InCodePage(className), InCodePage(key)) : nullptr;
@@ -63,7 +63,7 @@ class ProductFile {
     KB_HANDLE handle_;
 };
 
-// "L" of the model parameters, in mm; 0 when the record does not say.
+// Returns "L" of the model parameters, in mm; 0 when it is missing.
 double LengthOf(const KbaseRecord& record) {
     double length = 0;
     for (const std::string& pair : Split(record.BytesOf(kModelParameters), ";"))
@@ -71,8 +71,7 @@ double LengthOf(const KbaseRecord& record) {
     return length;
 }
 
-// Silencers that are drawn under a code are of its product: where that was replaced, they are of the new one from then
-// on. They keep their place and the length that they were drawn with.
+// Assigns silencers drawn with a replaced user code to the new product. They keep their place and length.
 void LetDrawnSilencersFollow(ProjectTree& project, const TiXmlElement* product) {
     for (TiXmlElement* part : project.AllParts()) {
         if (ValueAt(part, "Type/Define") != kSilencerDefine ||

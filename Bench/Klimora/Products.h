@@ -1,7 +1,7 @@
-// The command ManageProductData: adds a product of a product file to the project's list of its class, or replaces the
-// product that has the same user code there, whose drawn silencers become the new product's. The file is a record
-// database, read through Kbase640.dll; its dictionary lies beside it under the same name with the ending .ddk. Refuses
-// (Refusal) what it cannot add and leaves the project as it was. Contract: rows P1 to P6.
+// The command ManageProductData: adds a product from a product file to the project's list of its class. A product with
+// the same user code is replaced, and its silencers in the drawing are assigned to the new product. The file is a
+// record database, read through Kbase640.dll; its dictionary has the same name with the extension .ddk. Throws Refusal
+// for a product that it cannot add and leaves the project unchanged. Contract: rows P1 to P6.
 #pragma once
 
 #include <string>

@@ -72,10 +72,10 @@ void CheckConnections(const ProjectTree& project, const TiXmlElement* part) {
     for (const TiXmlElement* connection : ConnectionsOf(part)) {
         const std::string other = ValueAt(connection, "ConnectedTo");
         if (!IsConnectedHandle(other)) continue;
-        const TiXmlElement* neighbour = project.FindPart(other);
+        const TiXmlElement* connected = project.FindPart(other);
         const std::string name = "Part " + ProjectTree::Handle(part) + " is connected to " + other;
-        if (!neighbour) RefuseFile(name + ", which is no part.");
-        if (!PointsBack(neighbour, ProjectTree::Handle(part))) RefuseFile(name + ", which is not connected to it.");
+        if (!connected) RefuseFile(name + ", which is not a part.");
+        if (!PointsBack(connected, ProjectTree::Handle(part))) RefuseFile(name + ", which is not connected to it.");
     }
 }
 

@@ -1,6 +1,6 @@
-// Reading of project files. A file is XML with the root KlimoraProject and the children dwg, Project and Parts; what
-// the server relies on later is checked here, so that an open project is a whole one. Sizes and lengths are in mm,
-// airflows in l/s, points in mm in world coordinates.
+// Reads project files: XML with the root KlimoraProject and the children dwg, Project and Parts. Everything that the
+// server relies on later is validated here. Sizes and lengths are in mm, airflows in l/s, points in mm in world
+// coordinates.
 #pragma once
 
 #include <string>
@@ -9,9 +9,9 @@
 
 namespace bench::klimora {
 
-// Refuses with the reason when the text is no project. Fills in what parts take from their system (system type).
+// Throws Refusal with the reason for an invalid project. Fills in the system type of each part.
 ProjectTree ReadProject(const std::string& xml);
-// Contents of a file; refuses when it cannot be read.
+// Returns the contents of a file; throws Refusal when it cannot be read.
 std::string ReadFile(const std::string& file);
 
 }  // namespace bench::klimora

@@ -130,7 +130,7 @@ ProjectTree::Elements ProjectTree::Find(const TiXmlElement* from, const Attribut
         const Elements& named = place->second;
         found.clear();
         if (step.selector.empty() && step.index < 0) {
-            // A step on the way takes its first match.
+            // Every step except the last selects its first match.
             const bool last = i + 1 == path.steps.size();
             if (last && path.count)
                 found = named;

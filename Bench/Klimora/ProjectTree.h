@@ -1,8 +1,7 @@
 // The open project as one tree of named elements: drawing values ("/dwg/..."), product and system lists
-// ("/Project/...") and the parts ("/Part/..." of a handle). Its text form is the project file. Operations that cannot
-// be done throw Refusal. Elements that are handed out stay the tree's and live until it is replaced; who wants to
-// change them asks a tree that is not const, which then forgets the places that it had looked up. Contract: rows A1, A5
-// to A7.
+// ("/Project/...") and the parts ("/Part/..." of a handle). Its XML is the project file. Invalid operations throw
+// Refusal. Returned elements belong to the tree and live until it is replaced. Non-const access allows changes and
+// clears the lookup cache. Contract: rows A1, A5 to A7.
 #pragma once
 
 #include <tinyxml.h>
@@ -19,7 +18,7 @@ namespace bench::klimora {
 
 class ProjectTree {
  public:
-    // No project is open: there are drawing values only, and the file name is empty.
+    // Creates the state without a project: drawing values only, with an empty file name.
     ProjectTree();
     explicit ProjectTree(std::unique_ptr<TiXmlDocument> document);
 
@@ -27,7 +26,7 @@ class ProjectTree {
     std::string Xml() const;
 
     TiXmlElement* Drawing();
-    // The two below refuse when no project is open.
+    // Throw Refusal when no project is open.
     TiXmlElement* Project();
     TiXmlElement* Parts();
 
@@ -38,21 +37,21 @@ class ProjectTree {
     TiXmlElement* Part(const std::string& handle);  // refuses an unknown handle
     static std::string Handle(const TiXmlElement* part);
 
-    // An empty `part` addresses drawing and project. Count(...) of elements that are not there is 0. A list may be read
-    // by index, element by element, at no more than the cost of one walk.
+    // An empty `part` addresses drawing and project. Count(...) of missing elements is 0. Reading a whole list by index
+    // costs no more than one pass over it.
     std::string Attribute(const std::string& part, const std::string& path) const;
-    // Writes a value that is there or that clients may add.
+    // Writes a value that exists or that clients may add.
     void SetAttribute(const std::string& part, const std::string& path, const std::string& value);
 
-    // Product list of a class, made when `make` is set; null when there is none.
+    // Returns the product list of a class, created when `make` is set; null when there is none.
     TiXmlElement* ProductClass(const std::string& className, bool make);
-    // Product of that class and user code, null when there is none.
+    // Returns the product with that class and user code; null when there is none.
     TiXmlElement* Product(const std::string& className, const std::string& userCode);
     TiXmlElement* System(const std::string& id);  // null when there is none
 
  private:
     using Elements = std::vector<const TiXmlElement*>;
-    // Elements as they were looked up since the tree was last given out for changes.
+    // Elements looked up since the tree was last accessed for changes.
     struct Places {
         std::map<std::pair<const TiXmlElement*, std::string>, Elements> children;
         std::map<std::string, const TiXmlElement*> parts;

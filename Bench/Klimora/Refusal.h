@@ -1,5 +1,5 @@
-// How the server says no: every refusal carries one of its own codes and a sentence for getLastErrorText. Refusals are
-// thrown inside the server and caught at its border, where the code goes into the result argument of the call.
+// Refusal, the exception with which the server rejects a call: one of the server's codes and a sentence for
+// getLastErrorText. The interface methods catch it and put the code into the call's result argument.
 #pragma once
 
 #include <stdexcept>

@@ -1,5 +1,5 @@
-// The one server of the process: what is installed and running, the open project, the binary variables and the text of
-// the last refusal. Used on the thread of the AutoCAD stand-in only.
+// The state of the process's only server: what is installed and running, the open project, the binary variables and the
+// text of the last refusal. Used on AutoCAD's thread only.
 #pragma once
 
 #include <string>

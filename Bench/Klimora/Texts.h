@@ -1,5 +1,5 @@
-// Texts at the server's border and numbers in the text form in which the server stores every value. Inside the server
-// all texts are UTF-8. Nothing here fails loudly: readers answer false and leave their output alone.
+// Converts strings at the server's interface, and numbers to and from the strings in which the server stores all
+// values. Strings inside the server are UTF-8. Parsers return false on failure and leave their output unchanged.
 // Contract: rows K7 and A14.
 #pragma once
 
@@ -13,13 +13,13 @@
 
 namespace bench::klimora {
 
-// Reads up to the first zero character: clients send one zero more than the text has. Null is the empty text.
+// Reads up to the first zero character, because clients send an extra one. Null is the empty string.
 std::string FromBstr(BSTR text);
 // The caller frees the result with SysFreeString.
 BSTR ToBstr(const std::string& text);
 
 bool IsHandle(const std::string& text);  // hexadecimal and above zero
-// Exactly `count` reals with one blank between them.
+// Parses exactly `count` reals separated by single blanks.
 bool ReadReals(const std::string& text, size_t count, std::vector<double>& values);
 std::string PointText(double x, double y, double z);
 std::vector<std::string> Split(const std::string& text, const char* separators);

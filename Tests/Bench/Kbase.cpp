@@ -136,27 +136,27 @@ TEST_F(KbaseLibrary, ReportsInvalidHandlesAndArguments) {
         {[&] { ddk_opendatabase("none", 0, 0); },
          "ddk_opendatabase was called with mode 0 and flags 0, not with 1 and 0."},
         {[&] { ddk_classsymboltoID(1, "KMD", &id); },
-         "ddk_classsymboltoID was called with 1, which is no open dictionary."},
+         "ddk_classsymboltoID was called with 1, which is not an open dictionary."},
         {[&] { ddk_classsymboltoID(dictionary_, "KMD", nullptr); },
          "ddk_classsymboltoID was called without a class symbol or a place for the class id."},
-        {[&] { ddk_releasedatabase(-1); }, "ddk_releasedatabase was called with -1, which is no open dictionary."},
+        {[&] { ddk_releasedatabase(-1); }, "ddk_releasedatabase was called with -1, which is not an open dictionary."},
         {[&] { kbopendatabase(kDictionary, "", 0); }, "kbopendatabase was called without a database path."},
-        {[&] { kbclosedatabase(dictionary_); }, "kbclosedatabase was called with 101, which is no open database."},
-        {[&] { kbcreaterec(0, &silencers_, "B"); }, "kbcreaterec was called with 0, which is no open database."},
+        {[&] { kbclosedatabase(dictionary_); }, "kbclosedatabase was called with 101, which is not an open database."},
+        {[&] { kbcreaterec(0, &silencers_, "B"); }, "kbcreaterec was called with 0, which is not an open database."},
         {[&] { kbcreaterec(database_, &id, "B"); },
          "kbcreaterec was called with the class id 5 6, which its dictionary does not know."},
         {[&] { kbcreaterec(database_, nullptr, "B"); }, "kbcreaterec was called without a class id."},
         {[&] { kbcreaterec(database_, &silencers_, ""); }, "kbcreaterec was called without a key."},
-        {[&] { kbdeleterec(7, &silencers_, "A"); }, "kbdeleterec was called with 7, which is no open database."},
+        {[&] { kbdeleterec(7, &silencers_, "A"); }, "kbdeleterec was called with 7, which is not an open database."},
         {[&] { kbfindrec(database_, "kmd", "A", 0); },
          "kbfindrec was called with the class 'kmd', which its dictionary does not know."},
         {[&] { kbfindrec(database_, "KMD", "A", 1); },
          "kbfindrec was called with mode 0 and flags 1, not with 0 and 0."},
-        {[&] { Insert(none, 1503, "Sorvik", 6); }, "kbinsertatt was called with a pointer that is no open record."},
+        {[&] { Insert(none, 1503, "Sorvik", 6); }, "kbinsertatt was called with a pointer that is not an open record."},
         {[&] { kbinsertatt(database_, nullptr, 1503, "Sorvik", 6); },
          "kbinsertatt was called without the address of a record."},
-        {[&] { kbsaverec(database_, nullptr); }, "kbsaverec was called with a pointer that is no open record."},
-        {[&] { kbreleaserec(none); }, "kbreleaserec was called with a pointer that is no open record."},
+        {[&] { kbsaverec(database_, nullptr); }, "kbsaverec was called with a pointer that is not an open record."},
+        {[&] { kbreleaserec(none); }, "kbreleaserec was called with a pointer that is not an open record."},
         {[&] { kbsetwarningmode(2); }, "kbsetwarningmode was called with 2, which is neither on nor off."}};
     for (const auto& one : cases) {
         one.act();
@@ -173,10 +173,10 @@ TEST_F(KbaseLibrary, ReportsSecondReleasesLateUsesAndForeignRecords) {
     const KB_RECORD late = Create("LATE");
     kbreleaserec(record_);
     kbreleaserec(record_);
-    EXPECT_THAT(TakeViolations(), ElementsAre("kbreleaserec was called with a pointer that is no open record."));
+    EXPECT_THAT(TakeViolations(), ElementsAre("kbreleaserec was called with a pointer that is not an open record."));
     kbclosedatabase(database_);
     kbclosedatabase(database_);
-    EXPECT_THAT(TakeViolations(), ElementsAre("kbclosedatabase was called with 1, which is no open database."));
+    EXPECT_THAT(TakeViolations(), ElementsAre("kbclosedatabase was called with 1, which is not an open database."));
     EXPECT_THAT(bench::OutstandingResources(), ElementsAre("dictionary 101", "record dSilencerType LATE"));
     database_ = kbopendatabase(kDictionary, kDatabase, 0);
     EXPECT_LT(kbsaverec(database_, late), 0);

@@ -80,7 +80,7 @@ TEST_F(Klimora, TracksReferencesOfEachInterface) {
     client_->Release();
     client_->Release();
     EXPECT_THAT(TakeViolations(),
-                ElementsAre("Interface IKlimora200805 was released more often than it was handed out."));
+                ElementsAre("Interface IKlimora200805 was released more often than it was acquired."));
     client_->AddRef();
     bench::StopKlimora();
     long version = 77;
@@ -106,7 +106,7 @@ TEST_F(Klimora, KeepsOrCorruptsOutputsOnAnInjectedFault) {
     EXPECT_EQ(reads(), S_OK);
     EXPECT_TRUE(x == 0 && y == 0 && z == 0 && result == -7);
     client_->getLastErrorText(&text);
-    EXPECT_STREQ(text, L"IKlimora200805::getPartAttPoint was planned to fail.");
+    EXPECT_STREQ(text, L"IKlimora200805::getPartAttPoint failed by injection.");
 }
 
 TEST_F(Klimora, ReportsMisuseOfABinaryVariable) {
@@ -137,9 +137,8 @@ TEST_F(Klimora, ReportsMisuseOfABinaryVariable) {
     EXPECT_EQ(result, 0);
     EXPECT_EQ(client_->freeBinVariable(7, nullptr), E_POINTER);
     EXPECT_EQ(client_->reservedSlot17(), E_NOTIMPL);
-    EXPECT_THAT(TakeViolations(),
-                ElementsAre("IKlimora200805::freeBinVariable was called without a place for its output.",
-                            HasSubstr("Slot 17")));
+    EXPECT_THAT(TakeViolations(), ElementsAre("IKlimora200805::freeBinVariable was called with a null output pointer.",
+                                              HasSubstr("Slot 17")));
 }
 
 TEST_F(Klimora, RejectsBadCommands) {

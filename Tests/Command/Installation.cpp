@@ -12,7 +12,7 @@ TEST_F(Installation, ReportsAProductThatKlimoraRejects) {
     const std::string printed = Printed();
     EXPECT_NE(printed.find("\nSorvik Klimora Cloud Plugin: Failed to add device to Klimora project. "
                            "PlugIn/Util/KLComUtils_Project(115):KLComUtils::AddDeviceToKlimoraProject Can not add "
-                           "device to Klimora project IKlimora200805::manageProductData was planned to fail.\n"
+                           "device to Klimora project IKlimora200805::manageProductData failed by injection.\n"
                            "\nSorvik Klimora Cloud Plugin: InstallSilencer PlugIn/KL_Conn(573):KlConn::InstallSilencer "
                            "Can not add device to Klimora project. Product SRC-250-900 is not found in the selected "
                            "database.\n"),

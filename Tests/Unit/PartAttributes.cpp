@@ -93,7 +93,7 @@ TEST_F(PartAttributes, ReturnsTheTraceLineAsLastError) {
     std::string value;
     bench::FailCall("IKlimora200805::getPartAtt", 1, 5);
     utils_.GetPartAtt("2A3", "/part/width", value, false);
-    EXPECT_EQ(utils_.GetLastError(), "IKlimora200805::getPartAtt was planned to fail.");
+    EXPECT_EQ(utils_.GetLastError(), "IKlimora200805::getPartAtt failed by injection.");
     utils_.SetTrace(true, false, false);
     utils_.GetPartAtt("2A3", "/part/diameter", value, false);
     EXPECT_EQ(utils_.GetLastError(), "KlimComSrvImpl::getPartAtt:('2A3', '/part/diameter', '250')=0 ");

@@ -106,7 +106,7 @@ TEST_F(ProjectOperations, ReportsEachFailureToAddAProduct) {
         EXPECT_EQ(utils_.AddDeviceToKlimoraProject(nullptr, "ab", 2, "d", "u", "f", nullptr, nullptr), result) << call;
         EXPECT_EQ(Printed(), Report("Failed to add device to Klimora project.",
                                     "KLComUtils_Project(115):KLComUtils::AddDeviceToKlimoraProject",
-                                    text + method + " was planned to fail."));
+                                    text + method + " failed by injection."));
         utils_.BinVariableFree(1);
     }
 }
