@@ -8,7 +8,7 @@
 namespace bench {
 namespace {
 
-// The text of an element below the device, by the names on the way to it; empty when there is none.
+// Returns the text of the element at a path below the device; empty when there is none.
 std::string Text(const TiXmlElement& device, const char* name, const char* inner = nullptr) {
     const TiXmlElement* element = device.FirstChildElement(name);
     if (element && inner) element = element->FirstChildElement(inner);
@@ -28,7 +28,7 @@ bool Fits(const TiXmlElement& device, const Duct& duct) {
                         (duct.airflow >= Dimension(device, "Qvmin") && duct.airflow <= Dimension(device, "Qvmax")));
 }
 
-// It grows with the square of the airflow.
+// The pressure drop grows with the square of the airflow.
 std::string PressureDrop(const TiXmlElement& device, double airflow) {
     const double ratio = airflow / Dimension(device, "Qvmax");
     char text[32];

@@ -1,4 +1,4 @@
-// The manufacturer's catalogue, Bench/Sample/catalogue.xml: a finished device element for each product, and the
+// The manufacturer's catalogue, Bench/Sample/catalogue.xml: a complete device element for each product, and the
 // database files. Sizes in mm, airflows in l/s, pressures in Pa, attenuation in dB.
 #pragma once
 
@@ -15,7 +15,7 @@ struct ServedFile {
     std::string path;  // on the server
 };
 
-// A duct as a request describes it; what the request does not name is 0. Without an airflow every range fits.
+// A duct as a request describes it; missing values are 0. Without an airflow every product's range fits.
 struct Duct {
     double diameter = 0;
     double width = 0;
@@ -30,13 +30,13 @@ class Catalogue {
 
     const ServedFile& dictionary() const { return dictionary_; }
     const ServedFile& database() const { return database_; }
-    // The product's device element; null when there is none of that id.
+    // Returns the product's device element; null for an unknown id.
     const TiXmlElement* Find(const std::string& id) const;
-    // The products that fit, as the page that the configurator reads: <products> with a <product id code length
-    // pressureDrop attenuation250> for each.
+    // Returns the page that the configurator reads: <products> with a <product id code length pressureDrop
+    // attenuation250> for each product that fits.
     std::string ProductsPage(const Duct& duct) const;
-    // The result that is published for a choice: `rootTexts` as elements of the root, the addresses of the database
-    // files, the chosen devices. `server` is scheme and host without a trailing slash.
+    // Returns the published result of a choice: `rootTexts` as elements of the root, the addresses of the database
+    // files and the chosen devices. `server` is scheme and host without a trailing slash.
     std::string Result(const std::vector<std::string>& products, const std::string& server,
                        const std::vector<std::pair<std::string, std::string>>& rootTexts) const;
 

@@ -10,8 +10,8 @@
 namespace bench {
 namespace {
 
-// WinINet under Wine takes its proxy from the environment variable, which it reads through the C runtime; each runtime
-// of the process keeps its own copy of the environment, so all of them are told.
+// WinINet under Wine reads its proxy from the environment variable through the C runtime. Each C runtime in the process
+// has its own copy of the environment, so all are updated.
 void PutIntoRuntimes(const std::string& assignment) {
     for (const char* runtime : {"ucrtbase.dll", "msvcrt.dll"}) {
         const HMODULE module = LoadLibraryA(runtime);
@@ -23,12 +23,12 @@ void PutIntoRuntimes(const std::string& assignment) {
     }
 }
 
-// INTERNET_OPTION_PROXY without a handle sets the proxy of the process, as documented for InternetSetOption. Not run on
-// Windows yet; Wine ignores it.
+// INTERNET_OPTION_PROXY without a handle sets the proxy of the process, as documented for InternetSetOption. Untested
+// on Windows; Wine ignores it.
 void SetProcessProxy(const std::wstring& address) {
     INTERNET_PROXY_INFO proxy = {INTERNET_OPEN_TYPE_PROXY, address.c_str(), nullptr};
     if (!InternetSetOptionW(nullptr, INTERNET_OPTION_PROXY, &proxy, sizeof proxy))
-        throw std::runtime_error("WinINet refuses the proxy with error " + std::to_string(GetLastError()));
+        throw std::runtime_error("WinINet rejects the proxy with error " + std::to_string(GetLastError()));
 }
 
 }  // namespace

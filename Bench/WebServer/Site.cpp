@@ -20,7 +20,7 @@ double Number(const std::string& text) {
     return std::strtod(text.c_str(), nullptr);
 }
 
-// An error page as a server shows it to people.
+// Returns an error page as a web server shows it.
 WebAnswer Page(int status, const std::string& text) {
     return {
         status, "text/html",
@@ -40,22 +40,22 @@ WebAnswer File(const std::string& path) {
 
 Site::Site(const std::string& catalogue, std::string server) : catalogue_(catalogue), server_(std::move(server)) {}
 
-ServerFault Site::Arrived(const std::string& method, const RequestTarget& target) {
+ServerFault Site::RecordRequest(const std::string& method, const RequestTarget& target) {
     const std::lock_guard<std::mutex> lock(mutex_);
     requests_.push_back(method + ' ' + target.text());
-    ServerFault trouble = ServerFault::kNone;
+    ServerFault fault = ServerFault::kNone;
     size_t longest = 0;
-    for (const auto& [path, planned] : faults_) {
+    for (const auto& [path, current] : faults_) {
         if (path.size() < longest || !StartsWith(target.path, path)) continue;
         longest = path.size();
-        trouble = planned;
+        fault = current;
     }
-    return trouble;
+    return fault;
 }
 
-WebAnswer Site::Answer(const std::string& method, const RequestTarget& target, ServerFault trouble) {
+WebAnswer Site::Answer(const std::string& method, const RequestTarget& target, ServerFault fault) {
     const std::lock_guard<std::mutex> lock(mutex_);
-    if (trouble == ServerFault::kNotFound) return Page(404, "The page was not found.");
+    if (fault == ServerFault::kNotFound) return Page(404, "The page was not found.");
     if (const auto fixed = fixed_.find(target.path); fixed != fixed_.end()) return {200, "text/plain", fixed->second};
     if (method == "POST")
         return target.path == kChoosePath ? Choose(target) : Page(404, "Nothing takes a choice here.");
@@ -95,9 +95,9 @@ WebAnswer Site::Result(const std::string& fileName) const {
     return {200, "text/xml; charset=utf-8", body};
 }
 
-void Site::SetFault(const std::string& path, ServerFault trouble) {
+void Site::SetFault(const std::string& path, ServerFault fault) {
     const std::lock_guard<std::mutex> lock(mutex_);
-    faults_[path] = trouble;
+    faults_[path] = fault;
 }
 
 void Site::Serve(const std::string& path, const std::string& body) {

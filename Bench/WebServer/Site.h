@@ -1,5 +1,5 @@
-// What the maker's server answers, apart from how the answer travels: products that fit a duct, choices and their
-// results, the database files, and what a test wants to see instead. Safe from any thread.
+// The content of the manufacturer's server, without the transport: products that fit a duct, choices and their results,
+// the database files, and replacements set by tests. Thread-safe.
 #pragma once
 
 #include <map>
@@ -17,7 +17,7 @@ namespace bench {
 enum class ServerFault {
     kNone,
     kNotFound,   // 404 with a page of text
-    kTruncated,  // the connection closes in an orderly way before the announced length
+    kTruncated,  // the connection closes normally before the announced length
     kReset,      // the connection is reset in the middle of the body: a read fails
     kRefused,    // the connection is reset before any answer: the address cannot be opened
     kStalled,    // a short pause in the middle, then the rest
@@ -31,29 +31,29 @@ struct WebAnswer {
 
 class Site {
  public:
-    // `catalogue` is the catalogue file; `server` the scheme and host that results name, without a trailing slash.
+    // `catalogue` is the catalogue file; `server` the scheme and host in results, without a trailing slash.
     Site(const std::string& catalogue, std::string server);
 
-    // The next requests whose path begins with `path` meet this trouble; of several paths the longest counts.
-    void SetFault(const std::string& path, ServerFault trouble);
-    // A fixed answer for a path, instead of the catalogue's.
+    // Applies the fault to further requests whose path begins with `path`; the longest matching path wins.
+    void SetFault(const std::string& path, ServerFault fault);
+    // Sets a fixed response for a path, in place of the catalogue's.
     void Serve(const std::string& path, const std::string& body);
-    // What is sent for paths that begin with `path`, head and body, whatever is asked for; then the connection closes.
+    // Sends these bytes, head and body, to every request whose path begins with `path`, then closes the connection.
     void ServeRaw(const std::string& path, const std::string& bytes);
-    // Edits to the result that is published for a choice: an element text of the root ("error", "warning"), or a whole
-    // replacement of the result.
+    // Change the published result of a choice: set the text of a root element ("error", "warning"), or replace the
+    // whole result.
     void PublishWith(const std::string& elementName, const std::string& text);
     void PublishInstead(const std::string& body);
-    // Troubles, fixed answers and edits are forgotten; choices stay.
+    // Clears faults, fixed responses and changes; keeps choices.
     void Reset();
 
-    // Requests so far, as in the journal but without their results, also those that the configurator made.
+    // Returns all requests so far, including the configurator's, as in the call log but without results.
     std::vector<std::string> requests() const;
 
-    // Once for each request as it arrives: notes it and tells its trouble.
-    ServerFault Arrived(const std::string& method, const RequestTarget& target);
+    // Records a request as it arrives and returns its fault. Called once per request.
+    ServerFault RecordRequest(const std::string& method, const RequestTarget& target);
     std::optional<std::string> Raw(const RequestTarget& target) const;
-    WebAnswer Answer(const std::string& method, const RequestTarget& target, ServerFault trouble);
+    WebAnswer Answer(const std::string& method, const RequestTarget& target, ServerFault fault);
 
  private:
     WebAnswer Products(const RequestTarget& target) const;

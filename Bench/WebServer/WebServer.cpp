@@ -25,21 +25,21 @@ size_t AnnouncedLength(const std::string& head) {
     return at == std::string::npos ? 0 : std::strtoul(head.c_str() + at + name.size(), nullptr, 10);
 }
 
-// A connection of the server on which a trouble can be put: what is written passes through until the body is half out,
-// and then the trouble happens. Only WinINet itself tells what a client sees of it, so the bytes really go that way.
-// A reset is felt as a failure only by a client that waits in its read, so one is preceded by a pause.
+// A server connection with an optional fault: bytes are passed on until half of the body is sent, and then the fault
+// happens. The bytes are really sent, because only WinINet decides what its client sees. A reset is preceded by a
+// pause, because the client notices it only while waiting in a read.
 class FaultyStream : public httplib::Stream {
  public:
-    // `stream` is borrowed for the life of this one.
+    // Borrows `stream` for the lifetime of this object.
     explicit FaultyStream(httplib::Stream& stream) : stream_(stream) {}
 
-    // From now on; troubles that are not the connection's business, but the answer's, change nothing.
-    void Spoil(ServerFault trouble);
-    // These bytes are written, in pieces with pauses, in place of the answer.
+    // Sets the fault. Faults of the response rather than the connection have no effect here.
+    void Inject(ServerFault fault);
+    // Writes these bytes, in pieces with pauses, in place of the response.
     void WriteInstead(const std::string& bytes);
-    // The trouble that was put on ends with a reset of the connection.
-    static bool EndsWithReset(ServerFault trouble) {
-        return trouble == ServerFault::kReset || trouble == ServerFault::kRefused;
+    // Whether the fault ends with a reset of the connection.
+    static bool EndsWithReset(ServerFault fault) {
+        return fault == ServerFault::kReset || fault == ServerFault::kRefused;
     }
 
     bool is_readable() const override { return stream_.is_readable(); }
@@ -53,27 +53,27 @@ class FaultyStream : public httplib::Stream {
  private:
     bool WriteAll(const char* ptr, size_t size);
     ssize_t WriteHalf(const char* ptr, size_t size);
-    // Nothing more is written: -1, as the stream's own failures.
+    // Ends the output; returns -1 like the stream's own failures.
     ssize_t BreakOff() const;
 
     httplib::Stream& stream_;
-    ServerFault trouble_ = ServerFault::kNone;
+    ServerFault fault_ = ServerFault::kNone;
     bool ended_ = false;
-    std::string head_;  // what was written up to the blank line, until the body begins
+    std::string head_;  // bytes written up to the blank line before the body
     bool inBody_ = false;
-    size_t untilTrouble_ = 0;  // bytes of the body that still pass
+    size_t untilFault_ = 0;  // bytes of the body to pass on before the fault
 };
 
-void FaultyStream::Spoil(ServerFault trouble) {
+void FaultyStream::Inject(ServerFault fault) {
     const bool ofConnection =
-        EndsWithReset(trouble) || trouble == ServerFault::kTruncated || trouble == ServerFault::kStalled;
-    trouble_ = ofConnection ? trouble : ServerFault::kNone;
+        EndsWithReset(fault) || fault == ServerFault::kTruncated || fault == ServerFault::kStalled;
+    fault_ = ofConnection ? fault : ServerFault::kNone;
 }
 
 ssize_t FaultyStream::write(const char* ptr, size_t size) {
     if (ended_) return -1;
-    if (trouble_ == ServerFault::kNone) return stream_.write(ptr, size);
-    if (trouble_ == ServerFault::kRefused) return BreakOff();
+    if (fault_ == ServerFault::kNone) return stream_.write(ptr, size);
+    if (fault_ == ServerFault::kRefused) return BreakOff();
     if (inBody_) return WriteHalf(ptr, size);
 
     const size_t before = head_.size();
@@ -81,7 +81,7 @@ ssize_t FaultyStream::write(const char* ptr, size_t size) {
     const size_t blankLine = head_.find("\r\n\r\n");
     if (blankLine == std::string::npos) return WriteAll(ptr, size) ? static_cast<ssize_t>(size) : -1;
     inBody_ = true;
-    untilTrouble_ = AnnouncedLength(head_) / 2;
+    untilFault_ = AnnouncedLength(head_) / 2;
     const size_t ofHead = blankLine + 4 - before;
     if (!WriteAll(ptr, ofHead)) return -1;
     if (ofHead == size) return static_cast<ssize_t>(size);
@@ -89,13 +89,13 @@ ssize_t FaultyStream::write(const char* ptr, size_t size) {
 }
 
 ssize_t FaultyStream::WriteHalf(const char* ptr, size_t size) {
-    const size_t passing = size < untilTrouble_ ? size : untilTrouble_;
+    const size_t passing = size < untilFault_ ? size : untilFault_;
     if (!WriteAll(ptr, passing)) return -1;
-    untilTrouble_ -= passing;
+    untilFault_ -= passing;
     if (passing == size) return static_cast<ssize_t>(size);
-    if (trouble_ != ServerFault::kStalled) return BreakOff();
+    if (fault_ != ServerFault::kStalled) return BreakOff();
     std::this_thread::sleep_for(kStall);
-    trouble_ = ServerFault::kNone;
+    fault_ = ServerFault::kNone;
     return WriteAll(ptr + passing, size - passing) ? static_cast<ssize_t>(size) : -1;
 }
 
@@ -107,7 +107,7 @@ void FaultyStream::WriteInstead(const std::string& bytes) {
 }
 
 ssize_t FaultyStream::BreakOff() const {
-    if (EndsWithReset(trouble_)) std::this_thread::sleep_for(kBeforeReset);
+    if (EndsWithReset(fault_)) std::this_thread::sleep_for(kBeforeReset);
     return -1;
 }
 
@@ -121,10 +121,10 @@ bool FaultyStream::WriteAll(const char* ptr, size_t size) {
     return true;
 }
 
-// One request on its connection's thread, from its arrival to the end of its answer.
+// One request on its connection's thread, from arrival to the end of its response.
 struct Exchange {
     RequestTarget target;
-    ServerFault trouble = ServerFault::kNone;
+    ServerFault fault = ServerFault::kNone;
     std::optional<Call> call;
 };
 
@@ -133,25 +133,25 @@ thread_local Exchange* currentExchange = nullptr;
 void Arrive(Site& site, Exchange& exchange, const httplib::Request& request, FaultyStream& stream) {
     exchange.target = ParseRequestTarget(request.target);
     exchange.call.emplace(request.method.c_str(), exchange.target.text());
-    exchange.trouble = site.Arrived(request.method, exchange.target);
-    if (exchange.call->fails()) exchange.trouble = ServerFault::kRefused;
-    stream.Spoil(exchange.trouble);
+    exchange.fault = site.RecordRequest(request.method, exchange.target);
+    if (exchange.call->fails()) exchange.fault = ServerFault::kRefused;
+    stream.Inject(exchange.fault);
     if (const auto raw = site.Raw(exchange.target)) stream.WriteInstead(*raw);
 }
 
 void Reply(Site& site, const httplib::Request& request, httplib::Response& response) {
     Exchange& exchange = *currentExchange;
-    if (exchange.trouble == ServerFault::kRefused) {
+    if (exchange.fault == ServerFault::kRefused) {
         exchange.call->result("dropped");
         return;
     }
-    const WebAnswer answer = site.Answer(request.method, exchange.target, exchange.trouble);
+    const WebAnswer answer = site.Answer(request.method, exchange.target, exchange.fault);
     response.status = answer.status;
     response.set_content(answer.body, answer.type.c_str());
     exchange.call->result(answer.status);
 }
 
-// Closing with no time to linger sends a reset instead of an orderly end.
+// Closing a socket with a linger time of zero sends a reset instead of an orderly end.
 void SendReset(socket_t sock) {
     const linger noTime{1, 0};
     setsockopt(sock, SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&noTime), sizeof noTime);
@@ -159,7 +159,7 @@ void SendReset(socket_t sock) {
 
 }  // namespace
 
-// One request a connection, each a line of the journal. A planned failure closes the connection without an answer.
+// One request per connection, each a line of the call log. An injected fault closes the connection without a response.
 class WebServer::Listener : private httplib::Server {
  public:
     explicit Listener(Site& site);
@@ -184,9 +184,9 @@ WebServer::Listener::Listener(Site& site) : site_(site) {
     Get(".*", handle);
     Post(".*", handle);
     port_ = bind_to_any_port("127.0.0.1");
-    if (port_ <= 0) throw std::runtime_error("The web server finds no port to listen on.");
+    if (port_ <= 0) throw std::runtime_error("The web server cannot listen on any port.");
     thread_ = std::thread([this] { listen_after_bind(); });
-    // stop() does nothing to a listener that is not running yet, so nobody may call it before.
+    // stop() does nothing while the listener is not running yet, so wait before returning.
     while (!is_running())
         std::this_thread::yield();
 }
@@ -203,12 +203,12 @@ bool WebServer::Listener::process_and_close_socket(socket_t sock) {
         svr_sock_, sock, keep_alive_max_count_, keep_alive_timeout_sec_, read_timeout_sec_, read_timeout_usec_,
         write_timeout_sec_, write_timeout_usec_,
         [&](httplib::Stream& stream, bool closeConnection, bool& connectionClosed) {
-            FaultyStream spoilt(stream);
-            return process_request(spoilt, closeConnection, connectionClosed,
-                                   [&](httplib::Request& request) { Arrive(site_, exchange, request, spoilt); });
+            FaultyStream faulty(stream);
+            return process_request(faulty, closeConnection, connectionClosed,
+                                   [&](httplib::Request& request) { Arrive(site_, exchange, request, faulty); });
         });
     currentExchange = nullptr;
-    if (FaultyStream::EndsWithReset(exchange.trouble))
+    if (FaultyStream::EndsWithReset(exchange.fault))
         SendReset(sock);
     else
         httplib::detail::shutdown_socket(sock);

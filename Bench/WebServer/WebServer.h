@@ -1,7 +1,7 @@
-// Stand-in for the manufacturer's web server: the site on the loopback. It is reached under the manufacturer's own
-// addresses, because UseAsProxy leads WinINet of this process and of its children to it. Every request is a line of the
-// journal ("GET /klimora/export/0F….xml -> 200"), in the order of arrival; a planned failure of "GET" or "POST" is met
-// as kRefused. What it imitates is in docs/contracts/webserver.md.
+// Fake of the manufacturer's web server: the site on the loopback interface. It is reached under the manufacturer's own
+// addresses, because UseAsProxy directs WinINet of this process and its children to it. Every request is a line of the
+// call log ("GET /klimora/export/0F….xml -> 200"), in order of arrival; an injected fault of "GET" or "POST" acts as
+// kRefused. docs/contracts/webserver.md states what it imitates.
 #pragma once
 
 #include <memory>
@@ -13,12 +13,12 @@ namespace bench {
 
 class WebServer : public Site {
  public:
-    // `catalogue` is the catalogue file (see Bench/Sample). The server listens when the constructor returns; throws
+    // `catalogue` is the catalogue file (see Bench/Sample). The server listens when the constructor returns. Throws
     // std::runtime_error with the reason when it cannot.
     explicit WebServer(const std::string& catalogue);
     ~WebServer();
 
-    // From now on WinINet of this process and of the processes that it starts comes here, until another server is used.
+    // Directs WinINet of this process and of its new child processes to this server, until another one is used.
     void UseAsProxy() const;
 
  private:

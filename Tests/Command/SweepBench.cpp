@@ -49,7 +49,7 @@ HANDLE Duplicate(HANDLE handle) {
 void Request(const char* method, const std::string& text) {
     const bench::RequestTarget target = bench::ParseRequestTarget(text);
     bench::Call call(method, target.text());
-    call.result(TheWebServer().Answer(method, target, TheWebServer().Arrived(method, target)).status);
+    call.result(TheWebServer().Answer(method, target, TheWebServer().RecordRequest(method, target)).status);
 }
 
 BOOL WINAPI LaunchConfigurator(LPCSTR program, LPSTR line, LPSECURITY_ATTRIBUTES process, LPSECURITY_ATTRIBUTES thread,
