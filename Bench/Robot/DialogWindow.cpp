@@ -42,7 +42,7 @@ BoxIcon KindOf(HICON icon) {
                  {reinterpret_cast<LPCSTR>(IDI_EXCLAMATION), BoxIcon::kWarning},
                  {reinterpret_cast<LPCSTR>(IDI_QUESTION), BoxIcon::kQuestion},
                  {reinterpret_cast<LPCSTR>(IDI_ASTERISK), BoxIcon::kInformation}};
-    // System icons are shared: loading one twice gives the same handle.
+    // System icons are shared: loading one twice returns the same handle.
     for (const auto& candidate : known)
         if (LoadIconA(nullptr, candidate.resource) == icon) return candidate.kind;
     return BoxIcon::kOther;
@@ -133,7 +133,7 @@ std::string PressButtonOf(HWND dialog, int button) {
     HWND control = GetDlgItem(dialog, button);
     if (!control) return "there is no button " + std::to_string(button);
     if (!CanBeOperated(control)) return "button " + std::to_string(button) + " is greyed or hidden";
-    // Posted, because the answer may open the next box before it returns.
+    // Posted, because the press may open another box before it returns.
     PostMessageA(control, BM_CLICK, 0, 0);
     return {};
 }

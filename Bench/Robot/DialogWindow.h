@@ -1,5 +1,6 @@
-// Reading and operating dialog windows of this process from another thread. Every message that is sent has a bound; a
-// window that does not answer reads as empty. Failure to operate a control is told as a sentence, empty on success.
+// Reads and operates dialog windows of this process from another thread. Every message sent has a timeout; a window
+// that does not respond reads as empty. Functions that operate a control return an empty string on success, otherwise a
+// sentence.
 #pragma once
 
 #include <windows.h>
@@ -11,7 +12,7 @@
 
 namespace bench {
 
-// Dialog windows of this process that a user could operate now (visible and enabled), topmost first.
+// Returns the visible and enabled dialog windows of this process, topmost first.
 std::vector<HWND> OpenDialogs();
 bool HasControls(HWND dialog);
 bool CanBeOperated(HWND window);
@@ -20,9 +21,9 @@ SeenDialog LookAt(HWND dialog, HWND watched);
 
 std::string TypeInto(HWND dialog, int control, const std::string& text);
 std::string PressButtonOf(HWND dialog, int button);
-// The id of the push button with this text (without ampersand), 0 when there is none.
+// Returns the id of the push button with this text (without ampersand); 0 when there is none.
 int ButtonNamed(const SeenDialog& dialog, const std::string& text);
-// The close button of the frame, which a box that must be answered has greyed.
+// Presses the frame's close button, which is greyed when a box must be answered.
 std::string CloseByFrame(HWND dialog);
 
 }  // namespace bench

@@ -32,7 +32,7 @@ const char* NameOf(BoxIcon icon) {
         case BoxIcon::kOther:
             break;
     }
-    return "an icon of its own";
+    return "a custom icon";
 }
 
 }  // namespace
@@ -66,8 +66,8 @@ Expectation AnyDialog() {
     return {"a dialog", [](const SeenDialog& seen) { return !seen.edits.empty(); }};
 }
 
-Expectation::Expectation(const std::string& name, std::function<bool(const SeenDialog&)> meant)
-    : name_(name), meant_(std::move(meant)) {}
+Expectation::Expectation(const std::string& name, std::function<bool(const SeenDialog&)> matches)
+    : name_(name), matches_(std::move(matches)) {}
 
 Expectation& Expectation::Captioned(const std::string& caption) {
     caption_ = caption;

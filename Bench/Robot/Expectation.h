@@ -1,9 +1,9 @@
-// What a script expects of the next dialog, and what is done with it. Built in one expression and given to the robot:
+// What a test or script expects of the next dialog, and how it is answered. Built in one expression and passed to the
+// robot:
 //   Box("User code is already in use.").Icon(BoxIcon::kWarning).AnswerWith("No")
 //   Dialog("Configurator").Type(1102, "SORV7").Press(IDOK)
-// The text of a box or the caption of a dialog says which one is meant; everything else that is expected is checked,
-// and a difference becomes a complaint while the answer is given all the same, so that one fault does not hide the
-// next.
+// A box is identified by its text, a dialog by its caption. Everything else expected is checked; a difference becomes a
+// complaint, but the answer is still given, so that one fault does not hide the next.
 #pragma once
 
 #include <functional>
@@ -18,20 +18,20 @@ namespace bench {
 
 class Expectation {
  public:
-    // What is done with the dialog, on the robot's thread: an empty text, or what hindered it.
+    // An action on the dialog, run on the robot's thread. Returns an empty string, or what prevented it.
     using Step = std::function<std::string(const SeenDialog& seen)>;
 
-    // `name` is how a complaint calls it, `meant` tells whether a dialog is the one.
-    Expectation(const std::string& name, std::function<bool(const SeenDialog& seen)> meant);
+    // `name` identifies it in complaints; `matches` decides whether a dialog is the expected one.
+    Expectation(const std::string& name, std::function<bool(const SeenDialog& seen)> matches);
 
     Expectation& Captioned(const std::string& caption);
     Expectation& Icon(BoxIcon icon);
-    // Texts of the push buttons, in their order: {"Yes", "No"}.
+    // The texts of the push buttons in their order: {"Yes", "No"}.
     Expectation& Buttons(const std::vector<std::string>& texts);
-    // The field's text before anything is typed.
+    // The field's text before typing.
     Expectation& Shows(int control, const std::string& text);
 
-    // Replaces what the field holds, key by key, so that the field's own limit holds.
+    // Replaces the field's text key by key, so that the field's length limit applies.
     Expectation& Type(int control, const std::string& text);
     Expectation& Press(int button);
     Expectation& AnswerWith(const std::string& buttonText);
@@ -40,8 +40,8 @@ class Expectation {
     Expectation& Look(const std::function<void(const SeenDialog& seen)>& observer);
 
     const std::string& name() const { return name_; }
-    bool Meant(const SeenDialog& seen) const { return meant_(seen); }
-    // Everything that differs, one sentence each.
+    bool Matches(const SeenDialog& seen) const { return matches_(seen); }
+    // Returns all differences, one sentence each.
     std::vector<std::string> Differences(const SeenDialog& seen) const;
     const std::vector<Step>& steps() const { return steps_; }
 
@@ -49,7 +49,7 @@ class Expectation {
     Expectation& Do(Step step);
 
     std::string name_;
-    std::function<bool(const SeenDialog&)> meant_;
+    std::function<bool(const SeenDialog&)> matches_;
     std::optional<std::string> caption_;
     std::optional<BoxIcon> icon_;
     std::optional<std::vector<std::string>> buttons_;
@@ -59,11 +59,11 @@ class Expectation {
 
 // A message box (no edit fields) with exactly this text.
 Expectation Box(const std::string& text);
-// A message box, whatever its text.
+// A message box with any text.
 Expectation AnyBox();
 // A dialog with exactly this caption.
 Expectation Dialog(const std::string& caption);
-// A dialog with edit fields, whatever its caption.
+// A dialog with edit fields and any caption.
 Expectation AnyDialog();
 
 }  // namespace bench

@@ -1,4 +1,4 @@
-// GDI+ and its start and end. Its header takes min and max for macros.
+// Starts and stops GDI+. Its header needs min and max without qualification.
 #pragma once
 
 #include <windows.h>

@@ -16,7 +16,7 @@ std::condition_variable markerTaken;
 std::set<LPARAM> markersUnderway;
 LPARAM lastMarker = 0;
 
-// Runs on the thread that owns the window, whenever its loop takes a message.
+// Runs on the thread that owns the window, each time its loop takes a message.
 LRESULT CALLBACK SeeMessage(int code, WPARAM removed, LPARAM message) {
     const MSG* taken = reinterpret_cast<const MSG*>(message);
     if (code >= 0 && removed == PM_REMOVE && taken->message == WM_NULL && taken->wParam == kMarker) {
@@ -61,7 +61,7 @@ LoopState WaitForMessageLoop(HWND window, DWORD milliseconds) {
             state = LoopState::kRunning;
             break;
         }
-        // A marker posted to a window that is destroyed never arrives.
+        // A marker posted to a destroyed window never arrives.
         if (!IsWindowVisible(window)) {
             state = LoopState::kGone;
             break;

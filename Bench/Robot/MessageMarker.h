@@ -1,5 +1,5 @@
-// Tells when the message loop of a window's thread has taken everything that was posted to it before: a marker message
-// is posted, and a hook in that thread sees it leave the queue. Works for windows of this process, from any thread.
+// Waits until the message loop of a window's thread has processed all messages posted before: posts a marker message,
+// and a hook in that thread sees it leave the queue. Works for windows of this process, from any thread.
 #pragma once
 
 #include <windows.h>
@@ -7,9 +7,9 @@
 namespace bench {
 
 enum class LoopState {
-    kRunning,  // the loop took the marker, so all that was posted before is handled or has a loop of its own
-    kGone,     // the window was destroyed or hidden meanwhile
-    kBusy      // neither within the bound
+    kRunning,  // the loop took the marker: earlier messages are handled or run a nested loop
+    kGone,     // the window was destroyed or hidden
+    kBusy      // neither within the timeout
 };
 
 LoopState WaitForMessageLoop(HWND window, DWORD milliseconds);

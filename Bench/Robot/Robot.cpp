@@ -10,8 +10,8 @@ namespace bench {
 namespace {
 
 constexpr auto kLookAround = std::chrono::milliseconds(10);
-constexpr DWORD kLoopBound = 2000;     // until a dialog's loop runs; after it the robot looks around again
-constexpr DWORD kAnswerBound = 20000;  // until an answer is taken, with all the work that it sets off
+constexpr DWORD kLoopBound = 2000;     // for a dialog's loop to run; then the robot checks all dialogs again
+constexpr DWORD kAnswerBound = 20000;  // for an answer to be taken, including the work that it starts
 constexpr int kAttemptsToClose = 3;
 
 }  // namespace
@@ -41,7 +41,7 @@ std::vector<std::string> Robot::Complaints() const {
     std::lock_guard<std::mutex> lock(mutex_);
     std::vector<std::string> all = complaints_;
     for (const Expectation& expectation : expected_)
-        all.push_back("Expected, but it never came: " + expectation.name() + ".");
+        all.push_back("Expected, but never shown: " + expectation.name() + ".");
     return all;
 }
 
@@ -56,42 +56,42 @@ void Robot::Run() {
     std::unique_lock<std::mutex> lock(mutex_);
     while (!stop_) {
         lock.unlock();
-        LookAround();
+        CheckDialogs();
         lock.lock();
         stopping_.wait_for(lock, kLookAround, [this] { return stop_; });
     }
 }
 
-void Robot::LookAround() {
+void Robot::CheckDialogs() {
     ForgetClosedWindows();
     for (HWND dialog : OpenDialogs()) {
         if (!HasControls(dialog)) continue;
         const auto attempts = attemptsToClose_.find(dialog);
         if (attempts != attemptsToClose_.end() && attempts->second >= kAttemptsToClose) continue;
-        // Only the topmost: what lies under it may be gone once it is answered.
-        Meet(dialog);
+        // Only the topmost, because answering it may close those below.
+        AnswerDialog(dialog);
         return;
     }
 }
 
-// A handle may be given to another window later.
+// Handles of closed windows may be reused.
 void Robot::ForgetClosedWindows() {
     for (auto entry = attemptsToClose_.begin(); entry != attemptsToClose_.end();)
         entry = IsWindow(entry->first) ? std::next(entry) : attemptsToClose_.erase(entry);
 }
 
-void Robot::Meet(HWND dialog) {
+void Robot::AnswerDialog(HWND dialog) {
     if (WaitForMessageLoop(dialog, kLoopBound) != LoopState::kRunning || !CanBeOperated(dialog)) return;
     const SeenDialog seen = LookAt(dialog, watched_);
     const std::optional<Expectation> expectation = Take(seen);
     if (!expectation) {
-        PutAway(seen);
+        CloseUnexpected(seen);
     } else {
         for (const std::string& difference : expectation->Differences(seen))
             Complain(difference);
         for (const Expectation::Step& step : expectation->steps()) {
-            const std::string trouble = step(seen);
-            if (!trouble.empty()) Complain("At " + expectation->name() + " " + trouble + ".");
+            const std::string problem = step(seen);
+            if (!problem.empty()) Complain("At " + expectation->name() + " " + problem + ".");
         }
     }
     if (WaitForMessageLoop(dialog, kAnswerBound) == LoopState::kBusy)
@@ -102,11 +102,11 @@ std::optional<Expectation> Robot::Take(const SeenDialog& seen) {
     std::lock_guard<std::mutex> lock(mutex_);
     seen_.push_back(seen);
     if (expected_.empty()) {
-        complaints_.push_back("Nothing was expected any more, but there came " + seen.Describe() + ".");
+        complaints_.push_back("No further dialog was expected, but found " + seen.Describe() + ".");
         return {};
     }
-    if (!expected_.front().Meant(seen)) {
-        complaints_.push_back("Expected was " + expected_.front().name() + ", but there came " + seen.Describe() + ".");
+    if (!expected_.front().Matches(seen)) {
+        complaints_.push_back("Expected " + expected_.front().name() + ", but found " + seen.Describe() + ".");
         return {};
     }
     Expectation expectation = expected_.front();
@@ -114,8 +114,8 @@ std::optional<Expectation> Robot::Take(const SeenDialog& seen) {
     return expectation;
 }
 
-// Closes an unexpected dialog with the button that changes least.
-void Robot::PutAway(const SeenDialog& seen) {
+// Closes an unexpected dialog with the button that has the least effect.
+void Robot::CloseUnexpected(const SeenDialog& seen) {
     ++attemptsToClose_[seen.window];
     for (int button : {IDCANCEL, IDNO, IDOK, IDABORT})
         if (PressButtonOf(seen.window, button).empty()) return;

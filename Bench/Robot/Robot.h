@@ -1,9 +1,9 @@
-// The user in front of the dialogs: a thread that finds the dialog windows and message boxes of its own process, notes
-// what they show, and answers them by a script. The robot owns its thread; the destructor joins it. Every box that is
-// met must be expected, in order: an unexpected one is noted as a complaint and closed, an expectation that no dialog
-// met is a complaint too. A dialog is touched only when its own message loop runs, and an answer counts as given when
-// that loop has taken it, so nothing depends on time. A dialog that stays open after its answer is met again by the
-// next expectation. Dialogs without controls ask nothing and are left alone.
+// Simulates the user at dialogs: a thread that finds the dialog windows and message boxes of its own process, records
+// their contents and answers them by a script. The robot owns its thread; the destructor joins it. Dialogs must appear
+// as expected, in order: an unexpected one is recorded as a complaint and closed; an expectation without a dialog is a
+// complaint too. A dialog is operated only while its own message loop runs, and an answer counts as given when that
+// loop has taken it, so results do not depend on timing. A dialog that stays open after its answer must meet the next
+// expectation. Dialogs without controls are ignored.
 #pragma once
 
 #include <windows.h>
@@ -24,30 +24,30 @@ namespace bench {
 
 class Robot {
  public:
-    // `watched` is a window whose enabled state is noted with every dialog (an application's main window), or null.
+    // `watched` is a window whose enabled state is recorded with every dialog (an application's main window), or null.
     explicit Robot(HWND watched = nullptr);
     ~Robot();
     Robot(const Robot&) = delete;
     Robot& operator=(const Robot&) = delete;
 
-    // Safe from any thread and at any time; expectations are met in the order in which they were given.
+    // Adds an expectation to the end of the queue. Thread-safe.
     void Expect(const Expectation& expectation);
 
-    // Dialogs answered so far, a dialog that stayed open once for every answer.
+    // Returns the dialogs answered so far; one that stayed open appears once per answer.
     std::vector<SeenDialog> Seen() const;
-    // What went wrong so far, with one sentence for every expectation that is still unmet. Empty after a good run.
+    // Returns the complaints so far and a sentence for every unmet expectation. Empty after a good run.
     std::vector<std::string> Complaints() const;
-    // Forgets expectations, complaints and what was seen.
+    // Clears expectations, complaints and recorded dialogs.
     void Reset();
 
  private:
     void Run();
-    void LookAround();
+    void CheckDialogs();
     void ForgetClosedWindows();
-    void Meet(HWND dialog);
-    // The next expectation, when this dialog is the one that it means; otherwise a complaint.
+    void AnswerDialog(HWND dialog);
+    // Takes the next expectation if it matches this dialog; otherwise records a complaint.
     std::optional<Expectation> Take(const SeenDialog& seen);
-    void PutAway(const SeenDialog& seen);
+    void CloseUnexpected(const SeenDialog& seen);
     void Complain(const std::string& sentence);
 
     const HWND watched_;
@@ -57,8 +57,8 @@ class Robot {
     std::deque<Expectation> expected_;
     std::vector<SeenDialog> seen_;
     std::vector<std::string> complaints_;
-    std::map<HWND, int> attemptsToClose_;  // the robot's thread only
-    std::thread thread_;                   // last: it uses all the others
+    std::map<HWND, int> attemptsToClose_;  // used by the robot's thread only
+    std::thread thread_;                   // declared last: uses the members above
 };
 
 }  // namespace bench

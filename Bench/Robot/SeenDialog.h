@@ -1,5 +1,5 @@
-// What the robot saw of a dialog window or message box, at the moment before it answered. A value without handles that
-// must be given back; window handles in it serve comparison only, the windows may be gone.
+// The contents of a dialog window or message box just before the robot answered it. Window handles in it are for
+// comparison only; the windows may no longer exist.
 #pragma once
 
 #include <windows.h>
@@ -19,27 +19,27 @@ struct SeenButton {
 struct SeenEdit {
     int id;
     std::string text;
-    size_t limit;  // most characters that can be typed; the system's own limit is 30000 or more
+    size_t limit;  // maximum number of characters; the system default is 30000 or more
 };
 
 struct SeenDialog {
     HWND window = nullptr;
     std::string caption;
-    std::string text;  // of the static texts, in their order, joined by line breaks
+    std::string text;  // of all static controls in order, joined by line breaks
     BoxIcon icon = BoxIcon::kNone;
-    std::vector<SeenButton> buttons;  // push buttons, in their order
+    std::vector<SeenButton> buttons;  // push buttons in order
     std::vector<SeenEdit> edits;
-    HICON smallIcon = nullptr;  // as the window answers WM_GETICON
+    HICON smallIcon = nullptr;  // from WM_GETICON
     HICON largeIcon = nullptr;
-    int focusId = 0;  // control with the keyboard focus, 0 when none of this dialog has it
+    int focusId = 0;  // control with the keyboard focus; 0 if none in this dialog
     HWND owner = nullptr;
-    bool watchedEnabled = false;  // the window that the robot was told to watch
+    bool watchedEnabled = false;  // of the robot's watched window
     RECT rectangle{};
     RECT ownerRectangle{};
 
-    // Texts of the buttons, in their order, joined by blanks: "Yes No".
+    // Returns the button texts in order, joined by blanks: "Yes No".
     std::string ButtonTexts() const;
-    // One line for a complaint: box "text", caption "…", buttons OK, error icon.
+    // Returns one line for a complaint: box "text", caption "…", buttons OK, error icon.
     std::string Describe() const;
 };
 

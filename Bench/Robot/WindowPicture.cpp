@@ -50,8 +50,8 @@ bool NeedsPainting(HWND window) {
     return needs;
 }
 
-// Windows paint themselves when their loop has nothing else to do; after the last one took its turn the loop is asked
-// once more, so that it has finished.
+// Windows paint when their loop is otherwise idle. After the last window has started, waits for the loop once more so
+// that its painting has finished.
 void WaitUntilPainted(HWND window) {
     RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
     for (int turn = 0; turn < kPaintTurns && NeedsPainting(window); ++turn)

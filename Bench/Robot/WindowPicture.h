@@ -1,4 +1,4 @@
-// Pictures of windows, for people: the window with its frame and caption as the screen shows it, as a PNG file.
+// Saves a picture of a window, with frame and caption as on the screen, as a PNG file.
 #pragma once
 
 #include <windows.h>
@@ -7,7 +7,7 @@
 
 namespace bench {
 
-// An empty text on success, otherwise a sentence. Parents of the file must exist; an existing file is replaced.
+// Returns an empty string on success, otherwise a sentence. The file's folder must exist; an existing file is replaced.
 std::string SavePictureOf(HWND window, const std::string& file);
 
 }  // namespace bench

@@ -19,7 +19,7 @@ function(run_host script expected)
 endfunction()
 
 run_host(${SAMPLE} 0
-  "Command SorvSIL: committed" "All went as it should" " 8  product family +SRC-250-900")
+  "Command SorvSIL: committed" "The run succeeded" " 8  product family +SRC-250-900")
 run_host(${FAILING} 1
   "The command NOSUCH is not known" "The command NOSUCH left 1 answer of" "The command SorvSIL did not commit"
-  "it never came")
+  "never shown")

@@ -24,7 +24,7 @@ TEST(HostScript, ReportsErrorsWithTheirLine) {
         {"# job\n\ncommand X\r\n  pick 2A3\n  dialog type 1 A B\n  dialog press OK\n  enter\n", ""},
         {"# nothing\n", "The script has no command."},
         {"pick 2A3\n", "Line 1: \"pick\" comes before the first command."},
-        {"command X\ndance\n", "Line 2: \"dance\" is no step."},
+        {"command X\ndance\n", "Line 2: \"dance\" is not a step."},
         {"command X\n\npick\n", "Line 3: \"pick\" needs a value."},
         {"command X\nenter now\n", "Line 2: \"enter\" takes no value."},
         {"command X\ndialog type field A\n", "Line 2: \"dialog type\" needs the number of a field."},
@@ -46,7 +46,7 @@ TEST(HostScript, PressesTheNamedButtonOfABox) {
     for (const Expectation& box : script[0].dialogs)
         robot.Expect(box);
     EXPECT_EQ(IDYES, MessageBoxA(nullptr, "Replace?", "X", MB_YESNO));
-    EXPECT_THAT(robot.Complaints(), ElementsAre("Expected, but it never came: a box."));
+    EXPECT_THAT(robot.Complaints(), ElementsAre("Expected, but never shown: a box."));
     EXPECT_EQ(IDNO, MessageBoxA(nullptr, "Replace?", "X", MB_YESNO));
     EXPECT_THAT(robot.Complaints(), Contains("At a box there is no button \"Maybe\"."));
 }

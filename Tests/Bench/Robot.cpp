@@ -57,7 +57,7 @@ TEST(RobotTest, ReportsEveryDifferenceAndStillAnswers) {
 
     SeenDialog dialog;
     dialog.edits = {{1102, "SORV1", 10}};
-    EXPECT_FALSE(Dialog("Code").Meant(dialog));
+    EXPECT_FALSE(Dialog("Code").Matches(dialog));
     EXPECT_THAT(Dialog("Code").Shows(1102, "SORV2").Shows(7, "").Differences(dialog),
                 ElementsAre("The field 1102 of the dialog \"Code\" was expected to be \"SORV2\" and is \"SORV1\".",
                             "There is no field 7 in the dialog \"Code\"."));
@@ -75,9 +75,9 @@ TEST(RobotTest, ClosesUnexpectedBoxesAndReportsUnmetExpectations) {
     EXPECT_EQ(IDOK, ShowBox("Another", MB_OK));
     const std::vector<std::string> complaints = robot.Complaints();
     ASSERT_EQ(std::size(cases) + 2, complaints.size());
-    EXPECT_THAT(complaints.front(), HasSubstr("Nothing was expected any more, but there came the box \"Surprise\""));
-    EXPECT_THAT(complaints[4], HasSubstr("Expected was the box \"Never shown\", but there came the box \"Another\""));
-    EXPECT_THAT(complaints[5], HasSubstr("it never came: the box \"Never shown\""));
+    EXPECT_THAT(complaints.front(), HasSubstr("No further dialog was expected, but found the box \"Surprise\""));
+    EXPECT_THAT(complaints[4], HasSubstr("Expected the box \"Never shown\", but found the box \"Another\""));
+    EXPECT_THAT(complaints[5], HasSubstr("never shown: the box \"Never shown\""));
     robot.Reset();
     EXPECT_THAT(robot.Complaints(), IsEmpty());
 }
@@ -89,7 +89,7 @@ TEST(RobotTest, ReportsControlsThatTheBoxLacks) {
     EXPECT_THAT(robot.Complaints(), ElementsAre("At the box \"Choose\" there is no control 1102 to type into.",
                                                 "At the box \"Choose\" there is no button 4.",
                                                 "At the box \"Choose\" there is no button \"Maybe\".",
-                                                HasSubstr("Nothing was expected any more")));
+                                                HasSubstr("No further dialog was expected")));
 }
 
 }  // namespace
