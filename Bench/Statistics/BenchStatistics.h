@@ -1,7 +1,7 @@
-// The bench's side of the statistics stand-in: the events as they arrived, in order, each with its fourteen fields.
-// What of this is known of the real library, and what is assumed, stands in docs/contracts/statistics.md. The order of
-// calls is watched: what is out of order is accused, and an object is owed ("statistics object") until it is destroyed.
-// A planned failure loses the event, or leaves it unsent, without a sign to the module.
+// Bench interface of the statistics fake: the events in order of arrival, each with its fourteen fields.
+// docs/contracts/statistics.md states what is known and what is assumed about the real library. Calls out of order are
+// reported as violations; a "statistics object" is outstanding until it is destroyed. An injected fault loses the event
+// or leaves it unsent, without an error for the module.
 #pragma once
 
 #include <string>
@@ -18,7 +18,7 @@ namespace bench {
 struct StatisticsEvent {
     std::string name;
     std::vector<std::string> fields;  // in the order of PluginStat
-    bool sent = false;                // FlushStatistics came after it
+    bool sent = false;                // FlushStatistics was called after it
 };
 
 BENCH_STATISTICS_API std::vector<StatisticsEvent> StatisticsEvents();

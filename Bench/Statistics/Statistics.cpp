@@ -39,11 +39,11 @@ std::string Joined(const std::vector<std::string>& fields) {
 
 struct KlimoraPluginsStatisticsWrapper::Implementation {
     std::string client;
-    std::vector<size_t> kept;  // places in Events() that wait to be sent
-    bool added = false;        // an event was handed over since the last flush, also one that the plan let be lost
+    std::vector<size_t> kept;  // indices in Events() of unsent events
+    bool added = false;        // an event was added since the last flush, even if a fault lost it
     bool closed = false;
 
-    // Called first by every operation: nothing but the destructor may follow the end of the work.
+    // Every operation calls this first: after CloseStatistics only the destructor may follow.
     void CheckOpen(const char* operation) const {
         if (closed)
             bench::ReportViolation(std::string("Statistics: ") + operation + " was called after CloseStatistics.");
@@ -76,7 +76,7 @@ void KlimoraPluginsStatisticsWrapper::AddInsertStatistics(const wchar_t* event, 
         bench::ReportViolation("Statistics: AddInsertStatistics was called without an event name.");
     if (!record) bench::ReportViolation("Statistics: AddInsertStatistics was called without a record.");
     implementation_->added = true;
-    if (call.fails()) return;  // a lost event: the library tells nobody
+    if (call.fails()) return;  // the event is lost; the library reports no error
     implementation_->kept.push_back(Events().size());
     Events().push_back({Text(event), fields, false});
 }

@@ -1,5 +1,5 @@
-// typelib_slots TYPE-LIBRARY [--check LISTING]: prints the interfaces of a type library, or what of them differs from
-// the listing. Ends with 0, with 1 when something differs, and with 2 when it could not compare.
+// typelib_slots TYPE-LIBRARY [--check LISTING]: prints the interfaces of a type library, or their differences from the
+// listing. Exits with 0, with 1 for differences, or with 2 on an error.
 #include <cstdio>
 #include <exception>
 #include <string>

@@ -27,7 +27,7 @@ void Check(HRESULT result, const std::string& what) {
     if (FAILED(result)) throw std::runtime_error(what + " cannot be read (" + code + ").");
 }
 
-// The description of a type, which goes back to the type that gave it.
+// A type description, which must be released by its own type.
 class TypeAttributes {
  public:
     explicit TypeAttributes(ITypeInfo& type) : type_(type) { Check(type.GetTypeAttr(&attributes_), "A type"); }
@@ -55,7 +55,7 @@ Owned<ITypeInfo> Referenced(ITypeInfo& type, HREFTYPE reference) {
     return Owned<ITypeInfo>(referenced);
 }
 
-// As clang spells the C++ type.
+// Spells the C++ type as clang does.
 std::string TypeName(ITypeInfo& type, const TYPEDESC& description) {
     static const struct {
         VARTYPE type;
@@ -97,7 +97,7 @@ std::string TypeName(ITypeInfo& type, const TYPEDESC& description) {
     return "type " + std::to_string(description.vt);
 }
 
-// A dual interface shows itself as the one for scripts; behind it, under -1, is the one with slots.
+// A dual interface first describes itself as a dispatch interface; index -1 leads to the one with slots.
 Owned<ITypeInfo> WithSlots(Owned<ITypeInfo> type) {
     HREFTYPE partner = 0;
     if (TypeAttributes(*type)->typekind == TKIND_DISPATCH && SUCCEEDED(type->GetRefTypeOfImplType(UINT(-1), &partner)))
@@ -134,7 +134,7 @@ std::string IdentifierText(const GUID& identifier) {
     return Utf8(text);
 }
 
-// "slot result name(types)"; false when the line is something else.
+// Parses "slot result name(types)". Returns false for any other line.
 bool ReadMethod(const std::string& line, InterfaceMethod& method) {
     const size_t open = line.find('('), end = line.rfind(')');
     const size_t name = line.rfind(' ', open) + 1, result = line.find_first_not_of("0123456789 ");
