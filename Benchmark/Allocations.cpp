@@ -5,7 +5,7 @@
 
 long long allocations = 0;
 
-// The program's other forms of allocation end in these.
+// All other forms of operator new and delete call these.
 void* operator new(std::size_t size) {
     ++allocations;
     if (void* const block = std::malloc(size)) return block;

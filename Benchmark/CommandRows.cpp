@@ -31,7 +31,7 @@ constexpr char kUserCode[] = "NEW";
 constexpr char kParts[] = "/Project/KPDClass[dSilencerType]/Part";
 const std::string kResultAddress = SORVIK_WEB_SERVER "/klimora/export/result.xml";
 
-// The sample project with so many silencers, SORV1, SORV2, …
+// Opens the sample project with this number of silencers: SORV1, SORV2, …
 void OpenProjectOf(int silencers) {
     const std::string head = "<Name>dSilencerType</Name>";
     std::string project = ReadWholeFile(SAMPLE_FOLDER "/office.xml"), parts, error;
@@ -60,12 +60,12 @@ short LearnInsertion(KB_HANDLE, KB_RECORD*, short attribute, const void* value, 
     return 0;
 }
 
-// What a run needs of its dependencies, without the module.
+// A run's calls to its dependencies, without the module.
 class BareCalls {
  public:
     BareCalls(KLIMCOMSRVLib::IKlimora200805* server, int silencers) : server_(server), silencers_(silencers) {}
 
-    // The codes, the product's record and the product itself: all between the dialog's OK and the queued command.
+    // User codes, product record and product: everything between the dialog's OK and the queued command.
     void Install() const {
         Ask("Count(" + std::string(kParts) + ")");
         for (int i = 0; i <= silencers_; ++i)
@@ -80,11 +80,11 @@ class BareCalls {
             "</Usercode><Productfamilykey>" + kProduct + "</Productfamilykey></ManageProductData>";
         long result = 0;
         server_->manageProductData(BStr(command.c_str()).get(), &result);
-        if (result != 0) throw std::runtime_error("the server does not take the product");
+        if (result != 0) throw std::runtime_error("the server rejects the product");
         acDocManager->sendStringToExecute(acDocManager->curDocument(), L"KLIMSILX\nSRC-250-900\nNEW\n", true, false,
                                           false);
     }
-    // And what comes before: the export, the result, and the proposal of a code.
+    // The whole run: also export, result and the proposed user code.
     void Run() const {
         for (int i = 0; i < silencers_; ++i) {
             for (const char* name : {"ProductKey", "ProductCode", "UserCode", "Usercode"})
@@ -124,7 +124,7 @@ class BareCalls {
     const TestFolder folder_;
 };
 
-// The user code is in the dialog, and OK is pressed.
+// The work after OK in the dialog.
 void InstallFrom(KlConn& session) {
     session.IsUserCodeInUse(kSilencerClass, kUserCode);
     session.CurrentDevice()->SetAttribute("UserCode", kUserCode);
@@ -132,10 +132,10 @@ void InstallFrom(KlConn& session) {
         throw std::runtime_error("the silencer is not installed: " + bench::Transcript());
 }
 
-// A run in which everybody answers at once, the user too.
+// A run in which all dependencies and the user respond at once.
 double RunAlone(const std::string& result, int silencers) {
     const QuickServer server;
-    QuickServer::Have(silencers);
+    QuickServer::SetSilencers(silencers);
     const QuickRun run(result);
     const ImportPatch dialog(
         "DialogBoxParamA", +[](HINSTANCE, LPCSTR, HWND, DLGPROC, LPARAM session) -> INT_PTR {
@@ -167,7 +167,7 @@ void CommandRows(Table& table) {
         const RunningServer server;
         const BareCalls bare(server.get(), silencers);
         KlConn session;
-        if (session.Initialize() != 0) throw std::runtime_error("the session does not begin");
+        if (session.Initialize() != 0) throw std::runtime_error("the session cannot be initialized");
         WriteWholeFile(session.WorkingFolder() + "/output.xml", result);
         if (session.GetResultsFromConfigurator(nullptr) != 0) throw std::runtime_error("the result is refused");
         if (insertions.empty()) {

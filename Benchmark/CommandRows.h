@@ -1,8 +1,8 @@
-// The rows of the command as the user waits for it, against the same calls to Klimora, the record database and the web
-// server without the module. All of these are the fakes, on this machine; the user's own take longer.
+// The rows of the whole command as the user waits for it, against the same calls to Klimora, the record database and
+// the web server without the module. All of these are fakes; the real ones take longer.
 #pragma once
 
 #include "Table.h"
 
-// Within AutoCAD, and with Klimora running. Opens projects of its own.
+// Requires AutoCAD and Klimora to run. Opens its own projects.
 void CommandRows(Table& table);

@@ -28,7 +28,7 @@ std::string Bytes(size_t count) {
     return bytes;
 }
 
-// RFC 1321 step by step.
+// MD5 exactly as RFC 1321 describes it.
 uint32_t Rotate(uint32_t value, int bits) {
     return value << bits | value >> (32 - bits);
 }
@@ -83,7 +83,7 @@ void DigestRow(Table& table) {
     table.Same([&] { return ours == peers; });
 }
 
-// Whole groups, up to the first other character.
+// Decodes whole groups up to the first other character.
 std::string TableBase64Decode(const std::string& text) {
     static const std::array<int8_t, 256> indexes = [] {
         std::array<int8_t, 256> table;

@@ -1,4 +1,4 @@
-// The rows of ./benchmark. An argument leaves rows without it in their name out.
+// Runs the rows of ./benchmark. An argument selects the rows whose name contains it.
 #include <windows.h>
 #include <oleauto.h>
 
@@ -28,7 +28,7 @@ namespace {
 
 constexpr char kPath[] = "/Project/KPDClass[dSilencerType]/Part[1234]/ProductKey";
 
-// A result of so many devices, each with what a silencer usually has.
+// Returns a result with this number of devices, each with the usual content of a silencer.
 std::string ResultOf(int devices) {
     const std::string levels =
         "<Lw63>31</Lw63><Lw125>32</Lw125><Lw250>33</Lw250><Lw500>34</Lw500><Lw1000>35</Lw1000><Lw2000>36</Lw2000>"
@@ -45,8 +45,8 @@ std::string ResultOf(int devices) {
     return xml + "</r>";
 }
 
-// Lets the heap grow to the size that the rows need, so that their figures are not those of the kernel's pages: only
-// the end of a heap's part is given back, and a few blocks stay.
+// Grows the heap to the size that the rows need, so that they do not measure the kernel's page allocation. A few blocks
+// stay, because only the end of a heap segment is returned to the system.
 void GrowHeap() {
     static std::vector<std::unique_ptr<char[]>> blocks;
     for (int i = 0; i < 100 * 1024; ++i)
@@ -68,7 +68,7 @@ void TableHex(const void* bytes, size_t size, char* text) {
     *text = '\0';
 }
 
-// Measured, then formatted once.
+// Measures the length, then formats once.
 std::string MeasuredFormat(const char* format, const char* text, int number) {
     std::string formatted(static_cast<size_t>(std::snprintf(nullptr, 0, format, text, number)), '\0');
     std::snprintf(formatted.data(), formatted.size() + 1, format, text, number);
@@ -152,9 +152,9 @@ void AttributeRows(Table& table, const QuickServer& server) {
 
 // ---- Steps of the session --------------------------------------------------------------------------------------
 
-constexpr int kManyDevices = 1200;  // nearly as many as the limits of a result let through
+constexpr int kManyDevices = 1200;  // just below the limits of a result
 
-// Reads a result of so many devices, or takes what lies in the working folder, and gives a fresh document.
+// Reads the given result, or the one in the working folder, into a new document.
 void Take(KlConn& session, const std::string& result) {
     if (!result.empty()) WriteWholeFile(session.WorkingFolder() + "/output.xml", result);
     if (session.GetResultsFromConfigurator(nullptr) != 0) throw std::runtime_error("a result is refused");
@@ -188,12 +188,12 @@ void ResultRows(Table& table, KlConn& session) {
 }
 
 void SilencerRows(Table& table, KlConn& session, const QuickServer& server) {
-    // The time of one of so many silencers, from so many turns of the step.
+    // Returns the time per silencer, averaged over several turns of the step.
     const auto of = [](int silencers, int turns, auto step) {
         return [=] {
             double sum = 0;
             for (int turn = 0; turn < turns; ++turn) {
-                QuickServer::Have(silencers);
+                QuickServer::SetSilencers(silencers);
                 ticpp::Element list("list");
                 sum += Timed([&] { step(&list); })();
             }
@@ -207,7 +207,7 @@ void SilencerRows(Table& table, KlConn& session, const QuickServer& server) {
 
     const BStr part(""), attribute(kPath);
     table.Ratio("export of a silencer / its three calls", 14, of(100, 1, exporting), [&] {
-        QuickServer::Have(100);
+        QuickServer::SetSilencers(100);
         return 3 * Timed(
                        [&] {
                            BSTR answer = nullptr;
@@ -252,7 +252,7 @@ void EndRow(Table& table, KlConn& session) {
 }
 
 void RunRow(Table& table) {
-    QuickServer::Have(1000);
+    QuickServer::SetSilencers(1000);
     QuickRun::program = CreateEventA(nullptr, TRUE, TRUE, nullptr);
     bench::Robot robot(bench::MainWindow());
     robot.Expect(bench::Dialog("Configurator").Press(IDOK));
@@ -282,7 +282,7 @@ int Benchmark(const std::string& wanted) {
     GrowHeap();
     {
         const QuickServer server;
-        QuickServer::Have(1000);
+        QuickServer::SetSilencers(1000);
         const QuickRun run(ResultOf(1));
         {
             KlConn session;

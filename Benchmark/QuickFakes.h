@@ -1,4 +1,4 @@
-// Neighbours that answer at once, so that a figure is the module's and not a stand-in's. One of each at a time.
+// Fakes that respond at once, so that a row measures the module and not the fake. Only one of each may exist at a time.
 #pragma once
 
 #include <windows.h>
@@ -15,7 +15,7 @@
 #include "ImportPatch.h"
 #include "KLIMCOMSRVLib.h"
 
-// A reference to the interface of Klimora's running server.
+// Holds a reference to the interface of Klimora's running server.
 class RunningServer {
  public:
     RunningServer() {
@@ -36,14 +36,14 @@ class RunningServer {
     KLIMCOMSRVLib::IKlimora200805* server_ = nullptr;
 };
 
-// Klimora's running server with some slots of its own: it has silencers with the codes SORV1, SORV2, … and takes
-// attributes, binary variables and products without a look. Other questions go on to the stand-in and its journal.
+// Replaces some slots of Klimora's running server: it has silencers with the codes SORV1, SORV2, … and accepts
+// attributes, binary variables and products without checks. Other calls go to the Klimora fake and its call log.
 class QuickServer {
  public:
     QuickServer() {
         slots_ = *reinterpret_cast<void***>(server_.get());
         std::copy_n(slots_, own_.size(), own_.begin());
-        askStandIn_ = reinterpret_cast<decltype(askStandIn_)>(own_[9]);
+        forward_ = reinterpret_cast<decltype(forward_)>(own_[9]);
         own_[9] = reinterpret_cast<void*>(GetPartAtt);
         for (const int slot : {10, 19, 20, 21, 22})  // setPartAtt, binary variables, manageProductData
             own_[slot] = reinterpret_cast<void*>(TakeAnything);
@@ -53,13 +53,13 @@ class QuickServer {
     QuickServer(const QuickServer&) = delete;
     QuickServer& operator=(const QuickServer&) = delete;
 
-    static void Have(int silencers) {
+    static void SetSilencers(int silencers) {
         codeCount_ = std::to_wstring(silencers);
         codes_.clear();
         for (int i = 1; i <= silencers; ++i)
             codes_.push_back(L"SORV" + std::to_wstring(i));
     }
-    static inline long long calls = 0;  // answered here so far
+    static inline long long calls = 0;  // handled here so far
 
     KLIMCOMSRVLib::IKlimora200805* operator->() const { return server_.get(); }
 
@@ -69,7 +69,7 @@ class QuickServer {
     static HRESULT GetPartAtt(Server* server, BSTR part, BSTR attribute, BSTR* value, long* result) {
         const bool counts = std::wcsncmp(attribute, L"Count(/Project/KPDClass[", 24) == 0;
         if (!counts && std::wcsncmp(attribute, L"/Project/KPDClass[", 18) != 0)
-            return askStandIn_(server, part, attribute, value, result);
+            return forward_(server, part, attribute, value, result);
         ++calls;
         if (counts || nextCode_ == codes_.size()) nextCode_ = 0;
         const std::wstring& text = counts ? codeCount_ : codes_[nextCode_++];
@@ -77,13 +77,14 @@ class QuickServer {
         *result = 0;
         return S_OK;
     }
-    // In the place of methods of any signature, since the caller cleans the stack: what they leave alone is 0 already.
+    // Replaces methods of any signature, because the caller cleans up the stack. Outputs that they leave alone are 0
+    // already.
     static ULONG_PTR TakeAnything() {
         ++calls;
         return S_OK;
     }
 
-    static inline HRESULT (*askStandIn_)(Server*, BSTR, BSTR, BSTR*, long*) = nullptr;
+    static inline HRESULT (*forward_)(Server*, BSTR, BSTR, BSTR*, long*) = nullptr;
     static inline std::wstring codeCount_;
     static inline std::vector<std::wstring> codes_;
     static inline size_t nextCode_ = 0;
@@ -92,8 +93,9 @@ class QuickServer {
     std::array<void*, 25> own_ = {};
 };
 
-// The network has `result` where an address ends in "xml", and else empty files; the record database knows everything
-// and keeps nothing; the program that is started is the event that was put into `program`, and ends with code 1.
+// Fakes of network, record database and process start. An address that ends in "xml" has `result`, any other an empty
+// file. The record database accepts everything and stores nothing. The started program is the event in `program`, and
+// its exit code is 1.
 class QuickRun {
  public:
     explicit QuickRun(const std::string& result) {

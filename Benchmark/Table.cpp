@@ -6,8 +6,8 @@
 
 namespace {
 
-constexpr int kTurns = 10;          // in a round, at the most
-constexpr double kTurnsEnd = 50.0;  // ms from its start
+constexpr int kTurns = 10;          // maximum in a round
+constexpr double kTurnsEnd = 50.0;  // ms after its start
 
 std::string Number(double value, const char* format = "%.2f") {
     char text[32];
@@ -20,7 +20,7 @@ std::string Time(double milliseconds) {
     return milliseconds >= 0.01 ? Number(1000 * milliseconds, "%.1f us") : Number(1e6 * milliseconds, "%.0f ns");
 }
 
-// The value behind a quarter of them, half of them, …
+// Returns the first, second, … quartile.
 double Quantile(std::vector<double> values, size_t quarters) {
     std::sort(values.begin(), values.end());
     return values[quarters * (values.size() - 1) / 4];
@@ -73,7 +73,7 @@ void Table::AtMost(const std::string& name, long long limit, long long ours) {
 }
 
 void Table::Same(const std::function<bool()>& same) const {
-    if (!last_.empty() && !same()) throw std::runtime_error("Ours and the peer come to different results: " + last_);
+    if (!last_.empty() && !same()) throw std::runtime_error("Ours and the peer have different results: " + last_);
 }
 
 void Table::Print(const std::string& name, const std::string& ours, const std::string& peer, const std::string& ratio,
