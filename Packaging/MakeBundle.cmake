@@ -1,10 +1,10 @@
-# Makes FOLDER, ARCHIVE.zip of it and ARCHIVE-symbols.zip, in place of what is there.
+# Creates FOLDER, ARCHIVE.zip of it and ARCHIVE-symbols.zip, replacing existing ones.
 # In: FOLDER, ARCHIVE, CONTENTS (PackageContents.xml), MODULE, SYMBOLS, VERSION, GUIDE (Markdown), ICON, MARKDOWN
-# (cmark-gfm or pandoc), WEB_SERVER, SUPPORT, and separated by bars NOTICES (folders, one of which holds tinyxml.h), FILES
-# (what else ships beside the module) and SIGN (a command that signs a file, or empty).
+# (cmark-gfm or pandoc), WEB_SERVER, SUPPORT, and separated by bars NOTICES (folders, one of which contains tinyxml.h),
+# FILES (what else ships beside the module) and SIGN (a command that signs a file, or empty).
 cmake_minimum_required(VERSION 3.22)
 
-# Runs a command and ends with its output when it fails.
+# Runs a command; stops with its output when it fails.
 function(run)
   execute_process(COMMAND ${ARGV} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
   if(NOT result EQUAL 0)
@@ -13,7 +13,7 @@ function(run)
   endif()
 endfunction()
 
-# Gives each heading the anchor that GitHub gives it: cmark-gfm gives none.
+# Adds to each heading the anchor that GitHub generates, because cmark-gfm has none.
 function(add_anchors variable)
   set(text "${${variable}}")
   string(REGEX MATCHALL "<h[2-6]>[^<]*</h" headings "${text}")
@@ -28,7 +28,7 @@ function(add_anchors variable)
   set(${variable} "${text}" PARENT_SCOPE)
 endfunction()
 
-# Puts the pictures, which the guide names by their paths, into the page itself.
+# Embeds the pictures, which the guide references by path, in the page.
 function(embed_pictures variable)
   set(text "${${variable}}")
   get_filename_component(folder ${GUIDE} DIRECTORY)
@@ -49,8 +49,7 @@ function(embed_pictures variable)
   set(${variable} "${text}" PARENT_SCOPE)
 endfunction()
 
-# Writes the guide as a page that needs no other file, with the version, the web server and the support address of this
-# build.
+# Writes the guide as a self-contained page with this build's version, web server and support address.
 function(write_guide page)
   set(options --extension table)
   if(MARKDOWN MATCHES "pandoc")
@@ -58,7 +57,7 @@ function(write_guide page)
   endif()
   execute_process(COMMAND ${MARKDOWN} ${options} ${GUIDE} RESULT_VARIABLE result OUTPUT_FILE ${page}.body)
   if(NOT result EQUAL 0)
-    message(FATAL_ERROR "${MARKDOWN} could not make HTML of ${GUIDE}.")
+    message(FATAL_ERROR "${MARKDOWN} could not convert ${GUIDE} to HTML.")
   endif()
   file(READ ${page}.body body)
   file(REMOVE ${page}.body)
@@ -86,7 +85,7 @@ ${body}</body>
 ")
 endfunction()
 
-# TinyXML's own licence, from the header that the module was compiled with.
+# Writes TinyXML's licence, from the header that the module was compiled with.
 function(write_notices file)
   string(REPLACE "|" ";" folders "${NOTICES}")
   foreach(folder IN LISTS folders)
@@ -97,7 +96,7 @@ function(write_notices file)
   string(FIND "${header}" "/*" begin)
   string(FIND "${header}" "*/" end)
   if(NOT begin EQUAL 0 OR end LESS 0)
-    message(FATAL_ERROR "No tinyxml.h that begins with its licence in ${folders}.")
+    message(FATAL_ERROR "No tinyxml.h with a licence at its beginning in ${folders}.")
   endif()
   math(EXPR length "${end} - 2")
   string(SUBSTRING "${header}" 2 ${length} licence)

@@ -1,5 +1,5 @@
-# Klimora's own declarations for the build for AutoCAD, in a folder that takes the place of Platform/klimora,
-# Platform/kbase and Platform/statistics.
+# The folder with Klimora's own declarations, which replace Platform/klimora, Platform/kbase and Platform/statistics in
+# the build for AutoCAD.
 set(KLIMORA_INCLUDE "" CACHE PATH "Folder of Klimora's KLIMCOMSRVLib.h, kbase.h and KlimoraPluginsStatisticsWrapper.h")
 file(TO_CMAKE_PATH "${KLIMORA_INCLUDE}" KLIMORA_INCLUDE)
 if(KLIMORA_INCLUDE STREQUAL "")

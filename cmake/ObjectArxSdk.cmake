@@ -1,5 +1,5 @@
-# What the build for AutoCAD needs beyond the sources, told before anything is compiled: the SDK's folder and release, and that the
-# C runtime is the one that AutoCAD's own libraries share, which has no debug kind.
+# Checks the needs of the build for AutoCAD before compiling: the SDK's folder and release, and the C runtime, which
+# must be the release DLL that AutoCAD's libraries use.
 file(TO_CMAKE_PATH "${OBJECTARX_SDK}" OBJECTARX_SDK)
 if(OBJECTARX_SDK STREQUAL "")
   message(FATAL_ERROR "OBJECTARX_SDK is not set: it names the folder of the ObjectARX SDK, which holds inc and lib-x64.")

@@ -1,5 +1,5 @@
-# TinyXML 2.6.2 is the author's release in both builds: tools/setup fetches its source for the bench, vcpkg has a port of
-# it. GoogleTest and cpp-httplib serve the bench only.
+# TinyXML 2.6.2 is the author's release in both builds: tools/setup fetches its source for the bench, vcpkg has a port.
+# Only the bench uses GoogleTest and cpp-httplib.
 set(SORVIK_THIRD_PARTY ${CMAKE_SOURCE_DIR}/build/third-party CACHE PATH "Sources that tools/setup has fetched")
 
 if(SORVIK_BENCH AND NOT CMAKE_HOST_WIN32)
