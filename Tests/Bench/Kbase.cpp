@@ -5,9 +5,9 @@
 #include <functional>
 #include <iterator>
 
+#include "FakeFixture.h"
 #include "KbaseDictionary.h"
 #include "KbaseFile.h"
-#include "FakeFixture.h"
 #include "kbase.h"
 
 using testing::ElementsAre;

@@ -4,8 +4,8 @@
 
 #include "BenchAutoCAD.h"
 #include "BenchKlimora.h"
-#include "KLIMCOMSRVLib.h"
 #include "FakeFixture.h"
+#include "KLIMCOMSRVLib.h"
 
 using KLIMCOMSRVLib::IKlimora200805;
 using testing::ElementsAre;

@@ -1,8 +1,8 @@
 // The fake statistics library: the required order of calls.
 #include "BenchStatistics.h"
+#include "FakeFixture.h"
 #include "KlimoraPluginsStatisticsWrapper.h"
 #include "PluginStat.h"
-#include "FakeFixture.h"
 
 namespace {
 
