@@ -64,7 +64,7 @@ PDialogControlStaticImage::PDialogControlStaticImage(HWND window, ControlState s
 
 int PDialogControlStaticImage::ToDialog() {
     PDialogControl::ToDialog();
-    // The extended style on purpose, although these are bits of the style.
+    // Reads the extended style on purpose, although these are bits of the style.
     const LONG_PTR bits = GetWindowLongPtrA(window(), GWL_EXSTYLE);
     if (!(bits & (SS_BITMAP | SS_ICON))) return 0;
     // SS_ICON and SS_BITMAP share a bit; the other bit of SS_ICON distinguishes them.

@@ -229,7 +229,7 @@ TEST_F(RegistryValues, ReadsBackWhatWasWritten) {
     EXPECT_EQ(ReadText(registry_), "0 ");
     for (const size_t length : {40u, 256u, 8193u}) {
         EXPECT_EQ(registry_.SetStringValue("v", std::string(length, 'x').c_str()), 0);
-        // Fills the heap, so that the text is not read into zeros by chance.
+        // Fills the heap, so that a missing terminator is not hidden by zeroed memory.
         std::vector<std::string>(8, std::string(length, 'y')).clear();
         EXPECT_EQ(ReadText(registry_), "0 " + std::string(length, 'x'));
     }
