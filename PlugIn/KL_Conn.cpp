@@ -268,7 +268,7 @@ bool KlConn::MayInstall(const std::string& productFamilyKey, const std::string& 
                          kDisplayName);
         return false;
     }
-    if (!IsUserCodeAccepted(kSilencerClass, userCode)) {
+    if (!IsUserCodeAccepted(userCode)) {
         PrintCommandLine("\n%s: Product not added: its user code '%s' was not confirmed, and is in use or too long.\n",
                          kDisplayName, userCode.c_str());
         return false;
@@ -277,11 +277,11 @@ bool KlConn::MayInstall(const std::string& productFamilyKey, const std::string& 
 }
 
 // The user confirms a code for the first device of the result, but the last one is installed.
-bool KlConn::IsUserCodeAccepted(const std::string& className, const std::string& userCode) {
+bool KlConn::IsUserCodeAccepted(const std::string& userCode) {
     const ticpp::Element* const confirmed = Root()->FirstChildElement("device");
     if (confirmed == currentDevice_) return true;
     if (userCode.size() > kMaxUserCodeLength) return false;
-    return userCode == confirmed->GetAttribute("UserCode", false) || !IsUserCodeInUse(className, userCode);
+    return userCode == confirmed->GetAttribute("UserCode", false) || !IsUserCodeInUse(kSilencerClass, userCode);
 }
 
 void KlConn::RecordInsertion(const std::string& className, const std::string& productFamilyKey) {

@@ -90,7 +90,7 @@ class KlConn : public KLComUtils {
     bool UsesLocalData(const std::string& resultFile) const;
     int FetchResult(const char* address, const std::string& resultFile);
     int UseResult(std::unique_ptr<ticpp::Document> result);
-    bool IsUserCodeAccepted(const std::string& className, const std::string& userCode);
+    bool IsUserCodeAccepted(const std::string& userCode);
     bool MayInstall(const std::string& productFamilyKey, const std::string& userCode, const std::string& command);
     void RecordInsertion(const std::string& className, const std::string& productFamilyKey);
 

@@ -15,8 +15,9 @@ bool IsHexadecimal(const char* digits) {
 }
 
 // Returns whether an out-of-range number is too large rather than too small, by its exponent or else its first digit.
-bool IsTooLarge(const char* number, const char* end) {
-    const char* const exponent = std::find_if(number, end, [](char c) { return std::strchr("eEpP", c); });
+bool IsTooLarge(const char* number, const char* end, bool hexadecimal) {
+    const char* const letters = hexadecimal ? "pP" : "eE";
+    const char* const exponent = std::find_if(number, end, [&](char c) { return std::strchr(letters, c); });
     return exponent != end ? exponent[1] != '-' : *number != '0' && *number != '.';
 }
 
@@ -33,7 +34,7 @@ const char* Read(const char* text, Real& value) noexcept {
                                               hexadecimal ? std::chars_format::hex : std::chars_format::general);
     if (error == std::errc::invalid_argument) return text;
     if (error == std::errc::result_out_of_range)
-        magnitude = IsTooLarge(number, end) ? std::numeric_limits<Real>::infinity() : Real(0);
+        magnitude = IsTooLarge(number, end, hexadecimal) ? std::numeric_limits<Real>::infinity() : Real(0);
     value = negative ? -magnitude : magnitude;
     return end;
 }

@@ -1,6 +1,5 @@
 // Owners and guards of what AutoCAD hands out and expects back: result buffer chains, open drawing objects, selection
-// sets, strings, a transaction. Each releases or restores in its destructor and ignores failures
-// there.
+// sets, strings, a transaction. Each releases or restores in its destructor, and ignores failures then.
 #pragma once
 
 #include <windows.h>

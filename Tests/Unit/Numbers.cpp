@@ -31,6 +31,8 @@ TEST(Numbers, ReadsLikeTheRuntimeInTheCLocale) {
                  {"1e", 1, 1},
                  {"1e+", 1, 1},
                  {"-0x1.8P+1z", -3, 9},
+                 {"0x1Ep-9999", 0, 10},
+                 {"0xAp9999", kInfinity, 8},
                  {"0x", 0, 1},
                  {"0xg", 0, 1},
                  {"-INF", -kInfinity, 4},
