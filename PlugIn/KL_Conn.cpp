@@ -244,8 +244,7 @@ int KlConn::InstallSilencer() {
         const std::string userCode = currentDevice_->GetAttribute("UserCode");
         const std::string command = FormatString("KLIMSILX\n%s\n%s\n", productFamilyKey.c_str(), userCode.c_str());
         if (!MayInstall(productFamilyKey, userCode, command)) return;
-        if (AddDeviceToKlimoraProject(FilePath(kDatabaseFile).c_str(), nullptr, 0, className, userCode,
-                                      productFamilyKey, nullptr, nullptr) < 0) {
+        if (AddDeviceToKlimoraProject({className, userCode, productFamilyKey, FilePath(kDatabaseFile)}) < 0) {
             throw "Can not add device to Klimora project. Product " + productFamilyKey +
                 " is not found in the selected database.";
         }

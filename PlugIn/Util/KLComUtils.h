@@ -22,6 +22,18 @@
 #include "Util/KlimComSrvHandle.h"
 #include "Util/PartArguments.h"
 
+// A product for the project: from a database file, from memory (`binarySize` bytes), or from both.
+struct ProductToAdd {
+    std::string kpdClassName;
+    std::string userCode;
+    std::string productFamilyKey;
+    std::optional<std::string> kpdFileName = {};
+    const void* binaryData = nullptr;
+    int binarySize = 0;
+    std::optional<std::string> productKey = {};
+    std::optional<std::string> extraXml = {};  // sent unchanged
+};
+
 class KLComUtils {
  public:
     using Record = std::map<std::string, std::string>;
@@ -138,11 +150,8 @@ class KLComUtils {
     bool CheckKlimoraProject(int requiredVersion);
     // Switches the server's check of project file access on or off. Has no effect on servers before 20090300.
     void SetNoProjectFileAccessCheck(bool check);
-    // Adds a product to the project from a database file, from memory (`binarySize` bytes), or both. Returns a negative
-    // value after reporting a failure, otherwise 0 or the server's positive code.
-    int AddDeviceToKlimoraProject(const char* kpdFileName, const void* binaryData, int binarySize,
-                                  const std::string& kpdClassName, const std::string& userCode,
-                                  const std::string& productFamilyKey, const char* productKey, const char* extraXml);
+    // Returns a negative value after reporting a failure, otherwise 0 or the server's positive code.
+    int AddDeviceToKlimoraProject(const ProductToAdd& product);
     // Returns "EWAPART_…" for a product class, or an empty text after reporting an unknown class.
     static std::string GetTypeDefineByKPDClassName(const std::string& kpdClassName);
 

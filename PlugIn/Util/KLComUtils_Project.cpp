@@ -57,31 +57,28 @@ void KLComUtils::SetNoProjectFileAccessCheck(bool check) {
     SetPartAtt("", "/dwg/flag/noPrjFileAccessCheck", check ? 0 : 1, false);
 }
 
-int KLComUtils::AddDeviceToKlimoraProject(const char* kpdFileName, const void* binaryData, int binarySize,
-                                          const std::string& kpdClassName, const std::string& userCode,
-                                          const std::string& productFamilyKey, const char* productKey,
-                                          const char* extraXml) {
+int KLComUtils::AddDeviceToKlimoraProject(const ProductToAdd& product) {
     int result = -1;
     if (!server_) return result;
     constexpr ReportSite kSite = {"Failed to add device to Klimora project.", kSource, 115,
                                   "KLComUtils::AddDeviceToKlimoraProject"};
     ReportOnThrow(kSite, [&] {
-        const bool hasBinary = binaryData && binarySize >= 1;
-        if (hasBinary && (Server()->setBinVariableSize(kProductVariable, binarySize) != 0 ||
-                          SendBinVariableData(kProductVariable, binaryData, binarySize) != 0))
+        const bool hasBinary = product.binaryData && product.binarySize >= 1;
+        if (hasBinary && (Server()->setBinVariableSize(kProductVariable, product.binarySize) != 0 ||
+                          SendBinVariableData(kProductVariable, product.binaryData, product.binarySize) != 0))
             throw "Can't set data to binary variable " + ServerErrorText();
         std::optional<BinVariableGuard> binary;
         if (hasBinary) binary.emplace(*this, kProductVariable);
 
         ServerCommand command("ManageProductData");
         command.Element("Function/Name", "Add");
-        if (kpdFileName) command.Element("KPD/Filename", kpdFileName);
+        if (product.kpdFileName) command.Element("KPD/Filename", *product.kpdFileName);
         if (hasBinary) command.Element("KPD/binvar", kProductVariable);
-        command.Element("KPDClass/Name", kpdClassName);
-        command.Element("Usercode", userCode);
-        command.Element("Productfamilykey", productFamilyKey);
-        if (productKey) command.Element("Productkey", productKey);
-        if (extraXml) command.Verbatim(extraXml);
+        command.Element("KPDClass/Name", product.kpdClassName);
+        command.Element("Usercode", product.userCode);
+        command.Element("Productfamilykey", product.productFamilyKey);
+        if (product.productKey) command.Element("Productkey", *product.productKey);
+        if (product.extraXml) command.Verbatim(*product.extraXml);
         command.Close("ManageProductData");
         result = Server()->manageProductData(command.Text().c_str());
 

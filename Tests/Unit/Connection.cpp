@@ -59,7 +59,7 @@ TEST_F(Connection, FailsSilentlyWhenNotConnected) {
     EXPECT_EQ(utils.GetAttributes("", "/Project/Ductwork/System", {"Name"}, records), -1);
     EXPECT_EQ(utils.BinVariableSetData(1, "abc", 3), -1);
     EXPECT_EQ(utils.BinVariableFree(1), -1);
-    EXPECT_EQ(utils.AddDeviceToKlimoraProject("a.kpd", nullptr, 0, "dSilencerType", "S1", "F", nullptr, nullptr), -1);
+    EXPECT_EQ(utils.AddDeviceToKlimoraProject({"dSilencerType", "S1", "F", "a.kpd"}), -1);
     EXPECT_FALSE(utils.CheckKlimoraProject(0));
     utils.SetNoProjectFileAccessCheck(true);
     std::string first = "old", second = "old";

@@ -73,12 +73,11 @@ TEST_F(ProjectOperations, SendsTheElementsOfAProductInOrder) {
     Start();
     bench::FailCall("IKlimora200805::manageProductData", 1, 4);
     bench::FailCall("IKlimora200805::manageProductData", 2, 4);
-    EXPECT_EQ(utils_.AddDeviceToKlimoraProject("C:/a&b/100%%.kpd", "x", 0, "dSilencerType", "S<1>", "F\"1'", nullptr,
-                                               nullptr),
-              4)
-        << "a positive code is returned";
+    ProductToAdd product = {"dSilencerType", "S<1>", "F\"1'", "C:/a&b/100%%.kpd", "x", 0};
+    EXPECT_EQ(utils_.AddDeviceToKlimoraProject(product), 4) << "a positive code is returned";
     EXPECT_EQ(Printed(), "") << "without a message";
-    EXPECT_EQ(utils_.AddDeviceToKlimoraProject(nullptr, "\xFE", 1, "d&", "u", "f", "k&", "<Extra>&</Extra>"), 4);
+    product = {"d&", "u", "f", {}, "\xFE", 1, "k&", "<Extra>&</Extra>"};
+    EXPECT_EQ(utils_.AddDeviceToKlimoraProject(product), 4);
     EXPECT_EQ(
         Calls("IKlimora200805::manageProductData "),
         (Texts{"<ManageProductData><Function><Name>Add</Name></Function>"
@@ -103,7 +102,7 @@ TEST_F(ProjectOperations, ReportsEachFailureToAddAProduct) {
         const std::string method = std::string("IKlimora200805::") + call;
         bench::FailCall("IKlimora200805::manageProductData", 1, 4);
         bench::FailCall(method.c_str(), 1, code);
-        EXPECT_EQ(utils_.AddDeviceToKlimoraProject(nullptr, "ab", 2, "d", "u", "f", nullptr, nullptr), result) << call;
+        EXPECT_EQ(utils_.AddDeviceToKlimoraProject({"d", "u", "f", {}, "ab", 2}), result) << call;
         EXPECT_EQ(Printed(), Report("Failed to add device to Klimora project.",
                                     "KLComUtils_Project(115):KLComUtils::AddDeviceToKlimoraProject",
                                     text + method + " failed by injection."));
