@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <string>
 
-#include "CrashReport.h"
+#include "BenchControl.h"
 #include "gtest/gtest.h"
 
 inline constexpr int kWrongUse = 2;

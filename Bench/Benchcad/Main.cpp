@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "CrashReport.h"
+#include "BenchControl.h"
 #include "InteractiveRun.h"
 #include "Options.h"
 #include "Output.h"

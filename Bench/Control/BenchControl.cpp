@@ -67,20 +67,6 @@ Call::Call(const char* name, const std::string& arguments) : unrecorded_(unrecor
     state->log.push_back(arguments.empty() ? std::string(name) : name + (" " + OneLine(arguments)));
 }
 
-Call::~Call() = default;
-
-bool Call::fails() const {
-    return fails_;
-}
-
-long Call::failureCode(long usual) const {
-    return code_.value_or(usual);
-}
-
-bool Call::corruptsOutputs() const {
-    return corruptsOutputs_;
-}
-
 void Call::result(const std::string& text) {
     if (unrecorded_) return;
     const Locked state;
@@ -127,11 +113,7 @@ void InjectFault(const InjectedFault& fault) {
     Locked()->faults.push_back(fault);
 }
 
-void FailCall(const char* name, int ordinal) {
-    InjectFault({name, ordinal, {}});
-}
-
-void FailCall(const char* name, int ordinal, long code) {
+void FailCall(const char* name, int ordinal, std::optional<long> code) {
     InjectFault({name, ordinal, code});
 }
 

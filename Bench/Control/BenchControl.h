@@ -21,16 +21,15 @@ namespace bench {
 class BENCH_CONTROL_API Call {
  public:
     Call(const char* name, const std::string& arguments);
-    ~Call();
     Call(const Call&) = delete;
     Call& operator=(const Call&) = delete;
 
     // Whether the call must fail. A fake then does none of the call's work.
-    bool fails() const;
+    bool fails() const { return fails_; }
     // Returns the injected code, or `usual` when the fault has none.
-    long failureCode(long usual) const;
+    long failureCode(long usual) const { return code_.value_or(usual); }
     // Whether the failing call writes garbage to its outputs instead of leaving them unchanged.
-    bool corruptsOutputs() const;
+    bool corruptsOutputs() const { return corruptsOutputs_; }
 
     void result(const std::string& text);
     void result(long code);
@@ -70,8 +69,7 @@ struct InjectedFault {
 };
 BENCH_CONTROL_API bool NameFits(const std::string& name, const std::string& pattern);
 BENCH_CONTROL_API void InjectFault(const InjectedFault& fault);
-BENCH_CONTROL_API void FailCall(const char* name, int ordinal);
-BENCH_CONTROL_API void FailCall(const char* name, int ordinal, long code);
+BENCH_CONTROL_API void FailCall(const char* name, int ordinal, std::optional<long> code = {});
 BENCH_CONTROL_API void ClearFaults();
 
 // Leak tracking: resources that the module must release. `kind` is a plain noun ("open object", "resbuf chain"), `name`
@@ -92,5 +90,9 @@ BENCH_CONTROL_API void ClearViolations();
 
 // Resets call log, faults, outstanding resources and violations.
 BENCH_CONTROL_API void ResetBench();
+
+// Makes a crash of the process print the exception and a stack of addresses with module names, and exit with code 4.
+// Every program of the bench and the tests calls it first.
+BENCH_CONTROL_API void ReportCrashes();
 
 }  // namespace bench

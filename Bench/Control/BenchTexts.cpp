@@ -3,9 +3,10 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
+#include <cstring>
 
 namespace bench {
 namespace {
@@ -28,14 +29,14 @@ std::wstring Wide(std::string_view text, UINT codePage) {
     return wide;
 }
 
-char LowerCase(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
-int DigitValue(char digit) {
-    const std::string_view digits = kHexDigits;
-    const size_t place = digits.find(digit >= 'a' && digit <= 'f' ? static_cast<char>(digit - 'a' + 'A') : digit);
-    return place == std::string_view::npos ? -1 : static_cast<int>(place);
+template <class Number>
+bool Read(std::string_view text, Number& value) {
+    const char* const end = text.data() + text.size();
+    Number read = 0;
+    const auto [stop, error] = std::from_chars(text.data(), end, read);
+    if (error != std::errc() || stop != end || !std::isfinite(static_cast<double>(read))) return false;
+    value = read;
+    return true;
 }
 
 }  // namespace
@@ -66,11 +67,10 @@ std::string Hex(std::string_view bytes) {
 bool FromHex(std::string_view digits, std::string& bytes) {
     if (digits.size() % 2 != 0) return false;
     std::string read;
-    for (size_t i = 0; i < digits.size(); i += 2) {
-        const int high = DigitValue(digits[i]);
-        const int low = DigitValue(digits[i + 1]);
-        if (high < 0 || low < 0) return false;
-        read += static_cast<char>(high * 16 + low);
+    for (const char* pair = digits.data(); pair != digits.data() + digits.size(); pair += 2) {
+        unsigned char byte = 0;
+        if (std::from_chars(pair, pair + 2, byte, 16).ptr != pair + 2) return false;
+        read += static_cast<char>(byte);
     }
     bytes = read;
     return true;
@@ -97,8 +97,7 @@ std::string Escaped(std::string_view text) {
 }
 
 bool SameName(std::string_view one, std::string_view other) {
-    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
-                      [](char a, char b) { return LowerCase(a) == LowerCase(b); });
+    return one.size() == other.size() && _strnicmp(one.data(), other.data(), one.size()) == 0;
 }
 
 bool SameName(std::wstring_view one, std::wstring_view other) {
@@ -115,22 +114,29 @@ std::string NumberText(double value, int decimals) {
     return text == "-0" ? "0" : text;
 }
 
-bool ReadNumber(const std::string& text, long& value) {
-    if (text.empty() || text.find_first_not_of("+-0123456789") != std::string::npos) return false;
-    char* end = nullptr;
-    const long read = std::strtol(text.c_str(), &end, 10);
-    if (*end != '\0') return false;
-    value = read;
-    return true;
+std::string Join(const std::vector<std::string>& parts, const char* separator) {
+    std::string text;
+    for (const std::string& part : parts)
+        text += (&part == &parts.front() ? "" : separator) + part;
+    return text;
 }
 
-bool ReadNumber(const std::string& text, double& value) {
-    if (text.empty() || text.find_first_not_of("+-.0123456789eE") != std::string::npos) return false;
-    char* end = nullptr;
-    const double read = std::strtod(text.c_str(), &end);
-    if (*end != '\0' || !std::isfinite(read)) return false;
-    value = read;
-    return true;
+std::vector<std::string> Split(std::string_view text, char separator) {
+    std::vector<std::string> parts;
+    for (size_t start = 0; start <= text.size();) {
+        const size_t end = std::min(text.find(separator, start), text.size());
+        parts.emplace_back(text.substr(start, end - start));
+        start = end + 1;
+    }
+    return parts;
+}
+
+bool ReadNumber(std::string_view text, long& value) {
+    return Read(text, value);
+}
+
+bool ReadNumber(std::string_view text, double& value) {
+    return Read(text, value);
 }
 
 }  // namespace bench

@@ -1,11 +1,8 @@
-#include "CrashReport.h"
+#include "BenchControl.h"
 
 #include <windows.h>
 
 #include <cstdio>
-#include <string>
-
-#include "BenchControl.h"
 
 namespace bench {
 namespace {
