@@ -28,13 +28,6 @@ std::vector<std::string> Fields(const PluginStat& record) {
             record.extra,           record.action};
 }
 
-std::string Joined(const std::vector<std::string>& fields) {
-    std::string text;
-    for (size_t i = 0; i < fields.size(); ++i)
-        text += (i > 0 ? "|" : "") + fields[i];
-    return text;
-}
-
 }  // namespace
 
 struct KlimoraPluginsStatisticsWrapper::Implementation {
@@ -70,7 +63,8 @@ KlimoraPluginsStatisticsWrapper::~KlimoraPluginsStatisticsWrapper() {
 
 void KlimoraPluginsStatisticsWrapper::AddInsertStatistics(const wchar_t* event, PluginStat* record) {
     const std::vector<std::string> fields = record ? Fields(*record) : std::vector<std::string>();
-    const bench::Call call("KlimoraPluginsStatisticsWrapper::AddInsertStatistics", Text(event) + " " + Joined(fields));
+    const bench::Call call("KlimoraPluginsStatisticsWrapper::AddInsertStatistics",
+                           Text(event) + " " + bench::Join(fields, "|"));
     implementation_->CheckOpen("AddInsertStatistics");
     if (Text(event).empty())
         bench::ReportViolation("Statistics: AddInsertStatistics was called without an event name.");

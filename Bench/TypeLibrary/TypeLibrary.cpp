@@ -151,10 +151,7 @@ bool ReadMethod(const std::string& line, InterfaceMethod& method) {
 }
 
 std::string Parameters(const InterfaceMethod& method) {
-    std::string text;
-    for (const std::string& parameter : method.parameters)
-        text += (text.empty() ? "" : ", ") + parameter;
-    return "(" + text + ")";
+    return "(" + Join(method.parameters, ", ") + ")";
 }
 
 template <class Row, class Fits>
