@@ -26,13 +26,6 @@ std::string ClassOf(HWND window) {
     return name;
 }
 
-std::vector<HWND> ControlsOf(HWND dialog) {
-    std::vector<HWND> controls;
-    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-        controls.push_back(child);
-    return controls;
-}
-
 BoxIcon KindOf(HICON icon) {
     if (!icon) return BoxIcon::kNone;
     const struct {
@@ -103,7 +96,7 @@ SeenDialog LookAt(HWND dialog, HWND watched) {
     SeenDialog seen;
     seen.window = dialog;
     seen.caption = TextOf(dialog);
-    for (HWND control : ControlsOf(dialog))
+    for (HWND control = GetWindow(dialog, GW_CHILD); control; control = GetWindow(control, GW_HWNDNEXT))
         if (GetWindowLongA(control, GWL_STYLE) & WS_VISIBLE) LookAtControl(control, seen);
     seen.smallIcon = reinterpret_cast<HICON>(Ask(dialog, WM_GETICON, ICON_SMALL, 0));
     seen.largeIcon = reinterpret_cast<HICON>(Ask(dialog, WM_GETICON, ICON_BIG, 0));

@@ -25,5 +25,18 @@ std::string PressButtonOf(HWND dialog, int button);
 int ButtonNamed(const SeenDialog& dialog, const std::string& text);
 // Presses the frame's close button, which is greyed when a box must be answered.
 std::string CloseByFrame(HWND dialog);
+// Saves a picture with frame and caption as on the screen, as a PNG file. Its folder must exist; an existing file is
+// replaced.
+std::string SavePictureOf(HWND window, const std::string& file);
+
+enum class LoopState {
+    kRunning,  // the loop took the marker: earlier messages are handled or run a nested loop
+    kGone,     // the window was destroyed or hidden
+    kBusy      // neither within the timeout
+};
+
+// Waits until the message loop of the window's thread has processed all messages posted before: posts a marker message,
+// and a hook in that thread sees it leave the queue.
+LoopState WaitForMessageLoop(HWND window, DWORD milliseconds);
 
 }  // namespace bench

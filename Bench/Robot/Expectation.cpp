@@ -5,17 +5,9 @@
 
 #include "BenchTexts.h"
 #include "DialogWindow.h"
-#include "WindowPicture.h"
 
 namespace bench {
 namespace {
-
-std::string Join(const std::vector<std::string>& words) {
-    std::string line;
-    for (const std::string& word : words)
-        line += (line.empty() ? "" : " ") + word;
-    return line;
-}
 
 const char* NameOf(BoxIcon icon) {
     switch (icon) {
@@ -41,7 +33,7 @@ std::string SeenDialog::ButtonTexts() const {
     std::vector<std::string> texts;
     for (const SeenButton& button : buttons)
         texts.push_back(button.text);
-    return Join(texts);
+    return Join(texts, " ");
 }
 
 std::string SeenDialog::Describe() const {
@@ -133,7 +125,7 @@ std::vector<std::string> Expectation::Differences(const SeenDialog& seen) const 
     };
     if (caption_) differ("caption", *caption_, seen.caption);
     if (icon_) differ("icon", NameOf(*icon_), NameOf(seen.icon));
-    if (buttons_) differ("row of buttons", Join(*buttons_), seen.ButtonTexts());
+    if (buttons_) differ("row of buttons", Join(*buttons_, " "), seen.ButtonTexts());
     for (const auto& [control, text] : fields_) {
         const auto found = std::find_if(seen.edits.begin(), seen.edits.end(),
                                         [id = control](const SeenEdit& edit) { return edit.id == id; });

@@ -1,4 +1,4 @@
-#include "MessageMarker.h"
+#include "DialogWindow.h"
 
 #include <chrono>
 #include <condition_variable>
@@ -45,31 +45,18 @@ class Hook {
 
 LoopState WaitForMessageLoop(HWND window, DWORD milliseconds) {
     const Hook hook(GetWindowThreadProcessId(window, nullptr));
-    if (!hook) return IsWindowVisible(window) ? LoopState::kBusy : LoopState::kGone;
-
     std::unique_lock<std::mutex> lock(markerMutex);
     const LPARAM marker = ++lastMarker;
     markersUnderway.insert(marker);
-    if (!PostMessageW(window, WM_NULL, kMarker, marker)) {
-        markersUnderway.erase(marker);
-        return IsWindowVisible(window) ? LoopState::kBusy : LoopState::kGone;
-    }
+    const bool posted = hook && PostMessageW(window, WM_NULL, kMarker, marker);
+    const auto taken = [&] { return markersUnderway.count(marker) == 0; };
     const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
-    LoopState state = LoopState::kBusy;
-    while (std::chrono::steady_clock::now() < end) {
-        if (!markersUnderway.count(marker)) {
-            state = LoopState::kRunning;
-            break;
-        }
-        // A marker posted to a destroyed window never arrives.
-        if (!IsWindowVisible(window)) {
-            state = LoopState::kGone;
-            break;
-        }
+    // A marker posted to a destroyed window never arrives.
+    while (posted && !taken() && IsWindowVisible(window) && std::chrono::steady_clock::now() < end)
         markerTaken.wait_for(lock, kLookAtWindow);
-    }
+    if (taken()) return LoopState::kRunning;
     markersUnderway.erase(marker);
-    return state;
+    return IsWindowVisible(window) ? LoopState::kBusy : LoopState::kGone;
 }
 
 }  // namespace bench

@@ -4,7 +4,6 @@
 #include <iterator>
 
 #include "DialogWindow.h"
-#include "MessageMarker.h"
 
 namespace bench {
 namespace {

@@ -1,11 +1,10 @@
-#include "WindowPicture.h"
+#include "DialogWindow.h"
 
 #include <memory>
 #include <type_traits>
 
 #include "BenchTexts.h"
 #include "GdiPlus.h"
-#include "MessageMarker.h"
 
 namespace bench {
 namespace {
