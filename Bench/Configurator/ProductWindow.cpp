@@ -12,7 +12,8 @@
 namespace {
 
 struct Window {
-    const CommandLine& line;
+    const std::string& address;
+    const std::wstring title;
     const std::vector<Product>& products;
     std::string exported;
 };
@@ -73,9 +74,9 @@ void FillList(HWND list, const std::vector<Product>& products) {
 }
 
 void Open(HWND dialog, const Window& window) {
-    SetWindowTextW(dialog, window.line.title.c_str());
+    SetWindowTextW(dialog, window.title.c_str());
     SetDlgItemTextA(dialog, IDC_DUCT,
-                    window.products.empty() ? "No silencer fits this duct." : DuctText(window.line.address).c_str());
+                    window.products.empty() ? "No silencer fits this duct." : DuctText(window.address).c_str());
     FillList(GetDlgItem(dialog, IDC_PRODUCTS), window.products);
     EnableWindow(GetDlgItem(dialog, IDOK), !window.products.empty());
     SetFocus(GetDlgItem(dialog, window.products.empty() ? IDCANCEL : IDC_PRODUCTS));
@@ -88,12 +89,12 @@ void Export(HWND dialog, Window& window) {
     if (row < 0) return;
     const std::string& id = window.products[static_cast<size_t>(row)].id;
     std::string error;
-    if (PublishChoice(window.line.address, id, error)) {
+    if (PublishChoice(window.address, id, error)) {
         window.exported = id;
         EndDialog(dialog, IDOK);
         return;
     }
-    MessageBoxW(dialog, bench::FromUtf8(error).c_str(), window.line.title.c_str(), MB_OK | MB_ICONERROR);
+    MessageBoxW(dialog, bench::FromUtf8(error).c_str(), window.title.c_str(), MB_OK | MB_ICONERROR);
 }
 
 INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -120,10 +121,10 @@ INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lPar
 
 }  // namespace
 
-std::string AskForProduct(const CommandLine& line, const std::vector<Product>& products) {
+std::string AskForProduct(const std::string& address, const std::string& title, const std::vector<Product>& products) {
     const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_LISTVIEW_CLASSES};
     InitCommonControlsEx(&controls);
-    Window window{line, products, {}};
+    Window window{address, bench::FromUtf8(title), products, {}};
     DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_PRODUCTS), nullptr, Procedure,
                     reinterpret_cast<LPARAM>(&window));
     return window.exported;

@@ -5,8 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "CommandLine.h"
 #include "ManufacturerSite.h"
 
 // Returns the id of the exported product; empty when the window was cancelled.
-std::string AskForProduct(const CommandLine& line, const std::vector<Product>& products);
+std::string AskForProduct(const std::string& address, const std::string& title, const std::vector<Product>& products);
