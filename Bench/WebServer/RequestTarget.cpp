@@ -1,16 +1,12 @@
 #include "RequestTarget.h"
 
-#include <algorithm>
+#include "BenchTexts.h"
 
 namespace bench {
 
 std::string RequestTarget::Value(const std::string& name) const {
-    for (size_t start = 0; start < query.size();) {
-        const size_t end = std::min(query.find('&', start), query.size());
-        const std::string pair = query.substr(start, end - start);
+    for (const std::string& pair : Split(query, '&'))
         if (pair.compare(0, name.size() + 1, name + '=') == 0) return pair.substr(name.size() + 1);
-        start = end + 1;
-    }
     return {};
 }
 
@@ -24,16 +20,6 @@ RequestTarget ParseRequestTarget(const std::string& target) {
     const size_t question = origin.find('?');
     if (question == std::string::npos) return {origin, ""};
     return {origin.substr(0, question), origin.substr(question + 1)};
-}
-
-std::vector<std::string> SplitAtCommas(const std::string& text) {
-    std::vector<std::string> parts;
-    for (size_t start = 0; start <= text.size();) {
-        const size_t end = std::min(text.find(',', start), text.size());
-        parts.push_back(text.substr(start, end - start));
-        start = end + 1;
-    }
-    return parts;
 }
 
 bool IsSessionIdentifier(const std::string& text) {

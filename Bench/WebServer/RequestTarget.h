@@ -3,7 +3,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 namespace bench {
 
@@ -18,9 +17,6 @@ struct RequestTarget {
 };
 
 RequestTarget ParseRequestTarget(const std::string& target);
-
-// Splits a comma-separated list of ids; returns at least one, possibly empty.
-std::vector<std::string> SplitAtCommas(const std::string& text);
 
 // Whether the string is 32 upper-case hexadecimal digits.
 bool IsSessionIdentifier(const std::string& text);

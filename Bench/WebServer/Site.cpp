@@ -4,6 +4,8 @@
 #include <fstream>
 #include <iterator>
 
+#include "BenchTexts.h"
+
 namespace bench {
 namespace {
 
@@ -62,7 +64,7 @@ WebAnswer Site::Answer(const std::string& method, const RequestTarget& target, S
     if (target.path == kProductsPath) return Products(target);
     if (target.path == catalogue_.dictionary().path) return File(catalogue_.dictionary().file);
     if (target.path == catalogue_.database().path) return File(catalogue_.database().file);
-    if (StartsWith(target.path, kExportPath)) return Result(target.path.substr(sizeof kExportPath - 1));
+    if (StartsWith(target.path, kExportPath)) return Result(target.path);
     return Page(404, "There is no such page.");
 }
 
@@ -77,18 +79,17 @@ WebAnswer Site::Products(const RequestTarget& target) const {
 WebAnswer Site::Choose(const RequestTarget& target) {
     const std::string session = target.Value("klsid");
     if (!IsSessionIdentifier(session)) return Page(400, "The session identifier is not valid.");
-    const std::vector<std::string> products = SplitAtCommas(target.Value("product"));
+    const std::vector<std::string> products = Split(target.Value("product"), ',');
     for (const std::string& product : products)
         if (!catalogue_.Find(product)) return Page(404, "There is no such product.");
     choices_[session] = products;
     return {200, "text/plain", "published\n"};
 }
 
-WebAnswer Site::Result(const std::string& fileName) const {
-    const size_t ending = sizeof kExportEnding - 1;
-    const bool named = fileName.size() > ending && fileName.substr(fileName.size() - ending) == kExportEnding;
-    const std::string session = named ? fileName.substr(0, fileName.size() - ending) : std::string();
-    if (!IsSessionIdentifier(session)) return Page(400, "The session identifier is not valid.");
+WebAnswer Site::Result(const std::string& path) const {
+    const std::string session = path.substr(sizeof kExportPath - 1, 32);
+    if (!IsSessionIdentifier(session) || path != kExportPath + session + kExportEnding)
+        return Page(400, "The session identifier is not valid.");
     const auto choice = choices_.find(session);
     if (choice == choices_.end()) return Page(404, "Nothing has been chosen in this session.");
     const std::string body = instead_.empty() ? catalogue_.Result(choice->second, server_, rootTexts_) : instead_;

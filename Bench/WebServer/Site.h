@@ -58,7 +58,7 @@ class Site {
  private:
     WebAnswer Products(const RequestTarget& target) const;
     WebAnswer Choose(const RequestTarget& target);
-    WebAnswer Result(const std::string& fileName) const;
+    WebAnswer Result(const std::string& path) const;
 
     const Catalogue catalogue_;
     const std::string server_;

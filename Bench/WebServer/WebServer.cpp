@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdlib>
 #include <optional>
 #include <stdexcept>
 #include <thread>
@@ -19,106 +18,45 @@ constexpr std::chrono::milliseconds kStall(300);
 constexpr std::chrono::milliseconds kBeforeReset(150);
 constexpr std::chrono::milliseconds kBetweenPieces(20);
 
-size_t AnnouncedLength(const std::string& head) {
-    static const std::string name = "Content-Length:";
-    const size_t at = head.find(name);
-    return at == std::string::npos ? 0 : std::strtoul(head.c_str() + at + name.size(), nullptr, 10);
-}
-
-// A server connection with an optional fault: bytes are passed on until half of the body is sent, and then the fault
-// happens. The bytes are really sent, because only WinINet decides what its client sees. A reset is preceded by a
-// pause, because the client notices it only while waiting in a read.
-class FaultyStream : public httplib::Stream {
+// A server connection whose response can be replaced by other bytes or by none.
+class ReplaceableStream : public httplib::Stream {
  public:
     // Borrows `stream` for the lifetime of this object.
-    explicit FaultyStream(httplib::Stream& stream) : stream_(stream) {}
+    explicit ReplaceableStream(httplib::Stream& stream) : stream_(stream) {}
 
-    // Sets the fault. Faults of the response rather than the connection have no effect here.
-    void Inject(ServerFault fault);
     // Writes these bytes, in pieces with pauses, in place of the response.
-    void WriteInstead(const std::string& bytes);
-    // Whether the fault ends with a reset of the connection.
-    static bool EndsWithReset(ServerFault fault) {
-        return fault == ServerFault::kReset || fault == ServerFault::kRefused;
+    void WriteInstead(const std::string& bytes) {
+        ended_ = true;
+        for (size_t at = 0, piece = bytes.size() / 10 + 1; at < bytes.size(); at += piece) {
+            if (!httplib::detail::write_data(stream_, &bytes[at], std::min(piece, bytes.size() - at))) return;
+            std::this_thread::sleep_for(kBetweenPieces);
+        }
     }
 
     bool is_readable() const override { return stream_.is_readable(); }
     bool is_writable() const override { return stream_.is_writable(); }
     ssize_t read(char* ptr, size_t size) override { return stream_.read(ptr, size); }
-    ssize_t write(const char* ptr, size_t size) override;
+    ssize_t write(const char* ptr, size_t size) override { return ended_ ? -1 : stream_.write(ptr, size); }
     void get_remote_ip_and_port(std::string& ip, int& port) const override { stream_.get_remote_ip_and_port(ip, port); }
     void get_local_ip_and_port(std::string& ip, int& port) const override { stream_.get_local_ip_and_port(ip, port); }
     socket_t socket() const override { return stream_.socket(); }
 
  private:
-    bool WriteAll(const char* ptr, size_t size);
-    ssize_t WriteHalf(const char* ptr, size_t size);
-    // Ends the output; returns -1 like the stream's own failures.
-    ssize_t BreakOff() const;
-
     httplib::Stream& stream_;
-    ServerFault fault_ = ServerFault::kNone;
     bool ended_ = false;
-    std::string head_;  // bytes written up to the blank line before the body
-    bool inBody_ = false;
-    size_t untilFault_ = 0;  // bytes of the body to pass on before the fault
 };
 
-void FaultyStream::Inject(ServerFault fault) {
-    const bool ofConnection =
-        EndsWithReset(fault) || fault == ServerFault::kTruncated || fault == ServerFault::kStalled;
-    fault_ = ofConnection ? fault : ServerFault::kNone;
-}
-
-ssize_t FaultyStream::write(const char* ptr, size_t size) {
-    if (ended_) return -1;
-    if (fault_ == ServerFault::kNone) return stream_.write(ptr, size);
-    if (fault_ == ServerFault::kRefused) return BreakOff();
-    if (inBody_) return WriteHalf(ptr, size);
-
-    const size_t before = head_.size();
-    head_.append(ptr, size);
-    const size_t blankLine = head_.find("\r\n\r\n");
-    if (blankLine == std::string::npos) return WriteAll(ptr, size) ? static_cast<ssize_t>(size) : -1;
-    inBody_ = true;
-    untilFault_ = AnnouncedLength(head_) / 2;
-    const size_t ofHead = blankLine + 4 - before;
-    if (!WriteAll(ptr, ofHead)) return -1;
-    if (ofHead == size) return static_cast<ssize_t>(size);
-    return WriteHalf(ptr + ofHead, size - ofHead) < 0 ? -1 : static_cast<ssize_t>(size);
-}
-
-ssize_t FaultyStream::WriteHalf(const char* ptr, size_t size) {
-    const size_t passing = size < untilFault_ ? size : untilFault_;
-    if (!WriteAll(ptr, passing)) return -1;
-    untilFault_ -= passing;
-    if (passing == size) return static_cast<ssize_t>(size);
-    if (fault_ != ServerFault::kStalled) return BreakOff();
-    std::this_thread::sleep_for(kStall);
-    fault_ = ServerFault::kNone;
-    return WriteAll(ptr + passing, size - passing) ? static_cast<ssize_t>(size) : -1;
-}
-
-void FaultyStream::WriteInstead(const std::string& bytes) {
-    ended_ = true;
-    const size_t piece = bytes.size() / 10 + 1;
-    for (size_t at = 0; at < bytes.size() && WriteAll(&bytes[at], std::min(piece, bytes.size() - at)); at += piece)
-        std::this_thread::sleep_for(kBetweenPieces);
-}
-
-ssize_t FaultyStream::BreakOff() const {
-    if (EndsWithReset(fault_)) std::this_thread::sleep_for(kBeforeReset);
-    return -1;
-}
-
-bool FaultyStream::WriteAll(const char* ptr, size_t size) {
-    while (size > 0) {
-        const ssize_t written = stream_.write(ptr, size);
-        if (written <= 0) return false;
-        ptr += written;
-        size -= static_cast<size_t>(written);
-    }
-    return true;
+// Sends half of the body before the fault. The bytes are really sent, because only WinINet decides what its client
+// sees.
+void SetInterruptedContent(httplib::Response& response, const WebAnswer& answer, ServerFault fault) {
+    const auto provide = [body = answer.body, fault](size_t offset, size_t, httplib::DataSink& sink) {
+        const size_t half = body.size() / 2;
+        if (offset < half) return sink.write(body.data(), half);
+        if (fault != ServerFault::kStalled) return false;
+        std::this_thread::sleep_for(kStall);
+        return sink.write(body.data() + half, body.size() - half);
+    };
+    response.set_content_provider(answer.body.size(), answer.type.c_str(), provide);
 }
 
 // One request on its connection's thread, from arrival to the end of its response.
@@ -130,12 +68,12 @@ struct Exchange {
 
 thread_local Exchange* currentExchange = nullptr;
 
-void Arrive(Site& site, Exchange& exchange, const httplib::Request& request, FaultyStream& stream) {
+void Arrive(Site& site, Exchange& exchange, const httplib::Request& request, ReplaceableStream& stream) {
     exchange.target = ParseRequestTarget(request.target);
     exchange.call.emplace(request.method.c_str(), exchange.target.text());
     exchange.fault = site.RecordRequest(request.method, exchange.target);
     if (exchange.call->fails()) exchange.fault = ServerFault::kRefused;
-    stream.Inject(exchange.fault);
+    if (exchange.fault == ServerFault::kRefused) stream.WriteInstead({});
     if (const auto raw = site.Raw(exchange.target)) stream.WriteInstead(*raw);
 }
 
@@ -147,12 +85,17 @@ void Reply(Site& site, const httplib::Request& request, httplib::Response& respo
     }
     const WebAnswer answer = site.Answer(request.method, exchange.target, exchange.fault);
     response.status = answer.status;
-    response.set_content(answer.body, answer.type.c_str());
+    if (exchange.fault == ServerFault::kNone || exchange.fault == ServerFault::kNotFound)
+        response.set_content(answer.body, answer.type.c_str());
+    else
+        SetInterruptedContent(response, answer, exchange.fault);
     exchange.call->result(answer.status);
 }
 
-// Closing a socket with a linger time of zero sends a reset instead of an orderly end.
+// Closing a socket with a linger time of zero sends a reset instead of an orderly end. Waits first, because the client
+// notices a reset only while waiting in a read.
 void SendReset(socket_t sock) {
+    std::this_thread::sleep_for(kBeforeReset);
     const linger noTime{1, 0};
     setsockopt(sock, SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&noTime), sizeof noTime);
 }
@@ -203,12 +146,12 @@ bool WebServer::Listener::process_and_close_socket(socket_t sock) {
         svr_sock_, sock, keep_alive_max_count_, keep_alive_timeout_sec_, read_timeout_sec_, read_timeout_usec_,
         write_timeout_sec_, write_timeout_usec_,
         [&](httplib::Stream& stream, bool closeConnection, bool& connectionClosed) {
-            FaultyStream faulty(stream);
-            return process_request(faulty, closeConnection, connectionClosed,
-                                   [&](httplib::Request& request) { Arrive(site_, exchange, request, faulty); });
+            ReplaceableStream replaceable(stream);
+            return process_request(replaceable, closeConnection, connectionClosed,
+                                   [&](httplib::Request& request) { Arrive(site_, exchange, request, replaceable); });
         });
     currentExchange = nullptr;
-    if (FaultyStream::EndsWithReset(exchange.fault))
+    if (exchange.fault == ServerFault::kReset || exchange.fault == ServerFault::kRefused)
         SendReset(sock);
     else
         httplib::detail::shutdown_socket(sock);
