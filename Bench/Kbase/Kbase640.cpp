@@ -15,6 +15,27 @@ namespace {
 constexpr KB_HANDLE kNoDictionary = -1;
 constexpr KB_HANDLE kNoDatabase = -2;
 
+// Returns false and reports a violation for a null or empty string.
+bool RequireText(const char* call, const char* what, const char* text) {
+    if (text && *text) return true;
+    ReportViolation(std::string(call) + " was called without " + what + ".");
+    return false;
+}
+
+// Returns a class id's symbol. Returns an empty string and reports a violation when the pointer is null or the
+// dictionary does not contain the id.
+std::string SymbolOf(const char* call, const KbaseDictionary& dictionary, const KB_CLASSID* classId) {
+    if (!classId) {
+        ReportViolation(std::string(call) + " was called without a class id.");
+        return {};
+    }
+    const std::string symbol = dictionary.ClassSymbol({classId->value[0], classId->value[1]});
+    if (symbol.empty())
+        ReportViolation(std::string(call) + " was called with the class id " + std::to_string(classId->value[0]) + ' ' +
+                        std::to_string(classId->value[1]) + ", which its dictionary does not know.");
+    return symbol;
+}
+
 void CheckModes(const char* function, int mode, int usualMode, int flags) {
     if (mode == usualMode && flags == 0) return;
     ReportViolation(std::string(function) + " was called with mode " + std::to_string(mode) + " and flags " +

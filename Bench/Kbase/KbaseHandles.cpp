@@ -36,9 +36,13 @@ std::string Name(const KbaseRecord& record) {
     return record.className + ' ' + record.key;
 }
 
-void AccuseHandle(const char* call, const char* kind, KB_HANDLE handle) {
+template <class Kind>
+Kind* Find(std::map<KB_HANDLE, Kind>& kept, const char* call, const char* kind, KB_HANDLE handle) {
+    const auto found = kept.find(handle);
+    if (found != kept.end()) return &found->second;
     ReportViolation(std::string(call) + " was called with " + std::to_string(handle) + ", which is not an open " +
                     kind + ".");
+    return nullptr;
 }
 
 }  // namespace
@@ -64,17 +68,11 @@ KB_RECORD AddRecord(KB_HANDLE database, KbaseRecord record) {
 }
 
 KbaseDictionary* FindDictionary(const char* call, KB_HANDLE handle) {
-    const auto found = open().dictionaries.find(handle);
-    if (found != open().dictionaries.end()) return &found->second;
-    AccuseHandle(call, "dictionary", handle);
-    return nullptr;
+    return Find(open().dictionaries, call, "dictionary", handle);
 }
 
 OpenDatabase* FindDatabase(const char* call, KB_HANDLE handle) {
-    const auto found = open().databases.find(handle);
-    if (found != open().databases.end()) return &found->second;
-    AccuseHandle(call, "database", handle);
-    return nullptr;
+    return Find(open().databases, call, "database", handle);
 }
 
 OpenRecord* FindRecord(const char* call, KB_RECORD record) {
@@ -131,24 +129,6 @@ std::string ClassLogText(KB_HANDLE database, const KB_CLASSID* classId) {
                                    : found->second.dictionary.ClassSymbol({classId->value[0], classId->value[1]});
     if (!symbol.empty()) return symbol;
     return std::to_string(classId->value[0]) + ':' + std::to_string(classId->value[1]);
-}
-
-std::string SymbolOf(const char* call, const KbaseDictionary& dictionary, const KB_CLASSID* classId) {
-    if (!classId) {
-        ReportViolation(std::string(call) + " was called without a class id.");
-        return {};
-    }
-    const std::string symbol = dictionary.ClassSymbol({classId->value[0], classId->value[1]});
-    if (symbol.empty())
-        ReportViolation(std::string(call) + " was called with the class id " + std::to_string(classId->value[0]) + ' ' +
-                        std::to_string(classId->value[1]) + ", which its dictionary does not know.");
-    return symbol;
-}
-
-bool RequireText(const char* call, const char* what, const char* text) {
-    if (text && *text) return true;
-    ReportViolation(std::string(call) + " was called without " + what + ".");
-    return false;
 }
 
 }  // namespace bench

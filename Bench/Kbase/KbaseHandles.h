@@ -46,10 +46,4 @@ std::string LogText(KB_RECORD record);
 // Returns the class's symbol, or its numbers when the database does not know it.
 std::string ClassLogText(KB_HANDLE database, const KB_CLASSID* classId);
 
-// Returns a class id's symbol. Returns an empty string and reports a violation when the pointer is null or the
-// dictionary does not contain the id.
-std::string SymbolOf(const char* call, const KbaseDictionary& dictionary, const KB_CLASSID* classId);
-// Returns false and reports a violation for a null or empty string.
-bool RequireText(const char* call, const char* what, const char* text);
-
 }  // namespace bench
