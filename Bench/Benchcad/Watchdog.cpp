@@ -1,9 +1,7 @@
 #include "Watchdog.h"
 
-#include <windows.h>
-
-#include <chrono>
 #include <cstdio>
+#include <stdexcept>
 
 namespace bench {
 namespace {
@@ -12,40 +10,22 @@ constexpr UINT kHung = 3;
 
 }  // namespace
 
-Watchdog::Watchdog() : thread_([this] { Watch(); }) {}
-
-Watchdog::~Watchdog() {
-    {
-        std::lock_guard<std::mutex> lock(mutex_);
-        stop_ = true;
-    }
-    changed_.notify_all();
-    thread_.join();
-}
-
-void Watchdog::Watch() {
-    std::unique_lock<std::mutex> lock(mutex_);
-    while (!stop_) {
-        const unsigned seen = generation_;
-        const auto moved = [&] { return stop_ || generation_ != seen; };
-        if (step_.empty()) {
-            changed_.wait(lock, moved);
-        } else if (!changed_.wait_for(lock, std::chrono::seconds(seconds_), moved)) {
-            std::printf("\nbench: timed out after %d seconds waiting for %s.\n", seconds_, step_.c_str());
-            std::fflush(stdout);
-            TerminateProcess(GetCurrentProcess(), kHung);
-        }
-    }
-}
-
 void Watchdog::Step(const std::string& whatIsAwaited, int seconds) {
-    {
-        std::lock_guard<std::mutex> lock(mutex_);
-        step_ = whatIsAwaited;
-        seconds_ = seconds;
-        ++generation_;
-    }
-    changed_.notify_all();
+    if (timer_) DeleteTimerQueueTimer(nullptr, timer_, INVALID_HANDLE_VALUE);
+    timer_ = nullptr;
+    step_ = whatIsAwaited;
+    seconds_ = seconds;
+    if (step_.empty()) return;
+    const DWORD milliseconds = static_cast<DWORD>(seconds) * 1000;
+    if (!CreateTimerQueueTimer(&timer_, nullptr, EndProcess, this, milliseconds, 0, WT_EXECUTEONLYONCE))
+        throw std::runtime_error("The watchdog's timer was not created.");
+}
+
+void CALLBACK Watchdog::EndProcess(void* watchdog, BOOLEAN) {
+    const Watchdog& self = *static_cast<Watchdog*>(watchdog);
+    std::printf("\nbench: timed out after %d seconds waiting for %s.\n", self.seconds_, self.step_.c_str());
+    std::fflush(stdout);
+    TerminateProcess(GetCurrentProcess(), kHung);
 }
 
 }  // namespace bench

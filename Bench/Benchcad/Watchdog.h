@@ -1,18 +1,16 @@
-// Ends the process with exit code 3 and a line of output when a step exceeds its time limit. The object owns its
-// thread; the destructor joins it.
+// Ends the process with exit code 3 and a line of output when a step exceeds its time limit.
 #pragma once
 
-#include <condition_variable>
-#include <mutex>
+#include <windows.h>
+
 #include <string>
-#include <thread>
 
 namespace bench {
 
 class Watchdog {
  public:
-    Watchdog();
-    ~Watchdog();
+    Watchdog() = default;
+    ~Watchdog() { Step({}, 0); }
     Watchdog(const Watchdog&) = delete;
     Watchdog& operator=(const Watchdog&) = delete;
 
@@ -20,15 +18,11 @@ class Watchdog {
     void Step(const std::string& whatIsAwaited, int seconds);
 
  private:
-    void Watch();
+    static void CALLBACK EndProcess(void* watchdog, BOOLEAN);
 
-    std::mutex mutex_;
-    std::condition_variable changed_;
+    HANDLE timer_ = nullptr;
     std::string step_;
     int seconds_ = 0;
-    unsigned generation_ = 0;
-    bool stop_ = false;
-    std::thread thread_;  // declared last: uses the members above
 };
 
 }  // namespace bench
