@@ -37,7 +37,6 @@ struct PlanPart {
 struct PlanSystem {
     std::string id;
     std::string name;
-    int colour = 0;  // colour number, any integer
 };
 
 struct FloorPlan {

@@ -5,7 +5,6 @@
 #include <set>
 
 #include "BenchTexts.h"
-#include "SvgPen.h"
 
 namespace bench {
 namespace {
@@ -29,10 +28,8 @@ struct Colour {
 constexpr Colour kColours[] = {{0x1f5f9f, 0xcfe2f5}, {0xb86a12, 0xfae3c4}, {0x2c7f4b, 0xd2eedb},
                                {0x7a5236, 0xeadccf}, {0x6a4aa0, 0xe3d9f3}, {0x9c2f55, 0xf6d5e0}};
 
-const Colour& ColourOf(const FloorPlan& plan, size_t system) {
-    const int count = static_cast<int>(std::size(kColours));
-    const int number = system < plan.systems.size() ? plan.systems[system].colour : 0;
-    return kColours[((number % count) + count) % count];
+const Colour& ColourOf(size_t system) {
+    return kColours[system % std::size(kColours)];
 }
 
 struct Bounds {
@@ -95,8 +92,11 @@ class PlanPainter {
             if (part.kind == PlanPart::Kind::kTerminal) Terminal(part);
             if (part.kind == PlanPart::Kind::kUnit) Unit(part);
         }
-        for (const PlanPart& part : plan_.parts)
-            Label(part);
+        for (const PlanPart& part : plan_.parts) {
+            if (part.kind == PlanPart::Kind::kDuct) DuctLabel(part);
+            if (part.kind == PlanPart::Kind::kSilencer) SilencerLabel(part);
+            if (part.kind == PlanPart::Kind::kTerminal) TerminalLabel(part);
+        }
         Header();
         Legend();
         ScaleBar();
@@ -128,7 +128,7 @@ class PlanPainter {
     }
 
     void Duct(const PlanPart& part) {
-        const Colour& colour = ColourOf(plan_, part.system);
+        const Colour& colour = ColourOf(part.system);
         const Style style = Filled(colour.fill, colour.line, 1.4);
         if (part.direction.x == 0 && part.direction.y == 0) {
             pen_.Circle(Place(part.start), Size(part.across, 5) / 2, style);
@@ -140,7 +140,7 @@ class PlanPainter {
     }
 
     void Fitting(const PlanPart& part) {
-        const Colour& colour = ColourOf(plan_, part.system);
+        const Colour& colour = ColourOf(part.system);
         const auto draw = [&](int line, double wider) {
             if (part.ends.size() == 2) {
                 const double across = Size(std::max(part.ends[0].across, part.ends[1].across), 5);
@@ -157,7 +157,7 @@ class PlanPainter {
     }
 
     void Silencer(const PlanPart& part) {
-        const Colour& colour = ColourOf(plan_, part.system);
+        const Colour& colour = ColourOf(part.system);
         pen_.Polygon(Body(part, Size(part.across + kInsulation, 13)), Stroke(colour.line, 2, Style::kHatched));
         pen_.Polygon(Body(part, Size(part.across, 5) * 0.62), Filled(colour.fill, colour.line, 1));
         if (!part.marked) return;
@@ -167,12 +167,18 @@ class PlanPainter {
     }
 
     void Terminal(const PlanPart& part) {
-        const Colour& colour = ColourOf(plan_, part.system);
         const PenPoint centre = Place(part.start);
-        const double half = Size(std::max(part.across * 1.6, 250.0), 16) / 2;
-        pen_.Rectangle({centre.x - half, centre.y - half}, 2 * half, 2 * half, Filled(0xffffff, colour.line, 1.6));
-        pen_.Line({centre.x - half, centre.y - half}, {centre.x + half, centre.y + half}, Stroke(colour.line, 1));
-        pen_.Line({centre.x - half, centre.y + half}, {centre.x + half, centre.y - half}, Stroke(colour.line, 1));
+        const double half = HalfTerminal(part);
+        CrossedSquare({centre.x - half, centre.y - half}, 2 * half, Filled(0xffffff, ColourOf(part.system).line, 1.6));
+    }
+
+    double HalfTerminal(const PlanPart& part) const { return Size(std::max(part.across * 1.6, 250.0), 16) / 2; }
+
+    void CrossedSquare(PenPoint corner, double size, const Style& style) {
+        pen_.Rectangle(corner, size, size, style);
+        const PenPoint end = {corner.x + size, corner.y + size};
+        pen_.Line(corner, end, Stroke(style.stroke, 1));
+        pen_.Line({corner.x, end.y}, {end.x, corner.y}, Stroke(style.stroke, 1));
     }
 
     // An air handling unit fills the space between its ducts.
@@ -188,20 +194,6 @@ class PlanPainter {
         const double wide = std::max(high.x - low.x, 40.0);
         pen_.Rectangle({high.x - wide, low.y - 6}, wide, high.y - low.y + 12, Filled(0xeef1f4, 0x46535f, 1.8));
         pen_.Text({high.x - wide / 2, (low.y + high.y) / 2 + 5}, part.userCode, Letters{14, 0x26323c, true, true});
-    }
-
-    void Label(const PlanPart& part) {
-        switch (part.kind) {
-            case PlanPart::Kind::kDuct:
-                return DuctLabel(part);
-            case PlanPart::Kind::kSilencer:
-                return SilencerLabel(part);
-            case PlanPart::Kind::kTerminal:
-                return TerminalLabel(part);
-            case PlanPart::Kind::kFitting:
-            case PlanPart::Kind::kUnit:
-                return;
-        }
     }
 
     // Draws size and airflow along the duct, on two lines if it is short, and the handle on the other side.
@@ -225,7 +217,7 @@ class PlanPainter {
     }
 
     void SilencerLabel(const PlanPart& part) {
-        const Colour& colour = ColourOf(plan_, part.system);
+        const Colour& colour = ColourOf(part.system);
         const PenPoint middle = Place(Along(part.start, part.direction, part.length / 2));
         const double wide =
             20 + std::max(80.0, 7.6 * static_cast<double>(std::max(part.userCode.size(), part.product.size())));
@@ -241,8 +233,7 @@ class PlanPainter {
         if (part.airflow.empty()) return;
         // On the side without a duct.
         const PenPoint centre = Place(part.start);
-        const double half = Size(std::max(part.across * 1.6, 250.0), 16) / 2;
-        const double below = part.direction.y > 0.5 ? -half - 6 : half + 14;
+        const double below = part.direction.y > 0.5 ? -HalfTerminal(part) - 6 : HalfTerminal(part) + 14;
         pen_.Text({centre.x, centre.y + below}, part.airflow + " l/s", Letters{11, 0x46535f, false, true});
     }
 
@@ -262,7 +253,7 @@ class PlanPainter {
         for (size_t system : used) {
             if (system >= plan_.systems.size()) continue;
             const PlanSystem& entry = plan_.systems[system];
-            const Colour& colour = ColourOf(plan_, system);
+            const Colour& colour = ColourOf(system);
             const std::string text = entry.id + (entry.name.empty() || entry.name == entry.id ? "" : "  " + entry.name);
             pen_.Rectangle({x, top - 9}, 34, 14, Filled(colour.fill, colour.line, 1.4));
             pen_.Text({x + 44, top + 3}, text, Letters{13, 0x26323c});
@@ -271,9 +262,7 @@ class PlanPainter {
         const double second = top + 30;
         pen_.Rectangle({kMargin, second - 11}, 34, 18, Stroke(kColours[0].line, 1.6, Style::kHatched));
         pen_.Text({kMargin + 44, second + 3}, "Silencer", Letters{13, 0x26323c});
-        pen_.Rectangle({kMargin + 140, second - 10}, 16, 16, Filled(0xffffff, kColours[0].line, 1.4));
-        pen_.Line({kMargin + 140, second - 10}, {kMargin + 156, second + 6}, Stroke(kColours[0].line, 1));
-        pen_.Line({kMargin + 140, second + 6}, {kMargin + 156, second - 10}, Stroke(kColours[0].line, 1));
+        CrossedSquare({kMargin + 140, second - 10}, 16, Filled(0xffffff, kColours[0].line, 1.4));
         pen_.Text({kMargin + 166, second + 3}, "Terminal", Letters{13, 0x26323c});
         pen_.Text({kMargin + 250, second + 3},
                   "Sizes in mm, airflows in l/s, grid 1 m; small grey figures are handles.", Letters{12, 0x7b8894});
@@ -330,13 +319,6 @@ std::string PartAt(const FloorPlan& plan, PenPoint place) {
         nearest = part.handle;
     }
     return nearest;
-}
-
-std::string FloorPlanSvg(const FloorPlan& plan) {
-    SvgPen pen;
-    DrawFloorPlan(plan, pen);
-    const PenPoint size = SizeOfDrawing(plan);
-    return pen.Document(size.x, size.y);
 }
 
 }  // namespace bench

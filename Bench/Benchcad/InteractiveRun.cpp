@@ -1,15 +1,15 @@
-#include "InteractiveRun.h"
+#include "Run.h"
 
 #include <cstdlib>
 #include <string>
 #include <vector>
 
 #include "BenchAutoCAD.h"
+#include "BenchTexts.h"
 #include "KeyboardLines.h"
 #include "Output.h"
 #include "PlanWindow.h"
 #include "ProjectPlan.h"
-#include "Run.h"
 
 namespace bench {
 namespace {
@@ -25,7 +25,7 @@ constexpr char kPromptHint[] = "(a click, handle or #number picks a part; Enter;
 // Returns true when the line requested help or the list, after printing it.
 bool HandleHelpOrParts(const std::string& line) {
     if (line == "help") Say(kHelp);
-    if (line == "parts") Say("\n" + JoinLines(PartList(PlanOfProject("", "", {}))));
+    if (line == "parts") Say("\n" + Join(PartList(PlanOfProject("", "", {})), "\n") + "\n");
     return line == "help" || line == "parts";
 }
 

@@ -1,15 +1,14 @@
 // benchcad: Options.h describes its switches, Script.h its scripts.
 #include <windows.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "BenchControl.h"
-#include "InteractiveRun.h"
 #include "Options.h"
 #include "Output.h"
 #include "Run.h"
-#include "ScriptRun.h"
 
 namespace {
 
@@ -22,9 +21,7 @@ std::string ProgramFolder() {
 
 // Fakes and module may change the current folder, so relative paths from the user are resolved at the start.
 std::string Absolute(const std::string& file) {
-    if (file.empty()) return file;
-    char path[MAX_PATH] = "";
-    return GetFullPathNameA(file.c_str(), sizeof path, path, nullptr) ? path : file;
+    return file.empty() ? file : std::filesystem::absolute(file).string();
 }
 
 int Run(const std::vector<std::string>& words) {

@@ -36,13 +36,6 @@ std::string WriteText(const std::string& file, const std::string& text) {
     return stream ? std::string() : "The file " + file + " cannot be written.";
 }
 
-std::string JoinLines(const std::vector<std::string>& lines) {
-    std::string text;
-    for (const std::string& line : lines)
-        text += line + "\n";
-    return text;
-}
-
 void SetUpConsole() {
     SetConsoleOutputCP(CP_UTF8);
     if (WineToUnixPath()) _setmode(_fileno(stdout), _O_BINARY);

@@ -2,14 +2,12 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 namespace bench {
 
 // Creates the folder and its parents. Returns an empty string on success, otherwise a sentence.
 std::string MakeFolder(const std::string& folder);
 std::string WriteText(const std::string& file, const std::string& text);
-std::string JoinLines(const std::vector<std::string>& lines);
 
 // Sets the console to UTF-8 and selects the system's line ends: under Wine without carriage return.
 void SetUpConsole();

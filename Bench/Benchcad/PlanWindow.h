@@ -9,7 +9,6 @@
 
 #include "FloorPlan.h"
 #include "GdiPlus.h"
-#include "Pen.h"
 
 namespace bench {
 

@@ -51,7 +51,7 @@ std::vector<PlanSystem> Systems() {
     const int count = std::atoi(PartAttribute("", "Count(/Project/Ductwork/System)").c_str());
     for (int i = 0; i < count; ++i) {
         const std::string path = "/Project/Ductwork/System[" + std::to_string(i) + "]/";
-        PlanSystem system{PartAttribute("", path + "ID"), PartAttribute("", path + "Name"), i};
+        PlanSystem system{PartAttribute("", path + "ID"), PartAttribute("", path + "Name")};
         const std::string userCode = PartAttribute("", path + "UserCode");
         if (!userCode.empty()) system.name = userCode + " " + system.name;
         systems.push_back(system);

@@ -9,6 +9,7 @@
 #include "BenchControl.h"
 #include "BenchKbase.h"
 #include "BenchKlimora.h"
+#include "BenchTexts.h"
 #include "FloorPlanDrawing.h"
 #include "Output.h"
 #include "ProjectPlan.h"
@@ -105,7 +106,7 @@ int Run::Finish() {
     LogMarker("-- unload module");
     const std::string unloading = stage_->Close();
     watchdog_.Step({}, 0);
-    Save("call-log.txt", JoinLines(CallLog()));
+    Save("call-log.txt", Join(CallLog(), "\n") + "\n");
     if (!unloading.empty()) Fail(unloading);
     for (const std::string& sentence : Violations())
         Fail(sentence);

@@ -45,4 +45,10 @@ class Run {
     std::vector<std::string> failures_;
 };
 
+// Both return the exit code. Runs the script's commands, with the robot operating the dialogs.
+int RunScript(const Options& options);
+// The user types commands and answers to prompts, sees the configurator's window, dialogs and message boxes, and reads
+// a report after every command.
+int RunInteractively(const Options& options);
+
 }  // namespace bench

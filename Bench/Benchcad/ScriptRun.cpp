@@ -1,4 +1,4 @@
-#include "ScriptRun.h"
+#include "Run.h"
 
 #include <fstream>
 #include <iterator>
@@ -7,7 +7,6 @@
 #include "BenchAutoCAD.h"
 #include "Output.h"
 #include "Robot.h"
-#include "Run.h"
 #include "Script.h"
 
 namespace bench {

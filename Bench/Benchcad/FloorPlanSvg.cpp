@@ -1,8 +1,14 @@
-#include "SvgPen.h"
+// Writes a floor plan as an SVG file.
+#include <tinyxml.h>
 
 #include <cstdio>
+#include <set>
+#include <string>
+#include <vector>
 
 #include "BenchTexts.h"
+#include "FloorPlanDrawing.h"
+#include "Pen.h"
 
 namespace bench {
 namespace {
@@ -25,20 +31,22 @@ std::string Pair(PenPoint point) {
     return NumberText(point.x, 2) + " " + NumberText(point.y, 2);
 }
 
-std::string XmlText(const std::string& text) {
-    std::string escaped;
-    for (char c : text) {
-        if (c == '&')
-            escaped += "&amp;";
-        else if (c == '<')
-            escaped += "&lt;";
-        else
-            escaped += c;
-    }
-    return escaped;
-}
+class SvgPen : public Pen {
+ public:
+    void Line(PenPoint from, PenPoint to, const Style& style) override;
+    void Polygon(const std::vector<PenPoint>& corners, const Style& style) override;
+    void Bend(PenPoint from, PenPoint corner, PenPoint to, const Style& style) override;
+    void Circle(PenPoint centre, double radius, const Style& style) override;
+    void Text(PenPoint place, const std::string& text, const Letters& letters) override;
 
-}  // namespace
+    std::string Document(PenPoint size) const;
+
+ private:
+    std::string Attributes(const Style& style);
+
+    std::set<int> hatches_;  // their colours
+    std::string body_;
+};
 
 std::string SvgPen::Attributes(const Style& style) {
     std::string fill = Colour(style.fill);
@@ -82,11 +90,13 @@ void SvgPen::Text(PenPoint place, const std::string& text, const Letters& letter
         body_ += Attribute("transform", "rotate(" + NumberText(letters.degrees, 2) + " " + Pair(place) + ")");
     if (letters.bold) body_ += Attribute("font-weight", "bold");
     if (letters.centred) body_ += Attribute("text-anchor", "middle");
-    body_ += Attribute("font-size", letters.size) + Attribute("fill", Colour(letters.colour)) + ">" + XmlText(text) +
-             "</text>\n";
+    std::string escaped;
+    TiXmlBase::EncodeString(text, &escaped);
+    body_ +=
+        Attribute("font-size", letters.size) + Attribute("fill", Colour(letters.colour)) + ">" + escaped + "</text>\n";
 }
 
-std::string SvgPen::Document(double width, double height) const {
+std::string SvgPen::Document(PenPoint size) const {
     std::string definitions;
     for (const int colour : hatches_)
         definitions += "<pattern id='hatch" + Colour(colour).substr(1) +
@@ -94,10 +104,17 @@ std::string SvgPen::Document(double width, double height) const {
                        "<rect width='7' height='7' fill='#ffffff'/><line x1='0' y1='0' x2='0' y2='7' stroke='" +
                        Colour(colour) + "' stroke-width='2.4'/></pattern>\n";
     return "<?xml version='1.0' encoding='UTF-8'?>\n<svg xmlns='http://www.w3.org/2000/svg'" +
-           Attribute("width", width) + Attribute("height", height) +
-           Attribute("viewBox", "0 0 " + NumberText(width, 2) + " " + NumberText(height, 2)) +
+           Attribute("width", size.x) + Attribute("height", size.y) + Attribute("viewBox", "0 0 " + Pair(size)) +
            " font-family='Segoe UI, Helvetica, Arial, sans-serif'>\n<defs>\n" + definitions + "</defs>\n" + body_ +
            "</svg>\n";
+}
+
+}  // namespace
+
+std::string FloorPlanSvg(const FloorPlan& plan) {
+    SvgPen pen;
+    DrawFloorPlan(plan, pen);
+    return pen.Document(SizeOfDrawing(plan));
 }
 
 }  // namespace bench
