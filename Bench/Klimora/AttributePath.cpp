@@ -1,7 +1,5 @@
 #include "AttributePath.h"
 
-#include <algorithm>
-
 #include "Refusal.h"
 #include "Texts.h"
 
@@ -29,12 +27,6 @@ PathStep ParseStep(const std::string& word, const std::string& whole) {
     return step;
 }
 
-PathStep NamedStep(const std::string& name) {
-    PathStep step;
-    step.name = name;
-    return step;
-}
-
 }  // namespace
 
 AttributePath ParseAttributePath(const std::string& text) {
@@ -46,38 +38,41 @@ AttributePath ParseAttributePath(const std::string& text) {
         rest = rest.substr(6, rest.size() - 7);
     }
     if (rest.empty() || rest[0] != '/') RefusePath(text, "it does not begin with a slash");
-    size_t start = 1;
-    while (start <= rest.size()) {
-        const size_t end = std::min(rest.find('/', start), rest.size());
-        path.steps.push_back(ParseStep(rest.substr(start, end - start), text));
-        start = end + 1;
-    }
+    for (const std::string& word : Split(rest.substr(1), '/'))
+        path.steps.push_back(ParseStep(word, text));
     return path;
 }
 
-std::vector<TiXmlElement*> Matches(const TiXmlElement* parent, const PathStep& step) {
+std::vector<TiXmlElement*> Children(const TiXmlElement* parent, const std::string& name) {
     std::vector<TiXmlElement*> found;
-    long position = 0;
-    for (const TiXmlElement* child = parent->FirstChildElement(); child; child = child->NextSiblingElement()) {
-        if (!SameName(child->ValueStr(), step.name)) continue;
-        const bool wanted = !step.selector.empty() ? SameName(ValueAt(child, "Name"), step.selector)
-                                                   : step.index < 0 || step.index == position;
-        if (wanted) found.push_back(const_cast<TiXmlElement*>(child));
-        ++position;
+    for (const TiXmlElement* child = parent->FirstChildElement(); child; child = child->NextSiblingElement())
+        if (SameName(child->ValueStr(), name)) found.push_back(const_cast<TiXmlElement*>(child));
+    return found;
+}
+
+std::vector<TiXmlElement*> Selected(const std::vector<TiXmlElement*>& named, const PathStep& step) {
+    if (step.selector.empty() && step.index < 0) return named;
+    std::vector<TiXmlElement*> found;
+    if (step.selector.empty()) {
+        const size_t index = static_cast<size_t>(step.index);
+        if (index < named.size()) found.push_back(named[index]);
+        return found;
     }
+    for (TiXmlElement* child : named)
+        if (SameName(ValueAt(child, "Name"), step.selector)) found.push_back(child);
     return found;
 }
 
 TiXmlElement* FindOrMakeElement(TiXmlElement* from, const AttributePath& path, size_t first) {
     for (size_t i = first; i < path.steps.size(); ++i) {
         const PathStep& step = path.steps[i];
-        const std::vector<TiXmlElement*> found = Matches(from, step);
+        const std::vector<TiXmlElement*> named = Children(from, step.name);
+        const std::vector<TiXmlElement*> found = Selected(named, step);
         if (!found.empty()) {
             from = found.front();
             continue;
         }
-        const size_t present = Matches(from, NamedStep(step.name)).size();
-        if (!step.selector.empty() || step.index > static_cast<long>(present))
+        if (!step.selector.empty() || step.index > static_cast<long>(named.size()))
             throw Refusal(kNoSuchAttribute, "There is no element " + step.name + " of that index or class.");
         TiXmlElement* made = new TiXmlElement(step.name);
         from->LinkEndChild(made);
@@ -87,7 +82,7 @@ TiXmlElement* FindOrMakeElement(TiXmlElement* from, const AttributePath& path, s
 }
 
 TiXmlElement* Child(const TiXmlElement* parent, const std::string& name) {
-    const std::vector<TiXmlElement*> found = Matches(parent, NamedStep(name));
+    const std::vector<TiXmlElement*> found = Children(parent, name);
     return found.empty() ? nullptr : found.front();
 }
 
@@ -102,7 +97,7 @@ void SetLeafText(TiXmlElement* element, const std::string& text) {
 }
 
 std::string ValueAt(const TiXmlElement* from, const std::string& path) {
-    for (const std::string& name : Split(path, "/")) {
+    for (const std::string& name : Split(path, '/')) {
         from = Child(from, name);
         if (!from) return {};
     }

@@ -14,7 +14,7 @@ namespace bench::klimora {
 
 struct PathStep {
     std::string name;
-    long index = -1;       // -1: no index, selects the first element
+    long index = -1;       // -1 if none
     std::string selector;  // class name; empty if none
 };
 
@@ -25,12 +25,14 @@ struct AttributePath {
 
 AttributePath ParseAttributePath(const std::string& text);
 
-// Returns the child elements of `parent` that the step selects.
-std::vector<TiXmlElement*> Matches(const TiXmlElement* parent, const PathStep& step);
+// Returns the children with that name, ignoring letter case.
+std::vector<TiXmlElement*> Children(const TiXmlElement* parent, const std::string& name);
+// Returns those of the children named like the step that it selects; all of them if it has neither index nor class.
+std::vector<TiXmlElement*> Selected(const std::vector<TiXmlElement*>& named, const PathStep& step);
 // Returns the element at the path and creates missing ones; an index must name an existing element or the next one.
 TiXmlElement* FindOrMakeElement(TiXmlElement* from, const AttributePath& path, size_t first);
 
-// Returns the first child with that name, ignoring letter case; null when there is none.
+// Returns the first of the children with that name; null when there is none.
 TiXmlElement* Child(const TiXmlElement* parent, const std::string& name);
 // Returns the text of a leaf; empty for an element without text.
 std::string LeafText(const TiXmlElement* element);

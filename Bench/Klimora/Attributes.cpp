@@ -1,6 +1,6 @@
 #include "Attributes.h"
 
-#include "CommandXml.h"
+#include "Commands.h"
 #include "Refusal.h"
 #include "Texts.h"
 
@@ -53,9 +53,9 @@ void CheckValue(const Rule& rule, const std::string& value) {
             ParseXml(value);
             break;
         case Value::kHandles:
-            for (const std::string& handle : Split(value, " "))
-                if (!IsHandle(handle))
-                    throw Refusal(kBadValue, what + "it is a list of handles with one blank between.");
+            for (const std::string& handle : Split(value, ' '))
+                if (!handle.empty() && !IsHandle(handle))
+                    throw Refusal(kBadValue, what + "it is a list of handles separated by blanks.");
             break;
         case Value::kText:
             break;

@@ -1,4 +1,4 @@
-#include "AutomationObjects.h"
+#include "Server.h"
 
 #include <windows.h>
 #include <objbase.h>
@@ -9,11 +9,9 @@
 
 #include "Attributes.h"
 #include "BenchControl.h"
+#include "Commands.h"
 #include "KLIMCOMSRVLib.h"
-#include "PartCommands.h"
-#include "Products.h"
 #include "Refusal.h"
-#include "Server.h"
 #include "Texts.h"
 
 namespace bench::klimora {

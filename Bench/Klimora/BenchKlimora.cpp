@@ -1,13 +1,13 @@
 #include "BenchKlimora.h"
 
-#include "AutomationObjects.h"
+#include <fstream>
+#include <iterator>
+
 #include "BenchAutoCAD.h"
 #include "BenchControl.h"
-#include "InsertSilencer.h"
+#include "Commands.h"
 #include "Parts.h"
-#include "ProjectFile.h"
 #include "Refusal.h"
-#include "Server.h"
 
 namespace bench {
 namespace klimora {
@@ -18,19 +18,6 @@ void EraseLeftEntities(const ProjectTree& next) {
     const UnrecordedScope quiet;
     for (const std::string& handle : TheServer().project.Handles())
         if (!next.FindPart(handle)) EraseEntity(handle);
-}
-
-bool Open(const std::string& xml, std::string& error) {
-    try {
-        ProjectTree project = ReadProject(xml);
-        AddMissingEntities(project);
-        EraseLeftEntities(project);
-        TheServer().project = std::move(project);
-        return true;
-    } catch (const Refusal& refusal) {
-        error = refusal.what();
-        return false;
-    }
 }
 
 }  // namespace
@@ -65,16 +52,23 @@ void StopKlimora() {
 }
 
 bool OpenProjectText(const std::string& xml, std::string& error) {
-    return Open(xml, error);
-}
-
-bool OpenProject(const std::string& file, std::string& error) {
     try {
-        return Open(ReadFile(file), error);
+        ProjectTree project = ReadProject(xml);
+        AddMissingEntities(project);
+        EraseLeftEntities(project);
+        TheServer().project = std::move(project);
+        return true;
     } catch (const Refusal& refusal) {
         error = refusal.what();
         return false;
     }
+}
+
+bool OpenProject(const std::string& file, std::string& error) {
+    std::ifstream stream(file, std::ios::binary);
+    if (stream) return OpenProjectText({std::istreambuf_iterator<char>(stream), {}}, error);
+    error = "Cannot open " + file + ".";
+    return false;
 }
 
 void CloseProject() {

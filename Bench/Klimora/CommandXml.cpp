@@ -1,4 +1,4 @@
-#include "CommandXml.h"
+#include "Commands.h"
 
 #include <cstring>
 

@@ -1,4 +1,4 @@
-#include "InsertSilencer.h"
+#include "Commands.h"
 
 #include <windows.h>
 
@@ -10,9 +10,7 @@
 #include "BenchAutoCAD.h"
 #include "BenchControl.h"
 #include "Parts.h"
-#include "Products.h"
 #include "Refusal.h"
-#include "Server.h"
 #include "Texts.h"
 
 namespace bench::klimora {

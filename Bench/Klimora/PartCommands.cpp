@@ -1,8 +1,11 @@
-#include "PartCommands.h"
+#include "Commands.h"
+
+#include <algorithm>
+#include <iterator>
+#include <sstream>
 
 #include "BenchAutoCAD.h"
 #include "BenchControl.h"
-#include "CommandXml.h"
 #include "Parts.h"
 #include "Refusal.h"
 #include "Texts.h"
@@ -84,7 +87,11 @@ std::string CreateConnectionStub(Server& server, const std::string& command) {
 
 std::string ErasePart(Server& server, const std::string& command) {
     const std::unique_ptr<TiXmlDocument> document = ParseCommand(command, "ErasePart");
-    const std::vector<std::string> handles = Split(ValueAt(document->RootElement(), "PartList"), " ,;\t\n");
+    std::string list = ValueAt(document->RootElement(), "PartList");
+    std::replace_if(
+        list.begin(), list.end(), [](char c) { return c == ',' || c == ';'; }, ' ');
+    std::istringstream words(list);
+    const std::vector<std::string> handles{std::istream_iterator<std::string>(words), {}};
     if (handles.empty()) throw Refusal(kBadCommand, "ErasePart: the list names no part.");
     for (const std::string& handle : handles)
         server.project.Part(handle);

@@ -85,7 +85,7 @@ void SetRealAt(TiXmlElement* from, const std::string& path, double value) {
 }
 
 std::vector<TiXmlElement*> ConnectionsOf(const TiXmlElement* part) {
-    return Matches(part, PathStep{"Connection", -1, ""});
+    return Children(part, "Connection");
 }
 
 bool IsConnectedHandle(const std::string& handle) {

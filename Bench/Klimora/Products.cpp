@@ -1,10 +1,9 @@
-#include "Products.h"
+#include "Commands.h"
 
 #include <algorithm>
 #include <iterator>
 
 #include "BenchControl.h"
-#include "CommandXml.h"
 #include "KbaseFile.h"
 #include "Parts.h"
 #include "Refusal.h"
@@ -66,7 +65,7 @@ class ProductFile {
 // Returns "L" of the model parameters, in mm; 0 when it is missing.
 double LengthOf(const KbaseRecord& record) {
     double length = 0;
-    for (const std::string& pair : Split(record.BytesOf(kModelParameters), ";"))
+    for (const std::string& pair : Split(record.BytesOf(kModelParameters), ';'))
         if (pair.compare(0, 2, "L=") == 0 && !ReadNumber(pair.substr(2), length)) length = 0;
     return length;
 }

@@ -1,7 +1,5 @@
-#include "ProjectFile.h"
-
-#include <fstream>
-#include <iterator>
+// Reads project files: XML with the root KlimoraProject and the children dwg, Project and Parts. Sizes and lengths are
+// in mm, airflows in l/s, points in mm in world coordinates.
 #include <set>
 
 #include "Parts.h"
@@ -104,12 +102,6 @@ ProjectTree ReadProject(const std::string& xml) {
     for (const TiXmlElement* part : parts)
         CheckConnections(project, part);
     return project;
-}
-
-std::string ReadFile(const std::string& file) {
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream) throw Refusal(kBadValue, "Cannot open " + file + ".");
-    return std::string(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>());
 }
 
 }  // namespace bench::klimora

@@ -68,13 +68,13 @@ TiXmlElement* ProjectTree::Parts() {
 }
 
 std::vector<TiXmlElement*> ProjectTree::AllParts() {
-    return IsOpen() ? Matches(Parts(), PathStep{"Part", -1, ""}) : std::vector<TiXmlElement*>();
+    return IsOpen() ? Children(Parts(), "Part") : std::vector<TiXmlElement*>();
 }
 
 std::vector<std::string> ProjectTree::Handles() const {
     std::vector<std::string> handles;
     if (!IsOpen()) return handles;
-    for (const TiXmlElement* part : Matches(Top("Parts"), PathStep{"Part", -1, ""}))
+    for (const TiXmlElement* part : Children(Top("Parts"), "Part"))
         handles.push_back(Handle(part));
     return handles;
 }
@@ -82,7 +82,7 @@ std::vector<std::string> ProjectTree::Handles() const {
 const TiXmlElement* ProjectTree::FindPart(const std::string& handle) const {
     if (!IsOpen()) return nullptr;
     if (places_.parts.empty())
-        for (const TiXmlElement* part : Matches(Top("Parts"), PathStep{"Part", -1, ""}))
+        for (const TiXmlElement* part : Children(Top("Parts"), "Part"))
             places_.parts.emplace(LowerCase(Handle(part)), part);
     const auto found = places_.parts.find(LowerCase(handle));
     return found == places_.parts.end() ? nullptr : found->second;
@@ -120,28 +120,13 @@ const TiXmlElement* ProjectTree::RootOf(const std::string& part, const Attribute
 }
 
 ProjectTree::Elements ProjectTree::Find(const TiXmlElement* from, const AttributePath& path) const {
-    Elements found = {from};
+    Elements found = {const_cast<TiXmlElement*>(from)};
+    // Every step continues from the first match of the step before.
     for (size_t i = 1; i < path.steps.size() && !found.empty(); ++i) {
         const PathStep& step = path.steps[i];
         const auto [place, isNew] = places_.children.try_emplace({found.front(), LowerCase(step.name)});
-        if (isNew)
-            for (const TiXmlElement* child : Matches(found.front(), PathStep{step.name, -1, ""}))
-                place->second.push_back(child);
-        const Elements& named = place->second;
-        found.clear();
-        if (step.selector.empty() && step.index < 0) {
-            // Every step except the last selects its first match.
-            const bool last = i + 1 == path.steps.size();
-            if (last && path.count)
-                found = named;
-            else if (!named.empty())
-                found = {named.front()};
-        } else if (step.selector.empty()) {
-            if (static_cast<size_t>(step.index) < named.size()) found = {named[static_cast<size_t>(step.index)]};
-        } else {
-            for (const TiXmlElement* child : named)
-                if (SameName(ValueAt(child, "Name"), step.selector)) found.push_back(child);
-        }
+        if (isNew) place->second = Children(found.front(), step.name);
+        found = Selected(place->second, step);
     }
     return found;
 }
@@ -170,7 +155,7 @@ void ProjectTree::SetAttribute(const std::string& part, const std::string& path,
 }
 
 TiXmlElement* ProjectTree::ProductClass(const std::string& className, bool make) {
-    for (TiXmlElement* list : Matches(Project(), PathStep{"KPDClass", -1, ""}))
+    for (TiXmlElement* list : Children(Project(), "KPDClass"))
         if (ValueAt(list, "Name") == className) return list;
     if (!make) return nullptr;
     TiXmlElement* list = new TiXmlElement("KPDClass");
@@ -182,7 +167,7 @@ TiXmlElement* ProjectTree::ProductClass(const std::string& className, bool make)
 TiXmlElement* ProjectTree::Product(const std::string& className, const std::string& userCode) {
     const TiXmlElement* list = ProductClass(className, false);
     if (!list) return nullptr;
-    for (TiXmlElement* product : Matches(list, PathStep{"Part", -1, ""}))
+    for (TiXmlElement* product : Children(list, "Part"))
         if (ValueAt(product, "UserCode") == userCode) return product;
     return nullptr;
 }
@@ -190,7 +175,7 @@ TiXmlElement* ProjectTree::Product(const std::string& className, const std::stri
 TiXmlElement* ProjectTree::System(const std::string& id) {
     const TiXmlElement* ductwork = Child(Project(), "Ductwork");
     if (!ductwork) return nullptr;
-    for (TiXmlElement* system : Matches(ductwork, PathStep{"System", -1, ""}))
+    for (TiXmlElement* system : Children(ductwork, "System"))
         if (ValueAt(system, "ID") == id) return system;
     return nullptr;
 }

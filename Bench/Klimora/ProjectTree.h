@@ -50,7 +50,7 @@ class ProjectTree {
     TiXmlElement* System(const std::string& id);  // null when there is none
 
  private:
-    using Elements = std::vector<const TiXmlElement*>;
+    using Elements = std::vector<TiXmlElement*>;
     // Elements looked up since the tree was last accessed for changes.
     struct Places {
         std::map<std::pair<const TiXmlElement*, std::string>, Elements> children;
@@ -65,5 +65,9 @@ class ProjectTree {
     std::unique_ptr<TiXmlDocument> document_;
     mutable Places places_;
 };
+
+// Reads a project in its file format. Throws Refusal with the reason for an invalid one. Fills in the system type of
+// each part.
+ProjectTree ReadProject(const std::string& xml);
 
 }  // namespace bench::klimora

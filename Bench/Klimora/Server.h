@@ -20,4 +20,11 @@ struct Server {
 
 Server& TheServer();
 
+// The COM objects of the server, one for each ProgID. Each returns one pointer per interface, so references are counted
+// by interface. The objects live as long as the process, so that a late or repeated release is reported instead of
+// crashing. PublishObjects registers ProgIDs and running objects as the settings say; WithdrawObjects removes them. A
+// failed registration is reported as a violation. Contract: rows C1 to C10 and K1 to K6.
+void PublishObjects(const KlimoraServer& server);
+void WithdrawObjects();
+
 }  // namespace bench::klimora

@@ -1,6 +1,5 @@
 #include "Texts.h"
 
-#include <algorithm>
 #include <cwchar>
 
 namespace bench::klimora {
@@ -23,13 +22,10 @@ bool IsHandle(const std::string& text) {
 
 bool ReadReals(const std::string& text, size_t count, std::vector<double>& values) {
     std::vector<double> read;
-    size_t start = 0;
-    while (start <= text.size()) {
-        const size_t end = std::min(text.find(' ', start), text.size());
+    for (const std::string& word : Split(text, ' ')) {
         double value = 0;
-        if (!ReadNumber(text.substr(start, end - start), value)) return false;
+        if (!ReadNumber(word, value)) return false;
         read.push_back(value);
-        start = end + 1;
     }
     if (read.size() != count) return false;
     values = read;
@@ -38,17 +34,6 @@ bool ReadReals(const std::string& text, size_t count, std::vector<double>& value
 
 std::string PointText(double x, double y, double z) {
     return NumberText(x) + " " + NumberText(y) + " " + NumberText(z);
-}
-
-std::vector<std::string> Split(const std::string& text, const char* separators) {
-    std::vector<std::string> words;
-    size_t start = text.find_first_not_of(separators);
-    while (start != std::string::npos) {
-        const size_t end = text.find_first_of(separators, start);
-        words.push_back(text.substr(start, end - start));
-        start = text.find_first_not_of(separators, end);
-    }
-    return words;
 }
 
 }  // namespace bench::klimora

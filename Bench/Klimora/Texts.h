@@ -22,6 +22,5 @@ bool IsHandle(const std::string& text);  // hexadecimal and above zero
 // Parses exactly `count` reals separated by single blanks.
 bool ReadReals(const std::string& text, size_t count, std::vector<double>& values);
 std::string PointText(double x, double y, double z);
-std::vector<std::string> Split(const std::string& text, const char* separators);
 
 }  // namespace bench::klimora
