@@ -13,31 +13,6 @@ namespace {
     throw Refusal(kBadValue, "Not a Klimora project: " + reason);
 }
 
-void RequirePoint(const TiXmlElement* part, const char* path, const std::string& name) {
-    std::vector<double> point;
-    if (!ReadReals(ValueAt(part, path), 3, point)) RefuseFile(name + " has no point at " + path + ".");
-}
-
-void RequireReal(const TiXmlElement* part, const char* path, const std::string& name) {
-    double value = 0;
-    if (!ReadNumber(ValueAt(part, path), value) || value < 0) RefuseFile(name + " has no number at " + path + ".");
-}
-
-void CheckDuct(const TiXmlElement* part, const std::string& name) {
-    const std::string shape = ValueAt(part, "Shape/ID");
-    if (shape == "0") {
-        RequireReal(part, "Diameter", name);
-    } else if (shape == "1") {
-        RequireReal(part, "Width", name);
-        RequireReal(part, "Height", name);
-    } else {
-        RefuseFile(name + " is neither round nor rectangular.");
-    }
-    RequireReal(part, "qv_sizingflow/ls", name);
-    RequireReal(part, "Length", name);
-    if (ConnectionsOf(part).size() != 2) RefuseFile(name + " has not two connections.");
-}
-
 void TakeSystemType(ProjectTree& project, TiXmlElement* part, const std::string& name) {
     const std::string id = ValueAt(part, "System/ID");
     const TiXmlElement* system = project.System(id);
@@ -54,9 +29,6 @@ void CheckPart(ProjectTree& project, TiXmlElement* part) {
     long type = 0;
     if (!ReadNumber(ValueAt(part, "Type/ID"), type)) RefuseFile(name + " has no Type/ID.");
     if (ValueAt(part, "Type/Define").empty()) RefuseFile(name + " has no Type/Define.");
-    for (const char* path : {"Position/WCS", "Direction/WCS", "Normal/WCS"})
-        RequirePoint(part, path, name);
-    if (type == kDuctTypeId) CheckDuct(part, name);
     TakeSystemType(project, part, name);
 }
 
