@@ -14,24 +14,17 @@
 namespace bench {
 namespace {
 
+// The options for a single pick, with own prompts (":$") or without.
 struct Request {
-    bool single = false;
-    bool ownPrompts = false;
-    bool understood = true;
+    bool understood;
+    bool ownPrompts;
 };
 
-// Letters after colons, such as "_:S" or ":S:$".
 Request Understand(const ACHAR* options) {
-    Request request;
     std::wstring text = options == nullptr ? L"" : UpperCase(options);
     if (!text.empty() && text[0] == L'_') text.erase(0, 1);
-    for (size_t i = 0; i < text.size(); i += 2) {
-        const wchar_t letter = i + 1 < text.size() ? text[i + 1] : L'\0';
-        if (text[i] != L':' || (letter != L'S' && letter != L'$')) request.understood = false;
-        request.single = request.single || letter == L'S';
-        request.ownPrompts = request.ownPrompts || letter == L'$';
-    }
-    return request;
+    const bool ownPrompts = text == L":S:$" || text == L":$:S";
+    return {ownPrompts || text == L":S", ownPrompts};
 }
 
 std::string RequestText(const ACHAR* options, const void* pt1) {
@@ -57,7 +50,7 @@ int Pick(const Answer& answer, Handle& picked) {
 
 int Select(const ACHAR* options, const void* pt1, const resbuf* filter, Handle& picked) {
     const Request request = Understand(options);
-    if (!request.understood || !request.single || filter != nullptr || CurrentDrawing() == nullptr) return RTREJ;
+    if (!request.understood || filter != nullptr || CurrentDrawing() == nullptr) return RTREJ;
     if (request.ownPrompts && pt1 == nullptr) {
         ReportViolation("acedSSGet was called with :$ but without prompts.");
         return RTREJ;
@@ -78,7 +71,6 @@ struct SelectionSet {
     bool freed = false;
 };
 
-constexpr size_t kMaxOpen = 128;
 // Set names start where no object address can be.
 constexpr int64_t kFirstName = 0x5E1EC70000000000;
 
@@ -88,17 +80,12 @@ std::string SetText(const ads_name name) {
     return sets.count(name[0]) == 0 ? "(none)" : std::to_string(name[0] - kFirstName);
 }
 
-// Returns false when the maximum number of sets is open. The set is tracked until acedSSFree.
-bool HandOutSet(Handle entity, ads_name set) {
-    size_t open = 0;
-    for (const auto& [name, known] : sets)
-        open += known.freed ? 0 : 1;
-    if (open >= kMaxOpen) return false;
+// The set is tracked until acedSSFree.
+void AllocateSet(Handle entity, ads_name set) {
     set[0] = kFirstName + static_cast<int64_t>(sets.size()) + 1;
     set[1] = 0;
     sets[set[0]].entity = entity;
     TrackAcquire("selection set", SetText(set));
-    return true;
 }
 
 // Returns null and reports a violation for an unknown name or a released set.
@@ -128,8 +115,8 @@ int acedSSGet(const ACHAR* str, const void* pt1, const void*, const struct resbu
     ArxCall call("acedSSGet", bench::RequestText(str, pt1));
     if (call.fails()) return call.failed(RTERROR);
     bench::Handle picked = 0;
-    int code = bench::Select(str, pt1, filter, picked);
-    if (code == RTNORM && !bench::HandOutSet(picked, ss)) code = RTERROR;
+    const int code = bench::Select(str, pt1, filter, picked);
+    if (code == RTNORM) bench::AllocateSet(picked, ss);
     return call.done(code);
 }
 
