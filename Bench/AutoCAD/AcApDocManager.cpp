@@ -2,7 +2,7 @@
 #include <cwchar>
 
 #include "AcRxClass.h"
-#include "AcTransactionManager.h"
+#include "Application.h"
 #include "ArxCall.h"
 #include "ProcessState.h"
 #include "Texts.h"

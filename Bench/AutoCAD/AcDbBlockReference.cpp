@@ -1,7 +1,5 @@
 #include "AcDbObject.h"
 #include "AcDbObjectId.h"
-#include "AcDbObjectIterator.h"
-#include "BlockPlacement.h"
 #include "dbents.h"
 
 using bench::Record;
@@ -47,7 +45,6 @@ AcGeMatrix3d AcDbBlockReference::blockTransform() const {
 
 AcDbObjectIterator* AcDbBlockReference::attributeIterator() const {
     return ReadValue<AcDbObjectIterator*>(
-        this, "AcDbBlockReference::attributeIterator", nullptr, [this](const Record& record) {
-            return new bench::AttributeIterator(AcDbObjectOpening::of(this).database, record);
-        });
+        this, "AcDbBlockReference::attributeIterator", nullptr,
+        [this](const Record& record) { return IterateAttributes(AcDbObjectOpening::of(this).database, record); });
 }

@@ -20,4 +20,7 @@ class DrawingDatabase : public AcDbDatabase {
     std::map<Handle, Openings> openings;
 };
 
+// Returns an iterator over the attributes of a block reference; tracked until it is deleted.
+AcDbObjectIterator* IterateAttributes(DrawingDatabase* database, const Record& reference);
+
 }  // namespace bench

@@ -3,7 +3,6 @@
 #include "Application.h"
 
 #include "AcRxClass.h"
-#include "AcTransactionManager.h"
 #include "ArxCall.h"
 #include "ProcessState.h"
 

@@ -8,7 +8,6 @@
 #include "ArxCall.h"
 #include "ProcessState.h"
 #include "Texts.h"
-#include "Xdata.h"
 
 using bench::ArxCall;
 using bench::Record;
@@ -177,26 +176,6 @@ Acad::ErrorStatus AcDbObject::close() {
     ArxCall call("AcDbObject::close", AcDbObjectOpening::Name(this));
     const Acad::ErrorStatus status = AcDbObjectOpening::Close(this);
     return call.fails() ? call.failed(Acad::eWasNotifying) : call.done(status);
-}
-
-resbuf* AcDbObject::xData(const ACHAR* regappName) const {
-    const std::string asked = regappName == nullptr ? "" : " " + bench::LogText(regappName);
-    ArxCall call("AcDbObject::xData", AcDbObjectOpening::Name(this) + asked);
-    const Record* record = call.fails() ? nullptr : AcDbObjectOpening::Read(this, "xData");
-    if (record == nullptr) return nullptr;
-    return bench::MakeXdata(record->xdata, regappName, "xData" + asked + " of " + AcDbObjectOpening::Name(this));
-}
-
-Acad::ErrorStatus AcDbObject::setXData(const resbuf* xdata) {
-    ArxCall call("AcDbObject::setXData", AcDbObjectOpening::Name(this) + bench::XdataText(xdata));
-    if (call.fails()) return call.failed(Acad::eXdataSizeExceeded);
-    Acad::ErrorStatus status;
-    Record* record = AcDbObjectOpening::Write(this, "setXData", status);
-    if (record == nullptr) return call.done(status);
-    const bench::Drawing* drawing =
-        mpOpening->database != nullptr ? &mpOpening->database->drawing : bench::CurrentDrawing();
-    if (drawing == nullptr) return call.done(Acad::eNoDatabase);
-    return call.done(bench::StoreXdata(xdata, *drawing, record->xdata));
 }
 
 namespace {

@@ -1,25 +1,34 @@
-#include "AcDbObjectIterator.h"
+#include <vector>
 
+#include "AcDbDatabase.h"
 #include "AcDbObjectId.h"
 #include "AcRxClass.h"
 #include "ArxCall.h"
 #include "Texts.h"
 
 using bench::ArxCall;
-using bench::AttributeIterator;
 
-namespace bench {
+namespace {
 
-AttributeIterator::AttributeIterator(DrawingDatabase* drawing, const Record& reference)
-    : database(drawing), owner(reference.handle), handles(reference.children) {
-    TrackAcquire("attribute iterator", HandleText(owner));
+class AttributeIterator : public AcDbObjectIterator {
+ public:
+    AttributeIterator(bench::DrawingDatabase* drawing, const bench::Record& reference)
+        : database(drawing), owner(reference.handle), handles(reference.children) {
+        bench::TrackAcquire("attribute iterator", bench::HandleText(owner));
+    }
+    ~AttributeIterator() override { bench::TrackRelease("attribute iterator", bench::HandleText(owner)); }
+
+    bench::DrawingDatabase* const database;
+    const bench::Handle owner;
+    const std::vector<bench::Handle> handles;
+    size_t place = 0;
+};
+
+}  // namespace
+
+AcDbObjectIterator* bench::IterateAttributes(DrawingDatabase* database, const Record& reference) {
+    return new AttributeIterator(database, reference);
 }
-
-AttributeIterator::~AttributeIterator() {
-    TrackRelease("attribute iterator", HandleText(owner));
-}
-
-}  // namespace bench
 
 ACRX_DEFINE_MEMBERS(AcDbObjectIterator, AcRxObject)
 AcDbObjectIterator::AcDbObjectIterator() = default;

@@ -1,6 +1,6 @@
 // Transactions. Each keeps a copy of the drawing from its start; abort restores it, including changes made outside the
 // transaction. endTransaction with an injected fault aborts the transaction.
-#include "AcTransactionManager.h"
+#include "Application.h"
 
 #include <memory>
 #include <vector>

@@ -5,7 +5,6 @@
 
 #include "AcDbDatabase.h"
 #include "AcDbObject.h"
-#include "AcTransactionManager.h"
 #include "BenchAutoCAD.h"
 #include "Memory.h"
 #include "ProcessState.h"
@@ -13,6 +12,16 @@
 #include "Texts.h"
 
 namespace bench {
+
+ProcessState& TheProcess() {
+    static ProcessState process;
+    return process;
+}
+
+Drawing* CurrentDrawing() {
+    DrawingDatabase* current = TheProcess().current;
+    return current == nullptr ? nullptr : &current->drawing;
+}
 
 void StartAutoCAD() {
     TheProcess().mainThread = GetCurrentThreadId();

@@ -1,9 +1,10 @@
-// What starting and stopping AutoCAD and changing its drawing need from the other units.
+// Parts of AutoCAD that its other units use: window, working database, transactions, modules.
 #pragma once
 
 #include <windows.h>
 
 #include "Drawing.h"
+#include "actrans.h"
 #include "dbapserv.h"
 #include "dbmain.h"
 #include "rxdefs.h"
@@ -20,6 +21,10 @@ void SetWorkingDatabase(AcDbDatabase* database);  // null: no drawing is open
 void ResetSystemVariables();
 // Creates an object of the record's class that is not in a drawing yet.
 AcDbObject* MakeObject(const Record& record);
+
+AcTransactionManager* TheTransactionManager();  // of the document
+size_t ActiveTransactions();
+void ForgetTransactions();
 
 void SendToModules(AcRx::AppMsgCode message);
 void UnloadAllModules();

@@ -2,7 +2,7 @@
 // word is a command, and the command's prompts read its further lines.
 #include <cstdio>
 
-#include "AcTransactionManager.h"
+#include "Application.h"
 #include "BenchControl.h"
 #include "CommandLine.h"
 #include "ProcessState.h"

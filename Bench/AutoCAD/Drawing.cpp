@@ -1,30 +1,35 @@
 #include "Drawing.h"
 
+#include <cmath>
+
 #include "Texts.h"
 #include "acdb.h"
 
 namespace bench {
+namespace {
+
+Record Named(Handle handle, RecordKind kind, const wchar_t* className, Handle owner, const std::wstring& name) {
+    Record record;
+    record.handle = handle;
+    record.kind = kind;
+    record.className = className;
+    record.owner = owner;
+    record.name = name;
+    return record;
+}
+
+}  // namespace
 
 AcGeMatrix3d Ucs::toWorld() const {
     return AcGeMatrix3d().setCoordSystem(origin, xAxis, yAxis, xAxis.crossProduct(yAxis));
 }
 
 Drawing::Drawing() {
-    const auto fixed = [this](Handle handle, RecordKind kind, const wchar_t* className, Handle owner,
-                              const wchar_t* name) {
-        Record record;
-        record.handle = handle;
-        record.kind = kind;
-        record.className = className;
-        record.owner = owner;
-        record.name = name;
-        add(record);
-    };
-    fixed(kBlockTable, RecordKind::kBlockTable, L"AcDbBlockTable", 0, L"");
-    fixed(kLayerTable, RecordKind::kLayerTable, L"AcDbLayerTable", 0, L"");
-    fixed(kLayerZero, RecordKind::kLayerRecord, L"AcDbLayerTableRecord", kLayerTable, L"0");
-    fixed(kModelSpace, RecordKind::kBlockRecord, L"AcDbBlockTableRecord", kBlockTable, ACDB_MODEL_SPACE);
-    fixed(kPaperSpace, RecordKind::kBlockRecord, L"AcDbBlockTableRecord", kBlockTable, ACDB_PAPER_SPACE);
+    add(Named(kBlockTable, RecordKind::kBlockTable, L"AcDbBlockTable", 0, L""));
+    add(Named(kLayerTable, RecordKind::kLayerTable, L"AcDbLayerTable", 0, L""));
+    add(Named(kLayerZero, RecordKind::kLayerRecord, L"AcDbLayerTableRecord", kLayerTable, L"0"));
+    add(Named(kModelSpace, RecordKind::kBlockRecord, L"AcDbBlockTableRecord", kBlockTable, ACDB_MODEL_SPACE));
+    add(Named(kPaperSpace, RecordKind::kBlockRecord, L"AcDbBlockTableRecord", kBlockTable, ACDB_PAPER_SPACE));
     applications.push_back(L"ACAD");
 }
 
@@ -60,12 +65,7 @@ Record* Drawing::findNamed(Handle table, const std::wstring& name) {
 
 Record& Drawing::made(RecordKind kind, const wchar_t* className, Handle table, const std::wstring& name) {
     if (Record* known = findNamed(table, name)) return *known;
-    Record record;
-    record.kind = kind;
-    record.className = className;
-    record.owner = table;
-    record.name = name;
-    return *add(record);
+    return *add(Named(0, kind, className, table, name));
 }
 
 Record& Drawing::block(const std::wstring& name) {
@@ -92,6 +92,38 @@ void Drawing::restore(const Drawing& earlier) {
     const Handle next = nextHandle_;
     *this = earlier;
     nextHandle_ = next;
+}
+
+// ---- Block placement ----
+
+namespace {
+
+// The arbitrary axis algorithm: the x axis is world y × normal near the world's z, otherwise world z × normal.
+AcGeMatrix3d PlaneToWorld(const AcGeVector3d& normal) {
+    const AcGeVector3d z = normal.normal();
+    const bool nearZ = std::fabs(z.x) < 1.0 / 64 && std::fabs(z.y) < 1.0 / 64;
+    const AcGeVector3d x = (nearZ ? AcGeVector3d(0, 1, 0) : AcGeVector3d(0, 0, 1)).crossProduct(z).normal();
+    return AcGeMatrix3d().setCoordSystem(AcGePoint3d(), x, z.crossProduct(x), z);
+}
+
+AcGeVector3d Axis(const AcGeMatrix3d& placement, int column) {
+    return AcGeVector3d(placement.entry[0][column], placement.entry[1][column], placement.entry[2][column]);
+}
+
+}  // namespace
+
+AcGeMatrix3d BlockPlacement(const AcGePoint3d& position, double rotation, const AcGeVector3d& normal) {
+    AcGeMatrix3d placement = PlaneToWorld(normal) * AcGeMatrix3d::rotation(rotation, AcGeVector3d(0, 0, 1));
+    return placement.setTranslation(position.asVector());
+}
+
+AcGeVector3d NormalOf(const AcGeMatrix3d& placement) {
+    return Axis(placement, 2);
+}
+
+double RotationOf(const AcGeMatrix3d& placement) {
+    const AcGeVector3d flat = PlaneToWorld(NormalOf(placement)).inverse() * Axis(placement, 0);
+    return std::atan2(flat.y, flat.x);
 }
 
 // ---- The drawing as text ----

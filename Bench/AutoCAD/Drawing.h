@@ -54,6 +54,11 @@ struct Ucs {
     AcGeMatrix3d toWorld() const;
 };
 
+// The placement of a block reference, as the matrix from block to world. `rotation` is about the normal.
+AcGeMatrix3d BlockPlacement(const AcGePoint3d& position, double rotation, const AcGeVector3d& normal);
+AcGeVector3d NormalOf(const AcGeMatrix3d& placement);
+double RotationOf(const AcGeMatrix3d& placement);
+
 class Drawing {
  public:
     // Handles of the objects in every drawing.

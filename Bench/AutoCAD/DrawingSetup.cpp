@@ -1,5 +1,4 @@
 // Bench functions that change and read the drawing without a module.
-#include "BlockPlacement.h"
 #include "ProcessState.h"
 #include "Texts.h"
 

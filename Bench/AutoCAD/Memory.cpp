@@ -1,11 +1,16 @@
 #include "Memory.h"
 
+#include <cstdarg>
 #include <cstdlib>
 #include <cstring>
 #include <cwchar>
 #include <map>
 
-#include "BenchControl.h"
+#include "ArxCall.h"
+#include "Texts.h"
+#include "acdb.h"
+#include "acutads.h"
+#include "acutmem.h"
 #include "adscodes.h"
 
 namespace bench {
@@ -45,18 +50,7 @@ void ReleaseChainPart(int chain) {
     if (--known.parts == 0) TrackRelease("resbuf chain", known.name);
 }
 
-}  // namespace
-
-wchar_t* AllocateForCaller(const std::wstring& text, const std::string& name) {
-    TrackAcquire("string", name);
-    return Allocate(text, name, 0);
-}
-
-wchar_t* AllocateInChain(const std::wstring& text, int chain) {
-    ++chains[chain].parts;
-    return Allocate(text, "", chain);
-}
-
+// Reports a violation when AutoCAD did not allocate the string or it was already released.
 void ReleaseString(void* text, const char* by) {
     const auto found = texts.find(text);
     if (found == texts.end()) {
@@ -75,6 +69,47 @@ void ReleaseString(void* text, const char* by) {
         ReleaseChainPart(known.chain);
     else
         TrackRelease("string", known.name);
+}
+
+// Releases the node and advances to the next. Returns false and reports a violation when AutoCAD did not allocate it or
+// it was already released.
+bool ReleaseNode(resbuf*& node, const char* by) {
+    const auto found = nodes.find(node);
+    if (found == nodes.end()) {
+        ReportViolation(std::string(by) + " was called on a result buffer that AutoCAD did not allocate.");
+        return false;
+    }
+    if (!CheckNode(node, by)) return false;
+    // The string pointer stays and refers to released memory.
+    if (IsStringType(node->restype) && node->resval.rstring != nullptr) ReleaseString(node->resval.rstring, by);
+    node = node->rbnext;
+    found->second.released = true;
+    ReleaseChainPart(found->second.chain);
+    return true;
+}
+
+// Takes one value of the type from the arguments. Returns false for an unknown type.
+bool FillNode(resbuf* node, int chain, va_list& arguments) {
+    if (IsStringType(node->restype)) {
+        const wchar_t* text = va_arg(arguments, const wchar_t*);
+        node->resval.rstring = AllocateInChain(text == nullptr ? L"" : text, chain);
+        return true;
+    }
+    if (node->restype != RTSHORT && node->restype != AcDb::kDxfXdInteger16) return false;
+    node->resval.rint = static_cast<short>(va_arg(arguments, int));
+    return true;
+}
+
+}  // namespace
+
+wchar_t* AllocateForCaller(const std::wstring& text, const std::string& name) {
+    TrackAcquire("string", name);
+    return Allocate(text, name, 0);
+}
+
+wchar_t* AllocateInChain(const std::wstring& text, int chain) {
+    ++chains[chain].parts;
+    return Allocate(text, "", chain);
 }
 
 int BeginChain(const std::string& name) {
@@ -102,21 +137,6 @@ bool CheckNode(const resbuf* node, const char* by) {
     return false;
 }
 
-bool ReleaseNode(resbuf*& node, const char* by) {
-    const auto found = nodes.find(node);
-    if (found == nodes.end()) {
-        ReportViolation(std::string(by) + " was called on a result buffer that AutoCAD did not allocate.");
-        return false;
-    }
-    if (!CheckNode(node, by)) return false;
-    // The string pointer stays and refers to released memory.
-    if (IsStringType(node->restype) && node->resval.rstring != nullptr) ReleaseString(node->resval.rstring, by);
-    node = node->rbnext;
-    found->second.released = true;
-    ReleaseChainPart(found->second.chain);
-    return true;
-}
-
 bool IsStringType(short type) {
     return type == RTSTR || (type >= 1000 && type <= 1003) || type == 1005;
 }
@@ -132,3 +152,60 @@ void FreeMemory() {
 }
 
 }  // namespace bench
+
+using bench::ArxCall;
+
+Acad::ErrorStatus acutUpdString(const ACHAR* pInput, ACHAR*& pOutput) {
+    ArxCall call("acutUpdString", bench::LogText(pInput));
+    if (call.fails()) return call.failed(Acad::eOutOfMemory);
+    ACHAR* const old = pOutput;
+    pOutput = pInput == nullptr ? nullptr : bench::AllocateForCaller(pInput, "acutUpdString " + bench::LogText(pInput));
+    if (old != nullptr) bench::ReleaseString(old, "acutUpdString");
+    return call.done(Acad::eOk);
+}
+
+void acutDelBuffer(void*& pBuffer) {
+    ArxCall call("acutDelBuffer", "");
+    if (pBuffer != nullptr) bench::ReleaseString(pBuffer, "acutDelString");
+    pBuffer = nullptr;
+}
+
+struct resbuf* acutNewRb(int v) {
+    ArxCall call("acutNewRb", std::to_string(v));
+    if (call.fails()) return nullptr;
+    // AutoCAD guarantees only the type.
+    resbuf* const node =
+        bench::AddNode(bench::BeginChain("acutNewRb " + std::to_string(v)), nullptr, static_cast<short>(v));
+    std::memset(&node->rbnext, bench::kSentinel, sizeof node->rbnext);
+    return node;
+}
+
+struct resbuf* acutBuildList(int rtype, ...) {
+    ArxCall call("acutBuildList", std::to_string(rtype));
+    if (call.fails() || rtype == RTNONE || rtype == 0) return nullptr;
+    const int chain = bench::BeginChain("acutBuildList " + std::to_string(rtype));
+    resbuf* head = nullptr;
+    resbuf* last = nullptr;
+    bool good = true;
+    va_list arguments;
+    va_start(arguments, rtype);
+    for (int type = rtype; good && type != RTNONE && type != 0; type = va_arg(arguments, int)) {
+        last = bench::AddNode(chain, last, static_cast<short>(type));
+        if (head == nullptr) head = last;
+        good = bench::FillNode(last, chain, arguments);
+    }
+    va_end(arguments);
+    if (good) return head;
+    bench::UnrecordedScope quiet;
+    acutRelRb(head);
+    return nullptr;
+}
+
+int acutRelRb(struct resbuf* rb) {
+    ArxCall call("acutRelRb", rb == nullptr ? "(null)" : std::to_string(rb->restype));
+    if (rb == nullptr) return call.done(RTERROR);
+    int result = RTNORM;
+    while (rb != nullptr && result == RTNORM)
+        if (!bench::ReleaseNode(rb, "acutRelRb")) result = RTERROR;
+    return call.fails() ? call.failed(RTERROR) : call.done(result);
+}

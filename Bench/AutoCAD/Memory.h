@@ -15,8 +15,6 @@ inline constexpr int kSentinel = 0xDD;
 wchar_t* AllocateForCaller(const std::wstring& text, const std::string& name);
 // Allocates a string that belongs to a chain. The chain stays outstanding until the string is released.
 wchar_t* AllocateInChain(const std::wstring& text, int chain);
-// Reports a violation when AutoCAD did not allocate the string or it was already released.
-void ReleaseString(void* text, const char* by);
 
 // Begins a chain for the module. Tracks "resbuf chain NAME" until its last node and string are released, which detects
 // a skipped node and an overwritten string.
@@ -25,9 +23,6 @@ int BeginChain(const std::string& name);
 resbuf* AddNode(int chain, resbuf* last, short type);
 // Returns false and reports a violation for a released node. A buffer of the caller's own passes.
 bool CheckNode(const resbuf* node, const char* by);
-// Releases the node and advances to the next. Returns false and reports a violation when AutoCAD did not allocate it or
-// it was already released.
-bool ReleaseNode(resbuf*& node, const char* by);
 
 // Whether a group code's value is a string.
 bool IsStringType(short type);

@@ -67,7 +67,7 @@ void Send(const Module& module, AcRx::AppMsgCode message) {
     entry(message, const_cast<Module*>(&module));
 }
 
-void AccuseOfLeftovers(const Module& module) {
+void ReportLeftovers(const Module& module) {
     const std::string name = fs::path(module.path).filename().string();
     auto& commands = TheProcess().commands;
     for (size_t i = commands.size(); i-- > 0;) {
@@ -84,7 +84,7 @@ void AccuseOfLeftovers(const Module& module) {
 }
 
 void Discard(Module* module) {
-    AccuseOfLeftovers(*module);
+    ReportLeftovers(*module);
     FreeLibrary(module->handle);
     auto& modules = TheProcess().modules;
     for (size_t i = 0; i < modules.size(); ++i)

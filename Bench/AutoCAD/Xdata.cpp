@@ -1,8 +1,7 @@
-#include "Xdata.h"
-
+// Extended data: AcDbObject::xData and setXData, and acdbRegApp.
 #include <cwchar>
 
-#include "ArxCall.h"
+#include "AcDbObject.h"
 #include "Memory.h"
 #include "ProcessState.h"
 #include "Texts.h"
@@ -69,8 +68,7 @@ resbuf* AppendText(int chain, resbuf* last, short code, const std::wstring& text
     return node;
 }
 
-}  // namespace
-
+// Builds a chain of the application's data, or of all data when `application` is null. Returns null when there is none.
 resbuf* MakeXdata(const std::vector<XdataOfApplication>& all, const wchar_t* application, const std::string& name) {
     int chain = 0;
     resbuf* head = nullptr;
@@ -92,6 +90,8 @@ resbuf* MakeXdata(const std::vector<XdataOfApplication>& all, const wchar_t* app
     return head;
 }
 
+// Replaces the data of the applications that the chain names and removes that of an application without items. On an
+// error nothing changes.
 Acad::ErrorStatus StoreXdata(const resbuf* chain, const Drawing& drawing, std::vector<XdataOfApplication>& all) {
     std::vector<XdataOfApplication> news;
     const Acad::ErrorStatus status = ReadChain(chain, drawing, news);
@@ -102,6 +102,7 @@ Acad::ErrorStatus StoreXdata(const resbuf* chain, const Drawing& drawing, std::v
     return Acad::eOk;
 }
 
+// Returns the group codes and strings for the call log.
 std::string XdataText(const resbuf* chain) {
     std::string text;
     for (const resbuf* node = chain; node != nullptr; node = node->rbnext) {
@@ -111,11 +112,35 @@ std::string XdataText(const resbuf* chain) {
     return text.empty() ? " (null)" : text;
 }
 
+}  // namespace
 }  // namespace bench
+
+using bench::ArxCall;
+using bench::Record;
+
+resbuf* AcDbObject::xData(const ACHAR* regappName) const {
+    const std::string asked = regappName == nullptr ? "" : " " + bench::LogText(regappName);
+    ArxCall call("AcDbObject::xData", AcDbObjectOpening::Name(this) + asked);
+    const Record* record = call.fails() ? nullptr : AcDbObjectOpening::Read(this, "xData");
+    if (record == nullptr) return nullptr;
+    return bench::MakeXdata(record->xdata, regappName, "xData" + asked + " of " + AcDbObjectOpening::Name(this));
+}
+
+Acad::ErrorStatus AcDbObject::setXData(const resbuf* xdata) {
+    ArxCall call("AcDbObject::setXData", AcDbObjectOpening::Name(this) + bench::XdataText(xdata));
+    if (call.fails()) return call.failed(Acad::eXdataSizeExceeded);
+    Acad::ErrorStatus status;
+    Record* record = AcDbObjectOpening::Write(this, "setXData", status);
+    if (record == nullptr) return call.done(status);
+    const bench::Drawing* drawing =
+        mpOpening->database != nullptr ? &mpOpening->database->drawing : bench::CurrentDrawing();
+    if (drawing == nullptr) return call.done(Acad::eNoDatabase);
+    return call.done(bench::StoreXdata(xdata, *drawing, record->xdata));
+}
 
 // Returns RSERR for a name that is already registered; it stays registered.
 int acdbRegApp(const ACHAR* appname) {
-    bench::ArxCall call("acdbRegApp", bench::LogText(appname));
+    ArxCall call("acdbRegApp", bench::LogText(appname));
     if (call.fails()) return call.failed(RTERROR);
     bench::Drawing* drawing = bench::CurrentDrawing();
     if (drawing == nullptr || appname == nullptr || *appname == L'\0' || std::wcslen(appname) > 255 ||
