@@ -12,7 +12,7 @@
 
 namespace bench {
 
-void Print(const std::string& text) {
+void PrintText(const std::string& text) {
     TheProcess().transcript += text;
     if (TheProcess().echo) TheProcess().echo(text);
 }
@@ -35,9 +35,6 @@ void ClearTranscript() {
 void SetEcho(std::function<void(const std::string&)> echo) {
     TheProcess().echo = std::move(echo);
 }
-void PrintText(const std::string& text) {
-    Print(text);
-}
 
 }  // namespace bench
 
@@ -56,6 +53,6 @@ int acutPrintf(const ACHAR* format, ...) {
     const std::string text = bench::Ansi(wide);
     bench::ArxCall call("acutPrintf", text);
     if (call.fails()) return call.failed(RTERROR);
-    bench::Print(text);
+    bench::PrintText(text);
     return RTNORM;
 }

@@ -7,7 +7,6 @@
 
 namespace bench {
 
-void Print(const std::string& text);
 // Takes one line of queued input, or one word if blanks also end it. Returns false when there is none.
 bool TakeInput(bool blankEnds, std::wstring& line);
 // Prints the prompt, takes the next answer and prints it. Without an answer, reports a violation and returns Escape.

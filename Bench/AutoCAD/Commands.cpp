@@ -40,10 +40,10 @@ void Call(const Command& command) {
 bool RunOne(const std::wstring& name) {
     ProcessState& process = TheProcess();
     const std::string shown = Ansi(UpperCase(name));
-    Print("\nCommand: " + shown + "\n");
+    PrintText("\nCommand: " + shown + "\n");
     Command command;
     if (!FindCommand(name, command)) {
-        Print("Unknown command \"" + shown + "\".  Press F1 for help.\n");
+        PrintText("Unknown command \"" + shown + "\".  Press F1 for help.\n");
         return false;
     }
     process.runningCommand = Ansi(command.globalName);

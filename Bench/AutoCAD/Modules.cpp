@@ -104,21 +104,21 @@ int Load(const std::wstring& name) {
     const fs::path file = FindModule(name);
     const std::string shown = fs::path(name).filename().string();
     if (file.empty()) {
-        Print("\n" + shown + " cannot find that file.\n");
+        PrintText("\n" + shown + " cannot find that file.\n");
         return RTERROR;
     }
     if (FindLoaded(name) != nullptr) {
-        Print("\n" + shown + " already loaded.\n");
+        PrintText("\n" + shown + " already loaded.\n");
         return RTERROR;
     }
     const HMODULE handle = LoadLibraryExW(file.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
     if (handle == nullptr) {
-        Print("\n" + shown + " cannot be loaded: error " + std::to_string(GetLastError()) + ".\n");
+        PrintText("\n" + shown + " cannot be loaded: error " + std::to_string(GetLastError()) + ".\n");
         return RTERROR;
     }
     const ApiVersion version = Export<ApiVersion>(handle, "acrxGetApiVersion");
     if (version == nullptr || version() != kApiVersion || Export<EntryPoint>(handle, "acrxEntryPoint") == nullptr) {
-        Print("\n" + shown + " is incompatible with this version of AutoCAD.\n");
+        PrintText("\n" + shown + " is incompatible with this version of AutoCAD.\n");
         FreeLibrary(handle);
         return RTERROR;
     }
@@ -126,7 +126,7 @@ int Load(const std::wstring& name) {
     modules.push_back(std::make_unique<Module>(Module{file.wstring(), handle, true}));
     Module* module = modules.back().get();
     if (Export<EntryPoint>(handle, "acrxEntryPoint")(AcRx::kInitAppMsg, module) == AcRx::kRetError) {
-        Print("\n" + shown + " failed to load.\n");
+        PrintText("\n" + shown + " failed to load.\n");
         Discard(module);
         return RTERROR;
     }
@@ -177,7 +177,7 @@ int acedArxUnload(const ACHAR* app) {
     Module* module = app == nullptr ? nullptr : bench::FindLoaded(app);
     if (module == nullptr) return call.done(RTERROR);
     if (module->locked) {
-        bench::Print("\n" + bench::LogText(app) + " cannot be unloaded.\n");
+        bench::PrintText("\n" + bench::LogText(app) + " cannot be unloaded.\n");
         return call.done(RTERROR);
     }
     bench::Unload(module);

@@ -18,7 +18,7 @@ std::string Echo(const Answer& answer) {
 
 Answer Ask(const std::string& prompt, bool blankEnds) {
     ProcessState& process = TheProcess();
-    Print(prompt);
+    PrintText(prompt);
     Answer answer{Answer::kEscape, ""};
     std::wstring line;
     if (TakeInput(blankEnds, line)) {
@@ -31,7 +31,7 @@ Answer Ask(const std::string& prompt, bool blankEnds) {
     } else {
         ReportViolation("Nobody answered the prompt \"" + prompt + "\".");
     }
-    Print(Echo(answer));
+    PrintText(Echo(answer));
     return answer;
 }
 

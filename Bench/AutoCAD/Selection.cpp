@@ -60,7 +60,7 @@ int Select(const ACHAR* options, const void* pt1, const resbuf* filter, Handle& 
     for (;;) {
         const Answer answer = Ask(prompt);
         if (answer.kind != Answer::kText) return Pick(answer, picked);
-        Print("*Invalid selection*\nExpects a point\n");
+        PrintText("*Invalid selection*\nExpects a point\n");
     }
 }
 
