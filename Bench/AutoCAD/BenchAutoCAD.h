@@ -64,8 +64,9 @@ BENCH_AUTOCAD_API void LockLayer(const std::string& layer, bool locked);
 // xdata, registered applications), so that a test can compare two states.
 BENCH_AUTOCAD_API std::string DrawingState();
 
-// System variables are integers, reals, strings and points, as AutoCAD types them.
+// Returns an integer, string or point as text; empty for an unknown name.
 BENCH_AUTOCAD_API std::string SystemVariable(const std::string& name);
+// Sets an integer. Throws std::out_of_range for an unknown name.
 BENCH_AUTOCAD_API void SetSystemVariable(const std::string& name, const std::string& value);
 // Sets the user coordinate system. UCSORG, UCSXDIR, UCSYDIR and acedTrans follow it.
 BENCH_AUTOCAD_API void SetUcs(const double origin[3], const double xAxis[3], const double yAxis[3]);

@@ -68,12 +68,7 @@ std::string SystemVariable(const std::string& name) {
 }
 
 void SetSystemVariable(const std::string& name, const std::string& value) {
-    Variable* variable = Find(FromAnsi(name));
-    if (variable == nullptr || variable->type != RTSHORT) {
-        ReportViolation("The bench set " + name + ", which is not a system variable that it can set.");
-        return;
-    }
-    variable->integer = static_cast<short>(std::atoi(value.c_str()));
+    variables.at(FromAnsi(name)).integer = static_cast<short>(std::atoi(value.c_str()));
 }
 
 }  // namespace bench
