@@ -5,7 +5,7 @@
 
 FOLDER is the bundle, ARCHIVE the path of its zip without the extension, SERIES the oldest release of AutoCAD that it
 supports ("R24.0"), SIGNATURE the last bytes of each signed file, or empty, NAMES the header with the names that the
-module registers, FILE a file that ships beside the module. Prints each fault on a line; exit code 1 when there is one."""
+module registers, FILE a file that ships beside the module. Prints each fault on a line and then exits with 1."""
 import os
 import re
 import struct
@@ -142,11 +142,7 @@ def check(folder, archive, version, series, signature, header, shipped):
 def main():
     folder, archive, version, series, signature, header, *shipped = sys.argv[1:]
     check(folder, archive, version, series, signature, header, shipped)
-    for fault in faults:
-        print(fault)
-    if not faults:
-        print(f"{len(files_below(folder))} files, as they should be.")
-    return 1 if faults else 0
+    return "\n".join(faults) or None
 
 
 if __name__ == "__main__":

@@ -3,7 +3,7 @@
 
     check_module.py MODULE OBJDUMP WINDRES
 
-The tools must read the module's format. Prints the differences; exit code 1 when there is one."""
+The tools must read the module's format. Prints the differences, if any, and then exits with 1."""
 import difflib
 import re
 import subprocess
@@ -64,9 +64,8 @@ def main():
 
     lists, dialogs = EXPECTED.split('"SORVIK_WEB"')
     expected = " ".join(lists.split()) + '\n"SORVIK_WEB"' + dialogs
-    differences = list(difflib.unified_diff(expected.split("\n"), found.split("\n"), "expected", "found", "", "", 0, ""))
-    print("\n".join(differences) if differences else "exports, libraries, dialogs and icons as they should be")
-    return 1 if differences else 0
+    differences = difflib.unified_diff(expected.split("\n"), found.split("\n"), "expected", "found", "", "", 0, "")
+    return "\n".join(differences) or None
 
 
 if __name__ == "__main__":
