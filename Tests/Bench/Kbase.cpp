@@ -1,13 +1,12 @@
 // The fake record database: saving a record to the file, and the contract violations that it reports.
 #include <windows.h>
 
-#include <fstream>
 #include <functional>
-#include <iterator>
 
 #include "FakeFixture.h"
 #include "KbaseDictionary.h"
 #include "KbaseFile.h"
+#include "Unit/TestFiles.h"
 #include "kbase.h"
 
 using testing::ElementsAre;
@@ -16,11 +15,6 @@ namespace {
 
 constexpr char kDictionary[] = "kbase-test.ddk";
 constexpr char kDatabase[] = "kbase-test.kpd";
-
-std::string FileText(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
 
 // Opens copies of the sample's files, with an unsaved record "A".
 class KbaseLibrary : public FakeTest {
@@ -61,10 +55,10 @@ TEST_F(KbaseLibrary, WritesTheBytesOfASavedRecordAndTheirMeaning) {
     const char dimensions[] =
         "\x0A\x00\xC8\x00\x00\x00\x00\x00\x80\x41\x00\x80\x8E\x43\xCD\xCC\xCC\x3D\x66\x66\x9E\x41";
     const unsigned char losses[] = {3, 5, 10, 18, 30, 29, 19, 255, 0, 1, 2, 3, 4, 5, 6, 7};
-    const std::string before = FileText(kDatabase);
+    const std::string before = ReadWholeFile(kDatabase);
     EXPECT_EQ(Insert(record_, 1650, dimensions, 1) + Insert(record_, 1654, losses, 2), 0);
     EXPECT_EQ(Insert(record_, 1507, "", 0) + Insert(record_, 1503, "S\xC3\xB6rvik\n", 8), 0);
-    EXPECT_EQ(FileText(kDatabase), before);
+    EXPECT_EQ(ReadWholeFile(kDatabase), before);
     EXPECT_EQ(kbsaverec(database_, record_), 0);
     const KB_RECORD quoted = Create("B \"2\"");
     EXPECT_EQ(kbsaverec(database_, quoted), 0);
@@ -86,7 +80,7 @@ TEST_F(KbaseLibrary, WritesTheBytesOfASavedRecordAndTheirMeaning) {
 }
 
 TEST_F(KbaseLibrary, KeepsTheRestOfTheFileWhenReplacingAndDeleting) {
-    const std::string before = FileText(kDatabase);
+    const std::string before = ReadWholeFile(kDatabase);
     EXPECT_EQ(kbsaverec(database_, record_), 0);
     EXPECT_FALSE(Create("A")) << "a key that exists";
     EXPECT_EQ(Insert(record_, 1503, "Sorvik", 6), 0);
@@ -94,7 +88,7 @@ TEST_F(KbaseLibrary, KeepsTheRestOfTheFileWhenReplacingAndDeleting) {
     EXPECT_EQ(Saved().Find("dSilencerType", "A")->BytesOf(1503), "Sorvik");
     EXPECT_EQ(kbdeleterec(database_, &silencers_, "A"), 0);
     EXPECT_EQ(kbdeleterec(database_, &silencers_, "A"), -1);
-    EXPECT_EQ(FileText(kDatabase), before);
+    EXPECT_EQ(ReadWholeFile(kDatabase), before);
     const HANDLE owner = CreateFileA(kDatabase, GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     EXPECT_EQ(kbsaverec(database_, record_), -2) << "a locked file";
     CloseHandle(owner);

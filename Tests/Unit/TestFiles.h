@@ -1,4 +1,4 @@
-// Files of the unit tests: reading and writing whole files, and a temporary folder that the destructor deletes.
+// Files of the tests: reading and writing whole files, and a temporary folder that the destructor deletes.
 #pragma once
 
 #include <windows.h>
