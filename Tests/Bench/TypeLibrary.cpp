@@ -109,8 +109,6 @@ class TypeLibraryTest : public testing::Test {
     static void Add(ICreateTypeInfo& type, UINT index, const Method& method) {
         std::vector<TYPEDESC> targets(method.parameters.size());
         std::vector<ELEMDESC> parameters(method.parameters.size());
-        std::vector<std::wstring> parameterNames;
-        std::vector<wchar_t*> names = {const_cast<wchar_t*>(method.name)};
         for (size_t i = 0; i < parameters.size(); ++i) {
             const bool isOut = (method.parameters[i] & kOut) != 0;
             targets[i].vt = static_cast<VARTYPE>(method.parameters[i] & ~kOut);
@@ -118,10 +116,7 @@ class TypeLibraryTest : public testing::Test {
             if (isOut) parameters[i].tdesc.vt = VT_PTR;
             if (isOut) parameters[i].tdesc.lptdesc = &targets[i];
             parameters[i].paramdesc.wParamFlags = isOut ? PARAMFLAG_FOUT : PARAMFLAG_FIN;
-            parameterNames.push_back(L"p" + std::to_wstring(i));
         }
-        for (std::wstring& name : parameterNames)
-            names.push_back(name.data());
         FUNCDESC function = {};
         function.memid = static_cast<MEMBERID>(100 + index);
         function.lprgelemdescParam = parameters.data();
@@ -131,7 +126,8 @@ class TypeLibraryTest : public testing::Test {
         function.cParams = static_cast<SHORT>(parameters.size());
         function.elemdescFunc.tdesc.vt = VT_HRESULT;
         EXPECT_EQ(type.AddFuncDesc(index, &function), S_OK);
-        EXPECT_EQ(type.SetFuncAndParamNames(index, names.data(), static_cast<UINT>(names.size())), S_OK);
+        wchar_t* name = const_cast<wchar_t*>(method.name);
+        EXPECT_EQ(type.SetFuncAndParamNames(index, &name, 1), S_OK);
     }
 };
 
@@ -161,9 +157,6 @@ TEST_F(TypeLibraryTest, ReportsEveryDifferenceInOneSentence) {
          [](auto& rows) { std::swap(rows[0].methods[0], rows[0].methods[1]); },
          {"IPart: getText is in slot 8, not in slot 7.", "IPart: setSize is in slot 7, not in slot 8.",
           "ILaterPart: getText is in slot 8, not in slot 7.", "ILaterPart: setSize is in slot 7, not in slot 8."}},
-        {"type changed",
-         [](auto& rows) { rows[1].methods[0].parameters[0] = VT_I4; },
-         {"ILaterPart: parameter 1 of erase is long, not BSTR."}},
         {"value for pointer",
          [](auto& rows) { rows[1].methods[0].parameters[0] = VT_BSTR | kOut; },
          {"ILaterPart: parameter 1 of erase is BSTR *, not BSTR."}},
