@@ -147,6 +147,12 @@ TEST_F(RegistryTest, CreatesSelectsAndDeletesKeys) {
     EXPECT_EQ(after(registry.SetKeyPath(path.c_str(), false)), "0 " + path);
     EXPECT_EQ(after(registry.Open(HKEY_LOCAL_MACHINE, path.c_str(), KEY_READ, false)), "-4004 ")
         << "the old path is cleared";
+    EXPECT_EQ(after(registry.Open(HKEY_LOCAL_MACHINE, path.c_str(), KEY_ALL_ACCESS, true)), "0 " + path);
+    EXPECT_EQ(after(registry.DeleteKey(nullptr)), "0 ");
+    EXPECT_FALSE(DeleteKey(HKEY_LOCAL_MACHINE, path));
+    EXPECT_EQ(after(registry.CreateKey(path.c_str())), "0 " + path);
+    EXPECT_EQ(registry.SetDwordValue("v", 0x64726F77), 0);
+    EXPECT_EQ(Stored(HKEY_LOCAL_MACHINE, "v"), "4:word");
     const std::string noPath = Line("SetKeyPath", "SetKeyPath _KeyPath == NULL", 134);
     EXPECT_EQ(LogLines(), noPath + noPath + Line("CreateKey", "CreateKey path == NULL", 226) +
                               Line("DeleteKey", "DeleteKey path == NULL", 265) +
