@@ -21,14 +21,7 @@ int FailToPrint(const wchar_t*, ...) {
     throw std::runtime_error("no print");
 }
 
-class Session : public SessionBench {
- protected:
-    static std::string TemporaryFolder() {
-        char folder[MAX_PATH] = "";
-        GetTempPathA(MAX_PATH, folder);
-        return folder;
-    }
-};
+using Session = SessionBench;
 
 TEST_F(Session, StartsWithItsOwnIdentifierAndFolder) {
     RecordedCalls calls;

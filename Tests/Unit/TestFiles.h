@@ -21,15 +21,20 @@ inline bool Exists(const std::string& path) {
     return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
+// With a trailing backslash.
+inline std::string TemporaryFolder() {
+    char path[MAX_PATH] = "";
+    GetTempPathA(MAX_PATH, path);
+    return path;
+}
+
 class TestFolder {
  public:
     TestFolder() {
-        char base[MAX_PATH] = "";
-        GetTempPathA(MAX_PATH, base);
         // Skips folders that an earlier run has left.
         int number = 0;
         do
-            path_ = std::string(base) + "sorvik-unit-" + std::to_string(++number);
+            path_ = TemporaryFolder() + "sorvik-unit-" + std::to_string(++number);
         while (!CreateDirectoryA(path_.c_str(), nullptr) && GetLastError() == ERROR_ALREADY_EXISTS);
     }
     ~TestFolder() {
