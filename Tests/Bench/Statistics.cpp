@@ -9,34 +9,30 @@ namespace {
 using Wrapper = KlimoraPluginsStatisticsWrapper;
 
 // The memory layout of a record: fourteen narrow strings.
-struct Record {
-    std::string fields[14] = {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "11", "12", "", "14"};
-    PluginStat* Get() { return reinterpret_cast<PluginStat*>(this); }
-};
-static_assert(sizeof(Record) == sizeof(PluginStat));
+std::string fields[14];
+static_assert(sizeof fields == sizeof(PluginStat));
+PluginStat* const record = reinterpret_cast<PluginStat*>(fields);
 
 using StatisticsLibrary = FakeTest;
 
 TEST_F(StatisticsLibrary, ReportsCallsInTheWrongOrder) {
-    Record record;
     const struct {
-        void (*work)(Wrapper&, PluginStat*);
+        void (*work)(Wrapper&);
         std::vector<std::string> violations;
     } cases[] = {
-        {[](Wrapper& w, PluginStat* r) { w.AddInsertStatistics(L"E", r), w.FlushStatistics(), w.CloseStatistics(); },
-         {}},
-        {[](Wrapper&, PluginStat*) {}, {"Statistics: the object was destroyed without CloseStatistics."}},
-        {[](Wrapper& w, PluginStat*) { w.FlushStatistics(), w.CloseStatistics(); },
+        {[](Wrapper& w) { w.AddInsertStatistics(L"E", record), w.FlushStatistics(), w.CloseStatistics(); }, {}},
+        {[](Wrapper&) {}, {"Statistics: the object was destroyed without CloseStatistics."}},
+        {[](Wrapper& w) { w.FlushStatistics(), w.CloseStatistics(); },
          {"Statistics: FlushStatistics was called with no event to send."}},
-        {[](Wrapper& w, PluginStat* r) {
-             w.AddInsertStatistics(L"E", r), w.FlushStatistics(), w.FlushStatistics(), w.CloseStatistics();
+        {[](Wrapper& w) {
+             w.AddInsertStatistics(L"E", record), w.FlushStatistics(), w.FlushStatistics(), w.CloseStatistics();
          },
          {"Statistics: FlushStatistics was called with no event to send."}},
-        {[](Wrapper& w, PluginStat* r) { w.CloseStatistics(), w.AddInsertStatistics(L"E", r); },
+        {[](Wrapper& w) { w.CloseStatistics(), w.AddInsertStatistics(L"E", record); },
          {"Statistics: AddInsertStatistics was called after CloseStatistics."}},
-        {[](Wrapper& w, PluginStat*) { w.CloseStatistics(), w.CloseStatistics(); },
+        {[](Wrapper& w) { w.CloseStatistics(), w.CloseStatistics(); },
          {"Statistics: CloseStatistics was called after CloseStatistics."}},
-        {[](Wrapper& w, PluginStat*) {
+        {[](Wrapper& w) {
              w.AddInsertStatistics(L"", nullptr), w.CloseStatistics();
              Wrapper(3, L"", nullptr).CloseStatistics();
          },
@@ -48,7 +44,7 @@ TEST_F(StatisticsLibrary, ReportsCallsInTheWrongOrder) {
     for (const auto& c : cases) {
         {
             Wrapper wrapper(3, L"client", L"key");
-            c.work(wrapper, record.Get());
+            c.work(wrapper);
             EXPECT_EQ(bench::OutstandingResources(), std::vector<std::string>{"statistics object client"});
         }
         EXPECT_EQ(TakeViolations(), c.violations);
