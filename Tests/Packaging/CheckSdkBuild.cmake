@@ -121,10 +121,7 @@ if(PART STREQUAL "visualc")
   execute_process(
     COMMAND ${CMAKE_COMMAND} ${common} -DCMAKE_SYSTEM_NAME=Windows -DCMAKE_CXX_COMPILER=${SCRATCH}/clang-cl
             -DCMAKE_CXX_COMPILER_WORKS=ON -DCMAKE_RC_COMPILER=true -DCMAKE_LINKER=true -DCMAKE_MT=true -B ${SCRATCH}/build
-    RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
-  if(NOT result EQUAL 0)
-    message(FATAL_ERROR "The configuration failed.\n${output}")
-  endif()
+    COMMAND_ERROR_IS_FATAL ANY)
   file(READ ${SCRATCH}/build/build.ninja rules)
   if(NOT rules MATCHES " FLAGS = [^\n]*/EHs [^\n]*/guard:cf" OR NOT rules MATCHES " LINK_FLAGS = [^\n]*/guard:cf" OR rules MATCHES "/EHsc")
     message(FATAL_ERROR "The module is not compiled with /EHs and /guard:cf and linked with /guard:cf.")
@@ -136,22 +133,12 @@ endif()
 write_release(24 1)
 file(WRITE ${SCRATCH}/sign "test \"$1\" = /q && printf SIGNED >>\"$2\"\n")
 execute_process(COMMAND ${configure} ${common} -DSORVIK_SDK_RELEASE=24.1 "-DSORVIK_SIGN=sh;${SCRATCH}/sign;/q" -B ${SCRATCH}/build
-  RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
-if(NOT result EQUAL 0)
-  message(FATAL_ERROR "The configuration failed.\n${output}")
-endif()
-execute_process(COMMAND ${CMAKE_COMMAND} --build ${SCRATCH}/build --target bundle
-  RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
-if(NOT result EQUAL 0)
-  message(FATAL_ERROR "The build failed.\n${output}")
-endif()
+  COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND ${CMAKE_COMMAND} --build ${SCRATCH}/build --target bundle COMMAND_ERROR_IS_FATAL ANY)
 execute_process(
   COMMAND ${PYTHON} ${SOURCE}/Tests/Packaging/check_bundle.py ${SCRATCH}/build/Sorvik.bundle ${SCRATCH}/build/Sorvik-${VERSION}
           ${VERSION} R24.1 SIGNED ${copy}/PlugIn/Lib/ModuleIdentity.h ${beside}
-  RESULT_VARIABLE result)
-if(NOT result EQUAL 0)
-  message(FATAL_ERROR "The bundle is not as it should be.")
-endif()
+  COMMAND_ERROR_IS_FATAL ANY)
 file(READ ${SCRATCH}/build/Sorvik.bundle/Contents/user-guide.html guide)
 if(NOT guide MATCHES "http://server.of.the.manufacturer" OR NOT guide MATCHES "https://support.of.the.manufacturer/.a=1&amp;b=2"
    OR guide MATCHES "sorvik.example")
