@@ -159,7 +159,7 @@ class RawServer : public KlimoraBench {
     const ImportPatch frees_{"SysFreeString", CountedFree};
 };
 
-TEST_F(RawServer, InterfacesAreGivenBackInTheirOrder) {
+TEST_F(RawServer, ReleasesInterfacesInOrder) {
     {
         const KlimComSrvImpl connection;
         EXPECT_EQ(g_raw.released, "");
@@ -169,7 +169,7 @@ TEST_F(RawServer, InterfacesAreGivenBackInTheirOrder) {
     EXPECT_EQ(g_raw.released, "IDrawing 200805 201011 latest ");
 }
 
-TEST_F(RawServer, OlderServerServesAllButCalculate) {
+TEST_F(RawServer, OffersAllButCalculateOnAnOlderServer) {
     g_raw.hasLatest = false;
     KlimComSrvImpl connection;
     EXPECT_EQ(connection.selectProduct("<H/>"), 0);
@@ -182,7 +182,7 @@ TEST_F(RawServer, OlderServerServesAllButCalculate) {
 struct Operation {
     const char* name;
     const char* called;       // interface, slot and arguments
-    char output;              // 't' a text, 'r' a real, 'p' a point, '-' none
+    char output;              // 't' a string, 'r' a real, 'p' a point, '-' none
     const char* trace;        // arguments after success; null when only a failed call is traced
     const char* failedTrace;  // arguments after a failed call; null when they are the same
     int (*call)(KlimComSrvImpl&);
@@ -228,7 +228,7 @@ std::string Line(const Operation& operation, const char* arguments, int result, 
            error + (operation.name == std::string("getPartAtt") ? "" : "\n");
 }
 
-TEST_F(RawServer, EachOperationReachesItsSlotGivesItsAnswerAndTracesAsTheSwitchesSay) {
+TEST_F(RawServer, CallsTheSlotOfEachOperationAndTracesAsSwitchedOn) {
     for (const Operation& operation : kOperations) {
         KlimComSrvImpl connection;
         for (int bits = 0; bits < 32; ++bits) {
@@ -260,9 +260,9 @@ TEST_F(RawServer, EachOperationReachesItsSlotGivesItsAnswerAndTracesAsTheSwitche
     }
 }
 
-// ---- Texts
+// ---- Strings and trace lines
 
-TEST_F(RawServer, TextsOfEveryLengthArriveWhole) {
+TEST_F(RawServer, PassesStringsOfEveryLength) {
     KlimComSrvImpl connection;
     for (const size_t length : {0u, 1u, 255u, 256u, 257u, 9000u}) {
         const std::string text(length, 'x');
@@ -272,10 +272,10 @@ TEST_F(RawServer, TextsOfEveryLengthArriveWhole) {
         EXPECT_EQ(g_out.text, text) << length;
     }
     EXPECT_EQ(connection.erasePart(nullptr), 0);
-    EXPECT_EQ(g_raw.called, "200805 23 ") << "a null text is a null BSTR";
+    EXPECT_EQ(g_raw.called, "200805 23 ") << "a null string is a null BSTR";
 }
 
-TEST_F(RawServer, TextsAreInTheCodePage) {
+TEST_F(RawServer, ConvertsStringsWithTheCodePage) {
     if (GetACP() != 1252) GTEST_SKIP() << "needs the western code page";
     g_raw.answer = L"\u00D8 250 \u20AC";
     KlimComSrvImpl connection;
@@ -284,7 +284,7 @@ TEST_F(RawServer, TextsAreInTheCodePage) {
     EXPECT_EQ(g_raw.called, "200805 15 \xD8\xAC\\0") << "the low bytes of U+00D8 and U+20AC";
 }
 
-TEST_F(RawServer, TraceLineIsCutToItsBuffer) {
+TEST_F(RawServer, TruncatesTheTraceLine) {
     KlimComSrvImpl connection;
     connection.setTrace({true, false, false});
     connection.manageProductData(std::string(20000, 'y').c_str());
@@ -293,7 +293,7 @@ TEST_F(RawServer, TraceLineIsCutToItsBuffer) {
     EXPECT_EQ(connection.lastTrace(), "KlimComSrvImpl::setBinVariableData:(1, 0, 'hexdata')=0 \n");
 }
 
-TEST_F(RawServer, ResultOutlivesATraceLineWithoutMemory) {
+TEST_F(RawServer, KeepsTheResultWhenTheTraceLineFails) {
     KlimComSrvImpl connection;
     connection.setTrace({true, true, true});
     g_raw.code = 17;
@@ -306,7 +306,7 @@ TEST_F(RawServer, ResultOutlivesATraceLineWithoutMemory) {
     EXPECT_EQ(connection.lastTrace() + Printed(), "");
 }
 
-TEST_F(RawServer, VersionAndErrorTextAreNeverTraced) {
+TEST_F(RawServer, NeverTracesVersionAndErrorText) {
     KlimComSrvImpl connection;
     connection.setTrace({true, true, true});
     EXPECT_EQ(connection.getVersion(), 20090300);
