@@ -70,9 +70,12 @@ TEST_F(Session, ReportsMissingFolder) {
     calls.Return("GetTempFileNameA", GetTempFileNameA, 0, 0, 1);
     EXPECT_EQ(session.Initialize(), -1);
     EXPECT_EQ(Printed(), Line(head + "Can't get a name for the temporary folder."));
-    calls.Return("GetTempPathA", GetTempPathA, MAX_PATH, 0, 1);
-    EXPECT_EQ(session.Initialize(), -1);
-    EXPECT_EQ(Printed(), Line(head + "The temporary folder's path is too long."));
+    for (const DWORD length : {MAX_PATH, 5000}) {
+        const DWORD path = length;
+        calls.Return("GetTempPathA", GetTempPathA, path, 0, 1);
+        EXPECT_EQ(session.Initialize(), -1);
+        EXPECT_EQ(Printed(), Line(head + "The temporary folder's path is too long."));
+    }
     const std::string id = session.SessionId();
     calls.Return("GetTickCount", GetTickCount, 2);
     calls.Return("CreateDirectoryA", CreateDirectoryA, FALSE);
