@@ -37,12 +37,8 @@ TEST_F(ConfiguratorLaunch, ThrowsWhenTheModuleIsNotFound) {
     ASSERT_EQ(session.Initialize(), 0);
     RecordedCalls calls;
     calls.Return("GetModuleFileNameA", GetModuleFileNameA, 0);
-    try {
-        session.LaunchConfigurator("CAD.exe", "SorvSIL", "http://x", "title");
-        ADD_FAILURE() << "nothing thrown";
-    } catch (const char* text) {
-        EXPECT_STREQ(text, "ARX is not loaded.");
-    }
+    EXPECT_EQ(Thrown([&] { session.LaunchConfigurator("CAD.exe", "SorvSIL", "http://x", "title"); }),
+              "ARX is not loaded.");
 }
 
 TEST_F(ConfiguratorLaunch, WritesTheAddressFromTheDuct) {

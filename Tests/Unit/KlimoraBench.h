@@ -32,6 +32,18 @@ class KlimoraBench : public testing::Test {
         }
         return calls;
     }
+    // The text that `work` throws, or "(nothing)".
+    template <class Work>
+    static std::string Thrown(Work work) {
+        try {
+            work();
+        } catch (const char* text) {
+            return text;
+        } catch (const std::string& text) {
+            return text;
+        }
+        return "(nothing)";
+    }
     // The text that was printed since the last call.
     static std::string Printed() {
         const std::string text = bench::Transcript();

@@ -11,19 +11,6 @@ constexpr char kText[] = "/Part/Geometry/Source[0]/KModel/Params";
 class PartAttributes : public ConnectedBench {
  protected:
     PartAttributes() { Start(); }
-
-    // The text that a required operation throws, or "(nothing)".
-    template <class Work>
-    static std::string Thrown(Work work) {
-        try {
-            work();
-        } catch (const char* text) {
-            return text;
-        } catch (const std::string& text) {
-            return text;
-        }
-        return "(nothing)";
-    }
 };
 
 TEST_F(PartAttributes, WritesTextAndThrowsOnlyWhenRequired) {
