@@ -4,6 +4,7 @@
 #include <functional>
 #include <utility>
 
+#include "CommaLocale.h"
 #include "CreatePartsFixture.h"
 #include "Util/ConnectionStubCommand.h"
 #include "Util/PartCommands.h"
@@ -63,6 +64,7 @@ TEST_F(CreateParts, EscapesStrings) {
 
 TEST_F(CreateParts, WritesEachOptionalElementOfARadiator) {
     Start();
+    const CommaLocale locale;
     const std::pair<std::optional<int>, RadiatorValve> cases[] = {
         {1, {1, "", "F<", "K>"}},     {{}, {1, "V&", "", "K>"}},   {{}, {1, "V&", "F<", ""}},
         {{}, {{}, "V&", "F<", "K>"}}, {{}, {0, "V&", "F<", "K>"}},

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <string>
 
+#include "CommaLocale.h"
 #include "Lib/FormatText.h"
 #include "Lib/ModuleIdentity.h"
 #include "RecordedCalls.h"
@@ -60,16 +61,17 @@ TEST(DialogTexts, ReplacesTrailingBlanksWithTerminators) {
 }
 
 TEST(DialogTexts, LimitsNumbersToTheirBounds) {
+    const CommaLocale locale;
     const struct {
         const char* before;
         double minimum, maximum;
         bool replaced;
         const char* after;
     } cases[] = {
-        {"12.7", 0, 10, true, "10"},          {"-3", 0, 10, true, "0"},
-        {"10", 0, 10, false, "10"},           {"0", 0, 10, false, "0"},
-        {"7.25 mm", 0, 10, false, "7.25 mm"}, {"none", 5, 10, true, "5"},
-        {"9", 9.6, 20, true, "10"},           {"1e9", -1e6, 1e6, true, "1000000"},
+        {"12.7", 0, 10, true, "10"},         {"-3", 0, 10, true, "0"},
+        {"10", 0, 10, false, "10"},          {"0", 0, 10, false, "0"},
+        {"7.5 mm", 7.2, 9, false, "7.5 mm"}, {"none", 5, 10, true, "5"},
+        {"9", 9.6, 20, true, "10"},          {"1e9", -1e6, 1e6, true, "1000000"},
     };
     for (const auto& c : cases) {
         char text[32] = "";

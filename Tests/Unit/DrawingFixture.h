@@ -15,6 +15,7 @@
 
 #include "BenchAutoCAD.h"
 #include "BenchControl.h"
+#include "CommaLocale.h"
 #include "Lib/Text.h"
 
 inline AcDbObjectId IdOf(const std::string& handle) {
@@ -27,4 +28,7 @@ inline AcDbObjectId IdOf(const std::string& handle) {
 class DrawingTest : public testing::Test {
  protected:
     static std::string AddDuct(const std::string& layer = "0") { return bench::AddEntity({"", "EwaDuct", layer}); }
+
+ private:
+    const CommaLocale locale_;
 };

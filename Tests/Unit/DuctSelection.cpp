@@ -1,4 +1,5 @@
 // What is read from a picked duct, which picks repeat the prompt, and which failures end the selection.
+#include "CommaLocale.h"
 #include "SessionBench.h"
 
 namespace {
@@ -17,6 +18,7 @@ class DuctSelection : public SessionBench {
     };
     // Picks one entity at each prompt, then presses Escape.
     Selected Pick(const std::vector<std::string>& handles) {
+        const CommaLocale locale;
         bench::ClearCallLog();
         bench::ClearAnswers();
         for (const std::string& handle : handles)

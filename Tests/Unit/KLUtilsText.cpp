@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "CommaLocale.h"
 #include "gtest/gtest.h"
 
 using Texts = std::vector<std::string>;
@@ -20,6 +21,7 @@ TEST(KLUtilsText, KeepsEmptyPartsWhenSplitting) {
 }
 
 TEST(KLUtilsText, ReadsNumbers) {
+    const CommaLocale locale;
     const struct {
         const char* text;
         int count, result;
@@ -44,6 +46,7 @@ TEST(KLUtilsText, ReadsNumbers) {
 }
 
 TEST(KLUtilsText, WritesNumbers) {
+    const CommaLocale locale;
     const double numbers[] = {1, -2.5, 0.0049};
     EXPECT_EQ(KLUtils::FormatNumbers(numbers, 3, 2), "1.00 -2.50 0.00");
     EXPECT_EQ(KLUtils::FormatNumbers(numbers, 1, 0), "1");

@@ -1,7 +1,7 @@
 // Typed access to part attributes, records of repeated elements, and the guard of the trace switches.
-#include <locale>
-
+#include "CommaLocale.h"
 #include "KlimoraBench.h"
+#include "Util/KlimComSrvImpl.h"
 
 namespace {
 
@@ -11,13 +11,16 @@ constexpr char kText[] = "/Part/Geometry/Source[0]/KModel/Params";
 class PartAttributes : public ConnectedBench {
  protected:
     PartAttributes() { Start(); }
+
+ private:
+    const CommaLocale locale_;
 };
 
 TEST_F(PartAttributes, WritesTextAndThrowsOnlyWhenRequired) {
-    EXPECT_EQ(utils_.SetPartAtt("2A3", kText, 42, true), 0);
+    EXPECT_EQ(utils_.SetPartAtt("2A3", kText, 20090300, true), 0);
     EXPECT_EQ(utils_.SetPartAtt("2A3", kText, std::string("A<1>"), true), 0);
     EXPECT_EQ(Calls("IKlimora200805::setPartAtt '2A3' '/Part/Geometry/Source[0]/KModel/Params' "),
-              (std::vector<std::string>{"'42' -> 0", "'A<1>' -> 0"}));
+              (std::vector<std::string>{"'20090300' -> 0", "'A<1>' -> 0"}));
     bench::FailCall("IKlimora200805::setPartAtt", 3, 9);
     EXPECT_EQ(utils_.SetPartAtt("2A3", kText, 1, false), 9);
     EXPECT_EQ(Thrown([&] { utils_.SetPartAtt("FFFF", kText, 1, true); }), "KLComUtils::SetPartAtt");
@@ -35,32 +38,11 @@ TEST_F(PartAttributes, ReadsEachKind) {
     EXPECT_TRUE(utils_.IsPartTypeID("FFFF", -1)) << "the type of a part that does not exist";
     EXPECT_TRUE(utils_.IsPartTypeDefine("2A3", "EWAPART_DUCT"));
     EXPECT_FALSE(utils_.IsPartTypeDefine("2A3", "ewapart_duct"));
-    utils_.SetPartAtt("2A3", kText, std::string("1 2"), true);
+    utils_.SetPartAtt("2A3", kText, std::string("1.5 2"), true);
+    EXPECT_EQ(utils_.GetPartAttReal("2A3", kText, true), 1.5);
+    EXPECT_EQ(utils_.GetPartAttOrDefault("2A3", kText, 7), 1);
     const AcGePoint3d point = utils_.GetPartAttPoint("2A3", kText, true);
-    EXPECT_TRUE(point.x == 1 && point.y == 2 && point.z == 0) << "a short text leaves the rest at 0";
-}
-
-// A C++ locale that another plug-in may have set.
-struct GermanNumbers : std::numpunct<char> {
-    char do_decimal_point() const override { return ','; }
-    char do_thousands_sep() const override { return '.'; }
-    std::string do_grouping() const override { return "\3"; }
-};
-
-TEST_F(PartAttributes, IgnoresTheLocaleOfTheProcess) {
-    const std::locale before = std::locale::global(std::locale(std::locale::classic(), new GermanNumbers));
-    utils_.SetPartAtt("2A3", kText, 20090300, true);
-    const std::string written = bench::PartAttribute("2A3", kText);
-    utils_.SetPartAtt("2A3", kText, std::string("11300.5 2.5 -3"), true);
-    const AcGePoint3d point = utils_.GetPartAttPoint("2A3", kText, true);
-    const double real = utils_.GetPartAttReal("2A3", kText, true);
-    utils_.SetPartAtt("2A3", kText, std::string("1.234"), true);
-    const int whole = utils_.GetPartAttOrDefault("2A3", kText, 7);
-    std::locale::global(before);
-    EXPECT_EQ(written, "20090300");
-    EXPECT_TRUE(point.x == 11300.5 && point.y == 2.5 && point.z == -3);
-    EXPECT_EQ(real, 11300.5);
-    EXPECT_EQ(whole, 1);
+    EXPECT_TRUE(point.x == 1.5 && point.y == 2 && point.z == 0) << "a short text leaves the rest at 0";
 }
 
 TEST_F(PartAttributes, ThrowsForFailedReadsOnlyWhenRequired) {
@@ -84,6 +66,10 @@ TEST_F(PartAttributes, ReturnsTheTraceLineAsLastError) {
     utils_.SetTrace(true, false, false);
     utils_.GetPartAtt("2A3", "/part/diameter", value, false);
     EXPECT_EQ(utils_.GetLastError(), "KlimComSrvImpl::getPartAtt:('2A3', '/part/diameter', '250')=0 ");
+    KlimComSrvImpl server;
+    server.setTrace({true, false, false});
+    server.setPartAttDouble("2A3", "/Part/Nothing", 1.5);
+    EXPECT_NE(server.lastTrace().find("'2A3', '/Part/Nothing', 1.500000)="), std::string::npos) << server.lastTrace();
 }
 
 TEST_F(PartAttributes, RestoresTheTraceSwitches) {

@@ -8,6 +8,7 @@
 #include <wininet.h>
 
 #include "BenchTexts.h"
+#include "CommaLocale.h"
 #include "LocalisedAttributes.h"
 #include "SessionBench.h"
 #include "kbase.h"
@@ -109,6 +110,7 @@ class ProductRecord : public SessionBench {
     const std::string released_ = "ddk_releasedatabase 3\nkbclosedatabase 4\n";
 
  private:
+    const CommaLocale locale_;
     RecordedCalls calls_;
     const ImportPatch insertions_{"kbinsertatt", InsertAttribute};
     // A real session is slow under Wine.
