@@ -1,4 +1,4 @@
-// Typed access to part attributes, records of repeated elements, and the guard of the trace switches.
+// Typed access to part attributes, and records of repeated elements.
 #include "CommaLocale.h"
 #include "KlimoraBench.h"
 #include "Util/KlimComSrvImpl.h"
@@ -70,20 +70,6 @@ TEST_F(PartAttributes, ReturnsTheTraceLineAsLastError) {
     server.setTrace({true, false, false});
     server.setPartAttDouble("2A3", "/Part/Nothing", 1.5);
     EXPECT_NE(server.lastTrace().find("'2A3', '/Part/Nothing', 1.500000)="), std::string::npos) << server.lastTrace();
-}
-
-TEST_F(PartAttributes, RestoresTheTraceSwitches) {
-    bool keep = false, failures = false, all = false;
-    utils_.SetTrace(true, false, true);
-    {
-        const TraceSwitchGuard other(utils_, {false, true, false});
-        utils_.GetTrace(&keep, &failures, &all);
-        EXPECT_TRUE(!keep && failures && !all);
-        const TraceSwitchGuard inner(utils_);
-        utils_.SetTrace(false, true, false);
-    }
-    utils_.GetTrace(&keep, &failures, &all);
-    EXPECT_TRUE(keep && !failures && all);
 }
 
 TEST_F(PartAttributes, ReadsRecordsWithTheNamedAttributes) {
