@@ -16,19 +16,19 @@
 namespace {
 
 // Results of network and database.
-struct Answers {
+struct Results {
     const char* unknown = "";  // the address that is not found
     KB_HANDLE dictionary = 3, database = 4;
     bool creates = true, knowsModel = true;
     short saves = 0;
     bool hasSpace = true;  // for texts of languages and countries
-} answers;
+} results;
 std::string attributes;  // one line each
 
 // The module ignores its failure.
 short InsertAttribute(KB_HANDLE database, KB_RECORD* record, short number, const void* value, short count) {
-    EXPECT_TRUE(database == answers.database && *record == &answers);
-    if (!answers.hasSpace && (number == 9552 || number == 8501)) throw std::runtime_error("no space");
+    EXPECT_TRUE(database == results.database && *record == &results);
+    if (!results.hasSpace && (number == 9552 || number == 8501)) throw std::runtime_error("no space");
     const std::map<short, int> sizes = {{1150, 2}, {1650, 22}, {1651, 8}, {1652, 12}, {1653, 16}, {1654, 8}, {1110, 2}};
     const auto size = sizes.find(number);
     const auto bytes = [&](int each) {
@@ -64,16 +64,16 @@ class ProductRecord : public SessionBench {
     ProductRecord() {
         EXPECT_EQ(session_.Initialize(), 0);
         calls_.Record("InternetOpenUrlA", InternetOpenUrlA, [](HINTERNET, const char* url, auto...) -> HINTERNET {
-            return url == std::string(answers.unknown) ? nullptr : &answers;
+            return url == std::string(results.unknown) ? nullptr : &results;
         });
-        calls_.Record("ddk_opendatabase", ddk_opendatabase, [](auto...) { return answers.dictionary; });
-        calls_.Record("kbopendatabase", kbopendatabase, [](auto...) { return answers.database; });
+        calls_.Record("ddk_opendatabase", ddk_opendatabase, [](auto...) { return results.dictionary; });
+        calls_.Record("kbopendatabase", kbopendatabase, [](auto...) { return results.database; });
         calls_.Record("ddk_classsymboltoID", ddk_classsymboltoID,
                       [](auto, auto* symbol, auto) { return *symbol != 0; });
-        calls_.Record("kbcreaterec", kbcreaterec, [](auto...) { return answers.creates ? &answers : nullptr; });
+        calls_.Record("kbcreaterec", kbcreaterec, [](auto...) { return results.creates ? &results : nullptr; });
         calls_.Return("kbdeleterec", kbdeleterec, -1);
-        calls_.Record("kbfindrec", kbfindrec, [](auto...) { return answers.knowsModel ? &attributes : nullptr; });
-        calls_.Record("kbsaverec", kbsaverec, [](auto...) { return answers.saves; });
+        calls_.Record("kbfindrec", kbfindrec, [](auto...) { return results.knowsModel ? &attributes : nullptr; });
+        calls_.Record("kbsaverec", kbsaverec, [](auto...) { return results.saves; });
         calls_.Record("kbreleaserec", kbreleaserec, [](auto) {});
         calls_.Record("ddk_releasedatabase", ddk_releasedatabase, [](auto) {});
         calls_.Record("kbclosedatabase", kbclosedatabase, [](auto) {});
@@ -81,9 +81,9 @@ class ProductRecord : public SessionBench {
 
     // Returns the result and what was printed; the calls are in `called_`.
     std::pair<int, std::string> Build(
-        const std::string& devices, const Answers& given = {}, const std::string& command = "SorvSIL",
+        const std::string& devices, const Results& given = {}, const std::string& command = "SorvSIL",
         const std::string& files = "<DdkFileUrl>d</DdkFileUrl><KpdFileUrl>k</KpdFileUrl>") {
-        answers = given;
+        results = given;
         EXPECT_EQ(Take(session_, "<r>" + files + devices + "</r>"), 0);
         attributes.clear();
         Printed();
@@ -125,7 +125,7 @@ class ProductRecord : public SessionBench {
 };
 
 TEST_F(ProductRecord, MakesEveryCallAndWritesEveryAttributeInOrder) {
-    Answers zero;
+    Results zero;
     zero.dictionary = zero.database = 0;  // a valid handle
     zero.saves = 1;                       // not a failure
     std::string device = ReplaceAll(
@@ -168,7 +168,7 @@ TEST_F(ProductRecord, WritesEveryLanguageAndCountryInOrder) {
     EXPECT_EQ(Build(device), (std::pair{0, std::string()}));
     EXPECT_NE(attributes.find("'KEY 1'\n" + all + "1525 "), std::string::npos) << attributes;
     // A failure ends the languages or the countries and is reported.
-    Answers full;
+    Results full;
     full.hasSpace = false;
     EXPECT_EQ(
         Build(device, full),
@@ -179,9 +179,9 @@ TEST_F(ProductRecord, WritesEveryLanguageAndCountryInOrder) {
     EXPECT_EQ(attributes.find("8502"), std::string::npos);
     EXPECT_EQ(Build(With("DescriptionGBR", "a", ReplaceAll(kDevice, "<ID>", "<DescriptionFIN/><ID>"))).first, 0);
     EXPECT_EQ(attributes.find("9550"), std::string::npos) << "an empty text is not written";
-    KB_RECORD record = &answers;
-    EXPECT_EQ(SetAttributeDescriptionNN(&answers.database, &record, *session_.CurrentDevice()), 0);
-    EXPECT_EQ(SetAttributeWebLinkNN(&answers.database, &record, *session_.CurrentDevice()), 0);
+    KB_RECORD record = &results;
+    EXPECT_EQ(SetAttributeDescriptionNN(&results.database, &record, *session_.CurrentDevice()), 0);
+    EXPECT_EQ(SetAttributeWebLinkNN(&results.database, &record, *session_.CurrentDevice()), 0);
 }
 
 TEST_F(ProductRecord, WritesWholeTextsWithLfLineEnds) {
@@ -292,7 +292,7 @@ TEST_F(ProductRecord, ReportsEveryFailureOfDatabaseAndNetwork) {
                       record = "kbreleaserec kbcreaterec\n" + released_,
                       known = "KPDClassName=\"dSilencerType\" ProductFamilyKey=\"KEY\"";
     const struct {
-        Answers answers;           // unknown address, dictionary, database, creates, knowsModel, saves
+        Results results;           // unknown address, dictionary, database, creates, knowsModel, saves
         std::string printed, end;  // the last calls
         std::string keys;
     } cases[] = {
@@ -323,7 +323,7 @@ TEST_F(ProductRecord, ReportsEveryFailureOfDatabaseAndNetwork) {
          known},
     };
     for (const auto& c : cases) {
-        EXPECT_EQ(Build(With("KModelID", "abcdefghijklmnopqrstuvwxyz0123456789"), c.answers),
+        EXPECT_EQ(Build(With("KModelID", "abcdefghijklmnopqrstuvwxyz0123456789"), c.results),
                   (std::pair{-1, c.printed}));
         EXPECT_TRUE(CallsEndWith(c.end)) << called_;
         EXPECT_NE(Keys().find(c.keys), std::string::npos) << Keys();
