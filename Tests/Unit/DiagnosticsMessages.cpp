@@ -71,11 +71,3 @@ TEST(DiagnosticsMessages, TruncatesFormattedStrings) {
     EXPECT_EQ(FormatString(none), "");
     EXPECT_EQ(FormatString("%d-%5.2f-%c", 7, 1.5, 'z'), "7- 1.50-z");
 }
-
-TEST(DiagnosticsMessages, FormatsATextWithoutArguments) {
-    const std::pair<const char*, const char*> cases[] = {{"", ""},        {nullptr, ""},   {"plain", "plain"},
-                                                         {"50%%", "50%"}, {"50%", "50%"},  {"%s %n", "%s %n"},
-                                                         {"%%%%", "%%"},  {"%%%d", "%%d"}, {"% %", "% %"}};
-    for (const auto& [text, result] : cases)
-        EXPECT_EQ(FormatOwnText(text), result);
-}

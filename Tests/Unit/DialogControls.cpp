@@ -238,7 +238,6 @@ TEST_F(DialogControls, LoadsTheImageThatTheStyleSelects) {
         {false, SS_BITMAP, 0x03, "#115", fromModule + "0x1 0 0 0x1000", IMAGE_ICON},
         {false, SS_ICON, 0x02, file, fromFile + "0x0 0 0 0x1010", IMAGE_BITMAP},
         {false, SS_ICON, 0x04, file, fromFile + "0x0 0 0 0x1010", IMAGE_BITMAP},
-        {false, SS_ICON, 0x0E, file, fromFile + "0x0 0 0 0x1010", IMAGE_BITMAP},
     };
     for (const auto& c : cases) {
         RecordedCalls calls({{GetModuleHandleA(kModuleFileName), "module"}});
