@@ -79,8 +79,10 @@ TEST_F(DialogControls, ShowsLimitsAndReadsTexts) {
     // Only the given control is transferred.
     EXPECT_EQ(dialog_->FromDialog(kOther), 0);
     EXPECT_EQ(dialog_->FromDialog(999), 0);
+    EXPECT_EQ(dialog_->FromDialog(0), 0);
     EXPECT_STREQ(text, "AB");
     EXPECT_EQ(dialog_->ToDialog(kOther), 0);
+    EXPECT_EQ(dialog_->ToDialog(0), 0);
     EXPECT_EQ(dialog_->TextOf(kOther), "kept");
     EXPECT_EQ(dialog_->TextOf(kControl), "longer than four");
     EXPECT_EQ(dialog_->FromDialog(-1), 0);
