@@ -2,13 +2,15 @@
 // may have set them to.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <clocale>
 #include <locale>
 #include <string>
 
 class CommaLocale {
  public:
-    CommaLocale() { std::setlocale(LC_ALL, "German"); }
+    CommaLocale() { EXPECT_NE(std::setlocale(LC_ALL, "German"), nullptr); }
     ~CommaLocale() {
         std::locale::global(before_);
         std::setlocale(LC_ALL, "C");
