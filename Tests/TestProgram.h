@@ -1,5 +1,5 @@
 // Start of the test programs. They read the sample from the current folder and write their files there. It must be the
-// folder of the program.
+// folder of the program. They share the module's log in that folder, so they take turns.
 #pragma once
 
 #include <windows.h>
@@ -22,7 +22,19 @@ inline void UseOwnTemporaryFolder(const std::string& programName) {
     SetEnvironmentVariableA("TEMP", own.c_str());
 }
 
-// Returns false, after printing a message, when the program was not started in its folder.
+// Waits at most four minutes for another test program to end.
+inline bool TakeTurn() {
+    const HANDLE turn = CreateMutexA(nullptr, FALSE, "sorvik-test-programs");  // owned until the process ends
+    DWORD wait = WaitForSingleObject(turn, 0);
+    if (wait == WAIT_TIMEOUT) {
+        std::printf("waiting for another test program to end\n");
+        std::fflush(stdout);
+        wait = WaitForSingleObject(turn, 240000);
+    }
+    return wait == WAIT_OBJECT_0 || wait == WAIT_ABANDONED;
+}
+
+// Returns false, after printing a message, when the program was not started in its folder or another one does not end.
 inline bool BeginTests() {
     bench::ReportCrashes();
     char path[MAX_PATH] = "";
@@ -31,7 +43,9 @@ inline bool BeginTests() {
     const size_t folder = program.find_last_of('\\');
     if (GetFileAttributesA(program.c_str() + folder + 1) != INVALID_FILE_ATTRIBUTES) {
         UseOwnTemporaryFolder(program.substr(folder + 1));
-        return true;
+        if (TakeTurn()) return true;
+        std::printf("another test program is running\n");
+        return false;
     }
     std::printf("%s must be started in its own folder.\n", path);
     return false;
