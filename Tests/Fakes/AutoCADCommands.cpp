@@ -32,8 +32,8 @@ TEST_F(AutoCADCommands, ReportsACommandTypedWhileAnotherRuns) {
 TEST_F(AutoCADCommands, ReportsBadRequests) {
     EXPECT_EQ(acDocManager->sendStringToExecute(acDocManager->curDocument(), L"NO END"), Acad::eInvalidInput);
     EXPECT_EQ(acrxSysRegistry()->remove(ACRX_COMMAND_DOCK), nullptr);
-    EXPECT_THAT(TakeViolations(), ElementsAre(HasSubstr("without a final blank or newline"),
-                                              HasSubstr("must not be removed")));
+    EXPECT_THAT(TakeViolations(),
+                ElementsAre(HasSubstr("without a final blank or newline"), HasSubstr("must not be removed")));
 }
 
 TEST_F(AutoCADCommands, ReportsBadSelections) {
