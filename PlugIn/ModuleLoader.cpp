@@ -27,8 +27,8 @@ int GetModuleFolder(const char* moduleName, char* buffer, size_t size) {
     const HMODULE module = GetModuleHandleA(moduleName);
     if (!module) return -1;
     char path[MAX_PATH] = "";
-    const DWORD length = GetModuleFileNameA(module, path, MAX_PATH);
-    if (length == 0 || length >= MAX_PATH) return -1;
+    // A failure leaves the path empty.
+    if (GetModuleFileNameA(module, path, MAX_PATH) >= MAX_PATH) return -1;
     const char* lastBackslash = std::strrchr(path, '\\');
     if (!lastBackslash) return -1;
     const size_t folderLength = static_cast<size_t>(lastBackslash - path);
