@@ -42,7 +42,7 @@ TEST_F(Selection, ReportsAMissingOldOrClosedKlimora) {
         if (!warning.empty()) MeetsBox(warning, BoxIcon::kWarning, {"OK"}, "OK");
         Run();
         const std::string expected = warning.empty() ? "" : "\n" + std::string(kName) + ": " + warning + "\n";
-        EXPECT_NE(Printed().find(expected + kNotStarted), std::string::npos) << Printed();
+        EXPECT_EQ(Printed(), "\n" + expected + kNotStarted) << "after the end of AutoCAD's line";
         EXPECT_EQ(CountOf("acedSSGet"), 0u);
         ExpectNothingChanged();
     }

@@ -194,8 +194,9 @@ TEST_F(DialogControls, ReadsDatesWithAnySeparator) {
     for (const auto& c : cases) {
         char text[32] = "";
         std::strcpy(text, c.before);
+        PDialogControl* control = nullptr;
         Open("SysDateTimePick32", DTS_SHOWNONE, [&](BoundDialog& self) {
-            self.Bind<PDialogControlDate>(kControl, text, c.size);
+            control = &self.Bind<PDialogControlDate>(kControl, text, c.size);
             self.Bind<PDialogControlDate>(kOther, nullptr, 8);
         });
         SYSTEMTIME date = {};
@@ -206,7 +207,7 @@ TEST_F(DialogControls, ReadsDatesWithAnySeparator) {
         EXPECT_STREQ(text, c.after);
         std::strcpy(text, "kept");
         Send(DTM_SETSYSTEMTIME, GDT_NONE, reinterpret_cast<LPARAM>(&date));
-        dialog_->FromDialog(-1);
+        EXPECT_EQ(control->FromDialog(), 0);
         EXPECT_STREQ(text, "kept") << "without a date the text stays";
         *text = '\0';
         RecordedCalls calls;
