@@ -1,5 +1,6 @@
 // Runs the whole command once for every call that it makes to another component, with that call failing. In each case
 // the command must end, report the failure and leave nothing behind, and the next run must equal a healthy one.
+#include <cstdio>
 #include <functional>
 
 #include "SweepBench.h"
@@ -24,6 +25,7 @@ TEST_F(FaultSweep, SurvivesAnyFailedCall) {
             i > 0 && i + 1 < calls.size() && calls[i - 1].name == calls[i].name && calls[i + 1].name == calls[i].name;
         if (!isWithinRow) Plant(calls[i]);
     }
+    std::printf("%d failures planted\n", planted());
 }
 
 // Checks the sweep itself with faults that a defective module could have.
