@@ -3,7 +3,12 @@
 #include <iterator>
 #include <utility>
 
+#include <dbents.h>
+
 #include "CreatePartsFixture.h"
+#include "DrawingFixture.h"
+#include "Util/ArxHandles.h"
+#include "Util/KLUtils.h"
 
 namespace {
 
@@ -16,6 +21,13 @@ class CreatePartsCustom : public CreatePartsTest {
     static std::string AddBlock(const std::string& layer, double rotation = 0, const AcGeVector3d& normal = {0, 0, 1}) {
         return bench::AddBlockReference(
             {"", "AHU-2", layer, {10, 20, 30}, rotation, {normal.x, normal.y, normal.z}, {}});
+    }
+    // A damaged drawing: the block of the reference is an entity.
+    static std::string AddReferenceToNoBlock() {
+        AcDbObjectId id;
+        OpenObject<AcDbBlockReference> reference(new AcDbBlockReference(AcGePoint3d(), IdOf("2A3")));
+        EXPECT_EQ(KLUtils::AppendToModelSpace(reference.get(), id), Acad::eOk);
+        return bench::Entities().back().handle;
     }
 };
 
@@ -108,6 +120,7 @@ TEST_F(CreatePartsCustom, ReportsEachFailingStepAndReturnsNoHandle) {
     Start();
     const std::string block = AddBlock("0");
     LogReport(utils_.CreateCustomObject("2A3", kUnit, true));  // not a block reference
+    LogReport(utils_.CreateCustomObject(AddReferenceToNoBlock(), kUnit, true));
     for (const auto& [call, ordinal] : {std::pair{"AcDbDatabase::getAcDbObjectId", 1},
                                         {"acdbOpenObject", 1},
                                         {"IKlimora200805::createPart", 1},
