@@ -138,11 +138,11 @@ void Base64Rows(Table& table) {
 void DownloadRow(Table& table) {
     const TestFolder folder;
     const std::string url = SORVIK_WEB_SERVER "/klimora/export/file.bin", ours = folder.file("ours"),
-                      peers = folder.file("peers"), bytes = Bytes(32 * kMegabyte);
+                      peers = folder.file("peers"), bytes = Bytes(8 * kMegabyte);
     bench::WebServer server{SORVIK_CATALOGUE};
     server.UseAsProxy();
     server.Serve("/klimora/export/file.bin", bytes);
-    table.Ratio("download of 32 MB / a bare WinINet loop", 1.5, Timed([&] { DownloadFile(url.c_str(), ours.c_str()); }),
+    table.Ratio("download of 8 MB / a bare WinINet loop", 1.5, Timed([&] { DownloadFile(url.c_str(), ours.c_str()); }),
                 Timed([&] { BareDownload(url.c_str(), peers.c_str()); }));
     table.Same([&] { return ReadWholeFile(ours) == bytes && ReadWholeFile(peers) == bytes; });
 }

@@ -199,6 +199,7 @@ TEST_F(DialogControls, ReadsDatesWithAnySeparator) {
             control = &self.Bind<PDialogControlDate>(kControl, text, c.size);
             self.Bind<PDialogControlDate>(kOther, nullptr, 8);
         });
+        EXPECT_EQ(control->ToDialog(), 0);
         SYSTEMTIME date = {};
         EXPECT_EQ(Send(DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&date)), GDT_VALID);
         EXPECT_EQ(date.wYear * 10000 + date.wMonth * 100 + date.wDay, c.shown);

@@ -98,10 +98,12 @@ TEST_F(XDataTest, ReadsAndWritesNumbersAndPoints) {
     EXPECT_EQ(Get("F"), "2.2");
     EXPECT_EQ(SetXDataString(object(), "SORV", "T", "text"), 0);
     EXPECT_EQ(SetXDataString(object(), "SORV", "TWO", "1,2"), 0);
+    EXPECT_EQ(SetXDataString(object(), "SORV", "GAP", "1,,3"), 0);
 
     double x = 9, y = 9, z = 9, real = 9;
     float single = 9;
     EXPECT_EQ(GetXDataPoint(object(), "SORV", "TWO", x, y, z), 0);
+    EXPECT_EQ(GetXDataPoint(object(), "SORV", "GAP", x, y, z), 0);
     EXPECT_EQ(GetXDataDouble(object(), "SORV", "T", real), 0);
     EXPECT_EQ(GetXDataFloat(object(), "SORV", "T", single), 0);
     EXPECT_EQ(GetXDataPoint(object(), "SORV", "missing", x, y, z), -2);
