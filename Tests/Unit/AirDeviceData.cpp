@@ -1,6 +1,8 @@
 // Corrections of the record's binary attributes, and growing arrays.
 #include "AirDeviceData.h"
 
+#include <cstdlib>
+
 #include "Lib/FormatText.h"
 #include "gtest/gtest.h"
 
@@ -35,6 +37,8 @@ TEST(AppendArrayElement, RejectsBadArguments) {
     EXPECT_EQ(AppendArrayElement(&array, &count, 0, &element), -1);
     EXPECT_EQ(AppendArrayElement(&array, &count, 4, nullptr), -1);
     EXPECT_TRUE(array == nullptr && count == 0);
+    EXPECT_EQ(AppendArrayElement(&array, &count, 1, "x"), 0) << "one byte is enough";
+    std::free(array);
 }
 
 }  // namespace

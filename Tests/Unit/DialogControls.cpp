@@ -1,4 +1,5 @@
 #include <cstdlib>
+#include <typeinfo>
 
 #include "DialogFixture.h"
 #include "Lib/ModuleIdentity.h"
@@ -171,6 +172,27 @@ TEST_F(DialogControls, BindsACheckBoxToAFlag) {
     EXPECT_EQ(dialog_->TextOf(kOther), "Lost") << "the text is set before the flag";
 }
 
+TEST_F(DialogControls, ReturnsZeroFromEveryTransfer) {
+    bool flag = true;
+    float value = 1;
+    char text[] = "text";
+    ComboListData list = ListOf({{1, "A"}});
+    Open("COMBOBOX", CBS_DROPDOWNLIST, [&](BoundDialog& self) {
+        for (PDialogControl* binder :
+             {&self.Bind<PDialogControlComboBox>(kControl, &list, &value),
+              &self.Bind<PDialogControlButton>(kOther, "Button"),
+              &self.Bind<PDialogControlCheckBox>(kOther, "Box", &flag),
+              &self.Bind<PDialogControlRadioButton>(kOther, "Round", &value, 1.0F),
+              &self.Bind<PDialogControlStaticText>(kOther, text), &self.Bind<PDialogControlStaticImage>(kOther, "none"),
+              &self.Bind<PDialogControlTextEdit>(kOther, text, 4),
+              &self.Bind<PDialogControlDate>(kOther, nullptr, 0)}) {
+            EXPECT_EQ(binder->ToDialog(), 0) << typeid(*binder).name();
+            EXPECT_EQ(binder->FromDialog(), 0) << typeid(*binder).name();
+            EXPECT_EQ(binder->HandleMessage(WM_COMMAND, 0, 0), 0);
+        }
+    });
+}
+
 TEST_F(DialogControls, BindsRadioButtonsToOneVariable) {
     float value = 2;
     Open("BUTTON", BS_AUTORADIOBUTTON, [&](BoundDialog& self) {
@@ -249,19 +271,18 @@ TEST_F(DialogControls, LoadsTheImageThatTheStyleSelects) {
         calls.Return("SendMessageA", SendMessageA, 0);
         calls.Return("DeleteObject", DeleteObject, TRUE);
         calls.Return("DestroyIcon", DestroyIcon, TRUE);
+        PDialogControl* control = nullptr;
         Open(c.isButton ? "BUTTON" : "STATIC", c.style, [&](BoundDialog& self) {
             SetWindowLongA(self.GetControl(kControl), GWL_EXSTYLE, c.extended);
-            if (c.isButton)
-                self.Bind<PDialogControlButton>(kControl, c.name);
-            else
-                self.Bind<PDialogControlStaticImage>(kControl, c.name);
+            control = c.isButton ? &self.Bind<PDialogControlButton>(kControl, c.name)
+                                 : &self.Bind<PDialogControlStaticImage>(kControl, c.name);
         });
         const std::string state = "SendMessageA & 0xCF 0x0 0\n";  // EM_SETREADONLY
         const std::string load = "LoadImageA " + c.load + "\nSendMessageA & " + (c.isButton ? "0xF7 " : "0x172 ") +
                                  (c.type == IMAGE_ICON ? "0x1" : "0x0") + " 81\n";
         const std::string erase = c.type == IMAGE_ICON ? "DestroyIcon LoadImageA\n" : "DeleteObject LoadImageA\n";
         EXPECT_EQ(calls.Take(), c.load.empty() ? state : state + load) << c.extended;
-        dialog_->ToDialog(-1);
+        EXPECT_EQ(control->ToDialog(), 0);
         EXPECT_EQ(calls.Take(), c.load.empty() ? state : state + erase + load) << "the previous image is deleted";
         dialog_.reset();
         EXPECT_EQ(calls.Take(), c.load.empty() ? "" : erase);

@@ -87,7 +87,9 @@ TEST(WindowHelpers, CentresWindowsInWholePixels) {
     HWND parent = nullptr;
     RecordedCalls calls;
     calls.Record("GetParent", GetParent, [&](HWND) { return parent; });
-    calls.Record("GetSystemMetrics", GetSystemMetrics, [](int which) { return which == SM_CXSCREEN ? 1000 : 700; });
+    calls.Record("GetSystemMetrics", GetSystemMetrics, [](int which) {
+        return which == SM_CXSCREEN ? 1000 : which == SM_CYSCREEN ? 700 : 0;
+    });
     calls.Record("GetWindowRect", GetWindowRect, [&](HWND of, RECT* area) {
         *area = of == window ? RECT{3, 4, 104, 55} : RECT{101, 50, 401, 302};
         return TRUE;

@@ -101,6 +101,7 @@ TEST(ModuleStart, FailsAndUndoesEverythingWhenAModuleFails) {
     EXPECT_EQ(Printed(), "Error: 126 - cannot load dll-module <" + Upper(Folder() + "\\Kgeom310.dll") +
                              ">\nErrors in modules - Application not loaded\nModule not loaded: 1\n");
     nothingIsLeft(records[0]);
+    EXPECT_EQ(LoadModule(records[1], Folder().c_str()), -1);
     // An exception is undone as well: here from printing the line of success.
     const ImportPatch patch(
         "acutPrintf", +[](const wchar_t*) -> int { throw std::runtime_error("no print"); });

@@ -51,6 +51,8 @@ TEST_F(PartAttributes, ThrowsForFailedReadsOnlyWhenRequired) {
     EXPECT_EQ(Thrown([&] { utils_.GetPartAttReal("FFFF", "/Part/Length", true); }), "KLComUtils::GetPartAtt");
     EXPECT_EQ(Thrown([&] { utils_.GetPartAttPoint("FFFF", "/Part/Position/WCS", true); }), "KLComUtils::GetPartAtt");
     EXPECT_EQ(utils_.GetPartAtt("FFFF", "/Part/Length", false), "");
+    EXPECT_EQ(utils_.GetPartAttReal("FFFF", "/Part/Length", false), 0);
+    EXPECT_EQ(utils_.GetPartAttReal("2A3", kText, false), 0);
     const AcGeVector3d vector = utils_.GetPartAttVector("FFFF", "/Part/Direction/WCS", false);
     EXPECT_TRUE(vector.x == 0 && vector.y == 0 && vector.z == 0);
     EXPECT_EQ(utils_.GetPartAttOrDefault("FFFF", "/Part/Length", 7), 7);
