@@ -226,7 +226,7 @@ TEST_F(DialogControls, ReadsDatesWithAnySeparator) {
         EXPECT_EQ(Send(DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&date)), GDT_VALID);
         EXPECT_EQ(date.wYear * 10000 + date.wMonth * 100 + date.wDay, c.shown);
         std::strcpy(text, "##########");
-        dialog_->FromDialog(-1);
+        EXPECT_EQ(control->FromDialog(), 0);
         EXPECT_STREQ(text, c.after);
         std::strcpy(text, "kept");
         Send(DTM_SETSYSTEMTIME, GDT_NONE, reinterpret_cast<LPARAM>(&date));

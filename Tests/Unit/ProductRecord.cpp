@@ -278,6 +278,9 @@ TEST_F(ProductRecord, ReportsEveryFaultOfADevice) {
         EXPECT_EQ(printed.find(Reported("").substr(0, 90)), 0u);
         EXPECT_NE(printed.find(named), std::string::npos) << printed;
     }
+    const ImportPatch noMemory(
+        "realloc", +[](void*, size_t) -> void* { return nullptr; });
+    EXPECT_EQ(Build(kDevice), (std::pair{-1, Reported("std::bad_alloc")}));
 }
 
 TEST_F(ProductRecord, ReportsEveryFailureOfDatabaseAndNetwork) {
