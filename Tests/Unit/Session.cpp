@@ -30,7 +30,9 @@ TEST_F(Session, StartsWithItsOwnIdentifierAndFolder) {
         return 1u;
     });
     std::string folder = TemporaryFolder() + std::string(180, 'S');
-    std::filesystem::remove_all(folder);  // left by a failed run
+    // Left by a failed run.
+    SetFileAttributesA((folder + "/output.xml").c_str(), FILE_ATTRIBUTE_NORMAL);
+    std::filesystem::remove_all(folder);
     for (const auto& [tick, id] : {std::pair{12345u, "827CCB0EEA8A706C4C34A16891F84E7B"},
                                    {0xFFFFFFFFu, "6BB61E3B7BCE0931DA574D19D1D82C88"}}) {  // of "12345" and "-1"
         calls.Return("GetTickCount", GetTickCount, tick);
