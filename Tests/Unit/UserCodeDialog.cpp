@@ -47,8 +47,12 @@ TEST_F(UserCodeDialog, OpensCentredWithTheProposalAndFocusOnOk) {
         EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_WAIT));
         return SetWindowTextA(GetDlgItem(dialog, control), text);
     });
+    calls.Record("GetSystemMetrics", GetSystemMetrics);
     SetCursor(LoadCursorW(nullptr, IDC_ARROW));
     EXPECT_EQ(Show(), -1);
+    const std::string called = calls.Take();
+    for (const int size : {SM_CXSMICON, SM_CYSMICON, SM_CXICON, SM_CYICON})
+        EXPECT_NE(called.find("GetSystemMetrics " + std::to_string(size) + "\n"), std::string::npos) << called;
     EXPECT_EQ(seen.focusId, IDOK);
     EXPECT_EQ(seen.owner, bench::MainWindow());
     EXPECT_FALSE(seen.watchedEnabled);
