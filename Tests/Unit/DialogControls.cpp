@@ -185,7 +185,7 @@ TEST_F(DialogControls, ReturnsZeroFromEveryTransfer) {
               &self.Bind<PDialogControlRadioButton>(kOther, "Round", &value, 1.0F),
               &self.Bind<PDialogControlStaticText>(kOther, text), &self.Bind<PDialogControlStaticImage>(kOther, "none"),
               &self.Bind<PDialogControlTextEdit>(kOther, text, 4),
-              &self.Bind<PDialogControlDate>(kOther, nullptr, 0)}) {
+              &self.Bind<PDialogControlDate>(kOther, nullptr, 8)}) {
             EXPECT_EQ(binder->ToDialog(), 0) << typeid(*binder).name();
             EXPECT_EQ(binder->FromDialog(), 0) << typeid(*binder).name();
             EXPECT_EQ(binder->HandleMessage(WM_COMMAND, 0, 0), 0);

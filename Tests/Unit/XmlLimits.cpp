@@ -75,6 +75,7 @@ TEST(XmlLimits, FindsTheElementsThatTheParserFinds) {
         {"<r x=\"" + many + "\" y='" + many + "'/>", false},
         {"<?xml version=\"1.0\" encoding='" + many + "'?><r/>", false},
         {"<r x='\"' y=\"'\">" + many, true},
+        {"<r x = \">\">" + many, true},
         {"<r x = \">\"/ >" + many, false},  // the parser stops at the slash
         {"<_a.b:c-d\x7F x=1/>" + many, true},
         {"<r x=1'>" + many, false},
