@@ -37,6 +37,9 @@ TEST(ModuleFolder, ReturnsNoTrailingBackslashAndRejectsSmallBuffers) {
     EXPECT_NE(folder.back(), '\\');
     EXPECT_EQ(GetFileAttributesA((folder + "\\Sorvik_R24_x64.arx").c_str()) & FILE_ATTRIBUTE_DIRECTORY, 0u);
     std::string buffer(folder.size() + 2, 'x');
+    EXPECT_EQ(GetModuleFolder("Sorvik_R24_x64.arx", nullptr, folder.size() + 1), -1);
+    EXPECT_EQ(GetModuleFolder("Sorvik_R24_x64.arx", buffer.data(), 0), -1);
+    EXPECT_EQ(buffer[0], 'x');
     EXPECT_EQ(GetModuleFolder("Sorvik_R24_x64.arx", buffer.data(), folder.size()), -1);
     EXPECT_EQ(buffer[0], '\0') << "emptied first";
     EXPECT_EQ(buffer[1], 'x');

@@ -235,6 +235,7 @@ TEST_F(XDataTest, ReportsUnreachableEntities) {
         EXPECT_EQ(get(nowhere), notRead + "Can't get ACAD object id.\n");
     }
     EXPECT_EQ(set("2F1"), notSet + "Can't open object. Check that layer is not locked.\n");
+    EXPECT_EQ(get("2F1"), "") << "a locked layer does not prevent reading";
     bench::ClearFaults();
     bench::FailCall("acdbOpenObject", 1);
     EXPECT_EQ(get(handle_.c_str()), notRead + "Can't open object for reading.\n");
