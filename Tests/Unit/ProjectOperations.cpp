@@ -208,8 +208,16 @@ TEST_F(ProjectOperations, ReturnsThePlacementOfPartsAndBlocks) {
     EXPECT_EQ(block.entry[1][3], 20);
     EXPECT_TRUE(Calls("IKlimora200805::").empty()) << "the drawing has the placement";
     EXPECT_TRUE(utils_.GetTransformationMatrix(AcDbObjectId()) == AcGeMatrix3d::kIdentity);
-    EXPECT_EQ(Printed(), PartReport("Failed to get transformation matrix", 166, "GetTransformationMatrix",
-                                    "Can't open object for reading"));
+    const auto report = [](const char* reason) {
+        return PartReport("Failed to get transformation matrix", 166, "GetTransformationMatrix", reason);
+    };
+    EXPECT_EQ(Printed(), report("Can't open object for reading"));
+    for (int read = 1; read <= 3; ++read) {
+        bench::ClearFaults();
+        bench::FailCall("IKlimora200805::getPartAtt", read);
+        EXPECT_TRUE(utils_.GetTransformationMatrix(IdOf("2A3")) == AcGeMatrix3d::kIdentity) << read;
+        EXPECT_EQ(Printed(), report("KLComUtils::GetPartAtt"));
+    }
 }
 
 }  // namespace

@@ -88,7 +88,7 @@ TEST(XmlLimits, FindsTheElementsThatTheParserFinds) {
         {"<!-- </a> -->" + Repeated("<a><!-- </a> -->", 201), true},
         {Repeated("<a x='</a>'>", 201), true},
         {Repeated("<a>x</a >", 500), false},
-        {"<r></x>" + many, false},
+        {"<a><r></x>" + many, false},
         {"<r></rr>" + many, false},
         {"<r x='1' y='2' x='3'>" + many, false},
         {many + "\xE2", true},
