@@ -26,11 +26,12 @@ std::string Decode(const std::string& text) {
 
 }  // namespace
 
-TEST(Base64, ConvertsPublishedVectorsBothWays) {
-    const char* const cases[][2] = {{"", ""}, {"foob", "Zm9vYg=="}, {"fooba", "Zm9vYmE="}, {"foobar", "Zm9vYmFy"}};
-    for (const auto& one : cases) {
-        EXPECT_EQ(Encode(one[0]), one[1]);
-        EXPECT_EQ(Decode(one[1]), one[0]);
+TEST(Base64, ConvertsTextsOfEachLengthBothWays) {
+    const std::pair<std::string, std::string> cases[] = {
+        {"", ""}, {"foob", "Zm9vYg=="}, {"fooba", "Zm9vYmE="}, {"foobar", "Zm9vYmFy"}, {std::string(1, '\0'), "AA=="}};
+    for (const auto& [bytes, text] : cases) {
+        EXPECT_EQ(Encode(bytes), text);
+        EXPECT_EQ(Decode(text), bytes);
     }
 }
 

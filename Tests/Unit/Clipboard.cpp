@@ -95,7 +95,10 @@ TEST(Clipboard, PastesWhatWasCopied) {
     EXPECT_EQ(Paste(9), "silencer|10|0123456789");
     EXPECT_EQ(Paste(8), "silence|10|0123456789");
     EXPECT_EQ(Paste(1), "|10|0123456789");
-    EXPECT_TRUE(GwMemory(gwclip_paste(nullptr, kFormat, nullptr, 0, nullptr)));
+    EXPECT_TRUE(GwMemory(gwclip_paste(nullptr, kFormat, nullptr, 8, nullptr)));
+    char untouched = '#';
+    EXPECT_TRUE(GwMemory(gwclip_paste(nullptr, kFormat, &untouched, 0, nullptr)));
+    EXPECT_EQ(untouched, '#');
     ASSERT_EQ(gwclip_copy(owner, kFormat, "", "0123456789", 10, true), 0);
     EXPECT_EQ(OnTheClipboard(kFormat, 16), "00000A00000030313233343536373839");
     EXPECT_EQ(OnTheClipboard(kOther, 6), "none");

@@ -82,6 +82,7 @@ TEST_F(DuctSelection, PromptsAgainSilentlyAfterAnUnsuitablePick) {
         EXPECT_EQ(selected.result, -1) << c.pick << c.replacement;
         EXPECT_EQ(selected.prompts, 3u);
         EXPECT_EQ(selected.duct, "");
+        EXPECT_TRUE(Calls("IKlimora200805::getPartAtt '0'").empty()) << "an open end has no part";
     }
     EXPECT_EQ(Messages(), "");
 }

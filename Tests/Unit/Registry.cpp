@@ -327,6 +327,7 @@ TEST_F(RegistryValues, ReportsBadArguments) {
         {r.GetStringValue("n", value, 0, "d"), getter(R"(ValueName="n", Value="abc", ValueSize=0, DefaultValue="d")")},
         {r.SetBinaryValue(nullptr, "abc", 2), setter(R"(ValueName="NULL", Value="ab", ValueSize=2)")},
         {r.SetBinaryValue("n", nullptr, 2), setter(R"(ValueName="n", Value="NULL", ValueSize=2)")},
+        {r.SetBinaryValue("n", "abc", 0), setter(R"(ValueName="n", Value="abc", ValueSize=0)")},
         {r.SetBinaryValue("n", "abc", -1), setter(R"(ValueName="n", Value="abc", ValueSize=-1)")},
         {r.GetBinaryValue("", value, 3, place), bytes("ValueName=\"\", Value=\"" + at + "\", ValueSize=3")},
         {r.GetBinaryValue("n", value, 0, place), bytes("ValueName=\"n\", Value=\"" + at + "\", ValueSize=0")},
