@@ -154,11 +154,14 @@ TEST(WindowHelpers, ReturnsTheProductVersionOfTheModule) {
 
 TEST(WindowHelpers, ReadsTheProductVersionNotTheFileVersion) {
     VS_FIXEDFILEINFO versions = {0, 0, 0x00050006, 0x00070008, 0x00020000, 0x00000005, 0, 0, 0, 0, 0, 0, 0};
+    UINT size = sizeof versions;
     RecordedCalls calls;
     calls.Record("VerQueryValueA", VerQueryValueA, [&](const void*, const char*, void** found, UINT* length) {
         *found = &versions;
-        *length = sizeof versions;
+        *length = size;
         return TRUE;
     });
     EXPECT_EQ(GetModuleProductVersion(nullptr), "2.5");
+    --size;
+    EXPECT_EQ(GetModuleProductVersion(nullptr), "") << "the block is too short";
 }
