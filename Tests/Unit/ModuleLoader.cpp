@@ -53,7 +53,7 @@ TEST(ModuleFolder, ReturnsNoTrailingBackslashAndRejectsSmallBuffers) {
 TEST(ModuleLoader, ReleasesLibrariesAndKeepsArxModules) {
     // A name with ".ARX" is never freed, even with a handle of a library.
     const HMODULE kept = GetModuleHandleA("kernel32.dll");
-    ModuleRecord records[] = {{"KEEP.ARX", kept}, {"Kbase640.dll", nullptr}};
+    ModuleRecord records[] = {{"KEEP.ARX", kept}, {"Kbase640.dll", nullptr}, {"beyond the count.dll", kept}};
     EXPECT_EQ(LoadModule(records[1], Folder().c_str()), 0);
     EXPECT_EQ(records[1].handle, GetModuleHandleA("Kbase640.dll"));
     RecordedCalls calls({{records[1].handle, "library"}});

@@ -229,6 +229,9 @@ TEST_F(Session, InstallsOnlyASilencerWithItsKeys) {
         EXPECT_EQ(session.InstallSilencer(), -1);
         EXPECT_EQ(Printed(), Line(std::string("Unsupported device class '") + className + "'"));
     }
+    ASSERT_EQ(Take(session, "<r><device ProductFamilyKey='F'/></r>"), 0);
+    EXPECT_EQ(session.InstallSilencer(), -1);
+    EXPECT_EQ(Printed(), Line("Unsupported device class ''"));
     for (const char* key : {"UserCode", "ProductFamilyKey"}) {
         ASSERT_EQ(Take(session, std::string("<r><device KPDClassName='dSilencerType' ") + key + "='S'/></r>"), 0);
         EXPECT_EQ(session.InstallSilencer(), -1);
@@ -236,7 +239,7 @@ TEST_F(Session, InstallsOnlyASilencerWithItsKeys) {
                                  "PlugIn/KL_Conn(573):KlConn::InstallSilencer "),
                   0u);
     }
-    EXPECT_EQ(bench::CallLog().size(), 5u) << "only five lines are printed";
+    EXPECT_EQ(bench::CallLog().size(), 6u) << "nothing but six lines is printed";
 }
 
 TEST_F(Session, RejectsKeysAndCodesThatBreakTheCommand) {

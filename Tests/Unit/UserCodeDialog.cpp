@@ -134,6 +134,7 @@ TEST_F(UserCodeDialog, ProposesTheFirstFreeNumber) {
         EXPECT_EQ(session_.ProposeUserCode("dSilencerType", c.suffix), c.proposal) << c.others;
     }
     EXPECT_EQ(session_.ProposeUserCode("dSupplyType", ""), "SORV1") << "a class without products";
+    EXPECT_FALSE(session_.IsUserCodeInUse("dSupplyType", "SORV1"));
 }
 
 TEST_F(UserCodeDialog, ReadsCodesUpToTheOneInUse) {

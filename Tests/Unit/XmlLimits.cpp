@@ -106,6 +106,7 @@ TEST(XmlLimits, FindsTheElementsThatTheParserFinds) {
         {"<r x='&#x><!--x41;'>" + many, true},
         {"<r x='&#><!--#65;'>" + many, true},
         {"<r x='&#xg;'>" + many, false},
+        {"<r x='&#x41'>" + many, false},
         {"<?xml?><r \xEF\xBB\xBF x='1'>" + many, true},
         {"<r \xEF\xBB\xBF='1'>" + many, true},
         {"<?xml?><\xEF\xBB\xBF\nr>" + many, true},  // a mark before a name is a blank
