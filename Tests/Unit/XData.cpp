@@ -172,7 +172,8 @@ TEST(XDataParse, ReadsKeyValuePairs) {
     } cases[] = {
         {"key=value", 5, "KEY", "value"},
         {"  \t key =v", 1, "KEY", "v"},
-        {"key  =v", 1, "KEY ", "v"},           // removes only one trailing blank
+        {"key  =v", 1, "KEY ", "v"},  // removes only one trailing blank
+        {"!key!=v", 1, "!KEY!", "v"},
         {"\xE5k\xE4=v", 1, "\xE5K\xE4", "v"},  // letters, not blanks
         {"a=b=c", 3, "A", "b=c"},
         {"key=", 0, "KEY", ""},
