@@ -202,6 +202,7 @@ TEST_F(ProjectOperations, ReturnsThePlacementOfPartsAndBlocks) {
     for (int i = 0; i < 12; ++i)
         EXPECT_EQ(part.entry[i / 4][i % 4], expected[i / 4][i % 4]) << i;
     bench::ClearCallLog();
+    bench::LockLayer("0", true);  // does not prevent reading
     const AcGeMatrix3d block = utils_.GetTransformationMatrix(
         IdOf(bench::AddBlockReference({"", "MARK", "0", {10, 20, 0}, std::acos(-1.0) / 2, {0, 0, 1}, {}})));
     EXPECT_NEAR(block.entry[0][1], -1, 1e-12);
